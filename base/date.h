@@ -1,0 +1,35 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <chrono>
+#include <compare>
+
+namespace hearthmark::base {
+
+// A length of time. May be negative or not finite where a store file says so.
+using Seconds = std::chrono::duration<double>;
+
+// An absolute point in time: seconds since 2001-01-01T00:00:00Z, in memory, in the store and in
+// exports alike, since a detour through another epoch would change fractional dates.
+class Date {
+ public:
+    constexpr explicit Date(Seconds sinceReferenceDate) : sinceReferenceDate_(sinceReferenceDate) {}
+
+    constexpr Seconds sinceReferenceDate() const { return sinceReferenceDate_; }
+
+    friend constexpr std::partial_ordering operator<=>(Date a, Date b) {
+        return a.sinceReferenceDate_.count() <=> b.sinceReferenceDate_.count();
+    }
+    friend constexpr bool operator==(Date a, Date b) = default;
+    friend constexpr Seconds operator-(Date a, Date b) {
+        return a.sinceReferenceDate_ - b.sinceReferenceDate_;
+    }
+    friend constexpr Date operator+(Date date, Seconds seconds) {
+        return Date(date.sinceReferenceDate_ + seconds);
+    }
+
+ private:
+    Seconds sinceReferenceDate_;
+};
+
+}  // namespace hearthmark::base

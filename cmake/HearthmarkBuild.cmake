@@ -1,0 +1,23 @@
+# SPDX-License-Identifier: MIT
+# Settings that every target shares, and the functions that declare a floor and a test program.
+
+set(CMAKE_CXX_STANDARD 20)
+set(CMAKE_CXX_STANDARD_REQUIRED ON)
+set(CMAKE_CXX_EXTENSIONS OFF)
+set(CMAKE_CXX_VISIBILITY_PRESET hidden)
+set(CMAKE_VISIBILITY_INLINES_HIDDEN ON)
+
+add_library(hearthmark_warnings INTERFACE)
+target_compile_options(hearthmark_warnings INTERFACE -Wall -Wextra -Wpedantic -Wconversion -Wshadow)
+if(HEARTHMARK_SANITIZE)
+    add_compile_options(-fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
+    add_link_options(-fsanitize=address,undefined)
+endif()
+
+# One static library for one folder: target hearthmark_<folder>, alias Hearthmark::<folder>.
+function(hearthmark_add_floor folder)
+    add_library(hearthmark_${folder} STATIC ${ARGN})
+    add_library(Hearthmark::${folder} ALIAS hearthmark_${folder})
+    target_include_directories(hearthmark_${folder} PUBLIC "${PROJECT_SOURCE_DIR}")
+    target_link_libraries(hearthmark_${folder} PRIVATE hearthmark_warnings)
+endfunction()
