@@ -1,0 +1,308 @@
+// SPDX-License-Identifier: MIT
+#include "objectstore/managed_object_context.h"
+
+#include <algorithm>
+#include <boost/signals2/signal.hpp>
+#include <deque>
+#include <iterator>
+#include <limits>
+#include <utility>
+
+#include "objectstore/entity_description.h"
+#include "objectstore/row_reader.h"
+#include "objectstore/sqlite_store.h"
+
+namespace hearthmark::objectstore {
+
+namespace {
+
+constexpr auto kByKey = [](const std::shared_ptr<ManagedObject>& object) { return object->key(); };
+
+std::vector<Value> columnValues(const ManagedObject& object) {
+    const EntityDescription& entity = object.entityDescription();
+    std::vector<Value> values;
+    values.reserve(entity.attributes().size() + entity.references().size());
+    for (const AttributeDescription& attribute : entity.attributes()) {
+        values.push_back(attribute.value(object));
+    }
+    for (const ReferenceDescription& reference : entity.references()) {
+        const ManagedObject* parent = reference.parent(object);
+        values.push_back(parent != nullptr ? Value(parent->key()) : Value());
+    }
+    return values;
+}
+
+// The columns in which `now` differs from `stored`; all of them where nothing is stored.
+std::vector<std::pair<std::size_t, Value>> differences(std::vector<Value> now,
+                                                       const std::vector<Value>& stored) {
+    std::vector<std::pair<std::size_t, Value>> columns;
+    for (std::size_t column = 0; column < now.size(); ++column) {
+        if (stored.empty() || now[column] != stored[column]) {
+            columns.emplace_back(column, std::move(now[column]));
+        }
+    }
+    return columns;
+}
+
+// Keys mostly run without a gap, so the place is tried before it is searched.
+ManagedObject* findByKey(const ObjectList& objects, RowKey key) {
+    if (objects.empty() || key < objects.front()->key() || key > objects.back()->key()) {
+        return nullptr;
+    }
+    const auto offset = static_cast<std::uint64_t>(key) -
+                        static_cast<std::uint64_t>(objects.front()->key());
+    if (offset < objects.size() && objects[offset]->key() == key) {
+        return objects[offset].get();
+    }
+    const auto found = std::ranges::lower_bound(objects, key, {}, kByKey);
+    return (*found)->key() == key ? found->get() : nullptr;
+}
+
+}  // namespace
+
+bool SavedChanges::touches(const EntityDescription& entity) const {
+    return std::ranges::find(entities, &entity) != entities.end();
+}
+
+// The objects of one entity.
+struct ManagedObjectContext::Record {
+    struct Inverse {
+        const EntityDescription* child;
+        const ReferenceDescription* reference;
+    };
+
+    explicit Record(const EntityDescription& described) : entity(&described) {}
+
+    const EntityDescription* entity;
+    // The references of all entities that lead here.
+    std::vector<Inverse> inverses;
+    std::shared_ptr<const ObjectList> current = std::make_shared<const ObjectList>();
+    ObjectList inserted;
+    bool hasRemovals = false;
+    RowKey lastKey = 0;
+
+    RowKey nextKey() {
+        if (lastKey < std::numeric_limits<RowKey>::max()) {
+            return ++lastKey;
+        }
+        // Another program has used the last key there is: take the first free one.
+        RowKey key = 1;
+        while (findByKey(*current, key) != nullptr ||
+               std::ranges::find(inserted, key, kByKey) != inserted.end()) {
+            ++key;
+        }
+        return key;
+    }
+};
+
+// Outlives the context while it tells, since an observer may drop the context.
+struct ManagedObjectContext::Telling {
+    using Signal = boost::signals2::signal<void(const SavedChanges&)>;
+
+    Signal index;
+    Signal renewal;
+    Signal observer;
+    std::deque<SavedChanges> waiting;
+    bool isTelling = false;
+};
+
+ManagedObjectContext::ManagedObjectContext(std::unique_ptr<SqliteStore> store, const Model& model)
+    : store_(std::move(store)), telling_(std::make_shared<Telling>()) {
+    for (const EntityDescription* entity : model.entities) {
+        records_.push_back(std::make_unique<Record>(*entity));
+        for (const ReferenceDescription& reference : entity->references()) {
+            record(reference.destination()).inverses.push_back({entity, &reference});
+        }
+    }
+    for (const std::unique_ptr<Record>& loaded : records_) {
+        loadRows(*loaded);
+    }
+}
+
+ManagedObjectContext::~ManagedObjectContext() {
+    for (const std::unique_ptr<Record>& ended : records_) {
+        for (const ObjectList* objects : {&*ended->current, &std::as_const(ended->inserted)}) {
+            for (const std::shared_ptr<ManagedObject>& object : *objects) {
+                for (const Record::Inverse& inverse : ended->inverses) {
+                    inverse.reference->unlinkChildren(*object);
+                }
+                object->context_ = nullptr;
+            }
+        }
+    }
+}
+
+void ManagedObjectContext::loadRows(Record& loaded) {
+    const std::vector<AttributeDescription>& attributes = loaded.entity->attributes();
+    const std::vector<ReferenceDescription>& references = loaded.entity->references();
+    ObjectList objects;
+    store_->read(*loaded.entity, [&](const RowReader& row) {
+        const std::shared_ptr<ManagedObject> object = loaded.entity->make();
+        object->key_ = row.integer(0).value();
+        object->context_ = this;
+        int column = 1;
+        for (const AttributeDescription& attribute : attributes) {
+            attribute.read(*object, row, column++);
+        }
+        for (const ReferenceDescription& reference : references) {
+            if (const auto key = row.integer(column++)) {
+                // A key that leads nowhere stays in the file and reads as absent.
+                if (ManagedObject* parent =
+                        findByKey(*record(reference.destination()).current, *key)) {
+                    reference.link(*object, parent);
+                }
+            }
+        }
+        objects.push_back(object);
+    });
+    if (!objects.empty()) {
+        loaded.lastKey = std::max<RowKey>(objects.back()->key(), 0);
+    }
+    loaded.current = std::make_shared<const ObjectList>(std::move(objects));
+}
+
+ManagedObjectContext::Record& ManagedObjectContext::record(const EntityDescription& entity) const {
+    return **std::ranges::find(records_, &entity,
+                               [](const std::unique_ptr<Record>& each) { return each->entity; });
+}
+
+std::shared_ptr<const ObjectList> ManagedObjectContext::current(
+    const EntityDescription& entity) const {
+    return record(entity).current;
+}
+
+std::shared_ptr<ManagedObject> ManagedObjectContext::insert(const EntityDescription& entity) {
+    Record& target = record(entity);
+    std::shared_ptr<ManagedObject> object = entity.make();
+    object->key_ = target.nextKey();
+    object->context_ = this;
+    object->isInserted_ = true;
+    target.inserted.push_back(object);
+    touched(*object);
+    return object;
+}
+
+void ManagedObjectContext::touched(ManagedObject& object) {
+    object.isTouched_ = true;
+    if (!object.isInserted_) {
+        object.stored_ = columnValues(object);
+    }
+    touched_.push_back(object.shared_from_this());
+}
+
+void ManagedObjectContext::remove(ManagedObject& object) {
+    if (object.context_ != this) {
+        return;
+    }
+    object.touch();
+    Record& owner = record(object.entityDescription());
+    releaseChildren(owner, object);
+    for (const ReferenceDescription& reference : owner.entity->references()) {
+        object.relate(reference, nullptr);
+    }
+    object.context_ = nullptr;
+    if (object.isInserted_) {
+        std::erase(owner.inserted, object.shared_from_this());
+    } else {
+        owner.hasRemovals = true;
+    }
+}
+
+void ManagedObjectContext::releaseChildren(const Record& owner, ManagedObject& object) {
+    for (const Record::Inverse& inverse : owner.inverses) {
+        const std::vector<ManagedObject*> children = inverse.reference->children(object);
+        for (ManagedObject* child : children) {
+            child->touch();
+        }
+        inverse.reference->unlinkChildren(object);
+        if (inverse.reference->deleteRule == DeleteRule::cascade) {
+            for (ManagedObject* child : children) {
+                remove(*child);
+            }
+        }
+    }
+}
+
+void ManagedObjectContext::save() {
+    if (touched_.empty()) {
+        return;
+    }
+    std::vector<RowChange> changes;
+    for (const std::shared_ptr<ManagedObject>& object : touched_) {
+        const EntityDescription* entity = &object->entityDescription();
+        if (!object->isManaged()) {
+            if (!object->isInserted_) {
+                changes.push_back({RowChange::Kind::remove, entity, object->key_, {}});
+            }
+            continue;
+        }
+        auto columns = differences(columnValues(*object), object->stored_);
+        if (!columns.empty()) {
+            changes.push_back({object->isInserted_ ? RowChange::Kind::insert
+                                                   : RowChange::Kind::update,
+                               entity, object->key_, std::move(columns)});
+        }
+    }
+    store_->write(changes);
+
+    const std::shared_ptr<Telling> telling = telling_;
+    telling->waiting.push_back(settle());
+    telling->index(telling->waiting.back());
+    telling->renewal(telling->waiting.back());
+    if (telling->isTelling) {
+        return;
+    }
+    telling->isTelling = true;
+    const std::unique_ptr<Telling, void (*)(Telling*)> ending(
+        telling.get(), [](Telling* ended) { ended->isTelling = false; });
+    while (!telling->waiting.empty()) {
+        const SavedChanges told = std::move(telling->waiting.front());
+        telling->waiting.pop_front();
+        telling->observer(told);
+    }
+}
+
+// Makes the saved changes the new ground: flags cleared, current sets with the new members.
+SavedChanges ManagedObjectContext::settle() {
+    SavedChanges changes{.objects = std::exchange(touched_, {}), .entities = {}};
+    for (const std::shared_ptr<ManagedObject>& object : changes.objects) {
+        object->isTouched_ = false;
+        object->isInserted_ = false;
+        object->stored_ = {};
+        const EntityDescription& entity = object->entityDescription();
+        if (!changes.touches(entity)) {
+            changes.entities.push_back(&entity);
+        }
+    }
+    for (const std::unique_ptr<Record>& each : records_) {
+        if (each->inserted.empty() && !each->hasRemovals) {
+            continue;
+        }
+        ObjectList members;
+        members.reserve(each->current->size() + each->inserted.size());
+        std::ranges::copy_if(*each->current, std::back_inserter(members),
+                             [](const auto& object) { return object->isManaged(); });
+        std::ranges::move(each->inserted, std::back_inserter(members));
+        if (!std::ranges::is_sorted(members, {}, kByKey)) {
+            std::ranges::sort(members, {}, kByKey);
+        }
+        each->current = std::make_shared<const ObjectList>(std::move(members));
+        each->inserted.clear();
+        each->hasRemovals = false;
+    }
+    return changes;
+}
+
+boost::signals2::connection ManagedObjectContext::connectIndex(ChangesSlot slot) {
+    return telling_->index.connect(std::move(slot));
+}
+
+boost::signals2::connection ManagedObjectContext::connectRenewal(ChangesSlot slot) {
+    return telling_->renewal.connect(std::move(slot));
+}
+
+boost::signals2::connection ManagedObjectContext::connectObserver(ChangesSlot slot) {
+    return telling_->observer.connect(std::move(slot));
+}
+
+}  // namespace hearthmark::objectstore

@@ -1,0 +1,21 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <cstdint>
+#include <vector>
+
+namespace hearthmark::objectstore {
+
+class EntityDescription;
+
+// The entities of a store file and the marks by which the file is recognised.
+struct Model {
+    // SQLite's application_id: whose file it is.
+    std::int32_t applicationId;
+    // SQLite's user_version: which generation of the schema.
+    std::int32_t version;
+    // At most 64, each after those that it references.
+    std::vector<const EntityDescription*> entities;
+};
+
+}  // namespace hearthmark::objectstore

@@ -1,0 +1,25 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "objectstore/model.h"
+#include "objectstore/sqlite_store.h"
+
+namespace hearthmark::objectstore {
+
+// The statements that a model needs, made from its entity descriptions. Names are our own, so they
+// are quoted only to keep them apart from SQL words.
+
+// CREATE TABLE and CREATE INDEX for all entities. Each reference has an index: without one, the
+// deletion of a row would search the whole referencing table.
+std::vector<std::string> creationStatements(const Model& model);
+
+// Selects the key, the attributes and the references of all rows, ascending by key.
+std::string selection(const EntityDescription& entity);
+
+// The statement of one change; parameters are the columns in order, then the key.
+std::string statementFor(const RowChange& change);
+
+}  // namespace hearthmark::objectstore

@@ -1,0 +1,235 @@
+// SPDX-License-Identifier: MIT
+#include "objectstore/sqlite_store.h"
+
+#include <SQLiteCpp/SQLiteCpp.h>
+#include <sqlite3.h>
+
+#include <string>
+#include <string_view>
+#include <unordered_map>
+
+#include "objectstore/entity_description.h"
+#include "objectstore/row_reader.h"
+#include "objectstore/sqlite_schema.h"
+#include "objectstore/store_error.h"
+#include "objectstore/store_file.h"
+
+namespace hearthmark::objectstore {
+
+namespace {
+
+// How long a statement waits for a lock that another program holds on the file.
+constexpr int kBusyTimeoutMilliseconds = 5000;
+
+// Runs `work` and turns what SQLite reports into a StoreError that names the statement.
+template <class Work>
+auto translatingErrors(std::string_view statement, const Work& work) {
+    try {
+        return work();
+    } catch (const SQLite::Exception& error) {
+        throw StoreError(error.what(), error.getErrorCode(), error.getExtendedErrorCode(),
+                         std::string(statement));
+    }
+}
+
+void execute(SQLite::Database& database, const std::string& statement) {
+    translatingErrors(statement, [&] { database.exec(statement); });
+}
+
+std::string pragma(std::string_view name, std::int32_t value) {
+    return "PRAGMA " + std::string(name) + " = " + std::to_string(value);
+}
+
+void createSchema(SQLite::Database& database, const Model& model) {
+    SQLite::Transaction transaction(database, SQLite::TransactionBehavior::IMMEDIATE);
+    for (const std::string& statement : creationStatements(model)) {
+        execute(database, statement);
+    }
+    execute(database, pragma("application_id", model.applicationId));
+    execute(database, pragma("user_version", model.version));
+    transaction.commit();
+}
+
+void createFile(const std::filesystem::path& file, const Model& model) {
+    createStoreFile(file, [&model](const std::filesystem::path& draft) {
+        translatingErrors("open " + draft.string(), [&] {
+            SQLite::Database database(draft.string(), SQLite::OPEN_READWRITE);
+            createSchema(database, model);
+        });
+    });
+}
+
+// Percent-encodes what has a meaning in a URI.
+std::string fileUri(const std::filesystem::path& file, std::string_view query) {
+    static constexpr std::string_view kHexDigits = "0123456789ABCDEF";
+    std::string uri = "file:";
+    for (const char c : file.string()) {
+        if (c == '%' || c == '?' || c == '#') {
+            uri += '%';
+            uri += kHexDigits[static_cast<unsigned char>(c) >> 4U];
+            uri += kHexDigits[static_cast<unsigned char>(c) & 0xFU];
+        } else {
+            uri += c;
+        }
+    }
+    return uri.append("?").append(query);
+}
+
+[[noreturn]] void refuse(const std::filesystem::path& file, const std::string& reason, int code,
+            std::string statement) {
+    throw StoreError(reason + ": " + file.string(), code, code, std::move(statement));
+}
+
+// Looks before anything writes. Without a write-ahead log the file is read as immutable, which takes
+// no lock and makes no file beside it; with one, its frames belong to the content.
+void inspectFile(const std::filesystem::path& file, const Model& model) {
+    const std::string uri = fileUri(file, hasWriteAheadLog(file) ? "mode=ro" : "immutable=1");
+    translatingErrors("open " + file.string(), [&] {
+        SQLite::Database database(uri, SQLite::OPEN_READONLY | SQLite::OPEN_URI,
+                                  kBusyTimeoutMilliseconds);
+        const auto number = [&database](const std::string& name) {
+            const std::string statement = "PRAGMA " + name;
+            return translatingErrors(statement, [&] {
+                return database.execAndGet(statement).getInt();
+            });
+        };
+        if (number("application_id") != model.applicationId) {
+            refuse(file, "The file belongs to another application", SQLITE_NOTADB,
+                   "PRAGMA application_id");
+        }
+        const int version = number("user_version");
+        if (version > model.version) {
+            refuse(file, "The file was written by a newer version of this program", SQLITE_MISMATCH,
+                   "PRAGMA user_version");
+        }
+        if (version < model.version) {
+            refuse(file, "The file has a format that this program does not know", SQLITE_MISMATCH,
+                   "PRAGMA user_version");
+        }
+        const std::string check = "PRAGMA integrity_check(1)";
+        const std::string finding = translatingErrors(check, [&] {
+            return database.execAndGet(check).getString();
+        });
+        if (finding != "ok") {
+            refuse(file, "The file is corrupt (" + finding + ')', SQLITE_CORRUPT, check);
+        }
+    });
+}
+
+}  // namespace
+
+class SqliteStore::Connection {
+ public:
+    Connection(const std::string& name, int flags)
+        : database_(translatingErrors("open " + name, [&] {
+              return SQLite::Database(name, flags, kBusyTimeoutMilliseconds);
+          })) {}
+
+    SQLite::Database& database() { return database_; }
+
+    SQLite::Statement& prepared(const std::string& text) {
+        auto found = statements_.find(text);
+        if (found == statements_.end()) {
+            found = statements_.try_emplace(text, database_, text).first;
+        }
+        return found->second;
+    }
+
+ private:
+    SQLite::Database database_;
+    std::unordered_map<std::string, SQLite::Statement> statements_;
+};
+
+SqliteStore::SqliteStore(const std::optional<std::filesystem::path>& file, const Model& model) {
+    if (!file) {
+        connection_ = std::make_unique<Connection>(
+            ":memory:", SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE);
+        translatingErrors("create", [&] { createSchema(connection_->database(), model); });
+        return;
+    }
+    if (storeFileExists(*file)) {
+        inspectFile(*file, model);
+    } else {
+        createFile(*file, model);
+    }
+    connection_ = std::make_unique<Connection>(file->string(), SQLite::OPEN_READWRITE);
+    SQLite::Database& database = connection_->database();
+    // SQLite opens a write-protected file for reading only, without a word.
+    if (sqlite3_db_readonly(database.getHandle(), "main") != 0) {
+        refuse(*file, "The file is write-protected", SQLITE_READONLY, "open " + file->string());
+    }
+    execute(database, "PRAGMA journal_mode = WAL");
+    execute(database, "PRAGMA synchronous = FULL");
+    execute(database, "PRAGMA foreign_keys = ON");
+}
+
+SqliteStore::~SqliteStore() = default;
+
+void SqliteStore::read(const EntityDescription& entity,
+                       const std::function<void(const RowReader&)>& visit) {
+    const std::string text = selection(entity);
+    translatingErrors(text, [&] {
+        // The library's statements hand out one reference-counted object for each column; loading
+        // reads every column of the store and takes them from SQLite itself.
+        sqlite3_stmt* raw = nullptr;
+        sqlite3* handle = connection_->database().getHandle();
+        if (sqlite3_prepare_v2(handle, text.c_str(), -1, &raw, nullptr) != SQLITE_OK) {
+            throw SQLite::Exception(handle);
+        }
+        const std::unique_ptr<sqlite3_stmt, int (*)(sqlite3_stmt*)> statement(raw,
+                                                                              &sqlite3_finalize);
+        const RowReader row(raw);
+        int result = SQLITE_ROW;
+        while ((result = sqlite3_step(raw)) == SQLITE_ROW) {
+            visit(row);
+        }
+        if (result != SQLITE_DONE) {
+            throw SQLite::Exception(handle);
+        }
+    });
+}
+
+namespace {
+
+struct Binder {
+    SQLite::Statement& statement;
+    int parameter;
+
+    void operator()(std::monostate) const { statement.bind(parameter); }
+    void operator()(std::int64_t number) const { statement.bind(parameter, number); }
+    void operator()(double number) const { statement.bind(parameter, number); }
+    void operator()(const std::string& text) const {
+        // Not copied: the change outlives the step.
+        statement.bindNoCopy(parameter, text);
+    }
+};
+
+void apply(const RowChange& change, SQLite::Statement& statement) {
+    int parameter = 1;
+    for (const auto& [column, value] : change.columns) {
+        std::visit(Binder{statement, parameter++}, value);
+    }
+    statement.bind(parameter, change.key);
+    statement.exec();
+    statement.reset();
+    statement.clearBindings();
+}
+
+}  // namespace
+
+void SqliteStore::write(const std::vector<RowChange>& changes) {
+    if (changes.empty()) {
+        return;
+    }
+    translatingErrors("transaction", [&] {
+        SQLite::Transaction transaction(connection_->database(),
+                                        SQLite::TransactionBehavior::IMMEDIATE);
+        for (const RowChange& change : changes) {
+            const std::string text = statementFor(change);
+            translatingErrors(text, [&] { apply(change, connection_->prepared(text)); });
+        }
+        transaction.commit();
+    });
+}
+
+}  // namespace hearthmark::objectstore

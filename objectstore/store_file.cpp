@@ -1,0 +1,105 @@
+// SPDX-License-Identifier: MIT
+#include "objectstore/store_file.h"
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <string>
+#include <system_error>
+
+#include "objectstore/store_error.h"
+
+namespace hearthmark::objectstore {
+
+namespace {
+
+constexpr mode_t kFileMode = 0600;
+constexpr mode_t kDirectoryMode = 0700;
+
+[[noreturn]] void fail(const std::string& call, const std::filesystem::path& path) {
+    const int error = errno;
+    throw StoreError(std::generic_category().message(error) + ": " + path.string(), error, error,
+                     call);
+}
+
+class Descriptor {
+ public:
+    Descriptor(const std::filesystem::path& path, int flags)
+        : descriptor_(::open(path.c_str(), flags | O_CLOEXEC, kFileMode)) {
+        if (descriptor_ < 0) {
+            fail("open", path);
+        }
+    }
+    Descriptor(const Descriptor&) = delete;
+    Descriptor& operator=(const Descriptor&) = delete;
+    ~Descriptor() { ::close(descriptor_); }
+
+    void flush(const std::filesystem::path& path) const {
+        if (::fsync(descriptor_) != 0) {
+            fail("fsync", path);
+        }
+    }
+
+ private:
+    int descriptor_;
+};
+
+void makeDirectories(const std::filesystem::path& directory) {
+    if (directory.empty() || std::filesystem::is_directory(directory)) {
+        return;
+    }
+    makeDirectories(directory.parent_path());
+    if (::mkdir(directory.c_str(), kDirectoryMode) != 0 && errno != EEXIST) {
+        fail("mkdir", directory);
+    }
+}
+
+std::filesystem::path sibling(const std::filesystem::path& file, const char* suffix) {
+    return file.string() + suffix;
+}
+
+void moveFile(const std::filesystem::path& from, const std::filesystem::path& to) {
+    if (::rename(from.c_str(), to.c_str()) != 0) {
+        fail("rename", from);
+    }
+}
+
+}  // namespace
+
+bool storeFileExists(const std::filesystem::path& file) {
+    struct stat status {};
+    if (::stat(file.c_str(), &status) != 0) {
+        if (errno == ENOENT) {
+            return false;
+        }
+        fail("stat", file);
+    }
+    return !S_ISREG(status.st_mode) || status.st_size > 0;
+}
+
+bool hasWriteAheadLog(const std::filesystem::path& file) {
+    return std::filesystem::exists(sibling(file, "-wal"));
+}
+
+void createStoreFile(const std::filesystem::path& file,
+                     const std::function<void(const std::filesystem::path&)>& fill) {
+    const std::filesystem::path directory = file.parent_path();
+    makeDirectories(directory);
+    // A log without its file must not be replayed over a new one; it is kept in case it is missed.
+    if (hasWriteAheadLog(file)) {
+        moveFile(sibling(file, "-wal"), sibling(file, "-wal.orphaned"));
+    }
+    const std::filesystem::path draft = sibling(file, ".new");
+    if (::unlink(draft.c_str()) != 0 && errno != ENOENT) {
+        fail("unlink", draft);
+    }
+    { const Descriptor made(draft, O_CREAT | O_EXCL | O_WRONLY); }
+    fill(draft);
+    Descriptor(draft, O_RDONLY).flush(draft);
+    moveFile(draft, file);
+    Descriptor(directory, O_RDONLY | O_DIRECTORY).flush(directory);
+}
+
+}  // namespace hearthmark::objectstore
