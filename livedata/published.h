@@ -1,0 +1,44 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <boost/signals2/signal.hpp>
+#include <functional>
+#include <utility>
+
+#include "livedata/subscription.h"
+
+namespace hearthmark::livedata {
+
+// A property that announces each change before it happens and again after it. On one thread.
+template <class Value>
+class Published {
+ public:
+    explicit Published(Value value = {}) : value_(std::move(value)) {}
+    Published(const Published&) = delete;
+    Published& operator=(const Published&) = delete;
+
+    const Value& value() const { return value_; }
+
+    void setValue(Value value) {
+        willChange_();
+        value_ = std::move(value);
+        didChange_();
+    }
+
+    // While called, value() is still the old one.
+    Subscription subscribeWillChange(std::function<void()> onChange) {
+        return Subscription(willChange_.connect(std::move(onChange)));
+    }
+
+    // What views render from.
+    Subscription subscribeDidChange(std::function<void()> onChange) {
+        return Subscription(didChange_.connect(std::move(onChange)));
+    }
+
+ private:
+    Value value_;
+    boost::signals2::signal<void()> willChange_;
+    boost::signals2::signal<void()> didChange_;
+};
+
+}  // namespace hearthmark::livedata
