@@ -1,0 +1,167 @@
+// SPDX-License-Identifier: MIT
+#include "store/data_operations_service.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "store/unresolved_error.h"
+
+namespace hearthmark::store {
+
+namespace {
+
+// The first with the id; null where there is none.
+template <class Range>
+auto* firstWithId(const Range& objects, const base::Uuid& id) {
+    const auto found =
+        std::ranges::find_if(objects, [&id](const auto* object) { return object->id() == id; });
+    return found != objects.end() ? *found : nullptr;
+}
+
+}  // namespace
+
+DataOperationsService::DataOperationsService(
+    const LiveDataProvidingFactoryProtocol& liveDataProvidingFactory,
+    std::shared_ptr<objectstore::PersistentContainer> persistentContainer,
+    std::shared_ptr<const base::Clock> clock, base::FatalErrorHandler fatal)
+    : persistentContainer_(std::move(persistentContainer)),
+      clock_(std::move(clock)),
+      fatal_(std::move(fatal)),
+      intervalsProvider_(liveDataProvidingFactory.makeProvider<Interval>(
+          {.key = "creationDate", .ascending = true})),
+      tasksProvider_(liveDataProvidingFactory.makeProvider<Task>(
+          {.key = "creationDate", .ascending = true})),
+      runningIntervals_(persistentContainer_->viewContext()) {
+    intervalsProvider_->startObserving();
+    tasksProvider_->startObserving();
+}
+
+void DataOperationsService::createTask(const std::string& name) {
+    const auto task = context().insert<Task>();
+    task->setId(base::Uuid::random());
+    task->setCreationDate(clock_->now());
+    task->setName(name);
+    save();
+}
+
+void DataOperationsService::deleteTask(const base::Uuid& taskId) {
+    if (Task* found = task(taskId)) {
+        context().remove(*found);
+        save();
+    }
+}
+
+void DataOperationsService::addInterval(const IntervalData& interval, const base::Uuid& taskId) {
+    if (Task* found = task(taskId)) {
+        found->addIntervalsObject(*Interval::create(interval, context()));
+        save();
+    }
+}
+
+void DataOperationsService::finishInterval(const base::Uuid& intervalId,
+                                           const base::Uuid& taskId) {
+    Task* owner = task(taskId);
+    Interval* interval = owner != nullptr ? firstWithId(owner->intervals(), intervalId) : nullptr;
+    if (interval == nullptr) {
+        return;
+    }
+    interval->setDuration(interval->totalDuration(clock_->now()));
+    if (interval->rawState() != nullptr) {
+        interval->rawState()->close();
+    }
+    save();
+}
+
+void DataOperationsService::deleteInterval(const base::Uuid& intervalId,
+                                           const base::Uuid& taskId) {
+    Task* owner = task(taskId);
+    Interval* interval = owner != nullptr ? firstWithId(owner->intervals(), intervalId) : nullptr;
+    if (interval != nullptr) {
+        owner->removeIntervalsObject(*interval);
+        save();
+    }
+}
+
+void DataOperationsService::addNote(const NoteData& note, const base::Uuid& taskId) {
+    if (Task* found = task(taskId)) {
+        found->addNotesObject(*Note::create(note, context()));
+        save();
+    }
+}
+
+void DataOperationsService::deleteNote(const base::Uuid& noteId, const base::Uuid& taskId) {
+    Task* owner = task(taskId);
+    Note* note = owner != nullptr ? firstWithId(owner->notes(), noteId) : nullptr;
+    if (note != nullptr) {
+        owner->removeNotesObject(*note);
+        save();
+    }
+}
+
+void DataOperationsService::finishDueIntervals() {
+    const base::Date now = clock_->now();
+    for (const std::shared_ptr<Interval>& interval : runningIntervals_.intervals()) {
+        const base::Seconds spent = interval->totalDuration(now);
+        const bool isLimited = interval->maxDuration() != base::Seconds(0);
+        if (isLimited && interval->maxDuration() <= spent) {
+            interval->setDuration(spent);
+            interval->rawState()->close();
+        }
+    }
+    save();
+}
+
+void DataOperationsService::markRunningIntervalsVisited(base::Date at) {
+    for (const std::shared_ptr<Interval>& interval : runningIntervals_.intervals()) {
+        interval->rawState()->setVisited(at);
+    }
+    save();
+}
+
+void DataOperationsService::finishIntervalsLeftRunning() {
+    for (const std::shared_ptr<Interval>& interval : runningIntervals_.intervals()) {
+        if (interval->task() != nullptr) {
+            interval->finish();
+        }
+    }
+    save();
+}
+
+void DataOperationsService::resumePausedIntervals() {
+    const base::Date now = clock_->now();
+    for (const Task& each : tasksProvider_->currentItems()->value()) {
+        for (const Interval* interval : each.intervals()) {
+            const auto state = interval->intervalState();
+            if (state && state->isPaused()) {
+                interval->rawState()->run(now);
+            }
+        }
+    }
+    save();
+}
+
+void DataOperationsService::pauseRunningIntervals() {
+    const base::Date now = clock_->now();
+    for (const std::shared_ptr<Interval>& interval : runningIntervals_.intervals()) {
+        interval->setDuration(interval->totalDuration(now));
+        interval->rawState()->pause();
+    }
+    save();
+}
+
+Task* DataOperationsService::task(const base::Uuid& taskId) const {
+    const Tasks& tasks = tasksProvider_->currentItems()->value();
+    const auto found = std::ranges::find_if(
+        tasks.begin(), tasks.end(), [&taskId](const Task& each) { return each.id() == taskId; });
+    return found != tasks.end() ? &*found : nullptr;
+}
+
+void DataOperationsService::save() {
+    try {
+        context().save();
+    } catch (const objectstore::StoreError& error) {
+        fatal_(unresolvedError("Hearthmark/DataOperationsService", error));
+    }
+}
+
+}  // namespace hearthmark::store

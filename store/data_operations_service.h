@@ -1,0 +1,50 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <memory>
+
+#include "base/clock.h"
+#include "base/fatal_error.h"
+#include "objectstore/persistent_container.h"
+#include "store/data_operations_service_protocol.h"
+#include "store/live_data.h"
+#include "store/running_intervals.h"
+
+namespace hearthmark::store {
+
+// The one writer of the store. Finds tasks, intervals and notes in the current sets of its own live
+// providers, changes them in the view context and saves.
+class DataOperationsService final : public DataOperationsServiceProtocol {
+ public:
+    DataOperationsService(const LiveDataProvidingFactoryProtocol& liveDataProvidingFactory,
+                          std::shared_ptr<objectstore::PersistentContainer> persistentContainer,
+                          std::shared_ptr<const base::Clock> clock, base::FatalErrorHandler fatal);
+
+    void createTask(const std::string& name) override;
+    void deleteTask(const base::Uuid& taskId) override;
+    void addInterval(const IntervalData& interval, const base::Uuid& taskId) override;
+    void finishInterval(const base::Uuid& intervalId, const base::Uuid& taskId) override;
+    void deleteInterval(const base::Uuid& intervalId, const base::Uuid& taskId) override;
+    void addNote(const NoteData& note, const base::Uuid& taskId) override;
+    void deleteNote(const base::Uuid& noteId, const base::Uuid& taskId) override;
+    void finishDueIntervals() override;
+    void markRunningIntervalsVisited(base::Date at) override;
+    void finishIntervalsLeftRunning() override;
+    void resumePausedIntervals() override;
+    void pauseRunningIntervals() override;
+
+ private:
+    objectstore::ManagedObjectContext& context() { return persistentContainer_->viewContext(); }
+    // Null where there is none.
+    Task* task(const base::Uuid& taskId) const;
+    void save();
+
+    std::shared_ptr<objectstore::PersistentContainer> persistentContainer_;
+    std::shared_ptr<const base::Clock> clock_;
+    base::FatalErrorHandler fatal_;
+    std::unique_ptr<LiveDataProvider<Interval>> intervalsProvider_;
+    std::unique_ptr<LiveDataProvider<Task>> tasksProvider_;
+    RunningIntervals runningIntervals_;
+};
+
+}  // namespace hearthmark::store

@@ -1,0 +1,54 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <string>
+
+#include "base/date.h"
+#include "base/uuid.h"
+#include "store/interval_data.h"
+#include "store/interval_finishing.h"
+#include "store/note_data.h"
+
+namespace hearthmark::store {
+
+// Every change of the store. Each operation ends with one save, and when it returns the change is on
+// the disk and everybody has been told. An id that matches nothing is ignored and nothing is saved.
+// A store that cannot be written ends the program. Main thread only.
+class DataOperationsServiceProtocol : public IntervalFinishing {
+ public:
+    // With a new random id, created now.
+    virtual void createTask(const std::string& name) = 0;
+
+    // Together with its intervals and notes.
+    virtual void deleteTask(const base::Uuid& taskId) = 0;
+
+    virtual void addInterval(const IntervalData& interval, const base::Uuid& taskId) = 0;
+
+    // At the present moment, with the running stretch folded into its duration.
+    virtual void finishInterval(const base::Uuid& intervalId, const base::Uuid& taskId) = 0;
+
+    // Takes it out of its task's set. It stays in the store without a task, and if it runs it goes on
+    // running; both are wanted.
+    virtual void deleteInterval(const base::Uuid& intervalId, const base::Uuid& taskId) = 0;
+
+    virtual void addNote(const NoteData& note, const base::Uuid& taskId) = 0;
+
+    // Takes it out of its task's set; it stays in the store without a task.
+    virtual void deleteNote(const base::Uuid& noteId, const base::Uuid& taskId) = 0;
+
+    // Stamps every running interval, so that a crash after it loses only the time since.
+    virtual void markRunningIntervalsVisited(base::Date at) = 0;
+
+    // At launch, before resumePausedIntervals(): ends what the previous run left running, with the
+    // time up to its last stamp. Intervals without a task are left as they are.
+    virtual void finishIntervalsLeftRunning() = 0;
+
+    // At launch: lets what was paused at quit run on from now. Intervals without a task are left as
+    // they are.
+    virtual void resumePausedIntervals() = 0;
+
+    // At quit: folds the running stretch of every running interval into its duration.
+    virtual void pauseRunningIntervals() = 0;
+};
+
+}  // namespace hearthmark::store

@@ -1,0 +1,27 @@
+// SPDX-License-Identifier: MIT
+#include "store/hearthmark_model.h"
+
+#include "store/interval.h"
+#include "store/note.h"
+#include "store/raw_interval_state.h"
+#include "store/task.h"
+
+namespace hearthmark::store {
+
+namespace {
+
+// "Hthm" in ASCII.
+constexpr std::int32_t kApplicationId = 0x4874686d;
+// Goes up with every change of a table, together with a way to bring older files along.
+constexpr std::int32_t kVersion = 1;
+
+}  // namespace
+
+objectstore::Model hearthmarkModel() {
+    return {.applicationId = kApplicationId,
+            .version = kVersion,
+            .entities = {&Task::entity(), &Interval::entity(), &RawIntervalState::entity(),
+                         &Note::entity()}};
+}
+
+}  // namespace hearthmark::store

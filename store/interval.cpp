@@ -1,0 +1,77 @@
+// SPDX-License-Identifier: MIT
+#include "store/interval.h"
+
+#include "objectstore/entity_description.h"
+#include "store/raw_interval_state.h"
+#include "store/task.h"
+
+namespace hearthmark::store {
+
+const objectstore::EntityDescription& Interval::entity() {
+    static const auto kDescription =
+        objectstore::EntityDescription::of<Interval>("Interval")
+            .attribute<&Interval::id_>("id")
+            .attribute<&Interval::creationDate_>("creationDate")
+            .attribute<&Interval::duration_>("duration")
+            .attribute<&Interval::maxDuration_>("maxDuration")
+            .reference<&Interval::task_, &Task::intervals_>("task",
+                                                            objectstore::DeleteRule::cascade);
+    return kDescription;
+}
+
+objectstore::FetchRequest<Interval> Interval::fetchRequest() {
+    return {.sortDescriptor = {.key = "creationDate", .ascending = true}};
+}
+
+std::shared_ptr<Interval> Interval::create(const IntervalData& data,
+                                           objectstore::ManagedObjectContext& context) {
+    auto interval = context.insert<Interval>();
+    interval->setCreationDate(data.creationDate);
+    interval->setDuration(data.duration);
+    interval->setId(data.id);
+    interval->setMaxDuration(data.maxDuration);
+    interval->setRawState(RawIntervalState::create(data.state, context).get());
+    return interval;
+}
+
+void Interval::setTask(Task* task) {
+    relate(entity().references().front(), task);
+}
+
+void Interval::setRawState(RawIntervalState* rawState) {
+    if (rawState != nullptr) {
+        rawState->setInterval(this);
+    } else if (rawState_ != nullptr) {
+        rawState_->setInterval(nullptr);
+    }
+}
+
+void Interval::finish() {
+    if (rawState_ != nullptr && rawState_->visited()) {
+        setDuration(totalDuration(*rawState_->visited()));
+    } else if (rawState_ != nullptr && rawState_->started()) {
+        setDuration(totalDuration(*rawState_->started()));
+    } else {
+        setDuration(base::Seconds(0));
+    }
+    if (rawState_ != nullptr) {
+        rawState_->close();
+    }
+}
+
+std::optional<IntervalState> Interval::intervalState() const {
+    return rawState_ != nullptr ? rawState_->intervalState() : std::nullopt;
+}
+
+base::Seconds Interval::totalDuration(base::Date at) const {
+    const std::optional<IntervalState> state = intervalState();
+    const IntervalState::Running* running = state ? state->asRunning() : nullptr;
+    if (running == nullptr) {
+        return duration_;
+    }
+    const base::Seconds elapsed = at - running->started;
+    // Written so that what is not a number counts as nothing too.
+    return duration_ + (elapsed > base::Seconds(0) ? elapsed : base::Seconds(0));
+}
+
+}  // namespace hearthmark::store

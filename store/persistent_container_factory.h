@@ -1,0 +1,37 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <filesystem>
+#include <memory>
+
+#include "base/fatal_error.h"
+#include "objectstore/persistent_container.h"
+
+namespace hearthmark::store {
+
+// Makes the container that everything built at start-up shares.
+class PersistentContainerFactoryProtocol {
+ public:
+    virtual ~PersistentContainerFactoryProtocol() = default;
+
+    virtual std::shared_ptr<objectstore::PersistentContainer> makeContainer() const = 0;
+};
+
+// The one of the running program: the store file in a directory. A store that cannot be loaded ends
+// the program; there is no retry and no substitute.
+class PersistentContainerFactory final : public PersistentContainerFactoryProtocol {
+ public:
+    PersistentContainerFactory(std::filesystem::path directory, base::FatalErrorHandler fatal);
+
+    std::shared_ptr<objectstore::PersistentContainer> makeContainer() const override;
+
+ private:
+    std::filesystem::path directory_;
+    base::FatalErrorHandler fatal_;
+};
+
+// Where the store of the person who runs the program lives: "Hearthmark" in the data directory of
+// the XDG base directory standard, version 0.8.
+std::filesystem::path storeDirectory();
+
+}  // namespace hearthmark::store

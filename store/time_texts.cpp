@@ -1,0 +1,69 @@
+// SPDX-License-Identifier: MIT
+#include "store/time_texts.h"
+
+#include <cstdint>
+
+#include "store/interval.h"
+#include "store/raw_interval_state.h"
+#include "store/task.h"
+
+namespace hearthmark::store {
+
+namespace {
+
+constexpr base::Seconds kTooLong{1e15};
+
+void appendTwoDigits(std::string& text, std::int64_t unit) {
+    text += ':';
+    text += static_cast<char>('0' + unit / 10);
+    text += static_cast<char>('0' + unit % 10);
+}
+
+}  // namespace
+
+base::Seconds timeSpent(const Interval& interval, const base::Clock& clock) {
+    const bool mayRun = interval.rawState() != nullptr && interval.rawState()->started();
+    return mayRun ? interval.totalDuration(clock.now()) : interval.duration();
+}
+
+base::Seconds timeSpent(const Task& task, const base::Clock& clock) {
+    base::Seconds sum(0);
+    for (const Interval* interval : task.intervals()) {
+        sum += timeSpent(*interval, clock);
+    }
+    return sum;
+}
+
+std::optional<std::string> formattedDuration(base::Seconds duration) {
+    if (!(duration >= base::Seconds(0) && duration < kTooLong)) {
+        return std::nullopt;
+    }
+    const auto seconds = static_cast<std::int64_t>(duration.count());
+    const std::int64_t minutes = seconds / 60;
+    const std::int64_t hours = minutes / 60;
+    if (hours > 0) {
+        std::string text = std::to_string(hours);
+        appendTwoDigits(text, minutes % 60);
+        appendTwoDigits(text, seconds % 60);
+        return text;
+    }
+    if (minutes > 0) {
+        std::string text = std::to_string(minutes);
+        appendTwoDigits(text, seconds % 60);
+        return text;
+    }
+    return std::to_string(seconds);
+}
+
+std::optional<std::string> formattedTimeSpent(const Interval& interval, const base::Clock& clock) {
+    std::optional<std::string> text = formattedDuration(timeSpent(interval, clock));
+    if (text) {
+        if (const auto maximum = formattedDuration(interval.maxDuration())) {
+            *text += '/';
+            *text += *maximum;
+        }
+    }
+    return text;
+}
+
+}  // namespace hearthmark::store
