@@ -1,0 +1,70 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <memory>
+#include <optional>
+#include <vector>
+
+#include "base/clock.h"
+#include "livedata/published.h"
+#include "livedata/subscription.h"
+#include "presentation/refresh_timer.h"
+#include "presentation/task_detail_view_state.h"
+#include "services/time_keeping.h"
+#include "store/data_operations_service_protocol.h"
+#include "store/live_data.h"
+
+namespace hearthmark::presentation {
+
+class TaskDetailViewModelProtocol {
+ public:
+    virtual ~TaskDetailViewModelProtocol() = default;
+
+    // Absent until observation has begun; of a task that is gone, a placeholder with which nothing
+    // can be done.
+    virtual livedata::Published<std::optional<TaskDetailViewState::View>>& viewState() = 0;
+
+    // Called once, when the pane comes on screen.
+    virtual void startObserving() = 0;
+};
+
+// Makes the state of one task's detail pane, whole, on every change and once a second while any
+// interval runs. To be held by a shared pointer: its closures hold it weakly.
+class TaskDetailViewModel final : public TaskDetailViewModelProtocol,
+                                  public std::enable_shared_from_this<TaskDetailViewModel> {
+ public:
+    TaskDetailViewModel(
+        std::shared_ptr<store::DataOperationsServiceProtocol> dataOperationsService,
+        std::shared_ptr<const store::LiveDataProvidingFactoryProtocol> liveDataFactory,
+        std::shared_ptr<services::TimeKeepingProviderProtocol> timeKeepingProvider,
+        std::shared_ptr<const base::Clock> clock, const base::Uuid& selectedTaskId);
+
+    livedata::Published<std::optional<TaskDetailViewState::View>>& viewState() override {
+        return viewState_;
+    }
+    void startObserving() override;
+
+ private:
+    void rebuild();
+    void rebuild(const store::Tasks& tasks);
+    TaskDetailViewState::View view(const store::Task& task, bool canStartFocus);
+    template <class Row>
+    Row row(const store::Interval& interval, const base::Uuid& intervalId);
+    livedata::Action startAction(base::Seconds maxDuration);
+    void startFocus(base::Seconds maxDuration);
+
+    livedata::Published<std::optional<TaskDetailViewState::View>> viewState_;
+    std::shared_ptr<store::DataOperationsServiceProtocol> dataOperationsService_;
+    std::shared_ptr<const store::LiveDataProvidingFactoryProtocol> liveDataFactory_;
+    std::shared_ptr<services::TimeKeepingProviderProtocol> timeKeepingProvider_;
+    std::shared_ptr<const base::Clock> clock_;
+    base::Uuid selectedTaskId_;
+    std::unique_ptr<store::LiveDataProvider<store::Task>> tasksProvider_;
+    std::unique_ptr<store::LiveDataProvider<store::Interval>> intervalProvider_;
+    std::unique_ptr<store::LiveDataProvider<store::RawIntervalState>> intervalStateProvider_;
+    std::optional<RefreshTimer> timer_;
+    livedata::Subscription tasksCancellable_;
+    std::vector<livedata::Subscription> cancellables_;
+};
+
+}  // namespace hearthmark::presentation

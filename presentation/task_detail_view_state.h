@@ -1,0 +1,52 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "base/date.h"
+#include "base/uuid.h"
+#include "livedata/block.h"
+
+namespace hearthmark::presentation {
+
+// The lengths that the two start buttons aim at. The view makes its labels from them too.
+constexpr base::Seconds kShortFocus{1800};
+constexpr base::Seconds kLongFocus{3600};
+
+// What the detail pane shows of one task and what can be done there.
+struct TaskDetailViewState {
+    TaskDetailViewState() = delete;
+
+    struct RunningInterval {
+        base::Uuid intervalId;
+        livedata::Action onDeleteCommand;
+        std::string totalTimeSpent;
+
+        bool operator==(const RunningInterval&) const = default;
+    };
+
+    struct NonRunningInterval {
+        base::Uuid intervalId;
+        livedata::Action onDeleteCommand;
+        std::string totalTimeSpent;
+
+        bool operator==(const NonRunningInterval&) const = default;
+    };
+
+    // Both lists from the newest interval to the oldest.
+    struct View {
+        // No interval of any task is running.
+        bool canStartFocus;
+        livedata::Action onStartLongFocusTap;
+        livedata::Action onStartShortFocusTap;
+        std::vector<NonRunningInterval> nonRunningIntervals;
+        std::vector<RunningInterval> runningIntervals;
+        std::string taskName;
+        std::string totalTimeSpent;
+
+        bool operator==(const View&) const = default;
+    };
+};
+
+}  // namespace hearthmark::presentation

@@ -1,0 +1,60 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "base/uuid.h"
+#include "livedata/block.h"
+
+namespace hearthmark::presentation {
+
+// What the task list shows and what can be done in it.
+struct TaskListViewState {
+    TaskListViewState() = delete;
+
+    struct RunningItemInterval {
+        std::string button;
+        base::Uuid intervalId;
+        livedata::Action onButtonTap;
+        // Deletes the whole task; that is wanted.
+        livedata::Action onDeleteCommand;
+        std::string timeSpent;
+
+        bool operator==(const RunningItemInterval&) const = default;
+    };
+
+    struct RunningItem {
+        bool isSelected;
+        base::Uuid taskId;
+        std::vector<RunningItemInterval> intervalViewStates;
+        std::string taskName;
+        std::string timeSpent;
+        livedata::Action onItemTapped;
+
+        bool operator==(const RunningItem&) const = default;
+    };
+
+    struct NonRunningItem {
+        bool isSelected;
+        livedata::Action onDeleteCommand;
+        base::Uuid taskId;
+        std::string taskName;
+        std::string timeSpent;
+        // "Finish" here too, though there is nothing to finish; views do not draw it.
+        std::string button;
+        livedata::Action onItemTapped;
+
+        bool operator==(const NonRunningItem&) const = default;
+    };
+
+    // Both lists from the newest task to the oldest.
+    struct View {
+        std::vector<RunningItem> runningItems;
+        std::vector<NonRunningItem> nonRunningItems;
+
+        bool operator==(const View&) const = default;
+    };
+};
+
+}  // namespace hearthmark::presentation

@@ -1,0 +1,160 @@
+// SPDX-License-Identifier: MIT
+#include "presentation/tasks_list_view_model.h"
+
+#include <utility>
+
+#include "presentation/observed_items.h"
+#include "presentation/texts.h"
+#include "store/newest_first.h"
+#include "store/time_texts.h"
+
+namespace hearthmark::presentation {
+
+namespace {
+
+constexpr auto kFinish = "Finish";
+
+std::vector<const store::Interval*> runningIntervals(const store::Task& task) {
+    std::vector<const store::Interval*> running;
+    for (const store::Interval* interval : task.intervals()) {
+        const auto state = interval->intervalState();
+        if (state && state->isRunning()) {
+            running.push_back(interval);
+        }
+    }
+    store::sortNewestFirst(running);
+    return running;
+}
+
+}  // namespace
+
+TasksListViewModel::TasksListViewModel(
+    std::shared_ptr<store::DataOperationsServiceProtocol> dataOperationsService,
+    std::shared_ptr<const store::LiveDataProvidingFactoryProtocol> liveDataFactory,
+    std::shared_ptr<services::TimeKeepingProviderProtocol> timeKeepingProvider,
+    std::shared_ptr<const base::Clock> clock, std::shared_ptr<SelectedTaskId> mutableSelectedTaskId)
+    : dataOperationsService_(std::move(dataOperationsService)),
+      liveDataFactory_(std::move(liveDataFactory)),
+      timeKeepingProvider_(std::move(timeKeepingProvider)),
+      clock_(std::move(clock)),
+      mutableSelectedTaskId_(std::move(mutableSelectedTaskId)) {}
+
+void TasksListViewModel::startObserving() {
+    const auto weak = weak_from_this();
+    const auto rebuildAll = [weak](const auto&...) {
+        if (const auto self = weak.lock()) {
+            self->rebuild();
+        }
+    };
+    timer_.emplace(timeKeepingProvider_, rebuildAll);
+    cancellables_.push_back(mutableSelectedTaskId_->subscribe(rebuildAll));
+    cancellables_.push_back(observe<store::Task>(*liveDataFactory_, "creationDate", tasksProvider_,
+                                                 [weak](const store::Tasks& tasks) {
+                                                     if (const auto self = weak.lock()) {
+                                                         self->rebuild(tasks);
+                                                     }
+                                                 }));
+    cancellables_.push_back(observe<store::Interval>(*liveDataFactory_, "creationDate",
+                                                     intervalProvider_, rebuildAll));
+    cancellables_.push_back(observe<store::RawIntervalState>(
+        *liveDataFactory_, "state", intervalStateProvider_,
+        [weak](const store::RawIntervalStates& states) {
+            if (const auto self = weak.lock()) {
+                self->rebuild();
+                self->timer_->follow(states);
+            }
+        }));
+}
+
+void TasksListViewModel::rebuild() {
+    rebuild(tasksProvider_ ? tasksProvider_->currentItems()->value() : store::Tasks());
+}
+
+void TasksListViewModel::rebuild(const store::Tasks& tasks) {
+    std::vector<const store::Task*> sorted;
+    sorted.reserve(tasks.size());
+    for (const store::Task& task : tasks) {
+        sorted.push_back(&task);
+    }
+    store::sortNewestFirst(sorted);
+
+    TaskListViewState::View view;
+    for (const store::Task* task : sorted) {
+        if (!task->id()) {
+            continue;
+        }
+        if (const auto running = runningIntervals(*task); !running.empty()) {
+            view.runningItems.push_back(runningItem(*task, *task->id(), running));
+        } else {
+            view.nonRunningItems.push_back(nonRunningItem(*task, *task->id()));
+        }
+    }
+    viewState_.setValue(std::move(view));
+}
+
+TaskListViewState::RunningItem TasksListViewModel::runningItem(
+    const store::Task& task, const base::Uuid& taskId,
+    const std::vector<const store::Interval*>& running) {
+    std::vector<TaskListViewState::RunningItemInterval> intervals;
+    for (const store::Interval* interval : running) {
+        if (interval->id()) {
+            intervals.push_back(runningItemInterval(*interval, *interval->id(), taskId));
+        }
+    }
+    return {.isSelected = isSelected(taskId),
+            .taskId = taskId,
+            .intervalViewStates = std::move(intervals),
+            .taskName = orDash(task.name()),
+            .timeSpent = taskTimeSpent(task),
+            .onItemTapped = selectAction(taskId)};
+}
+
+TaskListViewState::NonRunningItem TasksListViewModel::nonRunningItem(const store::Task& task,
+                                                                     const base::Uuid& taskId) {
+    return {.isSelected = isSelected(taskId),
+            .onDeleteCommand = deleteTaskAction(taskId),
+            .taskId = taskId,
+            .taskName = orDash(task.name()),
+            .timeSpent = taskTimeSpent(task),
+            .button = kFinish,
+            .onItemTapped = selectAction(taskId)};
+}
+
+TaskListViewState::RunningItemInterval TasksListViewModel::runningItemInterval(
+    const store::Interval& interval, const base::Uuid& intervalId, const base::Uuid& taskId) {
+    return {.button = kFinish,
+            .intervalId = intervalId,
+            .onButtonTap = livedata::makeAction([weak = weak_from_this(), intervalId, taskId] {
+                if (const auto self = weak.lock()) {
+                    self->dataOperationsService_->finishInterval(intervalId, taskId);
+                }
+            }),
+            .onDeleteCommand = deleteTaskAction(taskId),
+            .timeSpent = orDash(store::formattedTimeSpent(interval, *clock_))};
+}
+
+bool TasksListViewModel::isSelected(const base::Uuid& taskId) const {
+    return mutableSelectedTaskId_->value() == taskId;
+}
+
+std::string TasksListViewModel::taskTimeSpent(const store::Task& task) const {
+    return orDash(store::formattedDuration(store::timeSpent(task, *clock_)));
+}
+
+livedata::Action TasksListViewModel::selectAction(const base::Uuid& taskId) {
+    return livedata::makeAction([weak = weak_from_this(), taskId] {
+        if (const auto self = weak.lock()) {
+            self->mutableSelectedTaskId_->setValue(taskId);
+        }
+    });
+}
+
+livedata::Action TasksListViewModel::deleteTaskAction(const base::Uuid& taskId) {
+    return livedata::makeAction([weak = weak_from_this(), taskId] {
+        if (const auto self = weak.lock()) {
+            self->dataOperationsService_->deleteTask(taskId);
+        }
+    });
+}
+
+}  // namespace hearthmark::presentation

@@ -1,0 +1,80 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "base/clock.h"
+#include "livedata/published.h"
+#include "livedata/subscription.h"
+#include "presentation/refresh_timer.h"
+#include "presentation/selected_task_id.h"
+#include "presentation/task_list_view_state.h"
+#include "services/time_keeping.h"
+#include "store/data_operations_service_protocol.h"
+#include "store/live_data.h"
+
+namespace hearthmark::presentation {
+
+class TaskListViewModelProtocol {
+ public:
+    virtual ~TaskListViewModelProtocol() = default;
+
+    // Absent until observation has begun.
+    virtual livedata::Published<std::optional<TaskListViewState::View>>& viewState() = 0;
+
+    // Called once, when the list comes on screen.
+    virtual void startObserving() = 0;
+};
+
+// Makes the task list's state from the live tasks, the clock and the selection, whole, on every
+// change and once a second while something runs.
+class TasksListViewModel final : public TaskListViewModelProtocol,
+                                 public std::enable_shared_from_this<TasksListViewModel> {
+ public:
+    // To be held by a shared pointer: its closures hold it weakly.
+    TasksListViewModel(
+        std::shared_ptr<store::DataOperationsServiceProtocol> dataOperationsService,
+        std::shared_ptr<const store::LiveDataProvidingFactoryProtocol> liveDataFactory,
+        std::shared_ptr<services::TimeKeepingProviderProtocol> timeKeepingProvider,
+        std::shared_ptr<const base::Clock> clock,
+        std::shared_ptr<SelectedTaskId> mutableSelectedTaskId);
+
+    livedata::Published<std::optional<TaskListViewState::View>>& viewState() override {
+        return viewState_;
+    }
+    void startObserving() override;
+
+ private:
+    // From the tasks provider's current set; before there is a provider, from no tasks.
+    void rebuild();
+    void rebuild(const store::Tasks& tasks);
+    TaskListViewState::RunningItem runningItem(
+        const store::Task& task, const base::Uuid& taskId,
+        const std::vector<const store::Interval*>& running);
+    TaskListViewState::NonRunningItem nonRunningItem(const store::Task& task,
+                                                     const base::Uuid& taskId);
+    TaskListViewState::RunningItemInterval runningItemInterval(const store::Interval& interval,
+                                                               const base::Uuid& intervalId,
+                                                               const base::Uuid& taskId);
+    bool isSelected(const base::Uuid& taskId) const;
+    std::string taskTimeSpent(const store::Task& task) const;
+    livedata::Action selectAction(const base::Uuid& taskId);
+    livedata::Action deleteTaskAction(const base::Uuid& taskId);
+
+    livedata::Published<std::optional<TaskListViewState::View>> viewState_;
+    std::shared_ptr<store::DataOperationsServiceProtocol> dataOperationsService_;
+    std::shared_ptr<const store::LiveDataProvidingFactoryProtocol> liveDataFactory_;
+    std::shared_ptr<services::TimeKeepingProviderProtocol> timeKeepingProvider_;
+    std::shared_ptr<const base::Clock> clock_;
+    std::shared_ptr<SelectedTaskId> mutableSelectedTaskId_;
+    std::unique_ptr<store::LiveDataProvider<store::Task>> tasksProvider_;
+    std::unique_ptr<store::LiveDataProvider<store::Interval>> intervalProvider_;
+    std::unique_ptr<store::LiveDataProvider<store::RawIntervalState>> intervalStateProvider_;
+    std::optional<RefreshTimer> timer_;
+    std::vector<livedata::Subscription> cancellables_;
+};
+
+}  // namespace hearthmark::presentation
