@@ -2,16 +2,22 @@
 #pragma once
 
 #include <memory>
+#include <string>
 
 namespace hearthmark::services {
 
-// The content of the main window, of which the services need to know nothing.
+// The main window, of which the services need to know no more than this.
 class HomeViewProtocol {
  public:
     virtual ~HomeViewProtocol() = default;
+
+    // Shows the window, or brings it to the front. The token of the desktop's activation protocol
+    // lets it take the focus; it may be empty.
+    virtual void show(const std::string& activationToken) = 0;
+    virtual void hide() = 0;
 };
 
-// Makes the home view.
+// Makes the home view, hidden.
 class HomeViewFactoryProtocol {
  public:
     virtual ~HomeViewFactoryProtocol() = default;

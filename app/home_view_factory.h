@@ -1,0 +1,43 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <functional>
+#include <memory>
+
+#include "base/clock.h"
+#include "services/home_view_factory_protocol.h"
+#include "services/time_keeping.h"
+#include "store/data_operations_service_protocol.h"
+#include "store/live_data.h"
+
+namespace hearthmark::app {
+
+// Makes the main window's content with the view-model factories that it needs, and the one selection
+// that its list and its home model share.
+class HomeViewFactory final : public services::HomeViewFactoryProtocol {
+ public:
+    // What the views need of the application.
+    struct Actions {
+        // Answers whether a window may close.
+        std::function<bool()> windowShouldClose;
+        std::function<void()> quit;
+    };
+    using TimeKeepingProviderMaker =
+        std::function<std::shared_ptr<services::TimeKeepingProviderProtocol>()>;
+
+    HomeViewFactory(std::shared_ptr<store::DataOperationsServiceProtocol> dataOperationsService,
+                    std::shared_ptr<const store::LiveDataProvidingFactoryProtocol> liveDataFactory,
+                    std::shared_ptr<const base::Clock> clock,
+                    TimeKeepingProviderMaker makeTimeKeepingProvider, Actions actions);
+
+    std::unique_ptr<services::HomeViewProtocol> makeHomeView() override;
+
+ private:
+    std::shared_ptr<store::DataOperationsServiceProtocol> dataOperationsService_;
+    std::shared_ptr<const store::LiveDataProvidingFactoryProtocol> liveDataFactory_;
+    std::shared_ptr<const base::Clock> clock_;
+    TimeKeepingProviderMaker makeTimeKeepingProvider_;
+    Actions actions_;
+};
+
+}  // namespace hearthmark::app

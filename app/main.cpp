@@ -1,0 +1,80 @@
+// SPDX-License-Identifier: MIT
+#include <QCoreApplication>
+#include <QGuiApplication>
+#include <QQuickWindow>
+#include <cstdlib>
+#include <filesystem>
+#include <iostream>
+#include <memory>
+
+#include "app/tasks_app.h"
+#include "base/clock.h"
+#include "base/fatal_error.h"
+#include "objectstore/store_error.h"
+#include "platform/application_object.h"
+#include "platform/fatal_notification.h"
+#include "platform/instance_lock.h"
+#include "platform/running_instance.h"
+#include "platform/termination_signals.h"
+#include "platform/time_keeping_provider.h"
+#include "store/persistent_container_factory.h"
+#include "ui/accessibility.h"
+
+using namespace hearthmark;
+
+namespace {
+
+int showRunningInstance(int argc, char** argv) {
+    const QCoreApplication application(argc, argv);
+    if (platform::activateRunningInstance()) {
+        return EXIT_SUCCESS;
+    }
+    std::cerr << "Hearthmark is already running." << std::endl;
+    return EXIT_FAILURE;
+}
+
+int runApplication(int argc, char** argv, const std::filesystem::path& storeDirectory,
+                   platform::TerminationSignals& terminationSignals) {
+    // A few words are repainted each second: the software scene graph takes less than half the memory.
+    QQuickWindow::setGraphicsApi(QSGRendererInterface::Software);
+    QGuiApplication::setApplicationName(QStringLiteral("Hearthmark"));
+    QGuiApplication::setApplicationVersion(QStringLiteral(HEARTHMARK_VERSION));
+    QGuiApplication::setDesktopFileName(QLatin1String(platform::kApplicationId));
+    QGuiApplication::setQuitOnLastWindowClosed(false);
+    QGuiApplication application(argc, argv);
+    ui::prepareAccessibility();
+
+    platform::ApplicationObject applicationObject;
+    applicationObject.registerOnSessionBus();
+
+    const base::FatalErrorHandler fatal(&platform::notifyOfFatalError);
+    app::TasksApp tasksApp(
+        {.persistentContainerFactory =
+             std::make_unique<store::PersistentContainerFactory>(storeDirectory, fatal),
+         .makeTimeKeepingProvider =
+             [] { return std::make_shared<platform::TimeKeepingProvider>(); },
+         .clock = std::make_shared<base::SystemClock>(),
+         .fatal = fatal,
+         .quit = &QCoreApplication::quit});
+    QObject::connect(&application, &QCoreApplication::aboutToQuit,
+                     [&tasksApp] { tasksApp.terminate(); });
+    QObject::connect(&applicationObject, &platform::ApplicationObject::activationRequested,
+                     [&tasksApp](const QString& activationToken) {
+                         tasksApp.activate(activationToken.toStdString());
+                     });
+    tasksApp.launch();
+    terminationSignals.listen(&QCoreApplication::quit);
+    return QGuiApplication::exec();
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    platform::TerminationSignals terminationSignals;
+    const std::filesystem::path storeDirectory = store::storeDirectory();
+    const platform::InstanceLock lock(storeDirectory);
+    if (lock.state() == platform::InstanceLock::State::heldByAnother) {
+        return showRunningInstance(argc, argv);
+    }
+    return runApplication(argc, argv, storeDirectory, terminationSignals);
+}

@@ -1,0 +1,41 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QObject>
+#include <QString>
+#include <QStringList>
+#include <QVariantMap>
+
+namespace hearthmark::platform {
+
+// The program's name on the session bus, the id of its desktop entry and its application object.
+inline constexpr auto kApplicationId = "org.hearthmark.Hearthmark";
+inline constexpr auto kApplicationObjectPath = "/org/hearthmark/Hearthmark";
+
+// This process as others on the session bus see it: org.freedesktop.Application, by which a second
+// start asks for the window of the first.
+class ApplicationObject final : public QObject {
+    Q_OBJECT
+    Q_CLASSINFO("D-Bus Interface", "org.freedesktop.Application")
+
+ public:
+    using QObject::QObject;
+
+    // Takes its place on the bus, the object before the name, so that nobody finds a name without an
+    // object. False where there is no bus, or another process has the name; the program then runs
+    // without.
+    bool registerOnSessionBus();
+
+ public slots:
+    // The interface of the bus; the names and signatures are those of the Desktop Entry standard.
+    void Activate(const QVariantMap& platformData);
+    void Open(const QStringList& uris, const QVariantMap& platformData);
+    void ActivateAction(const QString& action, const QVariantList& parameter,
+                        const QVariantMap& platformData);
+
+ signals:
+    // The token may be empty.
+    void activationRequested(const QString& activationToken);
+};
+
+}  // namespace hearthmark::platform

@@ -1,0 +1,45 @@
+// SPDX-License-Identifier: MIT
+#include "platform/instance_lock.h"
+
+#include <fcntl.h>
+#include <sys/file.h>
+#include <unistd.h>
+
+#include <cerrno>
+
+namespace hearthmark::platform {
+
+namespace {
+
+constexpr auto kFileName = "Hearthmark.lock";
+
+}  // namespace
+
+InstanceLock::InstanceLock(const std::filesystem::path& directory) {
+    // Not through the store: closing any descriptor of its file would drop SQLite's own locks.
+    if (std::filesystem::create_directories(directory, error_)) {
+        std::filesystem::permissions(directory, std::filesystem::perms::owner_all, error_);
+    }
+    if (!error_) {
+        lock(directory / kFileName);
+    }
+}
+
+void InstanceLock::lock(const std::filesystem::path& file) {
+    descriptor_ = ::open(file.c_str(), O_RDWR | O_CREAT | O_CLOEXEC, 0600);
+    if (descriptor_ >= 0 && ::flock(descriptor_, LOCK_EX | LOCK_NB) == 0) {
+        state_ = State::held;
+    } else if (descriptor_ >= 0 && errno == EWOULDBLOCK) {
+        state_ = State::heldByAnother;
+    } else {
+        error_ = std::error_code(errno, std::generic_category());
+    }
+}
+
+InstanceLock::~InstanceLock() {
+    if (descriptor_ >= 0) {
+        ::close(descriptor_);
+    }
+}
+
+}  // namespace hearthmark::platform

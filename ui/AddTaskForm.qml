@@ -1,0 +1,73 @@
+// SPDX-License-Identifier: MIT
+import QtQuick
+import Hearthmark.Controls
+
+// The content of the add-task sheet. Ctrl+Enter saves, since Enter alone begins a new line.
+FocusScope {
+    id: root
+
+    signal saved(name: string)
+    signal closed
+
+    // Each presentation begins with an empty name.
+    function reset() {
+        editor.text = "";
+        editor.focus = true;
+    }
+
+    function saveOnControl(event) {
+        event.accepted = event.modifiers & Qt.ControlModifier;
+        if (event.accepted)
+            root.saved(editor.text);
+    }
+
+    implicitHeight: content.height
+    Accessible.role: Accessible.Dialog
+    Accessible.name: title.text
+    onVisibleChanged: root.reset()
+    Keys.onReturnPressed: event => root.saveOnControl(event)
+    Keys.onEnterPressed: event => root.saveOnControl(event)
+
+    Column {
+        id: content
+
+        width: parent.width
+        spacing: Theme.wideSpacing
+
+        Label {
+            id: title
+
+            text: qsTr("Add Task")
+            font.pointSize: Theme.title2Size
+            font.weight: Font.DemiBold
+            Accessible.role: Accessible.Heading
+        }
+
+        EditorFrame {
+            id: editor
+
+            width: parent.width
+            focus: true
+            minHeight: 10
+            maximumHeight: Theme.editorMaximumHeight
+            accessibleName: qsTr("Task name")
+        }
+
+        Row {
+            anchors.right: parent.right
+            spacing: Theme.spacing
+
+            PushButton {
+                text: qsTr("Close")
+                onClicked: root.closed()
+            }
+
+            PushButton {
+                look: PushButton.Primary
+                symbol: "plus"
+                text: qsTr("Save")
+                onClicked: root.saved(editor.text)
+            }
+        }
+    }
+}

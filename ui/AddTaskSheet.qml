@@ -1,0 +1,22 @@
+// SPDX-License-Identifier: MIT
+import QtQuick
+import Hearthmark.Controls
+import Hearthmark.Ui
+
+// Asks for the name of a new task. Its content is made when it is first shown.
+Sheet {
+    id: root
+
+    property AddTaskAdapter adapter
+
+    function save(name: string) {
+        root.adapter.addTask(name);
+        root.close();
+    }
+
+    contentItem: AddTaskForm {
+        focus: true
+        onSaved: name => root.save(name)
+        onClosed: root.close()
+    }
+}

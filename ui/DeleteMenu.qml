@@ -1,0 +1,31 @@
+// SPDX-License-Identifier: MIT
+import QtQuick
+import Hearthmark.Controls
+
+// The context menu of a view's rows. It stays where it was opened while the rows move under it, acts
+// on the row it was opened for, and closes when that row goes.
+ContextMenu {
+    id: root
+
+    property DeletableRow row
+
+    function openFor(row: DeletableRow, position: point) {
+        const place = row.mapToItem(root.parent, position.x, position.y);
+        root.row = row;
+        root.popup(place.x, place.y, deleteItem);
+    }
+
+    function closeWithoutRow() {
+        if (!root.row)
+            root.close();
+    }
+
+    onRowChanged: root.closeWithoutRow()
+
+    ContextMenuItem {
+        id: deleteItem
+
+        text: qsTr("Delete")
+        onTriggered: root.row.deletionRequested()
+    }
+}

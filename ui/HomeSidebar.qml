@@ -1,0 +1,92 @@
+// SPDX-License-Identifier: MIT
+import QtQuick
+import Hearthmark.Controls
+import Hearthmark.Ui
+
+// The column of the task list, with the application menu above it and "Add Task" below.
+FocusScope {
+    id: root
+
+    required property HomeAdapter home
+
+    Rectangle {
+        anchors.fill: parent
+        color: Theme.colors.sidebar
+    }
+
+    Item {
+        id: header
+
+        width: parent.width
+        height: menuButton.height + 2 * Theme.spacing
+
+        Label {
+            anchors.left: parent.left
+            anchors.leftMargin: Theme.wideSpacing
+            anchors.verticalCenter: parent.verticalCenter
+            text: "Hearthmark"
+            font.weight: Font.DemiBold
+            Accessible.role: Accessible.Heading
+        }
+
+        SymbolButton {
+            id: menuButton
+
+            anchors.right: parent.right
+            anchors.rightMargin: Theme.spacing
+            anchors.verticalCenter: parent.verticalCenter
+            symbol: "menu"
+            text: qsTr("Application menu")
+            onClicked: menu.popup(menuButton, menuButton.width - Theme.menuWidth, menuButton.height, quitItem)
+
+            ContextMenu {
+                id: menu
+
+                ContextMenuItem {
+                    id: quitItem
+
+                    text: qsTr("Quit")
+                    shortcutText: "Ctrl+Q"
+                    onTriggered: root.home.quit()
+                }
+            }
+        }
+    }
+
+    TaskListView {
+        id: list
+
+        anchors.top: header.bottom
+        anchors.bottom: separator.top
+        width: parent.width
+        focus: true
+        adapter: root.home.taskList
+    }
+
+    Rectangle {
+        id: separator
+
+        anchors.bottom: footer.top
+        width: parent.width
+        height: 1
+        color: Theme.colors.separator
+    }
+
+    Item {
+        id: footer
+
+        anchors.bottom: parent.bottom
+        width: parent.width
+        height: addButton.height + 2 * Theme.spacing
+
+        PushButton {
+            id: addButton
+
+            anchors.centerIn: parent
+            width: parent.width - 2 * Theme.spacing
+            symbol: "plus"
+            text: qsTr("Add Task")
+            onClicked: root.home.displayAddSheet()
+        }
+    }
+}

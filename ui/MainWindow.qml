@@ -1,0 +1,40 @@
+// SPDX-License-Identifier: MIT
+import QtQuick
+import Hearthmark.Controls
+import Hearthmark.Ui
+
+// Shown and closed by the program, which lives on without it.
+Window {
+    id: root
+
+    required property HomeAdapter home
+
+    title: "Hearthmark"
+    width: 900
+    height: 620
+    minimumWidth: 640
+    minimumHeight: 420
+    color: Theme.colors.window
+
+    // A popup that closes leaves the focus with the window itself.
+    function restoreFocus() {
+        if (root.activeFocusItem === root.contentItem)
+            homeView.forceActiveFocus(Qt.PopupFocusReason);
+    }
+
+    onActiveFocusItemChanged: root.restoreFocus()
+
+    Shortcut {
+        sequence: "Ctrl+Q"
+        context: Qt.ApplicationShortcut
+        onActivated: root.home.quit()
+    }
+
+    HomeView {
+        id: homeView
+
+        anchors.fill: parent
+        focus: true
+        home: root.home
+    }
+}

@@ -1,0 +1,12 @@
+// SPDX-License-Identifier: MIT
+import QtQuick
+import Hearthmark.Controls
+
+// The title of a section of the detail pane.
+Label {
+    x: Theme.pageMargin
+    topPadding: Theme.wideSpacing
+    font.pointSize: Theme.title3Size
+    font.weight: Font.DemiBold
+    Accessible.role: Accessible.Heading
+}

@@ -1,0 +1,95 @@
+// SPDX-License-Identifier: MIT
+pragma ComponentBehavior: Bound
+import QtQuick
+import Hearthmark.Controls
+import Hearthmark.Ui
+
+// What stands above a task's other intervals: its name and time, the buttons that start a focus, and
+// the running intervals.
+FocusScope {
+    id: root
+
+    required property TaskDetailAdapter adapter
+
+    signal reached
+    signal menuRequested(row: DeletableRow, position: point)
+
+    function reportFocus() {
+        if (root.activeFocus)
+            root.reached();
+    }
+
+    onActiveFocusChanged: root.reportFocus()
+    implicitHeight: content.height + Theme.pageMargin + Theme.spacing
+
+    Column {
+        id: content
+
+        y: Theme.pageMargin
+        width: parent.width
+        spacing: Theme.spacing
+
+        Label {
+            x: Theme.pageMargin
+            width: parent.width - 2 * Theme.pageMargin
+            text: root.adapter.taskName
+            font.pointSize: Theme.titleSize
+            font.weight: Font.DemiBold
+            wrapMode: Text.Wrap
+            Accessible.role: Accessible.Heading
+        }
+
+        Label {
+            x: Theme.pageMargin
+            text: root.adapter.totalTimeSpent
+            font.pointSize: Theme.title3Size
+            color: Theme.colors.secondaryText
+        }
+
+        SectionTitle {
+            text: qsTr("Start a focus")
+        }
+
+        Row {
+            x: Theme.pageMargin
+            spacing: Theme.spacing
+
+            PushButton {
+                visible: root.adapter.shortFocusText.length > 0
+                enabled: root.adapter.canStartFocus
+                look: PushButton.Primary
+                text: root.adapter.shortFocusText
+                onClicked: root.adapter.startShortFocus()
+            }
+
+            PushButton {
+                visible: root.adapter.longFocusText.length > 0
+                enabled: root.adapter.canStartFocus
+                look: PushButton.Primary
+                text: root.adapter.longFocusText
+                onClicked: root.adapter.startLongFocus()
+            }
+        }
+
+        SectionTitle {
+            text: qsTr("Running interval(s)")
+        }
+
+        Repeater {
+            model: root.adapter.runningIntervals
+
+            IntervalRow {
+                id: row
+
+                width: content.width
+                activeFocusOnTab: true
+                onDeletionRequested: root.adapter.runningIntervals.deleteRow(row.index)
+                onMenuRequested: position => root.menuRequested(row, position)
+            }
+        }
+
+        SectionTitle {
+            text: qsTr("Other invervals") // the program's own spelling
+        }
+    }
+}

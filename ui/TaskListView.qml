@@ -1,0 +1,65 @@
+// SPDX-License-Identifier: MIT
+pragma ComponentBehavior: Bound
+import QtQuick
+import QtQuick.Templates as T
+import Hearthmark.Controls
+import Hearthmark.Ui
+
+FocusScope {
+    id: root
+
+    required property TaskListAdapter adapter
+
+    function showRow(row: int) {
+        list.currentIndex = row;
+        list.positionViewAtIndex(row, ListView.Contain);
+    }
+
+    function moveTo(row: int) {
+        root.showRow(row);
+        (list.currentItem as TaskRow)?.showFocus();
+    }
+
+    ListView {
+        id: list
+
+        anchors.fill: parent
+        visible: root.adapter.loaded
+        focus: true
+        clip: true
+        topMargin: Theme.tightSpacing
+        bottomMargin: Theme.spacing
+        spacing: Theme.tightSpacing
+        cacheBuffer: Theme.controlHeight * 2
+        boundsBehavior: Flickable.StopAtBounds
+        highlightMoveDuration: 0
+        keyNavigationEnabled: false
+        model: root.adapter.rows
+        onCountChanged: list.currentIndex = root.adapter.rows.taskNearest(list.currentIndex)
+
+        Accessible.role: Accessible.List
+        Accessible.name: qsTr("Tasks")
+        Keys.onUpPressed: root.moveTo(root.adapter.rows.taskBefore(list.currentIndex))
+        Keys.onDownPressed: root.moveTo(root.adapter.rows.taskAfter(list.currentIndex))
+        Keys.onReturnPressed: root.adapter.rows.tap(list.currentIndex)
+        Keys.onEnterPressed: root.adapter.rows.tap(list.currentIndex)
+        Keys.onSpacePressed: root.adapter.rows.tap(list.currentIndex)
+        T.ScrollBar.vertical: ScrollBar {}
+
+        delegate: TaskRow {
+            id: row
+
+            width: list.width
+            activeFocusOnTab: row.activeFocus || row.index === list.currentIndex
+            onFocused: root.showRow(row.index)
+            onTapped: root.adapter.rows.tap(row.index)
+            onDeletionRequested: root.adapter.rows.deleteRow(row.index)
+            onMenuRequested: position => menu.openFor(row, position)
+            onLineMenuRequested: (line, position) => menu.openFor(line, position)
+        }
+    }
+
+    DeleteMenu {
+        id: menu
+    }
+}

@@ -1,0 +1,93 @@
+// SPDX-License-Identifier: MIT
+pragma ComponentBehavior: Bound
+import QtQuick
+import Hearthmark.Controls
+import Hearthmark.Ui
+
+// One line of the task list: a section's header, an empty section's hint, or a task in its box. A
+// running task lists its running intervals.
+DeletableRow {
+    id: root
+
+    required property int index
+    required property int kind
+    required property string text
+    required property string timeSpent
+    required property bool isSelected
+    required property IntervalListModel intervals
+
+    readonly property bool isTask: root.kind === TaskListModel.Task
+    readonly property bool isHeader: root.kind === TaskListModel.Header
+    readonly property color textColor: root.isSelected ? Theme.colors.selectedText : Theme.colors.text
+    readonly property color detailColor: root.isSelected ? Theme.colors.selectedText : Theme.colors.secondaryText
+
+    signal lineMenuRequested(line: DeletableRow, position: point)
+
+    implicitHeight: content.height + 2 * content.y
+    enabled: root.isTask
+    Accessible.role: root.isTask ? Accessible.ListItem : root.isHeader ? Accessible.Heading : Accessible.StaticText
+    Accessible.name: root.text
+    Accessible.description: root.timeSpent
+    Accessible.focusable: root.isTask
+    Accessible.selectable: root.isTask
+    Accessible.selected: root.isSelected
+    Accessible.onPressAction: root.tapped()
+
+    Rectangle {
+        anchors.fill: parent
+        anchors.leftMargin: Theme.spacing
+        anchors.rightMargin: Theme.spacing
+        z: -1
+        visible: root.isTask
+        radius: Theme.radius
+        color: root.isSelected ? Theme.colors.selectedContent : root.hovered ? Theme.colors.rowHovered : Theme.colors.window
+
+        FocusRing {
+            visible: root.focusVisible
+            controlRadius: Theme.radius
+        }
+    }
+
+    Column {
+        id: content
+
+        x: Theme.wideSpacing
+        y: Theme.spacing
+        width: root.width - 2 * content.x
+        spacing: 2
+
+        Label {
+            width: parent.width
+            text: root.text
+            font.pointSize: root.isHeader ? Theme.title2Size : Theme.title3Size
+            font.weight: root.isHeader ? Font.DemiBold : Font.Normal
+            color: root.kind === TaskListModel.Hint ? Theme.colors.secondaryText : root.textColor
+            elide: root.isTask ? Text.ElideRight : Text.ElideNone
+            maximumLineCount: root.isTask ? 1 : 4
+            wrapMode: root.isTask ? Text.NoWrap : Text.Wrap
+            Accessible.ignored: true
+        }
+
+        Label {
+            visible: root.isTask
+            text: root.timeSpent
+            color: root.detailColor
+            Accessible.ignored: true
+        }
+
+        Repeater {
+            model: root.intervals
+
+            IntervalLine {
+                id: line
+
+                width: content.width
+                textColor: root.textColor
+                onTapped: root.tapped()
+                onButtonTapped: root.intervals.tapButton(line.index)
+                onDeletionRequested: root.intervals.deleteRow(line.index)
+                onMenuRequested: position => root.lineMenuRequested(line, position)
+            }
+        }
+    }
+}

@@ -1,0 +1,28 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QtQmlIntegration/qqmlintegration.h>
+
+#include <QObject>
+#include <memory>
+
+#include "presentation/add_task_view_model.h"
+
+namespace hearthmark::ui {
+
+// Hands the add-task sheet its one action. Owns its view model; made anew for each presentation.
+class AddTaskAdapter final : public QObject {
+    Q_OBJECT
+    QML_ELEMENT
+    QML_UNCREATABLE("made by the subview factory")
+
+ public:
+    explicit AddTaskAdapter(std::shared_ptr<presentation::AddTaskViewModelProtocol> viewModel);
+
+    Q_INVOKABLE void addTask(const QString& name);
+
+ private:
+    std::shared_ptr<presentation::AddTaskViewModelProtocol> viewModel_;
+};
+
+}  // namespace hearthmark::ui

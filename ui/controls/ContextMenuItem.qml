@@ -1,0 +1,39 @@
+// SPDX-License-Identifier: MIT
+import QtQuick
+import QtQuick.Templates as T
+
+T.MenuItem {
+    id: root
+
+    property string shortcutText
+
+    implicitWidth: Theme.menuWidth
+    implicitHeight: Math.max(Theme.controlHeight, implicitContentHeight + topPadding + bottomPadding)
+    horizontalPadding: 10
+    verticalPadding: Theme.tightSpacing
+
+    Accessible.role: Accessible.MenuItem
+    Accessible.name: root.text
+    Accessible.description: root.shortcutText
+    Accessible.onPressAction: root.triggered()
+
+    contentItem: Label {
+        text: root.text
+        color: root.enabled ? Theme.colors.text : Theme.colors.disabledText
+        verticalAlignment: Text.AlignVCenter
+        Accessible.ignored: true
+
+        Label {
+            anchors.right: parent.right
+            anchors.verticalCenter: parent.verticalCenter
+            text: root.shortcutText
+            color: root.enabled ? Theme.colors.secondaryText : Theme.colors.disabledText
+            Accessible.ignored: true
+        }
+    }
+
+    background: Rectangle {
+        radius: Theme.controlRadius - 1
+        color: root.highlighted || root.down ? Theme.colors.menuHighlight : "transparent"
+    }
+}

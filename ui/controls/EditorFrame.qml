@@ -1,0 +1,49 @@
+// SPDX-License-Identifier: MIT
+import QtQuick
+import QtQuick.Templates as T
+
+// An expanding editor in its rounded field. Beyond maximumHeight the text scrolls under the cursor.
+FocusScope {
+    id: root
+
+    property alias text: editor.text
+    property alias minHeight: editor.minHeight
+    property alias accessibleName: editor.accessibleName
+    property real maximumHeight: Infinity
+    readonly property int inset: 4
+
+    function showCursor() {
+        const top = editor.cursorRectangle.y;
+        const bottom = top + editor.cursorRectangle.height;
+        flickable.contentY = Math.max(bottom - flickable.height, Math.min(top, flickable.contentY));
+    }
+
+    implicitHeight: Math.min(root.maximumHeight, editor.height + 2 * root.inset)
+
+    Rectangle {
+        anchors.fill: parent
+        radius: Theme.radius
+        color: Theme.colors.window
+        border.width: root.activeFocus ? Theme.focusWidth : 1
+        border.color: root.activeFocus ? Theme.colors.focus : Theme.colors.fieldBorder
+    }
+
+    Flickable {
+        id: flickable
+
+        anchors.fill: parent
+        anchors.margins: root.inset
+        contentHeight: editor.height
+        boundsBehavior: Flickable.StopAtBounds
+        clip: contentHeight > height
+        T.ScrollBar.vertical: ScrollBar {}
+
+        ExpandingTextView {
+            id: editor
+
+            width: flickable.width
+            focus: true
+            onCursorRectangleChanged: root.showCursor()
+        }
+    }
+}

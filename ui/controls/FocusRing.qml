@@ -1,0 +1,17 @@
+// SPDX-License-Identifier: MIT
+import QtQuick
+
+// Drawn around the control it fills, with a gap, so that it shows on any ground.
+Rectangle {
+    id: root
+
+    property real controlRadius: Theme.controlRadius
+    readonly property int gap: Theme.focusWidth + 1
+
+    anchors.fill: parent
+    anchors.margins: -root.gap
+    radius: root.controlRadius + root.gap
+    color: "transparent"
+    border.width: Theme.focusWidth
+    border.color: Theme.colors.focus
+}

@@ -1,0 +1,13 @@
+// SPDX-License-Identifier: MIT
+import QtQuick
+
+// A text of the user or of the program, shown as it is: markup in a task's name stays text.
+Text {
+    id: root
+
+    color: Theme.colors.text
+    font.pointSize: Theme.bodySize
+    textFormat: Text.PlainText
+    Accessible.role: Accessible.StaticText
+    Accessible.name: root.text
+}

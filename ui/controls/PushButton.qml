@@ -1,0 +1,52 @@
+// SPDX-License-Identifier: MIT
+import QtQuick
+
+// A button with a text and, where it has one, a symbol before it.
+BasicButton {
+    id: root
+
+    enum Look { Standard, Primary, Quiet }
+
+    property int look: PushButton.Standard
+    property string symbol
+    readonly property bool isPrimary: root.look === PushButton.Primary && root.enabled
+    readonly property color textColor: {
+        if (!root.enabled)
+            return Theme.colors.disabledText;
+        return root.isPrimary ? Theme.colors.accentText : Theme.colors.text;
+    }
+
+    implicitWidth: implicitContentWidth + leftPadding + rightPadding
+    implicitHeight: Math.max(Theme.controlHeight, implicitContentHeight + topPadding + bottomPadding)
+    horizontalPadding: 14
+    verticalPadding: 5
+    spacing: Theme.spacing
+
+    contentItem: SymbolLabel {
+        symbol: root.symbol
+        text: root.text
+        color: root.textColor
+        spacing: root.spacing
+    }
+
+    background: Rectangle {
+        radius: Theme.controlRadius
+        border.width: root.look === PushButton.Quiet || root.isPrimary ? 0 : 1
+        border.color: root.enabled ? Theme.colors.buttonBorder : Theme.colors.separator
+        color: {
+            if (!root.enabled)
+                return "transparent";
+            if (root.isPrimary)
+                return root.down ? Theme.colors.accentPressed : root.hovered ? Theme.colors.accentHovered : Theme.colors.accent;
+            if (root.down)
+                return Theme.colors.buttonPressed;
+            if (root.look === PushButton.Quiet)
+                return root.hovered ? Theme.colors.separator : "transparent";
+            return root.hovered ? Theme.colors.buttonHovered : Theme.colors.button;
+        }
+
+        FocusRing {
+            visible: root.activeFocus
+        }
+    }
+}

@@ -1,0 +1,19 @@
+// SPDX-License-Identifier: MIT
+import QtQuick
+import QtQuick.Templates as T
+
+T.ScrollBar {
+    id: root
+
+    implicitWidth: 8
+    implicitHeight: 8
+    padding: 2
+    minimumSize: 0.06
+    visible: root.size < 1
+    Accessible.ignored: true
+
+    contentItem: Rectangle {
+        radius: 2
+        color: root.pressed || root.hovered ? Theme.colors.scrollBarPressed : Theme.colors.scrollBar
+    }
+}

@@ -1,0 +1,29 @@
+// SPDX-License-Identifier: MIT
+import QtQuick
+import QtQuick.Templates as T
+
+// A modal sheet over the window. Only its own controls and the Escape key close it: a click outside
+// must not lose a half-typed text.
+T.Popup {
+    id: root
+
+    parent: T.Overlay.overlay
+    anchors.centerIn: parent
+    width: Math.min(Theme.sheetWidth, (parent?.width ?? 0) - 2 * Theme.pageMargin)
+    implicitHeight: contentHeight + topPadding + bottomPadding
+    padding: 20
+    modal: true
+    focus: true
+    closePolicy: T.Popup.CloseOnEscape
+
+    background: Rectangle {
+        radius: Theme.radius + 4
+        color: Theme.colors.content
+        border.width: 1
+        border.color: Theme.colors.separator
+    }
+
+    T.Overlay.modal: Rectangle {
+        color: Theme.colors.shade
+    }
+}

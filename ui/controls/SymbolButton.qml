@@ -1,0 +1,29 @@
+// SPDX-License-Identifier: MIT
+import QtQuick
+
+// A button that shows a symbol alone; its text is what assistive programs read out.
+BasicButton {
+    id: root
+
+    required property string symbol
+
+    implicitWidth: Theme.controlHeight
+    implicitHeight: Theme.controlHeight
+
+    contentItem: Item {
+        Symbol {
+            anchors.centerIn: parent
+            name: root.symbol
+            color: root.enabled ? Theme.colors.text : Theme.colors.disabledText
+        }
+    }
+
+    background: Rectangle {
+        radius: Theme.controlRadius
+        color: root.down ? Theme.colors.buttonPressed : root.hovered ? Theme.colors.separator : "transparent"
+
+        FocusRing {
+            visible: root.activeFocus
+        }
+    }
+}

@@ -1,0 +1,61 @@
+// SPDX-License-Identifier: MIT
+pragma Singleton
+import QtQuick
+
+// Every colour, type size, radius and spacing of the program.
+QtObject {
+    id: root
+
+    readonly property ThemeColors colors: root.light
+
+    readonly property ThemeColors light: ThemeColors {
+        window: "#f6f4f1"
+        sidebar: "#ebe7e1"
+        content: "#fffefc"
+        separator: "#d9d3ca"
+        shade: "#66201a14"
+
+        text: "#2a2622"
+        secondaryText: "#5f5850"
+        disabledText: "#a29a90"
+
+        selectedContent: "#a8431a"
+        selectedText: "#ffffff"
+        accent: "#a8431a"
+        accentHovered: "#9b3c16"
+        accentPressed: "#863311"
+        accentText: "#ffffff"
+        focus: "#1f5fbf"
+
+        button: "#fffefc"
+        buttonHovered: "#f6f3ef"
+        buttonPressed: "#e6e0d8"
+        buttonBorder: "#c9c1b6"
+        fieldBorder: "#857d72"
+        rowHovered: "#fcfbf9"
+        menuHighlight: "#ebe7e1"
+        scrollBar: "#b3aaa0"
+        scrollBarPressed: "#857d72"
+    }
+
+    // Points. The desktop's own text size is the body; it is not known where a size in pixels is set.
+    readonly property real bodySize: Math.max(9, Application.font.pointSize)
+    readonly property real titleSize: root.bodySize * 1.9
+    readonly property real title2Size: root.bodySize * 1.5
+    readonly property real title3Size: root.bodySize * 1.2
+
+    readonly property int tightSpacing: 4
+    readonly property int spacing: 8
+    readonly property int wideSpacing: 16
+    readonly property int pageMargin: 28
+    readonly property int radius: 8
+    readonly property int controlRadius: 6
+    readonly property int focusWidth: 2
+    readonly property int symbolSize: 16
+    readonly property int controlHeight: 32
+    readonly property int sidebarWidth: 300
+    readonly property int sheetWidth: 440
+    readonly property int pageWidth: 640
+    readonly property int menuWidth: 200
+    readonly property int editorMaximumHeight: 200
+}

@@ -1,0 +1,61 @@
+// SPDX-License-Identifier: MIT
+#include "ui/home_view.h"
+
+#include <QCoreApplication>
+#include <QEvent>
+#include <QQmlComponent>
+#include <QQuickWindow>
+#include <utility>
+
+#include "ui/symbol_provider.h"
+
+namespace hearthmark::ui {
+
+HomeView::HomeView(std::unique_ptr<HomeAdapter> adapter, WindowShouldClose windowShouldClose)
+    : windowShouldClose_(std::move(windowShouldClose)), adapter_(std::move(adapter)) {
+    QQmlEngine::setObjectOwnership(adapter_.get(), QQmlEngine::CppOwnership);
+    engine_.addImportPath(QStringLiteral("qrc:/qt/qml"));
+    engine_.addImageProvider(QStringLiteral("symbols"), new SymbolProvider);
+    QQmlComponent component(&engine_, QUrl("qrc:/qt/qml/Hearthmark/Ui/MainWindow.qml"));
+    if (!component.isReady()) {
+        qFatal("The main window cannot be made: %s", qUtf8Printable(component.errorString()));
+    }
+    window_.reset(qobject_cast<QQuickWindow*>(component.createWithInitialProperties(
+        {{QStringLiteral("home"), QVariant::fromValue(adapter_.get())}})));
+    Q_ASSERT(window_);
+    window_->installEventFilter(this);
+    QCoreApplication::instance()->installEventFilter(this);
+}
+
+HomeView::~HomeView() = default;
+
+void HomeView::show(const std::string& activationToken) {
+    if (!activationToken.empty()) {
+        // Where the toolkit's Wayland plugin looks for it.
+        qputenv("XDG_ACTIVATION_TOKEN", QByteArray::fromStdString(activationToken));
+    }
+    window_->setVisible(true);
+    if (window_->windowState() == Qt::WindowMinimized) {
+        window_->showNormal();
+    }
+    window_->raise();
+    window_->requestActivate();
+}
+
+void HomeView::hide() {
+    window_->setVisible(false);
+}
+
+bool HomeView::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() == QEvent::Quit) {
+        // The toolkit closes all windows before it quits, and one that refuses cancels the quit.
+        isQuitting_ = true;
+    } else if (watched == window_.get() && event->type() == QEvent::Close && !isQuitting_ &&
+               !windowShouldClose_()) {
+        event->ignore();
+        return true;
+    }
+    return QObject::eventFilter(watched, event);
+}
+
+}  // namespace hearthmark::ui

@@ -1,0 +1,40 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QObject>
+#include <QQmlEngine>
+#include <functional>
+#include <memory>
+
+#include "services/home_view_factory_protocol.h"
+#include "ui/home_adapter.h"
+
+class QQuickWindow;
+
+namespace hearthmark::ui {
+
+// The main window with the home screen in it. Hidden until it is shown.
+class HomeView final : public QObject, public services::HomeViewProtocol {
+    Q_OBJECT
+
+ public:
+    // Answers whether the window may close; it may instead hide the program.
+    using WindowShouldClose = std::function<bool()>;
+
+    HomeView(std::unique_ptr<HomeAdapter> adapter, WindowShouldClose windowShouldClose);
+    ~HomeView() override;
+
+    void show(const std::string& activationToken) override;
+    void hide() override;
+
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+ private:
+    WindowShouldClose windowShouldClose_;
+    std::unique_ptr<HomeAdapter> adapter_;
+    QQmlEngine engine_;
+    std::unique_ptr<QQuickWindow> window_;
+    bool isQuitting_ = false;
+};
+
+}  // namespace hearthmark::ui

@@ -1,0 +1,46 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <functional>
+#include <memory>
+
+#include "base/clock.h"
+#include "base/uuid.h"
+#include "presentation/selected_task_id.h"
+#include "services/time_keeping.h"
+#include "store/data_operations_service_protocol.h"
+#include "store/live_data.h"
+#include "ui/add_task_adapter.h"
+#include "ui/task_detail_adapter.h"
+#include "ui/task_list_adapter.h"
+
+namespace hearthmark::ui {
+
+// Makes the views beside and over each other on the home screen, each with a model of its own. A
+// value.
+class HomeViewSubviewsFactory {
+ public:
+    using TimeKeepingProviderMaker =
+        std::function<std::shared_ptr<services::TimeKeepingProviderProtocol>()>;
+
+    // Each view that keeps time is given a provider of its own.
+    HomeViewSubviewsFactory(
+        std::shared_ptr<store::DataOperationsServiceProtocol> dataOperationsService,
+        std::shared_ptr<const store::LiveDataProvidingFactoryProtocol> liveDataFactory,
+        std::shared_ptr<const base::Clock> clock,
+        std::shared_ptr<presentation::SelectedTaskId> mutableSelectedTaskId,
+        TimeKeepingProviderMaker makeTimeKeepingProvider);
+
+    std::unique_ptr<TaskListAdapter> makeTaskListView() const;
+    std::unique_ptr<TaskDetailAdapter> makeTaskDetailView(const base::Uuid& taskId) const;
+    std::unique_ptr<AddTaskAdapter> makeAddTaskView() const;
+
+ private:
+    std::shared_ptr<store::DataOperationsServiceProtocol> dataOperationsService_;
+    std::shared_ptr<const store::LiveDataProvidingFactoryProtocol> liveDataFactory_;
+    std::shared_ptr<const base::Clock> clock_;
+    std::shared_ptr<presentation::SelectedTaskId> mutableSelectedTaskId_;
+    TimeKeepingProviderMaker makeTimeKeepingProvider_;
+};
+
+}  // namespace hearthmark::ui

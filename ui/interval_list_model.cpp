@@ -1,0 +1,52 @@
+// SPDX-License-Identifier: MIT
+#include "ui/interval_list_model.h"
+
+#include "ui/assign_shown.h"
+
+namespace hearthmark::ui {
+
+std::size_t IntervalRow::KeyHash::operator()(const Key& key) const {
+    return key.id.hash() + static_cast<std::size_t>(key.ordinal);
+}
+
+QList<int> IntervalRow::assign(IntervalRow&& next) {
+    QList<int> changed;
+    assignShown(timeSpent, std::move(next.timeSpent), IntervalListModel::TimeSpentRole, changed);
+    assignShown(button, std::move(next.button), IntervalListModel::ButtonRole, changed);
+    onButtonTap = std::move(next.onButtonTap);
+    onDelete = std::move(next.onDelete);
+    return changed;
+}
+
+QVariant IntervalListModel::data(const QModelIndex& index, int role) const {
+    const IntervalRow* row = rowAt(index.row());
+    if (row == nullptr) {
+        return {};
+    }
+    switch (role) {
+        case TimeSpentRole:
+            return row->timeSpent;
+        case ButtonRole:
+            return row->button;
+        default:
+            return {};
+    }
+}
+
+QHash<int, QByteArray> IntervalListModel::roleNames() const {
+    return {{TimeSpentRole, "timeSpent"}, {ButtonRole, "button"}};
+}
+
+void IntervalListModel::tapButton(int row) const {
+    if (const IntervalRow* tapped = rowAt(row)) {
+        run(tapped->onButtonTap);
+    }
+}
+
+void IntervalListModel::deleteRow(int row) const {
+    if (const IntervalRow* deleted = rowAt(row)) {
+        run(deleted->onDelete);
+    }
+}
+
+}  // namespace hearthmark::ui

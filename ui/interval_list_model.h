@@ -1,0 +1,54 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QtQmlIntegration/qqmlintegration.h>
+
+#include <QString>
+
+#include "base/uuid.h"
+#include "livedata/block.h"
+#include "ui/row_list_model.h"
+
+namespace hearthmark::ui {
+
+// One interval as a line: its text and what can be done with it. An absent action does nothing.
+struct IntervalRow {
+    struct Key {
+        base::Uuid id;
+        // A damaged store may hold one id twice.
+        int ordinal = 0;
+        bool operator==(const Key&) const = default;
+    };
+    struct KeyHash {
+        std::size_t operator()(const Key& key) const;
+    };
+
+    Key key() const { return rowKey; }
+    QList<int> assign(IntervalRow&& next);
+
+    Key rowKey;
+    QString timeSpent;
+    QString button;
+    livedata::Action onButtonTap;
+    livedata::Action onDelete;
+};
+
+// The interval lines of one task, in the list and in the detail pane.
+class IntervalListModel : public RowListModel<IntervalRow> {
+    Q_OBJECT
+    QML_ELEMENT
+    QML_UNCREATABLE("made by the adapters")
+
+ public:
+    enum Role { TimeSpentRole = Qt::UserRole, ButtonRole };
+
+    using RowListModel::RowListModel;
+
+    QVariant data(const QModelIndex& index, int role) const override;
+    QHash<int, QByteArray> roleNames() const override;
+
+    Q_INVOKABLE void tapButton(int row) const;
+    Q_INVOKABLE void deleteRow(int row) const;
+};
+
+}  // namespace hearthmark::ui

@@ -1,0 +1,105 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QAbstractListModel>
+#include <algorithm>
+#include <unordered_set>
+#include <utility>
+#include <vector>
+
+namespace hearthmark::ui {
+
+// A list of rows that changes from one whole state to the next while touching only what differs, so
+// that a rebuild each second moves no scroll bar, closes no menu and drops no focus.
+//
+// Row must offer:
+//   Row::Key, hashable by Row::KeyHash, unique within one list, and `Key key() const`;
+//   `QList<int> assign(Row&& next)`, which takes over a row with the same key, always with its actions,
+//   and returns the roles whose shown value differs.
+template <class Row>
+class RowListModel : public QAbstractListModel {
+ public:
+    using QAbstractListModel::QAbstractListModel;
+
+    int rowCount(const QModelIndex& parent = {}) const override {
+        return parent.isValid() ? 0 : static_cast<int>(rows_.size());
+    }
+
+    void update(std::vector<Row>&& next) {
+        if (rows_.empty()) {
+            insertAll(std::move(next));
+            return;
+        }
+        removeMissing(next);
+        for (std::size_t index = 0; index < next.size(); ++index) {
+            place(index, std::move(next[index]));
+        }
+    }
+
+    // Leaves the model without rows; for a model that only carries them to another one.
+    std::vector<Row> takeRows() && { return std::move(rows_); }
+
+ protected:
+    const std::vector<Row>& rows() const { return rows_; }
+
+    // Null where a view asks with an index of an older state.
+    const Row* rowAt(int index) const {
+        const bool exists = index >= 0 && static_cast<std::size_t>(index) < rows_.size();
+        return exists ? &rows_[static_cast<std::size_t>(index)] : nullptr;
+    }
+
+ private:
+    void insertAll(std::vector<Row>&& next) {
+        if (next.empty()) {
+            return;
+        }
+        beginInsertRows({}, 0, static_cast<int>(next.size()) - 1);
+        rows_ = std::move(next);
+        endInsertRows();
+    }
+
+    void removeMissing(const std::vector<Row>& next) {
+        std::unordered_set<typename Row::Key, typename Row::KeyHash> kept;
+        kept.reserve(next.size());
+        for (const Row& row : next) {
+            kept.insert(row.key());
+        }
+        const auto isMissing = [&kept](const Row& row) { return !kept.contains(row.key()); };
+        auto first = std::ranges::find_if(rows_, isMissing);
+        while (first != rows_.end()) {
+            const auto last = std::find_if_not(first, rows_.end(), isMissing);
+            beginRemoveRows({}, static_cast<int>(first - rows_.begin()),
+                            static_cast<int>(last - rows_.begin()) - 1);
+            first = rows_.erase(first, last);
+            endRemoveRows();
+            first = std::find_if(first, rows_.end(), isMissing);
+        }
+    }
+
+    void place(std::size_t index, Row&& next) {
+        const int row = static_cast<int>(index);
+        const auto position = rows_.begin() + static_cast<std::ptrdiff_t>(index);
+        const auto found = std::find_if(position, rows_.end(), [key = next.key()](const Row& candidate) {
+            return candidate.key() == key;
+        });
+        if (found == rows_.end()) {
+            beginInsertRows({}, row, row);
+            rows_.insert(position, std::move(next));
+            endInsertRows();
+            return;
+        }
+        if (found != position) {
+            const int from = static_cast<int>(found - rows_.begin());
+            beginMoveRows({}, from, from, {}, row);
+            std::rotate(position, found, found + 1);
+            endMoveRows();
+        }
+        if (const QList<int> roles = rows_[index].assign(std::move(next)); !roles.isEmpty()) {
+            emit dataChanged(this->index(row), this->index(row), roles);
+        }
+    }
+
+    std::vector<Row> rows_;
+};
+
+}  // namespace hearthmark::ui

@@ -1,0 +1,26 @@
+// SPDX-License-Identifier: MIT
+#include "ui/task_list_adapter.h"
+
+#include <utility>
+
+namespace hearthmark::ui {
+
+TaskListAdapter::TaskListAdapter(std::shared_ptr<presentation::TaskListViewModelProtocol> viewModel)
+    : viewModel_(std::move(viewModel)),
+      subscription_(viewModel_->viewState().subscribeDidChange([this] { show(); })) {
+    viewModel_->startObserving();
+}
+
+void TaskListAdapter::show() {
+    const auto& state = viewModel_->viewState().value();
+    if (!state) {
+        return;
+    }
+    rows_.show(*state);
+    if (!loaded_) {
+        loaded_ = true;
+        emit loadedChanged();
+    }
+}
+
+}  // namespace hearthmark::ui

@@ -1,0 +1,41 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QtQmlIntegration/qqmlintegration.h>
+
+#include <QObject>
+#include <memory>
+
+#include "livedata/subscription.h"
+#include "presentation/tasks_list_view_model.h"
+#include "ui/task_list_model.h"
+
+namespace hearthmark::ui {
+
+// Hands the task list's view state to TaskListView.qml. Owns its view model.
+class TaskListAdapter final : public QObject {
+    Q_OBJECT
+    QML_ELEMENT
+    QML_UNCREATABLE("made by the subview factory")
+    Q_PROPERTY(bool loaded READ loaded NOTIFY loadedChanged FINAL)
+    Q_PROPERTY(hearthmark::ui::TaskListModel* rows READ rows CONSTANT FINAL)
+
+ public:
+    explicit TaskListAdapter(std::shared_ptr<presentation::TaskListViewModelProtocol> viewModel);
+
+    bool loaded() const { return loaded_; }
+    TaskListModel* rows() { return &rows_; }
+
+ signals:
+    void loadedChanged();
+
+ private:
+    void show();
+
+    std::shared_ptr<presentation::TaskListViewModelProtocol> viewModel_;
+    TaskListModel rows_;
+    bool loaded_ = false;
+    livedata::Subscription subscription_;
+};
+
+}  // namespace hearthmark::ui

@@ -1,0 +1,188 @@
+// SPDX-License-Identifier: MIT
+#include "ui/task_list_model.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "ui/assign_shown.h"
+#include "ui/ordinals.h"
+#include "ui/text_conversion.h"
+
+namespace hearthmark::ui {
+
+namespace {
+
+using presentation::TaskListViewState;
+
+enum Section { kRunningSection, kNonRunningSection };
+
+TaskListRow textRow(TaskListRow::Kind kind, Section section, const QString& text) {
+    TaskListRow row;
+    row.rowKey = {.kind = kind, .id = {}, .ordinal = section};
+    row.text = text;
+    return row;
+}
+
+void appendSection(std::vector<TaskListRow>& rows, Section section, const QString& header,
+                   const QString& hint, bool isEmpty) {
+    rows.push_back(textRow(TaskListRow::Kind::header, section, header));
+    if (isEmpty) {
+        rows.push_back(textRow(TaskListRow::Kind::hint, section, hint));
+    }
+}
+
+template <class Item>
+TaskListRow taskRow(const Item& item, Ordinals& ordinals) {
+    TaskListRow row;
+    row.rowKey = {.kind = TaskListRow::Kind::task,
+                  .id = item.taskId,
+                  .ordinal = ordinals.next(item.taskId)};
+    row.text = toQString(item.taskName);
+    row.timeSpent = toQString(item.timeSpent);
+    row.isSelected = item.isSelected;
+    row.onTap = item.onItemTapped;
+    return row;
+}
+
+std::shared_ptr<IntervalListModel> intervalList(
+    const std::vector<TaskListViewState::RunningItemInterval>& intervals) {
+    std::vector<IntervalRow> rows;
+    Ordinals ordinals;
+    for (const TaskListViewState::RunningItemInterval& interval : intervals) {
+        rows.push_back({.rowKey = {.id = interval.intervalId,
+                                   .ordinal = ordinals.next(interval.intervalId)},
+                        .timeSpent = toQString(interval.timeSpent),
+                        .button = toQString(interval.button),
+                        .onButtonTap = interval.onButtonTap,
+                        .onDelete = interval.onDeleteCommand});
+    }
+    // Deleted later, since it may go while one of its own actions runs.
+    std::shared_ptr<IntervalListModel> list(new IntervalListModel,
+                                            [](IntervalListModel* model) { model->deleteLater(); });
+    list->update(std::move(rows));
+    return list;
+}
+
+std::vector<TaskListRow> taskListRows(const TaskListViewState::View& state) {
+    std::vector<TaskListRow> rows;
+    rows.reserve(state.runningItems.size() + state.nonRunningItems.size() + 4);
+    Ordinals ordinals;
+    appendSection(rows, kRunningSection, QObject::tr("Running"),
+                  QObject::tr("No tasks in progress."), state.runningItems.empty());
+    for (const TaskListViewState::RunningItem& item : state.runningItems) {
+        TaskListRow& row = rows.emplace_back(taskRow(item, ordinals));
+        row.intervals = intervalList(item.intervalViewStates);
+        // A running task is deleted by way of its newest running interval.
+        if (!item.intervalViewStates.empty()) {
+            row.onDelete = item.intervalViewStates.front().onDeleteCommand;
+        }
+    }
+    appendSection(rows, kNonRunningSection, QObject::tr("Not running"),
+                  QObject::tr("Add your first task by pressing the button below 👇"),
+                  state.nonRunningItems.empty());
+    for (const TaskListViewState::NonRunningItem& item : state.nonRunningItems) {
+        rows.emplace_back(taskRow(item, ordinals)).onDelete = item.onDeleteCommand;
+    }
+    return rows;
+}
+
+}  // namespace
+
+std::size_t TaskListRow::KeyHash::operator()(const Key& key) const {
+    return key.id.hash() + static_cast<std::size_t>(key.ordinal) * 4 +
+           static_cast<std::size_t>(key.kind);
+}
+
+QList<int> TaskListRow::assign(TaskListRow&& next) {
+    QList<int> changed;
+    assignShown(text, std::move(next.text), TaskListModel::TextRole, changed);
+    assignShown(timeSpent, std::move(next.timeSpent), TaskListModel::TimeSpentRole, changed);
+    assignShown(isSelected, std::move(next.isSelected), TaskListModel::IsSelectedRole, changed);
+    if (intervals && next.intervals) {
+        intervals->update(std::move(*next.intervals).takeRows());
+    } else {
+        assignShown(intervals, std::move(next.intervals), TaskListModel::IntervalsRole, changed);
+    }
+    onTap = std::move(next.onTap);
+    onDelete = std::move(next.onDelete);
+    return changed;
+}
+
+void TaskListModel::show(const TaskListViewState::View& state) {
+    update(taskListRows(state));
+}
+
+QVariant TaskListModel::data(const QModelIndex& index, int role) const {
+    const TaskListRow* row = rowAt(index.row());
+    if (row == nullptr) {
+        return {};
+    }
+    switch (role) {
+        case KindRole:
+            return static_cast<int>(row->rowKey.kind);
+        case TextRole:
+            return row->text;
+        case TimeSpentRole:
+            return row->timeSpent;
+        case IsSelectedRole:
+            return row->isSelected;
+        case IntervalsRole:
+            return QVariant::fromValue(row->intervals.get());
+        default:
+            return {};
+    }
+}
+
+QHash<int, QByteArray> TaskListModel::roleNames() const {
+    return {{KindRole, "kind"},
+            {TextRole, "text"},
+            {TimeSpentRole, "timeSpent"},
+            {IsSelectedRole, "isSelected"},
+            {IntervalsRole, "intervals"}};
+}
+
+void TaskListModel::tap(int row) const {
+    if (const TaskListRow* tapped = rowAt(row)) {
+        run(tapped->onTap);
+    }
+}
+
+void TaskListModel::deleteRow(int row) const {
+    if (const TaskListRow* deleted = rowAt(row)) {
+        run(deleted->onDelete);
+    }
+}
+
+int TaskListModel::taskBefore(int row) const {
+    for (int candidate = std::min(row, rowCount()) - 1; candidate >= 0; --candidate) {
+        if (isTask(candidate)) {
+            return candidate;
+        }
+    }
+    return row;
+}
+
+int TaskListModel::taskAfter(int row) const {
+    for (int candidate = std::max(row, -1) + 1; candidate < rowCount(); ++candidate) {
+        if (isTask(candidate)) {
+            return candidate;
+        }
+    }
+    return row;
+}
+
+int TaskListModel::taskNearest(int row) const {
+    for (const int candidate : {row, taskAfter(row), taskBefore(row)}) {
+        if (isTask(candidate)) {
+            return candidate;
+        }
+    }
+    return -1;
+}
+
+bool TaskListModel::isTask(int row) const {
+    const TaskListRow* found = rowAt(row);
+    return found != nullptr && found->rowKey.kind == TaskListRow::Kind::task;
+}
+
+}  // namespace hearthmark::ui

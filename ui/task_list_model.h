@@ -1,0 +1,78 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QtQmlIntegration/qqmlintegration.h>
+
+#include <QString>
+#include <memory>
+
+#include "base/uuid.h"
+#include "livedata/block.h"
+#include "presentation/task_list_view_state.h"
+#include "ui/interval_list_model.h"
+#include "ui/row_list_model.h"
+
+namespace hearthmark::ui {
+
+// One line of the task list: a section's header, the text of an empty section, or a task.
+struct TaskListRow {
+    enum class Kind { header, hint, task };
+
+    struct Key {
+        Kind kind;
+        base::Uuid id;  // of a task; zero for the others
+        int ordinal;    // which of several tasks with one id; for the others, which section
+        bool operator==(const Key&) const = default;
+    };
+    struct KeyHash {
+        std::size_t operator()(const Key& key) const;
+    };
+
+    Key key() const { return rowKey; }
+    QList<int> assign(TaskListRow&& next);
+
+    Key rowKey;
+    QString text;  // the header, the hint or the task's name
+    QString timeSpent;
+    bool isSelected = false;
+    // The running intervals of a running task; another row has none.
+    std::shared_ptr<IntervalListModel> intervals;
+    // Absent for headers and hints.
+    livedata::Action onTap;
+    livedata::Action onDelete;
+};
+
+// Both sections of the task list in one flat model, so that the view makes delegates only for what
+// is visible and a task that starts or finishes moves instead of being made anew.
+class TaskListModel : public RowListModel<TaskListRow> {
+    Q_OBJECT
+    QML_ELEMENT
+    QML_UNCREATABLE("made by the task list adapter")
+
+ public:
+    enum Kind { Header, Hint, Task };
+    Q_ENUM(Kind)
+    enum Role { KindRole = Qt::UserRole, TextRole, TimeSpentRole, IsSelectedRole, IntervalsRole };
+
+    using RowListModel::RowListModel;
+
+    void show(const presentation::TaskListViewState::View& state);
+
+    QVariant data(const QModelIndex& index, int role) const override;
+    QHash<int, QByteArray> roleNames() const override;
+
+    // What the row's task can do; headers and hints do nothing.
+    Q_INVOKABLE void tap(int row) const;
+    Q_INVOKABLE void deleteRow(int row) const;
+
+    // For the keyboard, which steps over headers and hints: the next task in a direction, or `row`
+    // where there is none; the task at a row or nearest to it, or -1 where there are no tasks.
+    Q_INVOKABLE int taskBefore(int row) const;
+    Q_INVOKABLE int taskAfter(int row) const;
+    Q_INVOKABLE int taskNearest(int row) const;
+
+ private:
+    bool isTask(int row) const;
+};
+
+}  // namespace hearthmark::ui
