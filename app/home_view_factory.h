@@ -12,8 +12,8 @@
 
 namespace hearthmark::app {
 
-// Makes the main window's content with the view-model factories that it needs, and the one selection
-// that its list and its home model share.
+// Makes the main window's content with the view-model factories that it needs, and the one
+// selection that its list and its home model share.
 class HomeViewFactory final : public services::HomeViewFactoryProtocol {
  public:
     // What the views need of the application.

@@ -34,13 +34,19 @@ int showRunningInstance(int argc, char** argv) {
 }
 
 int runApplication(int argc, char** argv, const std::filesystem::path& storeDirectory,
+                   const platform::InstanceLock& lock,
                    platform::TerminationSignals& terminationSignals) {
-    // A few words are repainted each second: the software scene graph takes less than half the memory.
+    // A few words are repainted each second: the software scene graph takes less than half the
+    // memory.
     QQuickWindow::setGraphicsApi(QSGRendererInterface::Software);
     QGuiApplication::setApplicationName(QStringLiteral("Hearthmark"));
     QGuiApplication::setApplicationVersion(QStringLiteral(HEARTHMARK_VERSION));
     QGuiApplication::setDesktopFileName(QLatin1String(platform::kApplicationId));
     QGuiApplication::setQuitOnLastWindowClosed(false);
+    if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) {
+        // X11 first, also on Wayland desktops, all of which offer it.
+        qputenv("QT_QPA_PLATFORM", "xcb;wayland");
+    }
     QGuiApplication application(argc, argv);
     ui::prepareAccessibility();
 
@@ -48,6 +54,11 @@ int runApplication(int argc, char** argv, const std::filesystem::path& storeDire
     applicationObject.registerOnSessionBus();
 
     const base::FatalErrorHandler fatal(&platform::notifyOfFatalError);
+    if (lock.state() == platform::InstanceLock::State::failed) {
+        const std::error_code error = lock.error();
+        fatal(store::unresolvedLoadError({error.message() + ": " + storeDirectory.string(),
+                                          error.value(), error.value(), "lock"}));
+    }
     app::TasksApp tasksApp(
         {.persistentContainerFactory =
              std::make_unique<store::PersistentContainerFactory>(storeDirectory, fatal),
@@ -76,5 +87,5 @@ int main(int argc, char** argv) {
     if (lock.state() == platform::InstanceLock::State::heldByAnother) {
         return showRunningInstance(argc, argv);
     }
-    return runApplication(argc, argv, storeDirectory, terminationSignals);
+    return runApplication(argc, argv, storeDirectory, lock, terminationSignals);
 }

@@ -33,8 +33,8 @@ Uuid Uuid::random() {
     return Uuid(boost::uuids::random_generator_pure()());
 }
 
-// By hand, since Boost's reader accepts braces and missing hyphens and reports by exception; a store
-// is read with one call for each row.
+// By hand, since Boost's reader accepts braces and missing hyphens and reports by exception; a
+// store is read with one call for each row.
 std::optional<Uuid> Uuid::fromText(std::string_view text) {
     if (text.size() != kTextLength) {
         return std::nullopt;

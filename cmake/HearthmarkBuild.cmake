@@ -21,3 +21,10 @@ function(hearthmark_add_floor folder)
     target_include_directories(hearthmark_${folder} PUBLIC "${PROJECT_SOURCE_DIR}")
     target_link_libraries(hearthmark_${folder} PRIVATE hearthmark_warnings)
 endfunction()
+
+# The QML compiler's output does not keep to our warnings.
+function(hearthmark_silence_generated_code target)
+    get_target_property(sources ${target} SOURCES)
+    list(FILTER sources INCLUDE REGEX "qmlcache|qmltyperegistrations")
+    set_source_files_properties(${sources} TARGET_DIRECTORY ${target} PROPERTIES COMPILE_OPTIONS -w)
+endfunction()

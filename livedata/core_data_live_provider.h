@@ -40,8 +40,7 @@ class CoreDataLiveProvider final : public LiveDataProviding<Entity> {
         resultsController_->setDelegate(
             {.controllerDidRenewContent =
                  [this] { currentItems_->stage(*resultsController_->fetchedSet()); },
-             .controllerDidChangeContent =
-                 [subject = currentItems_] { subject->announce(); }});
+             .controllerDidChangeContent = [subject = currentItems_] { subject->announce(); }});
         resultsController_->performFetch();
         currentItems_->setValue(*resultsController_->fetchedSet());
     }

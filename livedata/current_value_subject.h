@@ -26,11 +26,11 @@ struct Completion {
 // A publisher that always has a value: gives it to each new subscriber at once and then every
 // change. All calls are synchronous, on one thread.
 //
-// A callback may subscribe, end its own or another subscription, set the value again, or destroy the
-// subject. Each call hands over the value that is current at that moment: a value that an earlier
-// subscriber replaces while it is being told is not told to the later ones any more, so nobody sees
-// an older value after a newer one. An exception from a callback reaches whoever set the value; the
-// later subscribers of that round are not told.
+// A callback may subscribe, end its own or another subscription, set the value again, or destroy
+// the subject. Each call hands over the value that is current at that moment: a value that an
+// earlier subscriber replaces while it is being told is not told to the later ones any more, so
+// nobody sees an older value after a newer one. An exception from a callback reaches whoever set
+// the value; the later subscribers of that round are not told.
 template <class Output, class Failure = Never>
 class CurrentValueSubject {
  public:
@@ -99,13 +99,11 @@ class CurrentValueSubject {
             }
             return {};
         }
-        auto subscriber = std::make_shared<Subscriber>(Subscriber{
-            std::move(onValue), std::move(onCompletion), std::move(onStaged)});
+        auto subscriber = std::make_shared<Subscriber>(
+            Subscriber{std::move(onValue), std::move(onCompletion), std::move(onStaged)});
         // By address: the state owns the slot and is kept during each round.
-        Subscription subscription(
-            kept->events.connect([state = kept.get(), subscriber](Event event) {
-                subscriber->receive(*state, event);
-            }));
+        Subscription subscription(kept->events.connect(
+            [state = kept.get(), subscriber](Event event) { subscriber->receive(*state, event); }));
         subscriber->tell(*kept);
         return subscription;
     }

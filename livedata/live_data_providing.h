@@ -13,8 +13,8 @@ template <class Entity>
 using CurrentItems = ReadOnlyCurrentValueSubject<objectstore::ObjectSet<Entity>>;
 
 // Publishes the set of all objects of one entity, anew after each change of the store. The order of
-// use: make it, subscribe to currentItems(), call startObserving(). The first value is therefore the
-// empty set, followed at once by the fetched one.
+// use: make it, subscribe to currentItems(), call startObserving(). The first value is therefore
+// the empty set, followed at once by the fetched one.
 template <class Entity>
 class LiveDataProviding {
  public:

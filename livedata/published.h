@@ -26,13 +26,13 @@ class Published {
     }
 
     // While called, value() is still the old one.
-    Subscription subscribeWillChange(std::function<void()> onChange) {
-        return Subscription(willChange_.connect(std::move(onChange)));
+    Subscription subscribeWillChange(const std::function<void()>& onChange) {
+        return Subscription(willChange_.connect(onChange));
     }
 
     // What views render from.
-    Subscription subscribeDidChange(std::function<void()> onChange) {
-        return Subscription(didChange_.connect(std::move(onChange)));
+    Subscription subscribeDidChange(const std::function<void()>& onChange) {
+        return Subscription(didChange_.connect(onChange));
     }
 
  private:

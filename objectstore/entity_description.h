@@ -143,9 +143,8 @@ struct Ends {
 
 template <class Object>
 EntityDescription EntityDescription::of(std::string name) {
-    return {std::move(name), []() -> std::shared_ptr<ManagedObject> {
-                return std::make_shared<Object>();
-            }};
+    return {std::move(name),
+            []() -> std::shared_ptr<ManagedObject> { return std::make_shared<Object>(); }};
 }
 
 template <auto Member>

@@ -3,7 +3,6 @@
 
 #include <memory>
 #include <utility>
-#include <vector>
 
 #include "objectstore/value.h"
 
@@ -55,8 +54,6 @@ class ManagedObject : public std::enable_shared_from_this<ManagedObject> {
     ManagedObjectContext* context_ = nullptr;
     bool isInserted_ = false;
     bool isTouched_ = false;
-    // The columns as the store holds them; empty while untouched or inserted.
-    std::vector<Value> stored_;
 };
 
 }  // namespace hearthmark::objectstore

@@ -27,7 +27,10 @@ std::vector<Value> columnValues(const ManagedObject& object) {
     }
     for (const ReferenceDescription& reference : entity.references()) {
         const ManagedObject* parent = reference.parent(object);
-        values.push_back(parent != nullptr ? Value(parent->key()) : Value());
+        values.emplace_back();
+        if (parent != nullptr) {
+            values.back() = parent->key();
+        }
     }
     return values;
 }
@@ -49,8 +52,8 @@ ManagedObject* findByKey(const ObjectList& objects, RowKey key) {
     if (objects.empty() || key < objects.front()->key() || key > objects.back()->key()) {
         return nullptr;
     }
-    const auto offset = static_cast<std::uint64_t>(key) -
-                        static_cast<std::uint64_t>(objects.front()->key());
+    const auto offset =
+        static_cast<std::uint64_t>(key) - static_cast<std::uint64_t>(objects.front()->key());
     if (offset < objects.size() && objects[offset]->key() == key) {
         return objects[offset].get();
     }
@@ -184,10 +187,8 @@ std::shared_ptr<ManagedObject> ManagedObjectContext::insert(const EntityDescript
 
 void ManagedObjectContext::touched(ManagedObject& object) {
     object.isTouched_ = true;
-    if (!object.isInserted_) {
-        object.stored_ = columnValues(object);
-    }
-    touched_.push_back(object.shared_from_this());
+    touched_.push_back({object.shared_from_this(),
+                        object.isInserted_ ? std::vector<Value>() : columnValues(object)});
 }
 
 void ManagedObjectContext::remove(ManagedObject& object) {
@@ -228,7 +229,7 @@ void ManagedObjectContext::save() {
         return;
     }
     std::vector<RowChange> changes;
-    for (const std::shared_ptr<ManagedObject>& object : touched_) {
+    for (const auto& [object, stored] : touched_) {
         const EntityDescription* entity = &object->entityDescription();
         if (!object->isManaged()) {
             if (!object->isInserted_) {
@@ -236,11 +237,11 @@ void ManagedObjectContext::save() {
             }
             continue;
         }
-        auto columns = differences(columnValues(*object), object->stored_);
+        auto columns = differences(columnValues(*object), stored);
         if (!columns.empty()) {
-            changes.push_back({object->isInserted_ ? RowChange::Kind::insert
-                                                   : RowChange::Kind::update,
-                               entity, object->key_, std::move(columns)});
+            changes.push_back(
+                {object->isInserted_ ? RowChange::Kind::insert : RowChange::Kind::update, entity,
+                 object->key_, std::move(columns)});
         }
     }
     store_->write(changes);
@@ -264,11 +265,13 @@ void ManagedObjectContext::save() {
 
 // Makes the saved changes the new ground: flags cleared, current sets with the new members.
 SavedChanges ManagedObjectContext::settle() {
-    SavedChanges changes{.objects = std::exchange(touched_, {}), .entities = {}};
-    for (const std::shared_ptr<ManagedObject>& object : changes.objects) {
+    SavedChanges changes;
+    changes.objects.reserve(touched_.size());
+    for (Touched& each : std::exchange(touched_, {})) {
+        const std::shared_ptr<ManagedObject>& object =
+            changes.objects.emplace_back(std::move(each.object));
         object->isTouched_ = false;
         object->isInserted_ = false;
-        object->stored_ = {};
         const EntityDescription& entity = object->entityDescription();
         if (!changes.touches(entity)) {
             changes.entities.push_back(&entity);

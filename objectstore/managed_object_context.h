@@ -28,8 +28,8 @@ struct SavedChanges {
 //
 // After a save has reached the disk it is told in three rounds: first the indexes take the changed
 // objects, then all current sets are renewed, then the observers are told, in the order in which
-// they subscribed. An observer may do whatever it likes, save included: the sets are renewed by that
-// save at once, and its observers are told when the present round is over.
+// they subscribed. An observer may do whatever it likes, save included: the sets are renewed by
+// that save at once, and its observers are told when the present round is over.
 class ManagedObjectContext {
  public:
     // Throws StoreError where a row cannot be read.
@@ -70,6 +70,11 @@ class ManagedObjectContext {
     friend class ManagedObject;
     struct Record;
     struct Telling;
+    struct Touched {
+        std::shared_ptr<ManagedObject> object;
+        // The columns as the store holds them; empty where it was inserted.
+        std::vector<Value> stored;
+    };
 
     std::shared_ptr<ManagedObject> insert(const EntityDescription& entity);
     std::shared_ptr<const ObjectList> current(const EntityDescription& entity) const;
@@ -81,7 +86,7 @@ class ManagedObjectContext {
 
     std::unique_ptr<SqliteStore> store_;
     std::vector<std::unique_ptr<Record>> records_;
-    ObjectList touched_;
+    std::vector<Touched> touched_;
     std::shared_ptr<Telling> telling_;
 };
 

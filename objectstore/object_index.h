@@ -47,8 +47,8 @@ class ObjectIndex {
  private:
     void file(Object& object) {
         if (object.isManaged() && condition_(object)) {
-            objects_.insert_or_assign(
-                object.key(), std::static_pointer_cast<Object>(object.shared_from_this()));
+            objects_.insert_or_assign(object.key(),
+                                      std::static_pointer_cast<Object>(object.shared_from_this()));
         } else {
             objects_.erase(object.key());
         }

@@ -25,7 +25,8 @@ std::optional<std::string_view> RowReader::text(int column) const {
         return std::nullopt;
     }
     const auto* bytes = reinterpret_cast<const char*>(sqlite3_column_text(statement_, column));
-    return std::string_view(bytes, static_cast<std::size_t>(sqlite3_column_bytes(statement_, column)));
+    return std::string_view(bytes,
+                            static_cast<std::size_t>(sqlite3_column_bytes(statement_, column)));
 }
 
 }  // namespace hearthmark::objectstore

@@ -24,16 +24,19 @@ const std::string& columnName(const EntityDescription& entity, std::size_t colum
 std::vector<std::string> creationStatements(const Model& model) {
     std::vector<std::string> statements;
     for (const EntityDescription* entity : model.entities) {
-        std::string table = "CREATE TABLE " + identifier(entity->name()) + " (pk INTEGER PRIMARY KEY";
+        std::string table =
+            "CREATE TABLE " + identifier(entity->name()) + " (pk INTEGER PRIMARY KEY";
         for (const AttributeDescription& attribute : entity->attributes()) {
             table += ", " + identifier(attribute.name) + ' ' + attribute.declaration;
         }
         std::vector<std::string> indexes;
         for (const ReferenceDescription& reference : entity->references()) {
             table += ", " + identifier(reference.name) + " INTEGER REFERENCES " +
-                     identifier(reference.destination().name()) + " DEFERRABLE INITIALLY DEFERRED";
+                     identifier(reference.destination().name()) +
+                     " ON DELETE SET NULL DEFERRABLE INITIALLY DEFERRED";
             indexes.push_back("CREATE INDEX " + identifier(entity->name() + '_' + reference.name) +
-                              " ON " + identifier(entity->name()) + " (" + identifier(reference.name) + ')');
+                              " ON " + identifier(entity->name()) + " (" +
+                              identifier(reference.name) + ')');
         }
         statements.push_back(table + ')');
         statements.insert(statements.end(), indexes.begin(), indexes.end());

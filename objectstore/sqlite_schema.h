@@ -13,7 +13,8 @@ namespace hearthmark::objectstore {
 // are quoted only to keep them apart from SQL words.
 
 // CREATE TABLE and CREATE INDEX for all entities. Each reference has an index: without one, the
-// deletion of a row would search the whole referencing table.
+// deletion of a row would search the whole referencing table. A row that the context does not know
+// to reference a deleted one, as in a file that others wrote, lets go of it rather than refuse it.
 std::vector<std::string> creationStatements(const Model& model);
 
 // Selects the key, the attributes and the references of all rows, ascending by key.

@@ -76,12 +76,12 @@ std::string fileUri(const std::filesystem::path& file, std::string_view query) {
 }
 
 [[noreturn]] void refuse(const std::filesystem::path& file, const std::string& reason, int code,
-            std::string statement) {
+                         std::string statement) {
     throw StoreError(reason + ": " + file.string(), code, code, std::move(statement));
 }
 
-// Looks before anything writes. Without a write-ahead log the file is read as immutable, which takes
-// no lock and makes no file beside it; with one, its frames belong to the content.
+// Looks before anything writes. Without a write-ahead log the file is read as immutable, which
+// takes no lock and makes no file beside it; with one, its frames belong to the content.
 void inspectFile(const std::filesystem::path& file, const Model& model) {
     const std::string uri = fileUri(file, hasWriteAheadLog(file) ? "mode=ro" : "immutable=1");
     translatingErrors("open " + file.string(), [&] {
@@ -89,9 +89,8 @@ void inspectFile(const std::filesystem::path& file, const Model& model) {
                                   kBusyTimeoutMilliseconds);
         const auto number = [&database](const std::string& name) {
             const std::string statement = "PRAGMA " + name;
-            return translatingErrors(statement, [&] {
-                return database.execAndGet(statement).getInt();
-            });
+            return translatingErrors(statement,
+                                     [&] { return database.execAndGet(statement).getInt(); });
         };
         if (number("application_id") != model.applicationId) {
             refuse(file, "The file belongs to another application", SQLITE_NOTADB,
@@ -107,9 +106,8 @@ void inspectFile(const std::filesystem::path& file, const Model& model) {
                    "PRAGMA user_version");
         }
         const std::string check = "PRAGMA integrity_check(1)";
-        const std::string finding = translatingErrors(check, [&] {
-            return database.execAndGet(check).getString();
-        });
+        const std::string finding =
+            translatingErrors(check, [&] { return database.execAndGet(check).getString(); });
         if (finding != "ok") {
             refuse(file, "The file is corrupt (" + finding + ')', SQLITE_CORRUPT, check);
         }
@@ -142,8 +140,8 @@ class SqliteStore::Connection {
 
 SqliteStore::SqliteStore(const std::optional<std::filesystem::path>& file, const Model& model) {
     if (!file) {
-        connection_ = std::make_unique<Connection>(
-            ":memory:", SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE);
+        connection_ =
+            std::make_unique<Connection>(":memory:", SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE);
         translatingErrors("create", [&] { createSchema(connection_->database(), model); });
         return;
     }

@@ -8,8 +8,8 @@ namespace hearthmark::objectstore {
 
 // What surrounds the SQLite file in its directory. Failures throw StoreError with the errno.
 
-// Whether there is a store at the path: a file that is not empty. An empty one holds nothing to lose
-// and is replaced like a missing one.
+// Whether there is a store at the path: a file that is not empty. An empty one holds nothing to
+// lose and is replaced like a missing one.
 bool storeFileExists(const std::filesystem::path& file);
 
 // Makes the directory of the file (mode 0700), lets `fill` write the content into an empty file of

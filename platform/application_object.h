@@ -21,9 +21,9 @@ class ApplicationObject final : public QObject {
  public:
     using QObject::QObject;
 
-    // Takes its place on the bus, the object before the name, so that nobody finds a name without an
-    // object. False where there is no bus, or another process has the name; the program then runs
-    // without.
+    // Takes its place on the bus, the object before the name, so that nobody finds a name without
+    // an object. False where there is no bus, or another process has the name; the program then
+    // runs without.
     bool registerOnSessionBus();
 
  public slots:

@@ -29,8 +29,8 @@ void notifyOfFatalError(std::string_view message) {
         QStringLiteral("org.freedesktop.Notifications"),
         QStringLiteral("/org/freedesktop/Notifications"),
         QStringLiteral("org.freedesktop.Notifications"), QStringLiteral("Notify"));
-    notify << QStringLiteral("Hearthmark") << 0U << QString() << QObject::tr("Hearthmark has stopped")
-           << body << QStringList()
+    notify << QStringLiteral("Hearthmark") << 0U << QString()
+           << QObject::tr("Hearthmark has stopped") << body << QStringList()
            << QVariantMap{{QStringLiteral("urgency"), QVariant::fromValue(kCritical)},
                           {QStringLiteral("desktop-entry"), QLatin1String(kApplicationId)}}
            << kNeverExpires;

@@ -11,15 +11,15 @@ namespace hearthmark::platform {
 // way a person does.
 class TerminationSignals {
  public:
-    // Blocks the signals for this thread and those that it starts: must come first in main(), before
-    // the toolkit makes a thread.
+    // Blocks the signals for this thread and those that it starts: must come first in main(),
+    // before the toolkit makes a thread.
     TerminationSignals();
     TerminationSignals(const TerminationSignals&) = delete;
     TerminationSignals& operator=(const TerminationSignals&) = delete;
     ~TerminationSignals();
 
-    // Calls `onSignal` for each signal, also for those that came before. Requires a QCoreApplication,
-    // which must outlive this.
+    // Calls `onSignal` for each signal, also for those that came before. Requires a
+    // QCoreApplication, which must outlive this.
     void listen(std::function<void()> onSignal);
 
  private:

@@ -13,7 +13,7 @@ HomeViewModel::HomeViewModel(
 std::shared_ptr<HomeViewModel> HomeViewModel::make(
     std::shared_ptr<store::DataOperationsServiceProtocol> dataOperationsService,
     std::shared_ptr<SelectedTaskIdPublisher> selectedTaskId) {
-    const std::shared_ptr<HomeViewModel> model(
+    std::shared_ptr<HomeViewModel> model(
         new HomeViewModel(std::move(dataOperationsService), std::move(selectedTaskId)));
     model->cancellables_.push_back(model->publisher_->subscribe(
         [weak = std::weak_ptr(model)](const std::optional<base::Uuid>& taskId) {

@@ -27,7 +27,8 @@ class HomeViewModelProtocol {
 // Follows the selection.
 class HomeViewModel final : public HomeViewModelProtocol {
  public:
-    // Made by a function, since what is subscribed to speaks at once and must find the model weakly.
+    // Made by a function, since what is subscribed to speaks at once and must find the model
+    // weakly.
     static std::shared_ptr<HomeViewModel> make(
         std::shared_ptr<store::DataOperationsServiceProtocol> dataOperationsService,
         std::shared_ptr<SelectedTaskIdPublisher> selectedTaskId);

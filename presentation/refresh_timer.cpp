@@ -10,11 +10,6 @@ namespace {
 
 constexpr base::Seconds kTick{1};
 
-bool isRunning(const store::RawIntervalState& raw) {
-    const auto state = raw.intervalState();
-    return state && state->isRunning();
-}
-
 }  // namespace
 
 RefreshTimer::RefreshTimer(
@@ -27,7 +22,8 @@ RefreshTimer::~RefreshTimer() {
 }
 
 void RefreshTimer::follow(const store::RawIntervalStates& states) {
-    if (!std::any_of(states.begin(), states.end(), isRunning)) {
+    if (!std::any_of(states.begin(), states.end(),
+                     [](const store::RawIntervalState& state) { return state.isRunning(); })) {
         stop();
     } else if (!timer_) {
         timer_ = timeKeepingProvider_->makeTimer(kTick, services::Repeats::yes, onTick_);

@@ -15,8 +15,7 @@ namespace {
 
 bool hasRunningInterval(const store::Task& task) {
     return std::ranges::any_of(task.intervals(), [](const store::Interval* interval) {
-        const auto state = interval->intervalState();
-        return state && state->isRunning();
+        return interval->rawState() != nullptr && interval->rawState()->isRunning();
     });
 }
 
@@ -58,16 +57,16 @@ void TaskDetailViewModel::startObserving() {
                                                      self->rebuild(tasks);
                                                  }
                                              });
-    cancellables_.push_back(observe<store::Interval>(*liveDataFactory_, "creationDate",
-                                                     intervalProvider_, rebuildAll));
-    cancellables_.push_back(observe<store::RawIntervalState>(
-        *liveDataFactory_, "state", intervalStateProvider_,
-        [weak](const store::RawIntervalStates& states) {
-            if (const auto self = weak.lock()) {
-                self->rebuild();
-                self->timer_->follow(states);
-            }
-        }));
+    cancellables_.push_back(
+        observe<store::Interval>(*liveDataFactory_, "creationDate", intervalProvider_, rebuildAll));
+    cancellables_.push_back(
+        observe<store::RawIntervalState>(*liveDataFactory_, "state", intervalStateProvider_,
+                                         [weak](const store::RawIntervalStates& states) {
+                                             if (const auto self = weak.lock()) {
+                                                 self->rebuild();
+                                                 self->timer_->follow(states);
+                                             }
+                                         }));
 }
 
 void TaskDetailViewModel::rebuild() {
@@ -90,8 +89,7 @@ TaskDetailViewState::View TaskDetailViewModel::view(const store::Task& task, boo
         .nonRunningIntervals = {},
         .runningIntervals = {},
         .taskName = orDash(task.name()),
-        .totalTimeSpent =
-            orDash(store::formattedDuration(store::timeSpent(task, *clock_)))};
+        .totalTimeSpent = orDash(store::formattedDuration(store::timeSpent(task, *clock_)))};
 
     std::vector<store::Interval*> sorted = task.intervals();
     store::sortNewestFirst(sorted);
@@ -116,8 +114,7 @@ Row TaskDetailViewModel::row(const store::Interval& interval, const base::Uuid& 
     return {.intervalId = intervalId,
             .onDeleteCommand = livedata::makeAction([weak = weak_from_this(), intervalId] {
                 if (const auto self = weak.lock()) {
-                    self->dataOperationsService_->deleteInterval(intervalId,
-                                                                 self->selectedTaskId_);
+                    self->dataOperationsService_->deleteInterval(intervalId, self->selectedTaskId_);
                 }
             }),
             .totalTimeSpent = orDash(store::formattedTimeSpent(interval, *clock_))};

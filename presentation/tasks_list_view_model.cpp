@@ -6,6 +6,7 @@
 #include "presentation/observed_items.h"
 #include "presentation/texts.h"
 #include "store/newest_first.h"
+#include "store/raw_interval_state.h"
 #include "store/time_texts.h"
 
 namespace hearthmark::presentation {
@@ -17,8 +18,7 @@ constexpr auto kFinish = "Finish";
 std::vector<const store::Interval*> runningIntervals(const store::Task& task) {
     std::vector<const store::Interval*> running;
     for (const store::Interval* interval : task.intervals()) {
-        const auto state = interval->intervalState();
-        if (state && state->isRunning()) {
+        if (interval->rawState() != nullptr && interval->rawState()->isRunning()) {
             running.push_back(interval);
         }
     }
@@ -54,16 +54,16 @@ void TasksListViewModel::startObserving() {
                                                          self->rebuild(tasks);
                                                      }
                                                  }));
-    cancellables_.push_back(observe<store::Interval>(*liveDataFactory_, "creationDate",
-                                                     intervalProvider_, rebuildAll));
-    cancellables_.push_back(observe<store::RawIntervalState>(
-        *liveDataFactory_, "state", intervalStateProvider_,
-        [weak](const store::RawIntervalStates& states) {
-            if (const auto self = weak.lock()) {
-                self->rebuild();
-                self->timer_->follow(states);
-            }
-        }));
+    cancellables_.push_back(
+        observe<store::Interval>(*liveDataFactory_, "creationDate", intervalProvider_, rebuildAll));
+    cancellables_.push_back(
+        observe<store::RawIntervalState>(*liveDataFactory_, "state", intervalStateProvider_,
+                                         [weak](const store::RawIntervalStates& states) {
+                                             if (const auto self = weak.lock()) {
+                                                 self->rebuild();
+                                                 self->timer_->follow(states);
+                                             }
+                                         }));
 }
 
 void TasksListViewModel::rebuild() {

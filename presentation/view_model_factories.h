@@ -16,7 +16,8 @@
 
 namespace hearthmark::presentation {
 
-// Makes view models of one kind, a new one at each call, so that a preview can hand its views others.
+// Makes view models of one kind, a new one at each call, so that a preview can hand its views
+// others.
 template <class ViewModel>
 class ViewModelFactory {
  public:

@@ -18,12 +18,11 @@ IntervalTimeKeeperService::IntervalTimeKeeperService(
       timeKeepingProvider_(std::move(timeKeepingProvider)) {}
 
 void IntervalTimeKeeperService::start() {
-    timeKeeper_ =
-        timeKeepingProvider_->makeTimer(kTick, Repeats::yes, [weak = weak_from_this()] {
-            if (const auto self = weak.lock()) {
-                self->intervalFinisher_->finishDueIntervals();
-            }
-        });
+    timeKeeper_ = timeKeepingProvider_->makeTimer(kTick, Repeats::yes, [weak = weak_from_this()] {
+        if (const auto self = weak.lock()) {
+            self->intervalFinisher_->finishDueIntervals();
+        }
+    });
 }
 
 }  // namespace hearthmark::services

@@ -29,8 +29,8 @@ DataOperationsService::DataOperationsService(
       fatal_(std::move(fatal)),
       intervalsProvider_(liveDataProvidingFactory.makeProvider<Interval>(
           {.key = "creationDate", .ascending = true})),
-      tasksProvider_(liveDataProvidingFactory.makeProvider<Task>(
-          {.key = "creationDate", .ascending = true})),
+      tasksProvider_(
+          liveDataProvidingFactory.makeProvider<Task>({.key = "creationDate", .ascending = true})),
       runningIntervals_(persistentContainer_->viewContext()) {
     intervalsProvider_->startObserving();
     tasksProvider_->startObserving();
@@ -58,8 +58,7 @@ void DataOperationsService::addInterval(const IntervalData& interval, const base
     }
 }
 
-void DataOperationsService::finishInterval(const base::Uuid& intervalId,
-                                           const base::Uuid& taskId) {
+void DataOperationsService::finishInterval(const base::Uuid& intervalId, const base::Uuid& taskId) {
     Task* owner = task(taskId);
     Interval* interval = owner != nullptr ? firstWithId(owner->intervals(), intervalId) : nullptr;
     if (interval == nullptr) {
@@ -72,8 +71,7 @@ void DataOperationsService::finishInterval(const base::Uuid& intervalId,
     save();
 }
 
-void DataOperationsService::deleteInterval(const base::Uuid& intervalId,
-                                           const base::Uuid& taskId) {
+void DataOperationsService::deleteInterval(const base::Uuid& intervalId, const base::Uuid& taskId) {
     Task* owner = task(taskId);
     Interval* interval = owner != nullptr ? firstWithId(owner->intervals(), intervalId) : nullptr;
     if (interval != nullptr) {

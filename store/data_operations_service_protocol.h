@@ -11,9 +11,9 @@
 
 namespace hearthmark::store {
 
-// Every change of the store. Each operation ends with one save, and when it returns the change is on
-// the disk and everybody has been told. An id that matches nothing is ignored and nothing is saved.
-// A store that cannot be written ends the program. Main thread only.
+// Every change of the store. Each operation ends with one save, and when it returns the change is
+// on the disk and everybody has been told. An id that matches nothing is ignored and nothing is
+// saved. A store that cannot be written ends the program. Main thread only.
 class DataOperationsServiceProtocol : public IntervalFinishing {
  public:
     // With a new random id, created now.
@@ -27,8 +27,8 @@ class DataOperationsServiceProtocol : public IntervalFinishing {
     // At the present moment, with the running stretch folded into its duration.
     virtual void finishInterval(const base::Uuid& intervalId, const base::Uuid& taskId) = 0;
 
-    // Takes it out of its task's set. It stays in the store without a task, and if it runs it goes on
-    // running; both are wanted.
+    // Takes it out of its task's set. It stays in the store without a task, and if it runs it goes
+    // on running; both are wanted.
     virtual void deleteInterval(const base::Uuid& intervalId, const base::Uuid& taskId) = 0;
 
     virtual void addNote(const NoteData& note, const base::Uuid& taskId) = 0;

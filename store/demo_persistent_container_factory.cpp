@@ -91,8 +91,8 @@ void insert(const DemoTask& demo, base::Date now, objectstore::ManagedObjectCont
 
 std::shared_ptr<objectstore::PersistentContainer> DemoPersistentContainerFactory::makeContainer()
     const {
-    auto container = std::make_shared<objectstore::PersistentContainer>(
-        "Demo", hearthmarkModel(), std::nullopt);
+    auto container =
+        std::make_shared<objectstore::PersistentContainer>("Demo", hearthmarkModel(), std::nullopt);
     container->loadPersistentStores();
     for (const DemoTask& task : demoTasks()) {
         insert(task, now_, container->viewContext());

@@ -8,14 +8,13 @@
 namespace hearthmark::store {
 
 const objectstore::EntityDescription& Interval::entity() {
-    static const auto kDescription =
-        objectstore::EntityDescription::of<Interval>("Interval")
-            .attribute<&Interval::id_>("id")
-            .attribute<&Interval::creationDate_>("creationDate")
-            .attribute<&Interval::duration_>("duration")
-            .attribute<&Interval::maxDuration_>("maxDuration")
-            .reference<&Interval::task_, &Task::intervals_>("task",
-                                                            objectstore::DeleteRule::cascade);
+    static const auto kDescription = objectstore::EntityDescription::of<Interval>("Interval")
+                                         .attribute<&Interval::id_>("id")
+                                         .attribute<&Interval::creationDate_>("creationDate")
+                                         .attribute<&Interval::duration_>("duration")
+                                         .attribute<&Interval::maxDuration_>("maxDuration")
+                                         .reference<&Interval::task_, &Task::intervals_>(
+                                             "task", objectstore::DeleteRule::cascade);
     return kDescription;
 }
 

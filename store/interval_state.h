@@ -19,8 +19,8 @@ class IntervalState {
     struct Paused {
         bool operator==(const Paused&) const = default;
     };
-    // Counting since `started`. `visited` is the last moment at which the program saw it run; it may
-    // lie before `started`, where it was resumed since.
+    // Counting since `started`. `visited` is the last moment at which the program saw it run; it
+    // may lie before `started`, where it was resumed since.
     struct Running {
         base::Date started;
         std::optional<base::Date> visited;

@@ -74,15 +74,15 @@ std::string encodeIntervalState(const IntervalState& state) {
     return Json{{name, std::move(fields)}}.dump();
 }
 
-IntervalState decodeIntervalState(std::string_view text) {
-    const Json json = Json::parse(text, nullptr, /*allow_exceptions=*/false);
-    if (json.is_discarded()) {
+IntervalState decodeIntervalState(std::string_view json) {
+    const Json top = Json::parse(json, nullptr, /*allow_exceptions=*/false);
+    if (top.is_discarded()) {
         throw DecodingError(DecodingError::Kind::dataCorrupted, "The text is not valid JSON.", {});
     }
-    requireObject(json, {});
+    requireObject(top, {});
     std::optional<std::string> name;
     for (const char* key : {kPaused, kRunning, kFinished}) {
-        if (!json.contains(key)) {
+        if (!top.contains(key)) {
             continue;
         }
         if (name) {
@@ -95,7 +95,7 @@ IntervalState decodeIntervalState(std::string_view text) {
         throw DecodingError(DecodingError::Kind::typeMismatch,
                             "Invalid number of keys found, expected one.", {});
     }
-    const Json& fields = json[*name];
+    const Json& fields = top[*name];
     requireObject(fields, {*name});
     if (*name == kRunning) {
         return decodeRunning(fields);

@@ -11,7 +11,8 @@ namespace hearthmark::store {
 
 // The order in which tasks, intervals and notes are shown: without a creation date first, then from
 // the newest to the oldest; of equals the one with the higher row key, the later made, comes first.
-// A strict weak order, so a rebuild never swaps two rows. Works on the entities with a creation date.
+// A strict weak order, so a rebuild never swaps two rows. Works on the entities with a creation
+// date.
 struct NewestFirst {
     template <class Entity>
     bool operator()(const Entity* a, const Entity* b) const {

@@ -7,7 +7,6 @@
 #include <cstdlib>
 #include <utility>
 
-#include "objectstore/store_error.h"
 #include "store/hearthmark_model.h"
 #include "store/unresolved_error.h"
 
@@ -27,7 +26,7 @@ std::filesystem::path pathFromEnvironment(const char* name) {
 }
 
 std::filesystem::path homeDirectory() {
-    const std::filesystem::path home = pathFromEnvironment("HOME");
+    std::filesystem::path home = pathFromEnvironment("HOME");
     if (!home.empty()) {
         return home;
     }
@@ -48,9 +47,13 @@ std::shared_ptr<objectstore::PersistentContainer> PersistentContainerFactory::ma
     try {
         container->loadPersistentStores();
     } catch (const objectstore::StoreError& error) {
-        fatal_(unresolvedError(kLoadLocation, error));
+        fatal_(unresolvedLoadError(error));
     }
     return container;
+}
+
+std::string unresolvedLoadError(const objectstore::StoreError& error) {
+    return unresolvedError(kLoadLocation, error);
 }
 
 std::filesystem::path storeDirectory() {

@@ -3,9 +3,11 @@
 
 #include <filesystem>
 #include <memory>
+#include <string>
 
 #include "base/fatal_error.h"
 #include "objectstore/persistent_container.h"
+#include "objectstore/store_error.h"
 
 namespace hearthmark::store {
 
@@ -29,6 +31,9 @@ class PersistentContainerFactory final : public PersistentContainerFactoryProtoc
     std::filesystem::path directory_;
     base::FatalErrorHandler fatal_;
 };
+
+// What is said before the program ends because its store cannot be loaded.
+std::string unresolvedLoadError(const objectstore::StoreError& error);
 
 // Where the store of the person who runs the program lives: "Hearthmark" in the data directory of
 // the XDG base directory standard, version 0.8.

@@ -4,10 +4,7 @@
 namespace hearthmark::store {
 
 RunningIntervals::RunningIntervals(objectstore::ManagedObjectContext& context)
-    : states_(context, [](const RawIntervalState& state) {
-          const auto meaning = state.intervalState();
-          return meaning && meaning->isRunning();
-      }) {}
+    : states_(context, [](const RawIntervalState& state) { return state.isRunning(); }) {}
 
 std::vector<std::shared_ptr<Interval>> RunningIntervals::intervals() const {
     std::vector<std::shared_ptr<Interval>> intervals;

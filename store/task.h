@@ -31,8 +31,8 @@ class Task final : public objectstore::ManagedObject,
     void setCreationDate(std::optional<base::Date> date) { assign(creationDate_, date); }
     void setName(std::optional<std::string> name) { assign(name_, std::move(name)); }
 
-    // An object has one task at most: adding takes it out of the one it was in. Removing one that is
-    // not in the set does nothing.
+    // An object has one task at most: adding takes it out of the one it was in. Removing one that
+    // is not in the set does nothing.
     void addIntervalsObject(Interval& interval);
     void removeIntervalsObject(Interval& interval);
     void addNotesObject(Note& note);

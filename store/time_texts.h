@@ -19,8 +19,8 @@ base::Seconds timeSpent(const Interval& interval, const base::Clock& clock);
 base::Seconds timeSpent(const Task& task, const base::Clock& clock);
 
 // Hours, minutes and seconds joined by ":", whole seconds rounded down. Leading zero units are
-// dropped, every unit after the first has two digits: 5, 1:05, 25:00, 1:00:05. Nothing spent reads 0.
-// Absent where the duration is negative, not finite, or 1e15 seconds and more.
+// dropped, every unit after the first has two digits: 5, 1:05, 25:00, 1:00:05. Nothing spent reads
+// 0. Absent where the duration is negative, not finite, or 1e15 seconds and more.
 std::optional<std::string> formattedDuration(base::Seconds duration);
 
 // The time spent on the interval, "/" and its maximum: 1:05/25:00. Without the maximum where that

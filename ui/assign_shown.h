@@ -17,8 +17,8 @@ void assignShown(Value& shown, Value&& next, int role, QList<int>& changedRoles)
     }
 }
 
-// Runs an action that may be absent. The handle is a copy, since the action may destroy the row that
-// carries it.
+// Runs an action that may be absent. The handle is a copy, since the action may destroy the row
+// that carries it.
 inline void run(livedata::Action action) {
     if (action) {
         (*action)();

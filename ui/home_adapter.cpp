@@ -41,8 +41,8 @@ void HomeAdapter::showSelectedTask() {
             &HomeAdapter::taskDetailChanged);
 }
 
-// The view is told while the old adapter still exists, so that no binding looks at one that is gone;
-// and the old one is deleted later, since the change may come from a call of its own.
+// The view is told while the old adapter still exists, so that no binding looks at one that is
+// gone; and the old one is deleted later, since the change may come from a call of its own.
 template <class Adapter>
 void HomeAdapter::replace(std::unique_ptr<Adapter>& adapter, std::unique_ptr<Adapter> next,
                           void (HomeAdapter::*changed)()) {

@@ -26,7 +26,8 @@ class HomeAdapter final : public QObject {
     QML_ELEMENT
     QML_UNCREATABLE("made by the home view factory")
     Q_PROPERTY(hearthmark::ui::TaskListAdapter* taskList READ taskList CONSTANT FINAL)
-    Q_PROPERTY(hearthmark::ui::TaskDetailAdapter* taskDetail READ taskDetail NOTIFY taskDetailChanged FINAL)
+    Q_PROPERTY(hearthmark::ui::TaskDetailAdapter* taskDetail READ taskDetail NOTIFY
+                   taskDetailChanged FINAL)
     Q_PROPERTY(hearthmark::ui::AddTaskAdapter* addTask READ addTask NOTIFY addTaskChanged FINAL)
 
  public:

@@ -14,8 +14,8 @@ namespace hearthmark::ui {
 //
 // Row must offer:
 //   Row::Key, hashable by Row::KeyHash, unique within one list, and `Key key() const`;
-//   `QList<int> assign(Row&& next)`, which takes over a row with the same key, always with its actions,
-//   and returns the roles whose shown value differs.
+//   `QList<int> assign(Row&& next)`, which takes over a row with the same key, always with its
+//   actions, and returns the roles whose shown value differs.
 template <class Row>
 class RowListModel : public QAbstractListModel {
  public:
@@ -79,9 +79,9 @@ class RowListModel : public QAbstractListModel {
     void place(std::size_t index, Row&& next) {
         const int row = static_cast<int>(index);
         const auto position = rows_.begin() + static_cast<std::ptrdiff_t>(index);
-        const auto found = std::find_if(position, rows_.end(), [key = next.key()](const Row& candidate) {
-            return candidate.key() == key;
-        });
+        const auto found = std::find_if(
+            position, rows_.end(),
+            [key = next.key()](const Row& candidate) { return candidate.key() == key; });
         if (found == rows_.end()) {
             beginInsertRows({}, row, row);
             rows_.insert(position, std::move(next));

@@ -23,12 +23,12 @@ std::vector<IntervalRow> intervalRows(const std::vector<Interval>& intervals) {
     rows.reserve(intervals.size());
     Ordinals ordinals;
     for (const Interval& interval : intervals) {
-        rows.push_back({.rowKey = {.id = interval.intervalId,
-                                   .ordinal = ordinals.next(interval.intervalId)},
-                        .timeSpent = toQString(interval.totalTimeSpent),
-                        .button = {},
-                        .onButtonTap = {},
-                        .onDelete = interval.onDeleteCommand});
+        rows.push_back(
+            {.rowKey = {.id = interval.intervalId, .ordinal = ordinals.next(interval.intervalId)},
+             .timeSpent = toQString(interval.totalTimeSpent),
+             .button = {},
+             .onButtonTap = {},
+             .onDelete = interval.onDeleteCommand});
     }
     return rows;
 }

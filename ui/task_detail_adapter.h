@@ -24,9 +24,10 @@ class TaskDetailAdapter final : public QObject {
     Q_PROPERTY(bool canStartFocus READ canStartFocus NOTIFY canStartFocusChanged FINAL)
     Q_PROPERTY(QString shortFocusText READ shortFocusText CONSTANT FINAL)
     Q_PROPERTY(QString longFocusText READ longFocusText CONSTANT FINAL)
-    Q_PROPERTY(hearthmark::ui::IntervalListModel* runningIntervals READ runningIntervals CONSTANT FINAL)
     Q_PROPERTY(
-        hearthmark::ui::IntervalListModel* nonRunningIntervals READ nonRunningIntervals CONSTANT FINAL)
+        hearthmark::ui::IntervalListModel* runningIntervals READ runningIntervals CONSTANT FINAL)
+    Q_PROPERTY(hearthmark::ui::IntervalListModel* nonRunningIntervals READ nonRunningIntervals
+                   CONSTANT FINAL)
 
  public:
     explicit TaskDetailAdapter(

@@ -34,9 +34,8 @@ void appendSection(std::vector<TaskListRow>& rows, Section section, const QStrin
 template <class Item>
 TaskListRow taskRow(const Item& item, Ordinals& ordinals) {
     TaskListRow row;
-    row.rowKey = {.kind = TaskListRow::Kind::task,
-                  .id = item.taskId,
-                  .ordinal = ordinals.next(item.taskId)};
+    row.rowKey = {
+        .kind = TaskListRow::Kind::task, .id = item.taskId, .ordinal = ordinals.next(item.taskId)};
     row.text = toQString(item.taskName);
     row.timeSpent = toQString(item.timeSpent);
     row.isSelected = item.isSelected;
@@ -49,12 +48,12 @@ std::shared_ptr<IntervalListModel> intervalList(
     std::vector<IntervalRow> rows;
     Ordinals ordinals;
     for (const TaskListViewState::RunningItemInterval& interval : intervals) {
-        rows.push_back({.rowKey = {.id = interval.intervalId,
-                                   .ordinal = ordinals.next(interval.intervalId)},
-                        .timeSpent = toQString(interval.timeSpent),
-                        .button = toQString(interval.button),
-                        .onButtonTap = interval.onButtonTap,
-                        .onDelete = interval.onDeleteCommand});
+        rows.push_back(
+            {.rowKey = {.id = interval.intervalId, .ordinal = ordinals.next(interval.intervalId)},
+             .timeSpent = toQString(interval.timeSpent),
+             .button = toQString(interval.button),
+             .onButtonTap = interval.onButtonTap,
+             .onDelete = interval.onDeleteCommand});
     }
     // Deleted later, since it may go while one of its own actions runs.
     std::shared_ptr<IntervalListModel> list(new IntervalListModel,

@@ -6,8 +6,8 @@
 
 namespace hearthmark::ui {
 
-// The one place where the core's UTF-8 becomes the toolkit's text and back. Bytes that are not valid
-// UTF-8 show as U+FFFD.
+// The one place where the core's UTF-8 becomes the toolkit's text and back. Bytes that are not
+// valid UTF-8 show as U+FFFD.
 inline QString toQString(const std::string& text) {
     return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
 }

@@ -1,0 +1,39 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "base/clock.h"
+#include "store/data_operations_service.h"
+#include "store/live_data.h"
+
+#include <benchmark/benchmark.h>
+
+#include <cstdint>
+#include <filesystem>
+#include <memory>
+
+namespace hearthmark::benchmarks {
+
+// The numbers of intervals at which everything is measured.
+constexpr std::int64_t kFewest = 1'000;
+constexpr std::int64_t kMost = 100'000;
+constexpr int kStep = 10;
+
+inline void atEachSize(benchmark::internal::Benchmark* benchmark) {
+    benchmark->RangeMultiplier(kStep)->Range(kFewest, kMost)->Unit(benchmark::kMicrosecond);
+}
+
+// The directory of a store of a believable shape with so many intervals, two of them running. Made
+// when first asked for; it goes when the process ends.
+std::filesystem::path sampleStore(std::int64_t intervals);
+
+// What the program holds of a store, without view models.
+struct OpenedStore {
+    explicit OpenedStore(const std::filesystem::path& directory);
+
+    std::shared_ptr<const base::Clock> clock = std::make_shared<base::SystemClock>();
+    std::shared_ptr<objectstore::PersistentContainer> container;
+    std::shared_ptr<const store::LiveDataProvidingFactory> liveDataFactory;
+    std::shared_ptr<store::DataOperationsService> service;
+};
+
+}  // namespace hearthmark::benchmarks

@@ -1,0 +1,52 @@
+// SPDX-License-Identifier: MIT
+#include <gtest/gtest.h>
+
+#include <array>
+#include <ctime>
+
+#include "base/clock.h"
+#include "base/text.h"
+#include "base/uuid.h"
+
+namespace hearthmark::base {
+
+using namespace std::string_view_literals;
+
+TEST(Trimmed, CutsUnicodeWhiteSpaceAtTheEndsAndKeepsEveryOtherByte) {
+    const auto rows = std::to_array<std::pair<std::string_view, std::string_view>>({
+        {" \t\r\n\v\f", ""},
+        {"  two  words\n", "two  words"},
+        {"\u00a0\u2003no-break and em\u3000\u0085", "no-break and em"},
+        {"\u00a0\u2028", ""},
+        // Neither a zero-width space nor a byte order mark is white space.
+        {" \u200btext\ufeff ", "\u200btext\ufeff"},
+        {" \0 "sv, "\0"sv},
+        // No UTF-8: a lone continuation, a cut sequence, what would be U+00A0 in Latin-1.
+        {" \x80 ", "\x80"},
+        {" \xe2\x80 ", "\xe2\x80"},
+        {"\xa0 a \xa0", "\xa0 a \xa0"},
+    });
+    for (const auto& [text, expected] : rows) {
+        EXPECT_EQ(trimmed(text), expected) << text;
+    }
+}
+
+TEST(Uuid, ReadsOneFormInEitherLetterCaseAndWritesUpperCase) {
+    constexpr auto kText = "00FF10AB-1234-4CDE-8F00-ABCDEF012345";
+    EXPECT_EQ(Uuid::fromText(kText).value().text(), kText);
+    EXPECT_EQ(Uuid::fromText("00ff10ab-1234-4cde-8f00-abcdef012345"), Uuid::fromText(kText));
+    for (const char* text :
+         {"", "00FF10AB12344CDE8F00ABCDEF012345", "{00FF10AB-1234-4CDE-8F00-ABCDEF012345}",
+          "0-FF10AB01234-4CDE-8F00-ABCDEF012345", "G0FF10AB-1234-4CDE-8F00-ABCDEF012345"}) {
+        EXPECT_FALSE(Uuid::fromText(text)) << text;
+    }
+    EXPECT_EQ(Uuid::random().text()[14], '4') << "the version";
+    EXPECT_NE(Uuid::random(), Uuid::random());
+}
+
+TEST(SystemClock, CountsFromTheFirstMomentOf2001InUtc) {
+    const auto unixTime = static_cast<double>(std::time(nullptr));
+    EXPECT_NEAR(SystemClock().now().sinceReferenceDate().count(), unixTime - 978307200, 5);
+}
+
+}  // namespace hearthmark::base

@@ -1,0 +1,224 @@
+# SPDX-License-Identifier: MIT
+"""Runs the real program on an X display and a session bus of its own, and drives it through the
+accessibility bus and the keyboard."""
+
+import os
+import shutil
+import signal
+import sqlite3
+import subprocess
+import tempfile
+import time
+
+EPOCH = 978307200  # 2001-01-01T00:00:00Z, from where the store counts
+
+
+def now():
+    return time.time() - EPOCH
+
+
+def wait_for(probe, what, seconds=10.0):
+    """The first true value of the probe; probes of a changing tree may fail on the way."""
+    from gi.repository import GLib
+
+    deadline = time.monotonic() + seconds
+    while True:
+        # What the accessibility library remembers of the tree is renewed by events.
+        while GLib.MainContext.default().pending():
+            GLib.MainContext.default().iteration(False)
+        try:
+            value = probe()
+        except Exception:  # a node that went away while it was being looked at
+            value = None
+        if value:
+            return value
+        if time.monotonic() > deadline:
+            raise AssertionError(f"waited {seconds} s in vain for {what}")
+        time.sleep(0.02)
+
+
+class Desktop:
+    """A display with a window manager, and a session bus. One for a test process, since the
+    accessibility library connects once."""
+
+    def __init__(self):
+        self.directory = tempfile.mkdtemp(prefix="hearthmark-desktop-")
+        os.chmod(self.directory, 0o700)
+        self.processes = []
+        reading, writing = os.pipe()
+        self._start(["Xvfb", "-displayfd", str(writing), "-screen", "0", "1200x800x24",
+                     "-nolisten", "tcp"], pass_fds=[writing])
+        os.close(writing)
+        os.environ["DISPLAY"] = ":" + os.read(reading, 16).decode().strip()
+        os.environ["XDG_RUNTIME_DIR"] = self.directory
+        os.environ["QT_LINUX_ACCESSIBILITY_ALWAYS_ON"] = "1"
+        os.environ.pop("WAYLAND_DISPLAY", None)
+        os.environ.pop("AT_SPI_BUS_ADDRESS", None)
+        bus = self._start(["dbus-daemon", "--session", "--nofork", "--print-address"],
+                          stdout=subprocess.PIPE)
+        os.environ["DBUS_SESSION_BUS_ADDRESS"] = bus.stdout.readline().decode().strip()
+        # Started before the program, which looks for it only once.
+        subprocess.run(["dbus-send", "--session", "--print-reply", "--dest=org.a11y.Bus",
+                        "/org/a11y/bus", "org.a11y.Bus.GetAddress"], check=True,
+                       stdout=subprocess.DEVNULL)
+        self._start(["openbox"])
+
+    def _start(self, command, **options):
+        options.setdefault("stdout", subprocess.DEVNULL)
+        process = subprocess.Popen(command, stderr=subprocess.DEVNULL, **options)
+        self.processes.append(process)
+        return process
+
+    def close(self):
+        for process in reversed(self.processes):
+            process.terminate()
+            process.wait()
+        shutil.rmtree(self.directory, ignore_errors=True)
+
+
+class Program:
+    """One run of the program on a data directory."""
+
+    def __init__(self, binary, data):
+        self.binary = binary
+        self.data = data
+        self.process = None
+
+    @property
+    def file(self):
+        return os.path.join(self.data, "Hearthmark", "Hearthmark.sqlite")
+
+    def environment(self, **changes):
+        return {**os.environ, "XDG_DATA_HOME": self.data, **changes}
+
+    def start(self, **environment):
+        self.process = subprocess.Popen([self.binary], env=self.environment(**environment),
+                                        stdin=subprocess.DEVNULL, stderr=subprocess.PIPE)
+        return self
+
+    def launch(self):
+        self.start()
+        self.tree()
+        return self
+
+    def end(self, number=signal.SIGTERM, seconds=10):
+        """Sends the signal and returns the exit status."""
+        if self.process is None:
+            return None
+        if self.process.poll() is None:
+            self.process.send_signal(number)
+        return self.finished(seconds)[0]
+
+    def finished(self, seconds=10):
+        """Waits for the end; the exit status and what was written to standard error."""
+        process, self.process = self.process, None
+        _, errors = process.communicate(timeout=seconds)
+        return process.returncode, errors.decode()
+
+    # The store, read by another program as anyone may.
+
+    def rows(self, query):
+        with sqlite3.connect(self.file) as database:
+            return database.execute(query).fetchall()
+
+    def plant(self, *statements):
+        with sqlite3.connect(self.file) as database:
+            for statement in statements:
+                database.execute(*statement if isinstance(statement, tuple) else (statement,))
+        database.close()
+
+    # The accessibility tree.
+
+    def tree(self):
+        import pyatspi  # connects at once, so not before there is a bus
+
+        def application():
+            for each in pyatspi.Registry.getDesktop(0):
+                if each and each.get_process_id() == self.process.pid and each.childCount:
+                    return each
+            return None
+        return wait_for(application, "the application on the accessibility bus")
+
+    def find_all(self, name=None, role=None, root=None):
+        """Every showing node, in the order of the tree."""
+        import pyatspi
+
+        found = []
+
+        def visit(node):
+            if node is None or not node.getState().contains(pyatspi.STATE_SHOWING):
+                return
+            if (name is None or node.name == name) and (role is None or node.getRoleName() == role):
+                found.append(node)
+            for child in node:
+                visit(child)
+        for window in root or self.tree():
+            visit(window)
+        return found
+
+    def find(self, name, role=None, seconds=10):
+        return wait_for(lambda: self.find_all(name, role), f"{role or 'node'} {name!r}", seconds)[0]
+
+    def press(self, name, role="push button"):
+        press(self.find(name, role))
+
+    def is_enabled(self, name):
+        import pyatspi
+
+        return self.find(name, "push button").getState().contains(pyatspi.STATE_ENABLED)
+
+    def listed(self):
+        """What the task list shows, top to bottom: (role, name, description)."""
+        rows = [node for node in self.find_all("Tasks", "list")[0]]
+        rows = [row for row in rows if row is not None]
+        rows.sort(key=lambda row: extents(row).y)
+        return [(row.getRoleName(), row.name, row.description) for row in rows]
+
+    def names(self):
+        return [name for _, name, _ in self.listed()]
+
+    def section_of(self, task):
+        """The header above the task's row."""
+        header = None
+        for role, name, _ in self.listed():
+            if role == "heading":
+                header = name
+            elif role == "list item" and name == task:
+                return header
+        return None
+
+    def add_task(self, name):
+        self.press("Add Task")
+        self.find("Task name")
+        type_text(name)
+        self.press("Save")
+        wait_for(lambda: name in self.names(), f"the row of {name!r}")
+
+
+def extents(node):
+    import pyatspi
+
+    return node.queryComponent().getExtents(pyatspi.DESKTOP_COORDS)
+
+
+def press(node):
+    action = node.queryAction()
+    names = [action.getName(index) for index in range(action.nActions)]
+    action.doAction(names.index("Press"))
+
+
+def click(node, button=1):
+    place = extents(node)
+    xdotool("mousemove", place.x + place.width // 3, place.y + 12, "click", button)
+
+
+def key(*names):
+    xdotool("key", "--clearmodifiers", *names)
+
+
+def type_text(text):
+    xdotool("type", "--delay", "5", "--", text)
+
+
+def xdotool(*arguments):
+    subprocess.run(["xdotool", *map(str, arguments)], check=True)

@@ -1,0 +1,277 @@
+# SPDX-License-Identifier: MIT
+"""What only shows in the real process: the window, the clock, signals, kills and restarts.
+
+Usage: test_program.py BINARY [SECONDS] [unittest arguments]; SECONDS is how long a running text is
+watched, 8 by default."""
+
+import hashlib
+import os
+import shutil
+import signal
+import subprocess
+import sys
+import tempfile
+import time
+import unittest
+import uuid
+
+sys.path.insert(0, os.path.dirname(os.path.abspath(__file__)))
+from driver import (Desktop, Program, click, extents, key, now, press, type_text,  # noqa: E402
+                    wait_for, xdotool)
+
+WATCHED_SECONDS = 8
+
+
+def new_id():
+    return str(uuid.uuid4()).upper()
+
+
+def setUpModule():
+    unittest.addModuleCleanup(Desktop().close)
+
+
+class ProgramTest(unittest.TestCase):
+    def setUp(self):
+        data = tempfile.mkdtemp(prefix="hearthmark-data-")
+        self.addCleanup(shutil.rmtree, data)
+        self.program = Program(BINARY, data)
+        self.addCleanup(lambda: self.program.process and self.program.end(signal.SIGKILL))
+
+    def make_store(self, *statements):
+        """A store that the program made, with rows of our own."""
+        self.program.launch().end()
+        self.program.plant(*statements)
+
+    def task_with_interval(self, state, duration=0.0, maximum=1800.0, started=None, visited=None,
+                           task=1):
+        return [("INSERT OR IGNORE INTO Task VALUES (1, ?, 0, 'Planted')", (new_id(),)),
+                ("INSERT INTO Interval VALUES (1, ?, 0, ?, ?, ?)",
+                 (new_id(), duration, maximum, task)),
+                ("INSERT INTO RawIntervalState VALUES (1, ?, ?, ?, 1)", (state, started, visited))]
+
+    def interval(self):
+        return self.program.rows("SELECT i.duration, r.state, r.started, r.visited FROM Interval i"
+                                 " JOIN RawIntervalState r ON r.interval = i.pk")[0]
+
+
+class Use(ProgramTest):
+    def test_a_task_is_added_focused_on_finished_and_deleted(self):
+        program = self.program.launch()
+        for text in ["Running", "Not running", "No tasks in progress.",
+                     "Add your first task by pressing the button below 👇",
+                     "Select or create a task to see more."]:
+            program.find(text)
+        program.add_task("Letters")
+        program.add_task("Report")
+        self.assertEqual(program.listed(), [
+            ("heading", "Running", ""), ("label", "No tasks in progress.", ""),
+            ("heading", "Not running", ""), ("list item", "Report", "0"),
+            ("list item", "Letters", "0")])
+
+        press(program.find("Report", "list item"))
+        for text in ["Start a focus", "Running interval(s)", "Other invervals"]:
+            program.find(text)
+        self.assertTrue(program.is_enabled("30:00") and program.is_enabled("1:00:00"))
+        program.press("30:00")
+        wait_for(lambda: program.section_of("Report") == "Running", "the row to move")
+        self.assertFalse(program.is_enabled("30:00") or program.is_enabled("1:00:00"))
+        press(program.find("Letters", "list item"))
+        wait_for(lambda: program.find_all("Letters", "heading"), "the other task's pane")
+        self.assertFalse(program.is_enabled("30:00") or program.is_enabled("1:00:00"))
+
+        self.watch_counting(program)
+
+        program.press("Finish")
+        wait_for(lambda: program.section_of("Report") == "Not running", "the row to go back")
+        self.assertTrue(program.is_enabled("30:00"))
+        click(program.find("Report", "list item"), button=3)
+        program.press("Delete", "menu item")
+        wait_for(lambda: program.section_of("Report") is None, "the row to go")
+        self.assertEqual(program.rows("SELECT name FROM Task"), [("Letters",)])
+        self.assertEqual(program.rows("SELECT count(*) FROM Interval"), [(0,)])
+
+    def watch_counting(self, program):
+        """The text must take every value in order, a second apart."""
+        row = program.find("Report", "list item")
+        first = int(row.description)
+        changes = []
+        while len(changes) <= WATCHED_SECONDS:
+            text = row.description
+            if not changes or text != changes[-1][1]:
+                changes.append((time.monotonic(), text))
+            time.sleep(0.005)
+        expected = [f"{s // 60}:{s % 60:02}" if s >= 60 else str(s)
+                    for s in range(first, first + len(changes))]
+        self.assertEqual([text for _, text in changes], expected)
+        gaps = [b[0] - a[0] for a, b in zip(changes[1:], changes[2:])]
+        self.assertTrue(all(0.8 <= gap <= 1.2 for gap in gaps), gaps)
+
+    def test_keyboard_alone(self):
+        program = self.program.launch()
+        key("ctrl+n")
+        program.find("Task name")
+        type_text("first line")
+        key("Escape")
+        wait_for(lambda: not program.find_all("Task name"), "the sheet to close")
+        for name in ["One", "Two"]:
+            key("ctrl+n")
+            program.find("Task name")
+            type_text("  " + name)
+            key("ctrl+Return")
+            program.find(name, "list item")
+        self.assertEqual(program.rows("SELECT name FROM Task"), [("One",), ("Two",)])
+        click(program.find("Two", "list item"))
+        program.find("Two", "heading")
+        key("Down", "Return")
+        program.find("One", "heading")
+        key("Delete")
+        wait_for(lambda: program.rows("SELECT name FROM Task") == [("Two",)], "the deletion")
+        wait_for(lambda: not program.find_all("One"), "the placeholder of a task that is gone")
+        self.assertFalse(program.is_enabled("30:00"))
+        key("ctrl+q")
+        self.assertEqual(program.finished()[0], 0)
+
+    def test_ticks_disturb_nothing(self):
+        """A menu, a scrolled list, a half typed text: all stay as they are while time goes on."""
+        self.make_store(
+            *[("INSERT INTO Task VALUES (?, ?, ?, ?)", (pk, new_id(), pk, f"Task {pk}"))
+              for pk in range(1, 61)],
+            ("INSERT INTO Interval VALUES (1, ?, 0, 0, 3600, 1)", (new_id(),)),
+            "INSERT INTO RawIntervalState VALUES (1, 0, NULL, NULL, 1)")
+        program = self.program.launch()
+        program.find("Task 60", "list item")
+        row = program.find("Task 58", "list item")
+        place = extents(row)
+        xdotool("mousemove", place.x + 40, place.y + 20, "click", "--repeat", 3, 5)
+        wait_for(lambda: "Task 60" not in program.names(), "the list to scroll")
+        click(program.find(program.names()[5], "list item"), button=3)
+        program.find("Delete", "menu item")
+        before = program.names()
+        time.sleep(3)
+        self.assertTrue(program.find_all("Delete", "menu item"))
+        self.assertEqual(program.names(), before)
+        key("Escape")
+        key("ctrl+n")
+        editor = program.find("Task name")
+        type_text("half")
+        time.sleep(3)
+        type_text(" typed")
+        text = editor.queryText()
+        wait_for(lambda: text.getText(0, -1) == "half typed", "the typed text")
+
+    def test_only_visible_rows_have_delegates(self):
+        self.make_store(
+            *[("INSERT INTO Task VALUES (?, ?, ?, ?)", (pk, new_id(), pk, f"Task {pk}"))
+              for pk in range(1, 10_001)],
+            *[("INSERT INTO Interval VALUES (?, ?, 0, 0, 3600, ?)", (pk, new_id(), pk))
+              for pk in (9_999, 10_000)],
+            *[f"INSERT INTO RawIntervalState VALUES ({pk}, 0, NULL, NULL, {pk})"
+              for pk in (9_999, 10_000)])
+        program = self.program.launch()
+        program.find("Task 10000", "list item")
+        before = program.find_all("Tasks", "list")[0].childCount
+        self.assertLess(before, 40)
+        time.sleep(2.5)
+        self.assertEqual(program.find_all("Tasks", "list")[0].childCount, before)
+        self.assertEqual(program.section_of("Task 10000"), "Running")
+
+
+class Restarts(ProgramTest):
+    def test_a_resumed_interval_finishes_at_its_maximum(self):
+        self.make_store(*self.task_with_interval(state=0, duration=1797.0))
+        program = self.program.launch()
+        self.assertEqual(self.interval()[1], 1)
+        wait_for(lambda: self.interval()[1] == 2, "the interval to finish", 5)
+        self.assertEqual(program.section_of("Planted"), "Not running")
+        self.assertTrue(1800 <= self.interval()[0] <= 1801.2, self.interval())
+
+    def test_every_normal_end_pauses_and_the_next_launch_resumes(self):
+        self.make_store(*self.task_with_interval(state=0, duration=100.0))
+        spent = 100.0
+        for number in (signal.SIGTERM, signal.SIGINT, signal.SIGHUP):
+            self.program.launch()
+            resumed = self.interval()[2]
+            self.assertEqual(self.interval()[1], 1)
+            time.sleep(1)
+            ended = now()
+            self.assertEqual(self.program.end(number), 0)
+            duration, state, started, _ = self.interval()
+            self.assertEqual((state, started), (0, None))
+            self.assertAlmostEqual(duration - spent, ended - resumed, delta=0.3)
+            spent = duration
+
+    def test_what_a_kill_leaves_running_counts_up_to_its_stamp(self):
+        # (visited after the start or never, without a task) -> (state, time spent)
+        for visited, task, expected in [(65.0, 1, (2, 70.0)), (None, 1, (2, 5.0)),
+                                        (-10.0, 1, (2, 5.0)), (65.0, None, (1, 5.0))]:
+            with self.subTest(visited=visited, task=task):
+                shutil.rmtree(os.path.dirname(self.program.file), ignore_errors=True)
+                self.make_store()
+                self.program.launch().end(signal.SIGKILL)
+                start = now() - 3600
+                stamp = None if visited is None else start + visited
+                self.program.plant(*self.task_with_interval(
+                    state=1, duration=5.0, maximum=7200.0, started=start, visited=stamp, task=task))
+                self.program.launch()
+                duration, state, _, _ = self.interval()
+                self.assertEqual(state, expected[0])
+                self.assertAlmostEqual(duration, expected[1], delta=0.001)
+                self.program.end()
+
+    def test_a_second_start_shows_the_window_of_the_first(self):
+        program = self.program.launch()
+        key("alt+F4")
+        wait_for(lambda: not program.find_all("Add Task"), "the window to hide")
+        self.assertIsNone(program.process.poll())
+        before = time.monotonic()
+        second = subprocess.run([BINARY], env=program.environment(), timeout=5, check=False)
+        self.assertEqual(second.returncode, 0)
+        self.assertLess(time.monotonic() - before, 1)
+        program.find("Add Task")
+        silent = subprocess.run(
+            [BINARY], env=program.environment(DBUS_SESSION_BUS_ADDRESS="disabled:"), timeout=5,
+            capture_output=True, text=True, check=False)
+        self.assertEqual((silent.returncode, silent.stderr), (1, "Hearthmark is already running.\n"))
+        program.end(signal.SIGKILL)
+        program.launch()
+
+
+class Refusals(ProgramTest):
+    def assert_refused(self, program, *words):
+        program.start()
+        status, errors = program.finished()
+        self.assertEqual(status, -signal.SIGABRT)
+        for word in ["Hearthmark/PersistentContainerFactory:20", "Unresolved error ", *words]:
+            self.assertIn(word, errors)
+
+    def test_a_file_that_cannot_be_trusted_is_left_alone(self):
+        def overwrite(offset, data):
+            with open(self.program.file, "r+b") as file:
+                file.seek(offset)
+                file.write(data)
+        cases = {
+            "garbage": lambda: overwrite(0, os.urandom(4096)),
+            "torn page": lambda: overwrite(8192, bytes(range(256)) * 8),
+            "another application": lambda: self.program.plant("PRAGMA application_id = 7"),
+            "newer": lambda: self.program.plant("PRAGMA user_version = 2"),
+        }
+        for name, damage in cases.items():
+            with self.subTest(name):
+                shutil.rmtree(os.path.dirname(self.program.file), ignore_errors=True)
+                self.make_store(*self.task_with_interval(state=2))
+                damage()
+                before = self.fingerprint()
+                self.assert_refused(self.program)
+                self.assertEqual(self.fingerprint(), before)
+
+    def fingerprint(self):
+        directory = os.path.dirname(self.program.file)
+        with open(self.program.file, "rb") as file:
+            return sorted(os.listdir(directory)), hashlib.sha256(file.read()).hexdigest()
+
+
+if __name__ == "__main__":
+    BINARY = os.path.abspath(sys.argv.pop(1))
+    if len(sys.argv) > 1 and sys.argv[1].isdigit():
+        WATCHED_SECONDS = int(sys.argv.pop(1))
+    unittest.main(verbosity=2)

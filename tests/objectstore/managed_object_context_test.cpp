@@ -1,0 +1,191 @@
+// SPDX-License-Identifier: MIT
+#include "objectstore/managed_object_context.h"
+
+#include <gtest/gtest.h>
+
+#include <array>
+#include <limits>
+
+#include "objectstore/store_error.h"
+#include "support/test_store.h"
+
+namespace hearthmark::objectstore {
+
+using namespace std::chrono_literals;
+using store::Interval;
+using store::IntervalState;
+using store::RawIntervalState;
+using store::Task;
+using tests::at;
+
+class ManagedObjectContextTest : public testing::Test {
+ protected:
+    // Saves and tells the initials of the entities that this published.
+    std::string save() {
+        std::string published;
+        const boost::signals2::scoped_connection connection =
+            store.context().connectObserver([&published](const SavedChanges& changes) {
+                published += changes.touches(Task::entity()) ? "T" : "";
+                published += changes.touches(Interval::entity()) ? "I" : "";
+                published += changes.touches(RawIntervalState::entity()) ? "R" : "";
+            });
+        store.context().save();
+        return published;
+    }
+
+    tests::TestStore store;
+    Task& task = store.addTask("a");
+};
+
+TEST_F(ManagedObjectContextTest, WritesOnlyTheColumnsThatDiffer) {
+    store.addInterval(task, IntervalState::paused());
+    store.reopen("UPDATE Interval SET duration = 'unreadable', creationDate = 'unreadable'");
+    auto& interval = store.first<Interval>();
+    interval.setMaxDuration(5s);
+    interval.setDuration(interval.duration());
+    store.context().save();
+    EXPECT_EQ(store.sql("SELECT duration, creationDate, maxDuration, task FROM Interval"),
+              "unreadable|unreadable|5.0|1");
+}
+
+TEST_F(ManagedObjectContextTest, PublishesAnEqualAssignmentWithoutWriting) {
+    store.sql("CREATE TRIGGER t BEFORE UPDATE ON Task BEGIN SELECT RAISE(ABORT, 'written'); END");
+    const auto before = store.context().objects<Task>();
+    task.setName("a");
+    EXPECT_EQ(save(), "T");
+    EXPECT_EQ(store.context().objects<Task>().begin(), before.begin()) << "one set, not rebuilt";
+    EXPECT_EQ(save(), "") << "nothing was touched";
+    task.setName("b");
+    EXPECT_THROW(save(), StoreError);
+}
+
+TEST_F(ManagedObjectContextTest, KeepsBothEndsOfARelationshipInStepAndPublishesBoth) {
+    Task& other = store.addTask("b");
+    Interval& interval = store.addInterval(task, IntervalState::paused());
+    const RawIntervalState* replaced = interval.rawState();
+    other.addIntervalsObject(interval);
+    task.removeIntervalsObject(interval);  // not in that set any more
+    EXPECT_TRUE(task.intervals().empty());
+    EXPECT_EQ(other.intervals(), std::vector{&interval});
+    EXPECT_EQ(save(), "TI");
+    const auto raw = RawIntervalState::create(IntervalState::finished(), store.context());
+    interval.setRawState(raw.get());
+    EXPECT_EQ(interval.rawState(), raw.get());
+    EXPECT_EQ(replaced->interval(), nullptr);
+    EXPECT_EQ(save(), "IR");
+    EXPECT_EQ(store.sql("SELECT task, r.pk, state FROM Interval, RawIntervalState r "
+                        "WHERE r.interval = Interval.pk"),
+              "2|2|2");
+}
+
+TEST_F(ManagedObjectContextTest, DeletesInCascadeAndLeavesWhatIsHeldReadable) {
+    const auto interval = std::static_pointer_cast<Interval>(
+        store.addInterval(task, IntervalState::paused(), 5s).shared_from_this());
+    const store::Intervals before = store.context().objects<Interval>();
+    Interval& other = store.addInterval(store.addTask("b"), IntervalState::paused());
+    const auto unsaved = store.context().insert<Interval>();
+    task.addIntervalsObject(*unsaved);
+    store.context().remove(task);
+    EXPECT_FALSE(interval->isManaged());
+    EXPECT_EQ(interval->duration(), base::Seconds(5s));
+    EXPECT_EQ(interval->task(), nullptr);
+    EXPECT_EQ(interval->rawState(), nullptr);
+    EXPECT_EQ(save(), "TIR");
+    EXPECT_TRUE(before.contains(*interval)) << "a set that somebody holds never changes";
+    EXPECT_EQ(store.context().objects<Interval>().size(), 1);
+    EXPECT_TRUE(store.context().objects<Interval>().contains(other));
+    EXPECT_EQ(store.sql("SELECT pk FROM Interval; SELECT pk FROM RawIntervalState"), "2 2");
+
+    interval->setDuration(7s);
+    interval->setTask(nullptr);
+    store.context().remove(*interval);
+    EXPECT_EQ(save(), "") << "changes of a deleted object reach no store";
+}
+
+TEST_F(ManagedObjectContextTest, MayEndBeforeTheHandlesOnItsObjects) {
+    const auto held = std::static_pointer_cast<Task>(task.shared_from_this());
+    const auto interval = std::static_pointer_cast<Interval>(
+        store.addInterval(task, IntervalState::paused()).shared_from_this());
+    const auto unsaved = store.context().insert<Interval>();
+    task.addIntervalsObject(*unsaved);
+    store.close();
+    EXPECT_EQ(held->name(), "a");
+    EXPECT_TRUE(held->intervals().empty());
+    EXPECT_EQ(interval->task(), nullptr);
+    EXPECT_EQ(unsaved->task(), nullptr);
+    held->setName("b");
+    held->addIntervalsObject(*interval);
+    EXPECT_TRUE(held->intervals().empty());
+}
+
+TEST_F(ManagedObjectContextTest, FindsAFreeKeyWhereTheLastOneIsTaken) {
+    store.reopen(
+        "UPDATE Task SET pk = 2; INSERT INTO Task (pk) VALUES (9223372036854775807), (-5)");
+    store.addTask("b");
+    store.addTask("c");
+    EXPECT_EQ(store.sql("SELECT pk, name FROM Task"),
+              "-5|NULL 1|b 2|a 3|c 9223372036854775807|NULL");
+    EXPECT_EQ(store.first<Task>().key(), -5);
+}
+
+TEST_F(ManagedObjectContextTest, LeavesNothingOfASaveThatFails) {
+    Interval& interval = store.addInterval(task, IntervalState::paused());
+    task.setName("b");
+    interval.setDuration(base::Seconds(std::numeric_limits<double>::quiet_NaN()));
+    try {
+        save();
+        FAIL() << "the column takes no NULL, which is what NaN becomes";
+    } catch (const StoreError& error) {
+        EXPECT_EQ(error.code(), 19);
+        EXPECT_EQ(error.statement(), R"(UPDATE "Interval" SET "duration" = ? WHERE pk = ?)");
+    }
+    EXPECT_EQ(store.sql("SELECT name FROM Task"), "a");
+}
+
+TEST_F(ManagedObjectContextTest, ReadsDamagedColumnsAsAbsentAndLeavesThemInTheFile) {
+    store.addInterval(task, IntervalState::running(at(5)));
+    struct Row {
+        const char* damage = nullptr;
+        std::optional<IntervalState> state;
+        double duration = 0;
+        bool hasTask = true;
+    };
+    const IntervalState running = IntervalState::running(at(5));
+    const auto rows = std::to_array<Row>({
+        {"UPDATE RawIntervalState SET visited = 9e999", running, 0, true},
+        {"UPDATE RawIntervalState SET visited = 'yesterday'", running, 0, true},
+        {"UPDATE RawIntervalState SET started = -9e999", {}, 0, true},
+        {"UPDATE RawIntervalState SET started = NULL", {}, 0, true},
+        {"UPDATE RawIntervalState SET started = 5, visited = NULL, state = 3", {}, 0, true},
+        // 1 in the lowest 16 bits.
+        {"UPDATE RawIntervalState SET state = 65537", {}, 0, true},
+        {"UPDATE RawIntervalState SET state = 'running'", {}, 0, true},
+        {"UPDATE RawIntervalState SET state = 1; UPDATE Interval SET duration = x'00'", running, 0,
+         true},
+        {"UPDATE Interval SET duration = 7, id = 'none', task = 99", running, 7, false},
+        {"UPDATE Interval SET task = 'first'", running, 7, false},
+        {"UPDATE RawIntervalState SET interval = 99", {}, 7, false},
+    });
+    for (const Row& row : rows) {
+        store.reopen(row.damage);
+        const auto& interval = store.first<Interval>();
+        EXPECT_EQ(interval.intervalState(), row.state) << row.damage;
+        EXPECT_EQ(interval.duration(), base::Seconds(row.duration)) << row.damage;
+        EXPECT_EQ(interval.task() != nullptr, row.hasTask) << row.damage;
+    }
+    store.first<Interval>().setMaxDuration(3s);
+    store.service->pauseRunningIntervals();
+    EXPECT_EQ(store.sql("SELECT task, maxDuration, id FROM Interval"), "first|3.0|none");
+}
+
+TEST_F(ManagedObjectContextTest, CopesWithTwoRawStatesOfOneInterval) {
+    store.addInterval(task, IntervalState::running(at(5)));
+    store.reopen("INSERT INTO RawIntervalState (state, interval) VALUES (2, 1)");
+    EXPECT_EQ(store.first<Interval>().intervalState(), IntervalState::finished());
+    EXPECT_EQ(store.first<RawIntervalState>().interval(), nullptr);
+    store.context().remove(store.first<Task>());
+    EXPECT_EQ(save(), "TIR");
+    EXPECT_EQ(store.sql("SELECT interval FROM RawIntervalState"), "NULL");
+}
+
+}  // namespace hearthmark::objectstore

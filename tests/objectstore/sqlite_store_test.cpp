@@ -1,0 +1,155 @@
+// SPDX-License-Identifier: MIT
+#include <gtest/gtest.h>
+
+#include <sys/stat.h>
+#include <array>
+
+#include <fstream>
+#include <iterator>
+#include <map>
+
+#include "objectstore/store_error.h"
+#include "support/test_store.h"
+
+namespace hearthmark::objectstore {
+
+namespace {
+
+namespace fs = std::filesystem;
+using store::Task;
+
+void write(const fs::path& file, std::uintmax_t offset, const std::string& bytes) {
+    std::fstream stream(file, std::ios::in | std::ios::out | std::ios::binary);
+    stream.seekp(static_cast<std::streamoff>(offset)) << bytes;
+}
+
+// Every file of a directory with its bytes.
+std::map<std::string, std::string> contents(const fs::path& directory) {
+    std::map<std::string, std::string> files;
+    for (const fs::directory_entry& entry : fs::directory_iterator(directory)) {
+        std::ifstream stream(entry.path(), std::ios::binary);
+        files[entry.path().filename()] = std::string(std::istreambuf_iterator(stream), {});
+    }
+    return files;
+}
+
+int errorOfOpening(const fs::path& directory) {
+    try {
+        tests::open(directory);
+    } catch (const StoreError& error) {
+        return error.code();
+    }
+    return 0;
+}
+
+// Copies the file of a store that is open, as a crash would leave it: what was saved last stands in
+// its log.
+void copyCrashed(const tests::TestStore& store, const fs::path& directory) {
+    fs::copy(store.file, directory);
+    fs::copy(store.file.string() + "-wal", directory);
+}
+
+}  // namespace
+
+TEST(SqliteStore, LeavesAFileThatItRefusesByteForByteAsItWas) {
+    struct Row {
+        const char* what;
+        std::function<void(const fs::path&)> damage;
+        int error;
+    };
+    const auto pragma = [](const char* text) {
+        return [text](const fs::path& file) { tests::sql(file, text); };
+    };
+    const auto rows = std::to_array<Row>({
+        {"garbage", [](const auto& file) { write(file, 0, "garbage"); }, 26},
+        {"another application", pragma("PRAGMA application_id = 77"), 26},
+        {"newer", pragma("PRAGMA user_version = 2"), 20},
+        {"unknown", pragma("PRAGMA user_version = 0"), 20},
+        {"cut", [](const auto& file) { fs::resize_file(file, fs::file_size(file) / 2); }, 11},
+        {"cut short", [](const auto& file) { fs::resize_file(file, 50); }, 26},
+        {"a zeroed page",
+         [](const auto& file) { write(file, fs::file_size(file) - 8192, std::string(4096, 0)); },
+         11},
+    });
+    for (const Row& row : rows) {
+        tests::TestStore store;
+        store.addTask(std::string(50000, 'x'));
+        store.close();
+        row.damage(store.file);
+        const auto before = contents(store.directory.path);
+        EXPECT_EQ(errorOfOpening(store.directory.path), row.error) << row.what;
+        EXPECT_TRUE(contents(store.directory.path) == before) << row.what;
+    }
+    const tests::TemporaryDirectory directory;
+    fs::create_directory(directory.path / "Hearthmark.sqlite");
+    EXPECT_NE(errorOfOpening(directory.path), 0);
+}
+
+TEST(SqliteStore, ReadsTheLogOfACrashAndLeavesItWhereItRefusesTheFile) {
+    tests::TestStore store;
+    store.addTask("kept");
+    const tests::TemporaryDirectory copy;
+    copyCrashed(store, copy.path);
+    EXPECT_EQ(tests::open(copy.path)->viewContext().objects<Task>().begin()->name(), "kept");
+
+    store.sql("PRAGMA user_version = 2");
+    const tests::TemporaryDirectory newer;
+    copyCrashed(store, newer.path);
+    const auto before = contents(newer.path);
+    EXPECT_EQ(errorOfOpening(newer.path), 20);
+    auto after = contents(newer.path);
+    after.erase("Hearthmark.sqlite-shm");  // SQLite's index of the log, made to read it
+    EXPECT_TRUE(after == before);
+}
+
+TEST(SqliteStore, NeverReplaysALogOverANewFile) {
+    tests::TestStore lost;
+    lost.addTask("lost");
+    const tests::TemporaryDirectory directory;
+    copyCrashed(lost, directory.path);
+    const std::string log = contents(directory.path).at("Hearthmark.sqlite-wal");
+    fs::resize_file(directory.path / "Hearthmark.sqlite", 0);
+    EXPECT_TRUE(tests::open(directory.path)->viewContext().objects<Task>().empty());
+    EXPECT_TRUE(contents(directory.path).at("Hearthmark.sqlite-wal.orphaned") == log);
+}
+
+TEST(SqliteStore, ShowsItsFilesToTheirOwnerOnly) {
+    const mode_t mask = ::umask(0);
+    const tests::TemporaryDirectory directory;
+    const fs::path inner = directory.path / "a" / "b";
+    const auto container = tests::open(inner);
+    container->viewContext().insert<Task>();
+    container->viewContext().save();
+    ::umask(mask);
+    for (const auto& entry : fs::recursive_directory_iterator(directory.path)) {
+        EXPECT_EQ(entry.status().permissions(), fs::perms(entry.is_directory() ? 0700 : 0600));
+    }
+    EXPECT_EQ(contents(inner).size(), 3) << "the file, its log and the log's index";
+    EXPECT_EQ(tests::sql(inner / "Hearthmark.sqlite", "PRAGMA journal_mode"), "wal");
+}
+
+TEST(SqliteStore, ReopensWithExactlyWhatWasSaved) {
+    const tests::TemporaryDirectory directory;
+    const fs::path inner = directory.path / "a ?mode=memory#%41'\"";
+    const auto names = std::to_array<std::string>(
+        {std::string("\0a\0", 3), "\xff\xc3(", "", std::string(1000000, 'x')});
+    const base::Date date = tests::at(784111777.1234567);
+    auto container = tests::open(inner);
+    for (const std::string& name : names) {
+        const auto task = container->viewContext().insert<Task>();
+        task->setName(name);
+        task->setCreationDate(date);
+    }
+    container->viewContext().save();
+    container.reset();
+    EXPECT_TRUE(fs::exists(inner / "Hearthmark.sqlite"));
+    container = tests::open(inner);
+    std::size_t i = 0;
+    for (const Task& task : container->viewContext().objects<Task>()) {
+        EXPECT_TRUE(task.name() == names[i++]) << i;
+        EXPECT_EQ(task.creationDate(), date);
+    }
+    EXPECT_EQ(i, std::size(names));
+}
+
+}  // namespace hearthmark::objectstore

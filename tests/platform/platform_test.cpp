@@ -1,0 +1,97 @@
+// SPDX-License-Identifier: MIT
+#include <gtest/gtest.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <QCoreApplication>
+#include <QElapsedTimer>
+#include <QEventLoop>
+#include <chrono>
+#include <csignal>
+#include <filesystem>
+#include <memory>
+#include <optional>
+
+#include "platform/instance_lock.h"
+#include "platform/time_keeping_provider.h"
+#include "support/test_store.h"
+
+namespace hearthmark::platform {
+namespace {
+
+using namespace std::chrono_literals;
+
+class TimeKeepingProviderTest : public testing::Test {
+ protected:
+    int argc_ = 0;
+    QCoreApplication application_{argc_, nullptr};
+    TimeKeepingProvider provider_;
+    QEventLoop loop_;
+};
+
+TEST_F(TimeKeepingProviderTest, FiresFirstAfterOneIntervalAndThenAtEach) {
+    QElapsedTimer elapsed;
+    std::vector<qint64> firings;
+    elapsed.start();
+    // The handle is dropped at once: the timer goes on.
+    provider_.makeTimer(20ms, services::Repeats::yes, [&] {
+        firings.push_back(elapsed.elapsed());
+        if (firings.size() == 3) {
+            loop_.quit();
+        }
+    });
+    EXPECT_TRUE(firings.empty());
+    loop_.exec();
+    EXPECT_GE(firings[0], 19);
+    EXPECT_GE(firings[2], 59);
+}
+
+TEST_F(TimeKeepingProviderTest, StopsForGoodAlsoFromItsOwnAction) {
+    int stopped = 0;
+    int once = 0;
+    std::shared_ptr<services::TimeKeeping> timer;
+    timer = provider_.makeTimer(1ms, services::Repeats::yes, [&] {
+        ++stopped;
+        timer->invalidate();
+        timer->invalidate();
+    });
+    const auto single = provider_.makeTimer(1ms, services::Repeats::no, [&] { ++once; });
+    provider_.makeTimer(50ms, services::Repeats::no, [this] { loop_.quit(); });
+    loop_.exec();
+    EXPECT_EQ(stopped, 1);
+    EXPECT_EQ(once, 1);
+}
+
+TEST(InstanceLock, IsHeldByOneAndFreedByItsEnd) {
+    const tests::TemporaryDirectory directory;
+    const std::filesystem::path store = directory.path / "new" / "Hearthmark";
+    {
+        const InstanceLock first(store);
+        EXPECT_EQ(first.state(), InstanceLock::State::held);
+        EXPECT_EQ(InstanceLock(store).state(), InstanceLock::State::heldByAnother);
+        EXPECT_EQ(std::filesystem::status(store).permissions(), std::filesystem::perms::owner_all);
+    }
+    int ready[2];
+    ASSERT_EQ(::pipe(ready), 0);
+    const pid_t child = ::fork();
+    if (child == 0) {
+        const InstanceLock held(store);
+        (void)::write(ready[1], "x", 1);
+        ::pause();
+    }
+    char byte = 0;
+    ASSERT_EQ(::read(ready[0], &byte, 1), 1);
+    EXPECT_EQ(InstanceLock(store).state(), InstanceLock::State::heldByAnother);
+    ::kill(child, SIGKILL);
+    ::waitpid(child, nullptr, 0);
+    EXPECT_EQ(InstanceLock(store).state(), InstanceLock::State::held);
+}
+
+TEST(InstanceLock, TellsWhyItFailed) {
+    const InstanceLock lock("/dev/null/Hearthmark");
+    EXPECT_EQ(lock.state(), InstanceLock::State::failed);
+    EXPECT_EQ(lock.error(), std::errc::not_a_directory);
+}
+
+}  // namespace
+}  // namespace hearthmark::platform

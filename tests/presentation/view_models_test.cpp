@@ -1,0 +1,234 @@
+// SPDX-License-Identifier: MIT
+#include <gtest/gtest.h>
+
+#include "presentation/view_model_factories.h"
+#include "support/test_store.h"
+
+namespace hearthmark::presentation {
+
+using namespace std::chrono_literals;
+using store::IntervalState;
+using store::Task;
+using tests::at;
+
+class ViewModelTest : public testing::Test {
+ protected:
+    auto makeList() {
+        auto model =
+            TaskListVMFactory(store.service, store.liveData, timers, store.clock, selection)
+                .makeViewModel();
+        EXPECT_FALSE(model->viewState().value());
+        model->startObserving();
+        return model;
+    }
+    auto makeDetail(const Task& shown) {
+        auto model =
+            TaskDetailVMFactory(store.service, store.liveData, *shown.id(), timers, store.clock)
+                .makeViewModel();
+        EXPECT_FALSE(model->viewState().value());
+        model->startObserving();
+        return model;
+    }
+
+    // As text: "*" marks the selected task, "|" parts the running from the others.
+    static std::string text(TaskListViewModelProtocol& model) {
+        std::string text;
+        const auto row = [&text](const auto& item) {
+            text += (item.isSelected ? "*" : "") + item.taskName + ' ' + item.timeSpent + ' ';
+        };
+        for (const auto& item : model.viewState().value().value().runningItems) {
+            row(item);
+            for (const auto& interval : item.intervalViewStates) {
+                text += '(' + interval.timeSpent + ' ' + interval.button + ") ";
+            }
+        }
+        text += "|";
+        for (const auto& item : model.viewState().value().value().nonRunningItems) {
+            text += ' ';
+            row(item);
+            text += item.button;
+        }
+        return text;
+    }
+    // "+" says that a focus may start, "|" parts the running from the others.
+    static std::string text(TaskDetailViewModelProtocol& model) {
+        const TaskDetailViewState::View& view = model.viewState().value().value();
+        std::string text =
+            (view.canStartFocus ? "+" : "") + view.taskName + ' ' + view.totalTimeSpent;
+        for (const auto& row : view.runningIntervals) {
+            text += ' ' + row.totalTimeSpent;
+        }
+        text += " |";
+        for (const auto& row : view.nonRunningIntervals) {
+            text += ' ' + row.totalTimeSpent;
+        }
+        return text;
+    }
+    // Kept during the call, as the adapter does: an action may replace the state that holds it.
+    static void call(livedata::Action action) { (*std::exchange(action, nullptr))(); }
+
+    tests::TestStore store;
+    std::shared_ptr<tests::FakeTimeKeepingProvider> timers =
+        std::make_shared<tests::FakeTimeKeepingProvider>();
+    std::shared_ptr<SelectedTaskId> selection = std::make_shared<SelectedTaskId>(std::nullopt);
+};
+
+TEST_F(ViewModelTest, TheListShowsRunningTasksApartNewestFirstWithTheirTimes) {
+    const auto model = makeList();
+    EXPECT_EQ(text(*model), "|") << "a state, if an empty one";
+    Task& older = store.addTask("older", at(1));
+    store.addInterval(older, IntervalState::running(at(940)), 5s, 1500s, at(10));
+    store.addInterval(older, IntervalState::running(at(2000)), 7s, 0s, at(20));
+    store.addInterval(older, IntervalState::finished(), 3600s);
+    store.addInterval(store.addTask("newer", at(2)), IntervalState::running(at(999)));
+    Task& idle = store.addTask("idle", at(2));
+    store.addInterval(idle, IntervalState::paused(), 10s);
+    store.addInterval(idle, IntervalState::finished(), 50s);
+    store.addTask("", at(3));
+    Task& damaged = store.addTask("damaged", at(1));
+    damaged.setName(std::nullopt);
+    store.addInterval(damaged, IntervalState::finished(), -10s);
+    store.addTask("without id").setId(std::nullopt);
+    store.context().save();
+    EXPECT_EQ(text(*model),
+              "newer 1 (1/30:00 Finish) older 1:01:12 (7/0 Finish) (1:05/25:00 Finish) |"
+              "  0 Finish idle 1:00 Finish - - Finish");
+}
+
+TEST_F(ViewModelTest, TheListRefreshesOnceASecondWhileSomethingRuns) {
+    Task& task = store.addTask("a");
+    auto model = makeList();
+    EXPECT_TRUE(timers->timers.empty());
+    store.addInterval(task, IntervalState::running(at(1000)));
+    store.addInterval(task, IntervalState::running(at(1000)));
+    ASSERT_EQ(timers->timers.size(), 1) << "a timer that runs is left alone";
+    EXPECT_EQ(timers->timers[0]->interval, base::Seconds(1s));
+    store.clock->time = at(1061);
+    timers->fire();
+    EXPECT_EQ(text(*model), "a 2:02 (1:01/30:00 Finish) (1:01/30:00 Finish) |");
+    const auto finish = [&model] {
+        call(model->viewState().value()->runningItems[0].intervalViewStates[0].onButtonTap);
+    };
+    finish();
+    EXPECT_EQ(timers->validTimers(), 1);
+    finish();
+    EXPECT_EQ(timers->validTimers(), 0);
+    EXPECT_EQ(text(*model), "| a 2:02 Finish");
+
+    store.addInterval(task, IntervalState::running(at(1000)));
+    EXPECT_EQ(timers->validTimers(), 1);
+    const auto item = model->viewState().value()->runningItems[0];
+    model.reset();
+    EXPECT_EQ(timers->validTimers(), 0) << "it goes with the model";
+    timers->timers.back()->action();
+    call(item.intervalViewStates[0].onDeleteCommand);
+    call(item.onItemTapped);
+    EXPECT_EQ(store.context().objects<Task>().size(), 1) << "nor does an action do anything";
+    EXPECT_EQ(selection->value(), std::nullopt);
+}
+
+TEST_F(ViewModelTest, TheListSelectsTheTappedRowAndDeletesItsTask) {
+    store.addTask("a", at(2));
+    store.addInterval(store.addTask("b", at(1)), IntervalState::running(at(1000)));
+    const auto model = makeList();
+    const auto publisher = std::make_shared<SelectedTaskIdPublisher>(*selection);
+    const auto home = HomeVMFactory(store.service, publisher).makeViewModel();
+    EXPECT_EQ(home->selectedTaskId().value(), std::nullopt);
+    const auto& view = model->viewState().value();
+    call(view->nonRunningItems[0].onItemTapped);
+    EXPECT_EQ(text(*model), "b 0 (0/30:00 Finish) | *a 0 Finish");
+    call(view->runningItems[0].onItemTapped);
+    EXPECT_EQ(text(*model), "*b 0 (0/30:00 Finish) | a 0 Finish");
+    const base::Uuid selected = view->runningItems[0].taskId;
+    EXPECT_EQ(home->selectedTaskId().value(), selected);
+
+    call(view->runningItems[0].intervalViewStates[0].onDeleteCommand);
+    EXPECT_EQ(text(*model), "| a 0 Finish");
+    EXPECT_EQ(home->selectedTaskId().value(), selected) << "the selection outlives its task";
+    call(view->nonRunningItems[0].onDeleteCommand);
+    EXPECT_EQ(text(*model), "|");
+}
+
+TEST_F(ViewModelTest, TheDetailShowsRunningIntervalsApartNewestFirst) {
+    Task& task = store.addTask("a");
+    store.addInterval(task, IntervalState::paused(), 1s, 60s, at(1));
+    store.addInterval(task, IntervalState::running(at(990)), 2s, 60s, at(2));
+    store.addInterval(task, IntervalState::finished(), 3s, 60s, at(3));
+    store.addInterval(task, IntervalState::running(at(2000)), 4s, 60s, at(4));
+    store.addInterval(task, IntervalState::finished(), -1s, 60s, at(5));
+    store.addInterval(task, IntervalState::paused(), 100s).rawState()->setState(std::int16_t{9});
+    store.addInterval(task, IntervalState::paused(), 1000s).setId(std::nullopt);
+    store.context().save();
+    const auto model = makeDetail(task);
+    EXPECT_EQ(text(*model), "a 18:39 4/1:00 12/1:00 | - 3/1:00 1/1:00");
+    store.clock->time = at(1001);
+    timers->fire();
+    EXPECT_EQ(text(*model), "a 18:40 4/1:00 13/1:00 | - 3/1:00 1/1:00");
+}
+
+TEST_F(ViewModelTest, TheDetailStartsAFocusReadingTheClockTwice) {
+    for (const char* expected :
+         {"1000.0|1001.0|NULL|0.0|1800.0", "1000.0|1001.0|NULL|0.0|3600.0"}) {
+        Task& task = store.addTask("a");
+        const auto model = makeDetail(task);
+        const auto view = *model->viewState().value();
+        store.clock->time = at(1000);
+        store.clock->step = 1s;
+        call(std::string_view(expected).ends_with("1800.0") ? view.onStartShortFocusTap
+                                                            : view.onStartLongFocusTap);
+        EXPECT_EQ(store.sql("SELECT creationDate, started, visited, duration, maxDuration FROM "
+                            "Interval i JOIN RawIntervalState r ON r.interval = i.pk "
+                            "WHERE task = " +
+                            std::to_string(task.key())),
+                  expected);
+    }
+}
+
+TEST_F(ViewModelTest, TheDetailAllowsOneFocusAcrossAllTasks) {
+    Task& task = store.addTask("a");
+    Task& other = store.addTask("b");
+    const auto model = makeDetail(task);
+    const auto otherModel = makeDetail(other);
+    call(otherModel->viewState().value()->onStartShortFocusTap);
+    EXPECT_EQ(text(*model), "a 0 |");
+    EXPECT_EQ(text(*otherModel), "b 0 0/30:00 |");
+    EXPECT_EQ(timers->validTimers(), 2) << "each model has a timer of its own";
+    store.service->finishInterval(*other.intervals()[0]->id(), *other.id());
+    EXPECT_EQ(text(*model), "+a 0 |");
+    EXPECT_EQ(timers->validTimers(), 0);
+}
+
+TEST_F(ViewModelTest, TheDetailDeletesOnlyTheIntervalOfARow) {
+    Task& task = store.addTask("a");
+    store.addInterval(task, IntervalState::running(at(1000)), 1s);
+    store.addInterval(task, IntervalState::finished(), 2s);
+    auto model = makeDetail(task);
+    call(model->viewState().value()->nonRunningIntervals[0].onDeleteCommand);
+    EXPECT_EQ(text(*model), "a 1 1/30:00 |");
+    const auto action = model->viewState().value()->runningIntervals[0].onDeleteCommand;
+    call(action);
+    EXPECT_EQ(text(*model), "+a 0 |");
+    EXPECT_EQ(timers->validTimers(), 1) << "what was taken out goes on running";
+    model.reset();
+    EXPECT_EQ(timers->validTimers(), 0);
+    timers->timers[0]->action();
+    call(action);
+}
+
+TEST_F(ViewModelTest, TheDetailShowsAPlaceholderOnceItsTaskIsGone) {
+    Task& task = store.addTask("a");
+    const auto model = makeDetail(task);
+    store.service->deleteTask(*task.id());
+    EXPECT_EQ(text(*model), "- - |");
+    call(model->viewState().value()->onStartShortFocusTap);
+    EXPECT_TRUE(store.context().objects<store::Interval>().empty());
+}
+
+TEST_F(ViewModelTest, AddTaskStoresTheNameTrimmedAndAnEmptyOneAsItIs) {
+    const auto model = AddTaskVMFactory(store.service).makeViewModel();
+    model->addTask(" \n two words\u00a0\r\n");
+    model->addTask("   ");
+    EXPECT_EQ(store.sql("SELECT quote(name) FROM Task"), "'two words' ''");
+}
+
+}  // namespace hearthmark::presentation

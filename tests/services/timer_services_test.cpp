@@ -1,0 +1,39 @@
+// SPDX-License-Identifier: MIT
+#include <gtest/gtest.h>
+
+#include "services/interval_time_keeper_service.h"
+#include "services/running_interval_visiting_service.h"
+#include "support/test_store.h"
+
+namespace hearthmark::services {
+
+using namespace std::chrono_literals;
+using tests::at;
+
+TEST(TimerServices, FinishOnceASecondAndStampOnceAMinuteWhileTheyLive) {
+    tests::TestStore store;
+    const auto timers = std::make_shared<tests::FakeTimeKeepingProvider>();
+    const store::Interval& interval =
+        store.addInterval(store.addTask("a"), store::IntervalState::running(at(900)), 0s, 200s);
+    const auto keeper = std::make_shared<IntervalTimeKeeperService>(store.service, timers);
+    auto visitor =
+        std::make_shared<RunningIntervalVisitingService>(store.service, timers, store.clock);
+    EXPECT_TRUE(timers->timers.empty());
+    keeper->start();
+    visitor->start();
+    EXPECT_EQ(timers->timers.at(0)->interval, base::Seconds(1s));
+    EXPECT_EQ(timers->timers.at(1)->interval, base::Seconds(60s));
+    timers->fire();
+    EXPECT_EQ(interval.intervalState(), store::IntervalState::running(at(900), at(1000)));
+
+    visitor.reset();
+    store.clock->time = at(1060);
+    timers->fire();
+    EXPECT_EQ(timers->validTimers(), 2) << "a timer outlives its service, and does nothing";
+    EXPECT_EQ(interval.rawState()->visited(), at(1000));
+    store.clock->time = at(1100);
+    timers->fire();
+    EXPECT_EQ(interval.intervalState(), store::IntervalState::finished());
+}
+
+}  // namespace hearthmark::services

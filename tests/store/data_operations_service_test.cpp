@@ -1,0 +1,193 @@
+// SPDX-License-Identifier: MIT
+#include "store/data_operations_service.h"
+
+#include <gtest/gtest.h>
+
+#include <array>
+#include <limits>
+
+#include "support/test_store.h"
+
+namespace hearthmark::store {
+
+using namespace std::chrono_literals;
+using tests::at;
+
+class DataOperationsServiceTest : public testing::Test {
+ protected:
+    // Counts the saves that touch anything from here on.
+    void countSaves() {
+        connection = store.context().connectObserver([this](const auto&) { ++saves; });
+    }
+    Interval& addIntervalWithoutTask(base::Date started, std::optional<base::Date> visited = {}) {
+        Interval& interval =
+            store.addInterval(task, IntervalState::running(started, visited), 0s, 5s);
+        store.service->deleteInterval(*interval.id(), *task.id());
+        return interval;
+    }
+    // State, start, stamp and duration of each interval.
+    std::string states() const {
+        return store.sql(
+            "SELECT state, started, visited, duration FROM Interval JOIN RawIntervalState r "
+            "ON r.interval = Interval.pk ORDER BY Interval.pk");
+    }
+
+    tests::TestStore store;
+    Task& task = store.addTask("first");
+    const base::Uuid id = base::Uuid::random();
+    int saves = 0;
+    boost::signals2::scoped_connection connection;
+};
+
+TEST_F(DataOperationsServiceTest, CreatesAndDeletesATaskWithAllThatBelongsToIt) {
+    store.service->createTask("second");
+    EXPECT_EQ(store.sql("SELECT pk, name, creationDate, length(id) FROM Task"),
+              "1|first|100.0|36 2|second|1000.0|36");
+    store.addInterval(task, IntervalState::finished());
+    store.service->addNote({at(5), id, "text"}, *task.id());
+    EXPECT_EQ(store.sql("SELECT text, creationDate, task FROM Note"), "text|5.0|1");
+    store.service->deleteTask(*task.id());
+    EXPECT_EQ(store.sql("SELECT pk FROM Task; SELECT pk FROM Interval; SELECT pk FROM Note; "
+                        "SELECT pk FROM RawIntervalState"),
+              "2");
+}
+
+TEST_F(DataOperationsServiceTest, FinishesOneOfTwoIntervalsThatRunSideBySide) {
+    store.service->addInterval({at(990), 0s, id, 1800s, IntervalState::running(at(991))},
+                               *task.id());
+    store.addInterval(task, IntervalState::running(at(993)));
+    store.service->finishInterval(id, *task.id());
+    EXPECT_EQ(states(), "2|NULL|NULL|9.0 1|993.0|NULL|0.0");
+    EXPECT_EQ(store.sql("SELECT creationDate, maxDuration, task, id FROM Interval WHERE pk = 1"),
+              "990.0|1800.0|1|" + id.text());
+}
+
+TEST_F(DataOperationsServiceTest, LeavesWhatItTakesOutOfATaskInTheStore) {
+    addIntervalWithoutTask(at(900));
+    store.service->addNote({at(5), id, "text"}, *task.id());
+    store.service->deleteNote(id, *task.id());
+    EXPECT_TRUE(task.intervals().empty() && task.notes().empty());
+    EXPECT_EQ(store.sql("SELECT task FROM Interval; SELECT text, task FROM Note"),
+              "NULL text|NULL");
+    EXPECT_EQ(states(), "1|900.0|NULL|0.0");
+}
+
+TEST_F(DataOperationsServiceTest, TouchesNothingForAnIdThatMatchesNothing) {
+    const base::Uuid other = *store.addTask("other").id();
+    const base::Uuid interval = *store.addInterval(task, IntervalState::running(at(900))).id();
+    store.service->addNote({at(5), id, "text"}, *task.id());
+    countSaves();
+    const base::Uuid unknown = base::Uuid::random();
+    store.service->deleteTask(unknown);
+    store.service->addInterval({at(1), 0s, unknown, 5s, IntervalState::paused()}, unknown);
+    store.service->finishInterval(interval, other);
+    store.service->finishInterval(interval, unknown);
+    store.service->deleteInterval(interval, other);
+    store.service->addNote({at(1), unknown, "text"}, unknown);
+    store.service->deleteNote(id, other);
+    store.context().save();
+    EXPECT_EQ(saves, 0);
+}
+
+TEST_F(DataOperationsServiceTest, FinishesAllThatIsDueWithOneReadingAndOneSave) {
+    struct Row {
+        IntervalState state;
+        base::Seconds duration;
+        base::Seconds maxDuration;
+        base::Seconds expected;
+        bool isFinished;
+    };
+    const auto rows = std::to_array<Row>({
+        {IntervalState::running(at(-200)), 300s, 1500s, 1500s, true},
+        {IntervalState::running(at(-200.5)), 300s, 1500s, 1500.5s, true},
+        {IntervalState::running(at(-199.5)), 300s, 1500s, 300s, false},
+        {IntervalState::running(at(-1e6)), 300s, 0s, 300s, false},
+        {IntervalState::running(at(2000)), 10s, 20s, 10s, false},
+        {IntervalState::running(at(2000)), 20s, 20s, 20s, true},
+        // A stamp plays no part.
+        {IntervalState::running(at(900), at(5000)), 0s, 200s, 0s, false},
+        {IntervalState::paused(), 1500s, 1500s, 1500s, false},
+    });
+    std::vector<Interval*> intervals;
+    for (const Row& row : rows) {
+        intervals.push_back(&store.addInterval(task, row.state, row.duration, row.maxDuration));
+    }
+    const Interval& withoutTask = addIntervalWithoutTask(at(0));
+    countSaves();
+    store.clock->step = 500s;
+    store.service->finishDueIntervals();
+    EXPECT_EQ(saves, 1);
+    for (std::size_t i = 0; i < std::size(rows); ++i) {
+        EXPECT_EQ(intervals[i]->duration(), rows[i].expected) << i;
+        EXPECT_EQ(intervals[i]->intervalState(),
+                  rows[i].isFinished ? IntervalState::finished() : rows[i].state)
+            << i;
+    }
+    EXPECT_EQ(withoutTask.intervalState(), IntervalState::finished());
+    store.clock->time = at(1000);
+    store.service->finishDueIntervals();
+    EXPECT_EQ(saves, 1) << "nothing was due";
+}
+
+TEST_F(DataOperationsServiceTest, FindsWhatRunsWhileASaveIsStillBeingTold) {
+    store.addInterval(task, IntervalState::running(at(0)), 0s, 5s);
+    connection = store.context().connectObserver([this](const auto&) {
+        if (++saves == 1) {
+            store.service->finishDueIntervals();
+        }
+    });
+    store.addInterval(task, IntervalState::running(at(0)), 0s, 6s);
+    EXPECT_EQ(saves, 2);
+    EXPECT_EQ(states(), "2|NULL|NULL|1000.0 2|NULL|NULL|1000.0");
+}
+
+TEST_F(DataOperationsServiceTest, StampsWhatRunsAndNothingElse) {
+    store.addInterval(task, IntervalState::running(at(900), at(910)));
+    store.addInterval(task, IntervalState::paused());
+    addIntervalWithoutTask(at(800));
+    store.service->markRunningIntervalsVisited(at(950));
+    EXPECT_EQ(states(), "1|900.0|950.0|0.0 0|NULL|NULL|0.0 1|800.0|950.0|0.0");
+}
+
+TEST_F(DataOperationsServiceTest, CountsNoTimeBetweenQuitAndLaunch) {
+    store.addInterval(task, IntervalState::running(at(400), at(960)), 5s);
+    store.addInterval(task, IntervalState::running(at(2000)), 7s);
+    addIntervalWithoutTask(at(990));
+    store.service->pauseRunningIntervals();
+    EXPECT_EQ(states(), "0|NULL|960.0|605.0 0|NULL|NULL|7.0 0|NULL|NULL|10.0");
+    const auto launch = [this](base::Date now) {
+        store.reopen();
+        store.clock->time = now;
+        store.service->finishIntervalsLeftRunning();
+        store.service->resumePausedIntervals();
+    };
+    launch(at(4600));
+    EXPECT_EQ(states(), "1|4600.0|960.0|605.0 1|4600.0|NULL|7.0 0|NULL|NULL|10.0");
+    // After a crash: the stamp lies before the start and adds nothing.
+    launch(at(9000));
+    EXPECT_EQ(states(), "2|NULL|960.0|605.0 2|NULL|NULL|7.0 0|NULL|NULL|10.0");
+}
+
+TEST_F(DataOperationsServiceTest, ClosesWhatACrashLeftRunningAtItsStamp) {
+    store.addInterval(task, IntervalState::running(at(400), at(520)), 5s);
+    store.addInterval(task, IntervalState::running(at(400)), 6s);
+    addIntervalWithoutTask(at(400), at(520));
+    store.service->finishIntervalsLeftRunning();
+    store.service->resumePausedIntervals();
+    EXPECT_EQ(states(), "2|NULL|520.0|125.0 2|NULL|NULL|6.0 1|400.0|520.0|0.0");
+}
+
+using DataOperationsServiceDeathTest = DataOperationsServiceTest;
+
+TEST_F(DataOperationsServiceDeathTest, EndsTheProgramWhereASaveFails) {
+    constexpr auto kMessage =
+        "^Hearthmark/DataOperationsService: Fatal error: Unresolved error .*, "
+        "\\[code: [0-9]+, extendedCode: [0-9]+, statement: \"INSERT .*\"\\]";
+    const base::Seconds notANumber(std::numeric_limits<double>::quiet_NaN());
+    const IntervalData unwritable{at(1), notANumber, id, 1800s, IntervalState::paused()};
+    EXPECT_DEATH(store.service->addInterval(unwritable, *task.id()), kMessage);
+    store.sql("ALTER TABLE Task RENAME TO Gone");
+    EXPECT_DEATH(store.service->createTask("a"), kMessage);
+}
+
+}  // namespace hearthmark::store

@@ -1,0 +1,62 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <filesystem>
+#include <memory>
+#include <string>
+
+#include "store/data_operations_service.h"
+#include "store/live_data.h"
+#include "support/fakes.h"
+
+namespace hearthmark::tests {
+
+// A new directory that goes with this object.
+class TemporaryDirectory {
+ public:
+    TemporaryDirectory();
+    TemporaryDirectory(const TemporaryDirectory&) = delete;
+    TemporaryDirectory& operator=(const TemporaryDirectory&) = delete;
+    ~TemporaryDirectory() { std::filesystem::remove_all(path); }
+
+    std::filesystem::path path;
+};
+
+// Runs statements on a file as another program would, over a connection of its own. Returns the
+// rows joined by " ", each as its columns joined by "|". Throws std::runtime_error.
+std::string sql(const std::filesystem::path& file, const std::string& statements);
+
+// The program's store in a directory.
+std::shared_ptr<objectstore::PersistentContainer> open(const std::filesystem::path& directory);
+
+// A store file of its own with what reads and writes it, open when made.
+struct TestStore {
+    TestStore() { reopen(); }
+
+    void close();
+    // As at the next start of the program, with changes made to the file in between.
+    void reopen(const std::string& statements = "");
+
+    // Saved when they return.
+    store::Task& addTask(const std::string& name, base::Date created = at(100));
+    store::Interval& addInterval(store::Task& task, store::IntervalState state,
+                                 base::Seconds duration = base::Seconds(0),
+                                 base::Seconds maxDuration = base::Seconds(1800),
+                                 base::Date created = at(200));
+
+    objectstore::ManagedObjectContext& context() { return container->viewContext(); }
+    std::string sql(const std::string& statements) const { return tests::sql(file, statements); }
+    template <class Entity>
+    Entity& first() {
+        return *context().objects<Entity>().begin();
+    }
+
+    TemporaryDirectory directory;
+    std::filesystem::path file = directory.path / "Hearthmark.sqlite";
+    std::shared_ptr<FakeClock> clock = std::make_shared<FakeClock>();
+    std::shared_ptr<objectstore::PersistentContainer> container;
+    std::shared_ptr<const store::LiveDataProvidingFactory> liveData;
+    std::shared_ptr<store::DataOperationsService> service;
+};
+
+}  // namespace hearthmark::tests
