@@ -13,6 +13,7 @@ ManagedObject::ManagedObject() = default;
 ManagedObject::~ManagedObject() = default;
 
 void ManagedObject::touch() {
+    willChange();
     if (context_ != nullptr && !isTouched_) {
         context_->touched(*this);
     }

@@ -39,6 +39,10 @@ class ManagedObject : public std::enable_shared_from_this<ManagedObject> {
         attribute = std::move(value);
     }
 
+    // Called before every change of this object: an assignment, and a change of a relationship at
+    // either end. For values that are worked out from the object and remembered.
+    virtual void willChange() {}
+
     // Points the to-one end `reference` of this object at `parent` (or nothing) and keeps the other
     // end in step; both objects, and the parent before, are touched.
     void relate(const ReferenceDescription& reference, ManagedObject* parent);

@@ -135,12 +135,12 @@ ManagedObjectContext::~ManagedObjectContext() {
     }
 }
 
-void ManagedObjectContext::loadRows(Record& loaded) {
-    const std::vector<AttributeDescription>& attributes = loaded.entity->attributes();
-    const std::vector<ReferenceDescription>& references = loaded.entity->references();
+void ManagedObjectContext::loadRows(Record& record) {
+    const std::vector<AttributeDescription>& attributes = record.entity->attributes();
+    const std::vector<ReferenceDescription>& references = record.entity->references();
     ObjectList objects;
-    store_->read(*loaded.entity, [&](const RowReader& row) {
-        const std::shared_ptr<ManagedObject> object = loaded.entity->make();
+    store_->read(*record.entity, [&](const RowReader& row) {
+        const std::shared_ptr<ManagedObject> object = record.entity->make();
         object->key_ = row.integer(0).value();
         object->context_ = this;
         int column = 1;
@@ -151,7 +151,7 @@ void ManagedObjectContext::loadRows(Record& loaded) {
             if (const auto key = row.integer(column++)) {
                 // A key that leads nowhere stays in the file and reads as absent.
                 if (ManagedObject* parent =
-                        findByKey(*record(reference.destination()).current, *key)) {
+                        findByKey(*this->record(reference.destination()).current, *key)) {
                     reference.link(*object, parent);
                 }
             }
@@ -159,9 +159,9 @@ void ManagedObjectContext::loadRows(Record& loaded) {
         objects.push_back(object);
     });
     if (!objects.empty()) {
-        loaded.lastKey = std::max<RowKey>(objects.back()->key(), 0);
+        record.lastKey = std::max<RowKey>(objects.back()->key(), 0);
     }
-    loaded.current = std::make_shared<const ObjectList>(std::move(objects));
+    record.current = std::make_shared<const ObjectList>(std::move(objects));
 }
 
 ManagedObjectContext::Record& ManagedObjectContext::record(const EntityDescription& entity) const {
@@ -209,8 +209,8 @@ void ManagedObjectContext::remove(ManagedObject& object) {
     }
 }
 
-void ManagedObjectContext::releaseChildren(const Record& owner, ManagedObject& object) {
-    for (const Record::Inverse& inverse : owner.inverses) {
+void ManagedObjectContext::releaseChildren(const Record& record, ManagedObject& object) {
+    for (const Record::Inverse& inverse : record.inverses) {
         const std::vector<ManagedObject*> children = inverse.reference->children(object);
         for (ManagedObject* child : children) {
             child->touch();
@@ -224,16 +224,14 @@ void ManagedObjectContext::releaseChildren(const Record& owner, ManagedObject& o
     }
 }
 
-void ManagedObjectContext::save() {
-    if (touched_.empty()) {
-        return;
-    }
+std::vector<RowChange> ManagedObjectContext::rowChanges() const {
     std::vector<RowChange> changes;
+    std::vector<RowChange> removals;
     for (const auto& [object, stored] : touched_) {
         const EntityDescription* entity = &object->entityDescription();
         if (!object->isManaged()) {
             if (!object->isInserted_) {
-                changes.push_back({RowChange::Kind::remove, entity, object->key_, {}});
+                removals.push_back({RowChange::Kind::remove, entity, object->key_, {}});
             }
             continue;
         }
@@ -244,7 +242,17 @@ void ManagedObjectContext::save() {
                  object->key_, std::move(columns)});
         }
     }
-    store_->write(changes);
+    // Children were touched after their parents; gone first, they need not let go of them.
+    changes.insert(changes.end(), std::make_move_iterator(removals.rbegin()),
+                   std::make_move_iterator(removals.rend()));
+    return changes;
+}
+
+void ManagedObjectContext::save() {
+    if (touched_.empty()) {
+        return;
+    }
+    store_->write(rowChanges());
 
     const std::shared_ptr<Telling> telling = telling_;
     telling->waiting.push_back(settle());
@@ -296,16 +304,16 @@ SavedChanges ManagedObjectContext::settle() {
     return changes;
 }
 
-boost::signals2::connection ManagedObjectContext::connectIndex(ChangesSlot slot) {
-    return telling_->index.connect(std::move(slot));
+boost::signals2::connection ManagedObjectContext::connectIndex(const ChangesSlot& slot) {
+    return telling_->index.connect(slot);
 }
 
-boost::signals2::connection ManagedObjectContext::connectRenewal(ChangesSlot slot) {
-    return telling_->renewal.connect(std::move(slot));
+boost::signals2::connection ManagedObjectContext::connectRenewal(const ChangesSlot& slot) {
+    return telling_->renewal.connect(slot);
 }
 
-boost::signals2::connection ManagedObjectContext::connectObserver(ChangesSlot slot) {
-    return telling_->observer.connect(std::move(slot));
+boost::signals2::connection ManagedObjectContext::connectObserver(const ChangesSlot& slot) {
+    return telling_->observer.connect(slot);
 }
 
 }  // namespace hearthmark::objectstore

@@ -12,6 +12,7 @@
 namespace hearthmark::objectstore {
 
 class SqliteStore;
+struct RowChange;
 
 // What one save changed.
 struct SavedChanges {
@@ -62,9 +63,9 @@ class ManagedObjectContext {
     using ChangesSlot = std::function<void(const SavedChanges&)>;
 
     // The three rounds. A slot runs until its connection is cut.
-    boost::signals2::connection connectIndex(ChangesSlot slot);
-    boost::signals2::connection connectRenewal(ChangesSlot slot);
-    boost::signals2::connection connectObserver(ChangesSlot slot);
+    boost::signals2::connection connectIndex(const ChangesSlot& slot);
+    boost::signals2::connection connectRenewal(const ChangesSlot& slot);
+    boost::signals2::connection connectObserver(const ChangesSlot& slot);
 
  private:
     friend class ManagedObject;
@@ -82,6 +83,7 @@ class ManagedObjectContext {
     void touched(ManagedObject& object);
     void releaseChildren(const Record& record, ManagedObject& object);
     Record& record(const EntityDescription& entity) const;
+    std::vector<RowChange> rowChanges() const;
     SavedChanges settle();
 
     std::unique_ptr<SqliteStore> store_;

@@ -27,11 +27,13 @@ class ApplicationObject final : public QObject {
     bool registerOnSessionBus();
 
  public slots:
-    // The interface of the bus; the names and signatures are those of the Desktop Entry standard.
+    // The names and signatures are those of the interface.
+    // NOLINTBEGIN(readability-identifier-naming)
     void Activate(const QVariantMap& platformData);
     void Open(const QStringList& uris, const QVariantMap& platformData);
     void ActivateAction(const QString& action, const QVariantList& parameter,
                         const QVariantMap& platformData);
+    // NOLINTEND(readability-identifier-naming)
 
  signals:
     // The token may be empty.

@@ -14,9 +14,7 @@ namespace hearthmark::presentation {
 namespace {
 
 bool hasRunningInterval(const store::Task& task) {
-    return std::ranges::any_of(task.intervals(), [](const store::Interval* interval) {
-        return interval->rawState() != nullptr && interval->rawState()->isRunning();
-    });
+    return !task.intervalSummary().running.empty();
 }
 
 TaskDetailViewState::View placeholder() {

@@ -15,17 +15,6 @@ namespace {
 
 constexpr auto kFinish = "Finish";
 
-std::vector<const store::Interval*> runningIntervals(const store::Task& task) {
-    std::vector<const store::Interval*> running;
-    for (const store::Interval* interval : task.intervals()) {
-        if (interval->rawState() != nullptr && interval->rawState()->isRunning()) {
-            running.push_back(interval);
-        }
-    }
-    store::sortNewestFirst(running);
-    return running;
-}
-
 }  // namespace
 
 TasksListViewModel::TasksListViewModel(
@@ -83,18 +72,19 @@ void TasksListViewModel::rebuild(const store::Tasks& tasks) {
         if (!task->id()) {
             continue;
         }
-        if (const auto running = runningIntervals(*task); !running.empty()) {
-            view.runningItems.push_back(runningItem(*task, *task->id(), running));
-        } else {
+        if (task->intervalSummary().running.empty()) {
             view.nonRunningItems.push_back(nonRunningItem(*task, *task->id()));
+        } else {
+            view.runningItems.push_back(runningItem(*task, *task->id()));
         }
     }
     viewState_.setValue(std::move(view));
 }
 
-TaskListViewState::RunningItem TasksListViewModel::runningItem(
-    const store::Task& task, const base::Uuid& taskId,
-    const std::vector<const store::Interval*>& running) {
+TaskListViewState::RunningItem TasksListViewModel::runningItem(const store::Task& task,
+                                                               const base::Uuid& taskId) {
+    std::vector<const store::Interval*> running = task.intervalSummary().running;
+    store::sortNewestFirst(running);
     std::vector<TaskListViewState::RunningItemInterval> intervals;
     for (const store::Interval* interval : running) {
         if (interval->id()) {

@@ -51,8 +51,7 @@ class TasksListViewModel final : public TaskListViewModelProtocol,
     // From the tasks provider's current set; before there is a provider, from no tasks.
     void rebuild();
     void rebuild(const store::Tasks& tasks);
-    TaskListViewState::RunningItem runningItem(const store::Task& task, const base::Uuid& taskId,
-                                               const std::vector<const store::Interval*>& running);
+    TaskListViewState::RunningItem runningItem(const store::Task& task, const base::Uuid& taskId);
     TaskListViewState::NonRunningItem nonRunningItem(const store::Task& task,
                                                      const base::Uuid& taskId);
     TaskListViewState::RunningItemInterval runningItemInterval(const store::Interval& interval,

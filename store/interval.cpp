@@ -62,6 +62,16 @@ std::optional<IntervalState> Interval::intervalState() const {
     return rawState_ != nullptr ? rawState_->intervalState() : std::nullopt;
 }
 
+bool Interval::isRunning() const {
+    return rawState_ != nullptr && rawState_->isRunning();
+}
+
+void Interval::willChange() {
+    if (task_ != nullptr) {
+        task_->willChange();
+    }
+}
+
 base::Seconds Interval::totalDuration(base::Date at) const {
     const std::optional<IntervalState> state = intervalState();
     const IntervalState::Running* running = state ? state->asRunning() : nullptr;

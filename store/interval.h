@@ -58,8 +58,14 @@ class Interval final : public objectstore::ManagedObject, public CreationDateRep
     // is never less than nothing.
     base::Seconds totalDuration(base::Date at) const;
 
+    // Whether that is running.
+    bool isRunning() const;
+
  private:
     friend class RawIntervalState;
+
+    // What the task knows of its intervals changes with them.
+    void willChange() override;
 
     std::optional<base::Uuid> id_;
     std::optional<base::Date> creationDate_;

@@ -39,6 +39,12 @@ void RawIntervalState::setInterval(Interval* interval) {
     relate(entity().references().front(), interval);
 }
 
+void RawIntervalState::willChange() {
+    if (interval_ != nullptr) {
+        interval_->willChange();
+    }
+}
+
 void RawIntervalState::run(base::Date from) {
     setStarted(from);
     setState(StateCode::running);

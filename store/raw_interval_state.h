@@ -48,13 +48,15 @@ class RawIntervalState final : public objectstore::ManagedObject {
     // Absent where the code is unknown, or says running without a start.
     std::optional<IntervalState> intervalState() const;
 
-    // Whether that is running. Inline, since lists ask it of every interval at every rebuild.
+    // Whether that is running.
     bool isRunning() const {
         return state_ == static_cast<std::int16_t>(StateCode::running) && started_.has_value();
     }
 
  private:
     friend class Interval;
+
+    void willChange() override;
 
     std::int16_t state_ = static_cast<std::int16_t>(StateCode::paused);
     std::optional<base::Date> started_;

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "store/task.h"
 
+#include <utility>
+
 #include "objectstore/entity_description.h"
 #include "store/interval.h"
 #include "store/note.h"
@@ -37,6 +39,21 @@ void Task::removeNotesObject(Note& note) {
     if (note.task() == this) {
         note.setTask(nullptr);
     }
+}
+
+const Task::IntervalSummary& Task::intervalSummary() const {
+    if (!intervalSummary_) {
+        IntervalSummary summary;
+        for (const Interval* interval : intervals_) {
+            if (interval->isRunning()) {
+                summary.running.push_back(interval);
+            } else {
+                summary.settledDuration += interval->duration();
+            }
+        }
+        intervalSummary_ = std::move(summary);
+    }
+    return *intervalSummary_;
 }
 
 }  // namespace hearthmark::store

@@ -45,15 +45,28 @@ class Task final : public objectstore::ManagedObject,
     const std::vector<Interval*>& intervals() const { return intervals_; }
     const std::vector<Note*>& notes() const { return notes_; }
 
+    struct IntervalSummary {
+        std::vector<const Interval*> running;
+        // The sum of the durations of those that do not run.
+        base::Seconds settledDuration{0};
+    };
+
+    // Worked out when first asked for after a change of the intervals and then remembered, so that
+    // a tick costs what runs and not what was ever done.
+    const IntervalSummary& intervalSummary() const;
+
  private:
     friend class Interval;
     friend class Note;
+
+    void willChange() override { intervalSummary_.reset(); }
 
     std::optional<base::Uuid> id_;
     std::optional<base::Date> creationDate_;
     std::optional<std::string> name_;
     std::vector<Interval*> intervals_;
     std::vector<Note*> notes_;
+    mutable std::optional<IntervalSummary> intervalSummary_;
 };
 
 }  // namespace hearthmark::store

@@ -4,7 +4,6 @@
 #include <cstdint>
 
 #include "store/interval.h"
-#include "store/raw_interval_state.h"
 #include "store/task.h"
 
 namespace hearthmark::store {
@@ -22,13 +21,12 @@ void appendTwoDigits(std::string& text, std::int64_t unit) {
 }  // namespace
 
 base::Seconds timeSpent(const Interval& interval, const base::Clock& clock) {
-    const bool mayRun = interval.rawState() != nullptr && interval.rawState()->started();
-    return mayRun ? interval.totalDuration(clock.now()) : interval.duration();
+    return interval.isRunning() ? interval.totalDuration(clock.now()) : interval.duration();
 }
 
 base::Seconds timeSpent(const Task& task, const base::Clock& clock) {
-    base::Seconds sum(0);
-    for (const Interval* interval : task.intervals()) {
+    base::Seconds sum = task.intervalSummary().settledDuration;
+    for (const Interval* interval : task.intervalSummary().running) {
         sum += timeSpent(*interval, clock);
     }
     return sum;

@@ -10,18 +10,18 @@ namespace hearthmark::ui {
 
 // Takes a shown value over and notes the role where it differs.
 template <class Value>
-void assignShown(Value& shown, Value&& next, int role, QList<int>& changedRoles) {
+void assignShown(Value& shown, Value next, int role, QList<int>& changedRoles) {
     if (shown != next) {
         shown = std::move(next);
         changedRoles.append(role);
     }
 }
 
-// Runs an action that may be absent. The handle is a copy, since the action may destroy the row
-// that carries it.
-inline void run(livedata::Action action) {
-    if (action) {
-        (*action)();
+// Runs an action that may be absent, and keeps it while it runs: it may destroy the row that
+// carries it.
+inline void run(const livedata::Action& action) {
+    if (const livedata::Action kept = action) {
+        (*kept)();
     }
 }
 

@@ -14,11 +14,11 @@ namespace {
 
 using presentation::TaskListViewState;
 
-enum Section { kRunningSection, kNonRunningSection };
+enum class Section { running, nonRunning };
 
 TaskListRow textRow(TaskListRow::Kind kind, Section section, const QString& text) {
     TaskListRow row;
-    row.rowKey = {.kind = kind, .id = {}, .ordinal = section};
+    row.rowKey = {.kind = kind, .id = {}, .ordinal = static_cast<int>(section)};
     row.text = text;
     return row;
 }
@@ -46,6 +46,7 @@ TaskListRow taskRow(const Item& item, Ordinals& ordinals) {
 std::shared_ptr<IntervalListModel> intervalList(
     const std::vector<TaskListViewState::RunningItemInterval>& intervals) {
     std::vector<IntervalRow> rows;
+    rows.reserve(intervals.size());
     Ordinals ordinals;
     for (const TaskListViewState::RunningItemInterval& interval : intervals) {
         rows.push_back(
@@ -66,7 +67,7 @@ std::vector<TaskListRow> taskListRows(const TaskListViewState::View& state) {
     std::vector<TaskListRow> rows;
     rows.reserve(state.runningItems.size() + state.nonRunningItems.size() + 4);
     Ordinals ordinals;
-    appendSection(rows, kRunningSection, QObject::tr("Running"),
+    appendSection(rows, Section::running, QObject::tr("Running"),
                   QObject::tr("No tasks in progress."), state.runningItems.empty());
     for (const TaskListViewState::RunningItem& item : state.runningItems) {
         TaskListRow& row = rows.emplace_back(taskRow(item, ordinals));
@@ -76,7 +77,7 @@ std::vector<TaskListRow> taskListRows(const TaskListViewState::View& state) {
             row.onDelete = item.intervalViewStates.front().onDeleteCommand;
         }
     }
-    appendSection(rows, kNonRunningSection, QObject::tr("Not running"),
+    appendSection(rows, Section::nonRunning, QObject::tr("Not running"),
                   QObject::tr("Add your first task by pressing the button below 👇"),
                   state.nonRunningItems.empty());
     for (const TaskListViewState::NonRunningItem& item : state.nonRunningItems) {
@@ -96,7 +97,7 @@ QList<int> TaskListRow::assign(TaskListRow&& next) {
     QList<int> changed;
     assignShown(text, std::move(next.text), TaskListModel::TextRole, changed);
     assignShown(timeSpent, std::move(next.timeSpent), TaskListModel::TimeSpentRole, changed);
-    assignShown(isSelected, std::move(next.isSelected), TaskListModel::IsSelectedRole, changed);
+    assignShown(isSelected, next.isSelected, TaskListModel::IsSelectedRole, changed);
     if (intervals && next.intervals) {
         intervals->update(std::move(*next.intervals).takeRows());
     } else {

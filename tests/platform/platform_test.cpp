@@ -6,6 +6,7 @@
 #include <QCoreApplication>
 #include <QElapsedTimer>
 #include <QEventLoop>
+#include <array>
 #include <chrono>
 #include <csignal>
 #include <filesystem>
@@ -71,8 +72,8 @@ TEST(InstanceLock, IsHeldByOneAndFreedByItsEnd) {
         EXPECT_EQ(InstanceLock(store).state(), InstanceLock::State::heldByAnother);
         EXPECT_EQ(std::filesystem::status(store).permissions(), std::filesystem::perms::owner_all);
     }
-    int ready[2];
-    ASSERT_EQ(::pipe(ready), 0);
+    std::array<int, 2> ready{};
+    ASSERT_EQ(::pipe(ready.data()), 0);
     const pid_t child = ::fork();
     if (child == 0) {
         const InstanceLock held(store);

@@ -109,6 +109,7 @@ TEST_F(DataOperationsServiceTest, FinishesAllThatIsDueWithOneReadingAndOneSave) 
         {IntervalState::paused(), 1500s, 1500s, 1500s, false},
     });
     std::vector<Interval*> intervals;
+    intervals.reserve(rows.size());
     for (const Row& row : rows) {
         intervals.push_back(&store.addInterval(task, row.state, row.duration, row.maxDuration));
     }

@@ -51,6 +51,32 @@ TEST(FormattedTimeSpent, LeavesOutWhatHasNoText) {
     EXPECT_EQ(formattedTimeSpent(interval, *store.clock), std::nullopt);
 }
 
+TEST(TimeSpentOnATask, FollowsEveryChangeOfItsIntervals) {
+    tests::TestStore store;
+    Task& task = store.addTask("a");
+    Task& other = store.addTask("b");
+    const auto spent = [&] {
+        return std::pair(timeSpent(task, *store.clock) / 1s, timeSpent(other, *store.clock) / 1s);
+    };
+    using Spent = std::pair<double, double>;
+    EXPECT_EQ(spent(), Spent(0, 0));
+    Interval& settled = store.addInterval(task, IntervalState::finished(), 5s);
+    Interval& running = store.addInterval(task, IntervalState::running(at(940)), 1s);
+    EXPECT_EQ(spent(), Spent(66, 0));
+    settled.setDuration(6s);
+    EXPECT_EQ(spent(), Spent(67, 0));
+    running.rawState()->close();
+    EXPECT_EQ(spent(), Spent(7, 0));
+    other.addIntervalsObject(settled);
+    EXPECT_EQ(spent(), Spent(1, 6));
+    settled.setRawState(
+        RawIntervalState::create(IntervalState::running(at(990)), store.context()).get());
+    EXPECT_EQ(spent(), Spent(1, 16));
+    other.removeIntervalsObject(settled);
+    store.context().remove(running);
+    EXPECT_EQ(spent(), Spent(0, 0));
+}
+
 TEST(NewestFirst, OrdersEveryPermutationAlike) {
     tests::TestStore store;
     std::vector<Task*> tasks;
