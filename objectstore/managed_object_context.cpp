@@ -16,8 +16,6 @@ namespace hearthmark::objectstore {
 
 namespace {
 
-constexpr auto kByKey = [](const std::shared_ptr<ManagedObject>& object) { return object->key(); };
-
 std::vector<Value> columnValues(const ManagedObject& object) {
     const EntityDescription& entity = object.entityDescription();
     std::vector<Value> values;
@@ -47,20 +45,6 @@ std::vector<std::pair<std::size_t, Value>> differences(std::vector<Value> now,
     return columns;
 }
 
-// Keys mostly run without a gap, so the place is tried before it is searched.
-ManagedObject* findByKey(const ObjectList& objects, RowKey key) {
-    if (objects.empty() || key < objects.front()->key() || key > objects.back()->key()) {
-        return nullptr;
-    }
-    const auto offset =
-        static_cast<std::uint64_t>(key) - static_cast<std::uint64_t>(objects.front()->key());
-    if (offset < objects.size() && objects[offset]->key() == key) {
-        return objects[offset].get();
-    }
-    const auto found = std::ranges::lower_bound(objects, key, {}, kByKey);
-    return (*found)->key() == key ? found->get() : nullptr;
-}
-
 }  // namespace
 
 bool SavedChanges::touches(const EntityDescription& entity) const {
@@ -80,8 +64,8 @@ struct ManagedObjectContext::Record {
     // The references of all entities that lead here.
     std::vector<Inverse> inverses;
     std::shared_ptr<const ObjectList> current = std::make_shared<const ObjectList>();
-    ObjectList inserted;
-    bool hasRemovals = false;
+    ObjectHandles inserted;
+    ObjectHandles removed;
     RowKey lastKey = 0;
 
     RowKey nextKey() {
@@ -90,8 +74,8 @@ struct ManagedObjectContext::Record {
         }
         // Another program has used the last key there is: take the first free one.
         RowKey key = 1;
-        while (findByKey(*current, key) != nullptr ||
-               std::ranges::find(inserted, key, kByKey) != inserted.end()) {
+        while (current->find(key) != nullptr ||
+               std::ranges::find(inserted, key, &ManagedObject::key) != inserted.end()) {
             ++key;
         }
         return key;
@@ -124,21 +108,21 @@ ManagedObjectContext::ManagedObjectContext(std::unique_ptr<SqliteStore> store, c
 
 ManagedObjectContext::~ManagedObjectContext() {
     for (const std::unique_ptr<Record>& ended : records_) {
-        for (const ObjectList* objects : {&*ended->current, &std::as_const(ended->inserted)}) {
-            for (const std::shared_ptr<ManagedObject>& object : *objects) {
-                for (const Record::Inverse& inverse : ended->inverses) {
-                    inverse.reference->unlinkChildren(*object);
-                }
-                object->context_ = nullptr;
+        const auto release = [&ended](const std::shared_ptr<ManagedObject>& object) {
+            for (const Record::Inverse& inverse : ended->inverses) {
+                inverse.reference->unlinkChildren(*object);
             }
-        }
+            object->context_ = nullptr;
+        };
+        std::ranges::for_each(*ended->current, release);
+        std::ranges::for_each(ended->inserted, release);
     }
 }
 
 void ManagedObjectContext::loadRows(Record& record) {
     const std::vector<AttributeDescription>& attributes = record.entity->attributes();
     const std::vector<ReferenceDescription>& references = record.entity->references();
-    ObjectList objects;
+    ObjectHandles objects;
     store_->read(*record.entity, [&](const RowReader& row) {
         const std::shared_ptr<ManagedObject> object = record.entity->make();
         object->key_ = row.integer(0).value();
@@ -151,7 +135,7 @@ void ManagedObjectContext::loadRows(Record& record) {
             if (const auto key = row.integer(column++)) {
                 // A key that leads nowhere stays in the file and reads as absent.
                 if (ManagedObject* parent =
-                        findByKey(*this->record(reference.destination()).current, *key)) {
+                        this->record(reference.destination()).current->find(*key)) {
                     reference.link(*object, parent);
                 }
             }
@@ -161,7 +145,7 @@ void ManagedObjectContext::loadRows(Record& record) {
     if (!objects.empty()) {
         record.lastKey = std::max<RowKey>(objects.back()->key(), 0);
     }
-    record.current = std::make_shared<const ObjectList>(std::move(objects));
+    record.current = std::make_shared<const ObjectList>(objects);
 }
 
 ManagedObjectContext::Record& ManagedObjectContext::record(const EntityDescription& entity) const {
@@ -205,7 +189,7 @@ void ManagedObjectContext::remove(ManagedObject& object) {
     if (object.isInserted_) {
         std::erase(owner.inserted, object.shared_from_this());
     } else {
-        owner.hasRemovals = true;
+        owner.removed.push_back(object.shared_from_this());
     }
 }
 
@@ -286,20 +270,10 @@ SavedChanges ManagedObjectContext::settle() {
         }
     }
     for (const std::unique_ptr<Record>& each : records_) {
-        if (each->inserted.empty() && !each->hasRemovals) {
-            continue;
+        if (!each->inserted.empty() || !each->removed.empty()) {
+            each->current = std::make_shared<const ObjectList>(each->current->changed(
+                std::exchange(each->removed, {}), std::exchange(each->inserted, {})));
         }
-        ObjectList members;
-        members.reserve(each->current->size() + each->inserted.size());
-        std::ranges::copy_if(*each->current, std::back_inserter(members),
-                             [](const auto& object) { return object->isManaged(); });
-        std::ranges::move(each->inserted, std::back_inserter(members));
-        if (!std::ranges::is_sorted(members, {}, kByKey)) {
-            std::ranges::sort(members, {}, kByKey);
-        }
-        each->current = std::make_shared<const ObjectList>(std::move(members));
-        each->inserted.clear();
-        each->hasRemovals = false;
     }
     return changes;
 }

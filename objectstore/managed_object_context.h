@@ -17,7 +17,7 @@ struct RowChange;
 // What one save changed.
 struct SavedChanges {
     // Every object touched: inserted, assigned to, related or deleted.
-    ObjectList objects;
+    ObjectHandles objects;
     // The entities of those objects, each once.
     std::vector<const EntityDescription*> entities;
 

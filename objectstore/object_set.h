@@ -1,19 +1,14 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <algorithm>
 #include <cstddef>
 #include <iterator>
 #include <memory>
 #include <utility>
-#include <vector>
 
-#include "objectstore/managed_object.h"
+#include "objectstore/object_list.h"
 
 namespace hearthmark::objectstore {
-
-// Handles on all objects of one entity, ascending by key.
-using ObjectList = std::vector<std::shared_ptr<ManagedObject>>;
 
 // The set of all objects of one entity as of one save: immutable, shared by all who hold it, cheap
 // to copy. Its objects stay alive with it and are live: their attributes may have changed since.
@@ -29,7 +24,7 @@ class ObjectSet {
         using reference = Object&;
 
         Iterator() = default;
-        explicit Iterator(ObjectList::const_iterator position) : position_(position) {}
+        explicit Iterator(ObjectList::Iterator position) : position_(position) {}
 
         Object& operator*() const { return static_cast<Object&>(**position_); }
         Object* operator->() const { return &**this; }
@@ -41,7 +36,7 @@ class ObjectSet {
         bool operator==(const Iterator&) const = default;
 
      private:
-        ObjectList::const_iterator position_;
+        ObjectList::Iterator position_;
     };
 
     ObjectSet() : objects_(std::make_shared<const ObjectList>()) {}
@@ -50,14 +45,8 @@ class ObjectSet {
     Iterator begin() const { return Iterator(objects_->begin()); }
     Iterator end() const { return Iterator(objects_->end()); }
     std::size_t size() const { return objects_->size(); }
-    bool empty() const { return objects_->empty(); }
-
-    bool contains(const Object& object) const {
-        const auto found = std::ranges::lower_bound(
-            *objects_, object.key(), {},
-            [](const std::shared_ptr<ManagedObject>& member) { return member->key(); });
-        return found != objects_->end() && found->get() == &object;
-    }
+    bool empty() const { return objects_->size() == 0; }
+    bool contains(const Object& object) const { return objects_->find(object.key()) == &object; }
 
  private:
     std::shared_ptr<const ObjectList> objects_;

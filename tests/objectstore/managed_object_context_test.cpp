@@ -5,6 +5,8 @@
 
 #include <array>
 #include <limits>
+#include <random>
+#include <string>
 
 #include "objectstore/store_error.h"
 #include "support/test_store.h"
@@ -57,6 +59,31 @@ TEST_F(ManagedObjectContextTest, PublishesAnEqualAssignmentWithoutWriting) {
     EXPECT_EQ(save(), "") << "nothing was touched";
     task.setName("b");
     EXPECT_THROW(save(), StoreError);
+}
+
+TEST_F(ManagedObjectContextTest, CurrentSetHoldsWhatTheStoreHoldsHoweverMuchComesAndGoes) {
+    auto& context = store.context();
+    std::mt19937 random(3);
+    const auto before = context.objects<Task>();
+    for (const unsigned keptOfTen : {10U, 3U, 0U, 7U}) {
+        for (int count = 0; count < 1500; ++count) {
+            context.insert<Task>();
+        }
+        context.save();
+        for (Task& each : context.objects<Task>()) {
+            if (random() % 10 >= keptOfTen) {
+                context.remove(each);
+            }
+        }
+        context.save();
+        std::string keys;
+        for (const Task& each : context.objects<Task>()) {
+            keys += (keys.empty() ? "" : " ") + std::to_string(each.key());
+            EXPECT_TRUE(context.objects<Task>().contains(each));
+        }
+        EXPECT_EQ(keys, store.sql("SELECT pk FROM Task ORDER BY pk"));
+    }
+    EXPECT_EQ(before.size(), 1U);
 }
 
 TEST_F(ManagedObjectContextTest, KeepsBothEndsOfARelationshipInStepAndPublishesBoth) {
