@@ -5,6 +5,7 @@
 #include <memory>
 
 #include "base/clock.h"
+#include "presentation/selected_task_id.h"
 #include "services/home_view_factory_protocol.h"
 #include "services/time_keeping.h"
 #include "store/data_operations_service_protocol.h"
@@ -28,6 +29,7 @@ class HomeViewFactory final : public services::HomeViewFactoryProtocol {
     HomeViewFactory(std::shared_ptr<store::DataOperationsServiceProtocol> dataOperationsService,
                     std::shared_ptr<const store::LiveDataProvidingFactoryProtocol> liveDataFactory,
                     std::shared_ptr<const base::Clock> clock,
+                    std::shared_ptr<presentation::SelectedTaskId> mutableSelectedTaskId,
                     TimeKeepingProviderMaker makeTimeKeepingProvider, Actions actions);
 
     std::unique_ptr<services::HomeViewProtocol> makeHomeView() override;
@@ -36,6 +38,7 @@ class HomeViewFactory final : public services::HomeViewFactoryProtocol {
     std::shared_ptr<store::DataOperationsServiceProtocol> dataOperationsService_;
     std::shared_ptr<const store::LiveDataProvidingFactoryProtocol> liveDataFactory_;
     std::shared_ptr<const base::Clock> clock_;
+    std::shared_ptr<presentation::SelectedTaskId> mutableSelectedTaskId_;
     TimeKeepingProviderMaker makeTimeKeepingProvider_;
     Actions actions_;
 };

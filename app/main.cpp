@@ -35,7 +35,7 @@ int showRunningInstance(int argc, char** argv) {
 
 int runApplication(int argc, char** argv, const std::filesystem::path& storeDirectory,
                    const platform::InstanceLock& lock,
-                   platform::TerminationSignals& terminationSignals) {
+                   const platform::TerminationSignals& terminationSignals) {
     // A few words are repainted each second: the software scene graph takes less than half the
     // memory.
     QQuickWindow::setGraphicsApi(QSGRendererInterface::Software);
@@ -74,14 +74,14 @@ int runApplication(int argc, char** argv, const std::filesystem::path& storeDire
                          tasksApp.activate(activationToken.toStdString());
                      });
     tasksApp.launch();
-    terminationSignals.listen(&QCoreApplication::quit);
+    const auto signalNotifier = terminationSignals.listen(&QCoreApplication::quit);
     return QGuiApplication::exec();
 }
 
 }  // namespace
 
 int main(int argc, char** argv) {
-    platform::TerminationSignals terminationSignals;
+    const platform::TerminationSignals terminationSignals;
     const std::filesystem::path storeDirectory = store::storeDirectory();
     const platform::InstanceLock lock(storeDirectory);
     if (lock.state() == platform::InstanceLock::State::heldByAnother) {

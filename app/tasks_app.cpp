@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "app/tasks_app.h"
 
+#include <optional>
+
+#include "presentation/selected_task_id.h"
 #include "store/data_operations_service.h"
 #include "store/live_data.h"
 
@@ -16,6 +19,7 @@ TasksApp::TasksApp(const Environment& environment) : appDelegate_([this] { homeV
         dataOperationsService_, timeKeepingProvider);
     homeViewFactory_ = std::make_shared<HomeViewFactory>(
         dataOperationsService_, liveDataFactory, environment.clock,
+        std::make_shared<presentation::SelectedTaskId>(std::nullopt),
         environment.makeTimeKeepingProvider,
         HomeViewFactory::Actions{
             .windowShouldClose = [this] { return appDelegate_.windowShouldClose(); },

@@ -139,5 +139,4 @@ int main(int argc, char** argv) {
     benchmark::RunSpecifiedBenchmarks(&table);
     table.print();
     table.printComparison("load", "bare SQLite read");
-    table.printComparison("rebuild of the list state", "bare walk over the intervals");
 }

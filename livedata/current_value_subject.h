@@ -65,17 +65,17 @@ class CurrentValueSubject {
 
     void announce() {
         const std::shared_ptr<State> kept = state_;
-        if (kept->isAnnouncing || kept->completion) {
-            return;  // a round under way goes on until everybody has the newest value
+        if (kept->isAnnouncing) {
+            kept->isAnnouncedAgain = true;  // in another round, after the one under way
+            return;
         }
         kept->isAnnouncing = true;
         const std::unique_ptr<State, void (*)(State*)> ending(
             kept.get(), [](State* state) { state->isAnnouncing = false; });
-        std::uint64_t told = 0;
         do {
-            told = kept->version;
+            kept->isAnnouncedAgain = false;
             kept->events(Event::announced);
-        } while (told != kept->version && !kept->completion);
+        } while (kept->isAnnouncedAgain);
     }
 
     // Ends the subject: the subscribers are told and let go, later values are dropped.
@@ -117,6 +117,7 @@ class CurrentValueSubject {
         // Counts the values; tells who has not seen the newest one.
         std::uint64_t version = 0;
         bool isAnnouncing = false;
+        bool isAnnouncedAgain = false;
         boost::signals2::signal<void(Event)> events = {};
     };
 

@@ -20,8 +20,7 @@ class LiveDataProviding {
  public:
     virtual ~LiveDataProviding() = default;
 
-    // Completes when the provider is destroyed. Whoever subscribes must keep the subject: a
-    // subscription does not.
+    // Completes when the provider is destroyed.
     virtual std::shared_ptr<CurrentItems<Entity>> currentItems() = 0;
 
     // After it returns, currentItems() holds the full set. A second call does nothing.

@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <boost/signals2/connection.hpp>
+#include <cassert>
 #include <functional>
 #include <memory>
 #include <optional>
@@ -15,7 +16,8 @@
 
 namespace hearthmark::objectstore {
 
-// An order by one attribute. Absent values come first where ascending; ties go by the row's key.
+// An order by one attribute of the entity, named by its column. Absent values come first where
+// ascending; ties go by the row's key.
 struct SortDescriptor {
     std::string key;
     bool ascending;
@@ -86,8 +88,11 @@ class FetchedResultsController {
 
  private:
     const AttributeDescription& sortAttribute() const {
-        return *std::ranges::find(Object::entity().attributes(), request_.sortDescriptor.key,
-                                  &AttributeDescription::name);
+        const auto& attributes = Object::entity().attributes();
+        const auto found =
+            std::ranges::find(attributes, request_.sortDescriptor.key, &AttributeDescription::name);
+        assert(found != attributes.end());
+        return *found;
     }
 
     void call(std::function<void()> Delegate::*function) {

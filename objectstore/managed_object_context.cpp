@@ -109,6 +109,7 @@ ManagedObjectContext::ManagedObjectContext(std::unique_ptr<SqliteStore> store, c
 ManagedObjectContext::~ManagedObjectContext() {
     for (const std::unique_ptr<Record>& ended : records_) {
         const auto release = [&ended](const std::shared_ptr<ManagedObject>& object) {
+            object->willChange();
             for (const Record::Inverse& inverse : ended->inverses) {
                 inverse.reference->unlinkChildren(*object);
             }

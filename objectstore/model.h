@@ -14,7 +14,7 @@ struct Model {
     std::int32_t applicationId;
     // SQLite's user_version: which generation of the schema.
     std::int32_t version;
-    // At most 64, each after those that it references.
+    // Each after those that it references.
     std::vector<const EntityDescription*> entities;
 };
 

@@ -156,7 +156,12 @@ SqliteStore::SqliteStore(const std::optional<std::filesystem::path>& file, const
     if (sqlite3_db_readonly(database.getHandle(), "main") != 0) {
         refuse(*file, "The file is write-protected", SQLITE_READONLY, "open " + file->string());
     }
-    execute(database, "PRAGMA journal_mode = WAL");
+    const std::string logging = "PRAGMA journal_mode = WAL";
+    translatingErrors(logging, [&] {
+        if (database.execAndGet(logging).getString() != "wal") {
+            refuse(*file, "The file cannot have a write-ahead log", SQLITE_CANTOPEN, logging);
+        }
+    });
     execute(database, "PRAGMA synchronous = FULL");
     execute(database, "PRAGMA foreign_keys = ON");
 }

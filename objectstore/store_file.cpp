@@ -46,16 +46,6 @@ class Descriptor {
     int descriptor_;
 };
 
-void makeDirectories(const std::filesystem::path& directory) {
-    if (directory.empty() || std::filesystem::is_directory(directory)) {
-        return;
-    }
-    makeDirectories(directory.parent_path());
-    if (::mkdir(directory.c_str(), kDirectoryMode) != 0 && errno != EEXIST) {
-        fail("mkdir", directory);
-    }
-}
-
 std::filesystem::path sibling(const std::filesystem::path& file, const char* suffix) {
     return file.string() + suffix;
 }
@@ -66,7 +56,23 @@ void moveFile(const std::filesystem::path& from, const std::filesystem::path& to
     }
 }
 
+void flushDirectory(const std::filesystem::path& directory) {
+    Descriptor(directory, O_RDONLY | O_DIRECTORY).flush(directory);
+}
+
 }  // namespace
+
+void makeStoreDirectory(const std::filesystem::path& directory) {
+    if (directory.empty() || std::filesystem::is_directory(directory)) {
+        return;
+    }
+    makeStoreDirectory(directory.parent_path());
+    if (::mkdir(directory.c_str(), kDirectoryMode) == 0) {
+        flushDirectory(directory.parent_path());
+    } else if (errno != EEXIST) {
+        fail("mkdir", directory);
+    }
+}
 
 bool storeFileExists(const std::filesystem::path& file) {
     struct stat status {};
@@ -86,7 +92,7 @@ bool hasWriteAheadLog(const std::filesystem::path& file) {
 void createStoreFile(const std::filesystem::path& file,
                      const std::function<void(const std::filesystem::path&)>& fill) {
     const std::filesystem::path directory = file.parent_path();
-    makeDirectories(directory);
+    makeStoreDirectory(directory);
     // A log without its file must not be replayed over a new one; it is kept in case it is missed.
     if (hasWriteAheadLog(file)) {
         moveFile(sibling(file, "-wal"), sibling(file, "-wal.orphaned"));
@@ -99,7 +105,7 @@ void createStoreFile(const std::filesystem::path& file,
     fill(draft);
     Descriptor(draft, O_RDONLY).flush(draft);
     moveFile(draft, file);
-    Descriptor(directory, O_RDONLY | O_DIRECTORY).flush(directory);
+    flushDirectory(directory);
 }
 
 }  // namespace hearthmark::objectstore

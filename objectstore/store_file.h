@@ -12,7 +12,11 @@ namespace hearthmark::objectstore {
 // lose and is replaced like a missing one.
 bool storeFileExists(const std::filesystem::path& file);
 
-// Makes the directory of the file (mode 0700), lets `fill` write the content into an empty file of
+// Makes the directory and those above it where they are missing, each with mode 0700, and has them
+// on the disk when it returns.
+void makeStoreDirectory(const std::filesystem::path& directory);
+
+// Makes the directory of the file, lets `fill` write the content into an empty file of
 // mode 0600 beside it, and moves that into place once it is on the disk: whoever finds the store
 // finds it complete, whenever the power went.
 void createStoreFile(const std::filesystem::path& file,

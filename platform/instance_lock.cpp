@@ -7,22 +7,26 @@
 
 #include <cerrno>
 
+#include "objectstore/store_error.h"
+#include "objectstore/store_file.h"
+
 namespace hearthmark::platform {
 
 namespace {
 
+// Not the store itself: closing any descriptor of its file would drop SQLite's own locks.
 constexpr auto kFileName = "Hearthmark.lock";
 
 }  // namespace
 
 InstanceLock::InstanceLock(const std::filesystem::path& directory) {
-    // Not through the store: closing any descriptor of its file would drop SQLite's own locks.
-    if (std::filesystem::create_directories(directory, error_)) {
-        std::filesystem::permissions(directory, std::filesystem::perms::owner_all, error_);
+    try {
+        objectstore::makeStoreDirectory(directory);
+    } catch (const objectstore::StoreError& error) {
+        error_ = std::error_code(error.code(), std::generic_category());
+        return;
     }
-    if (!error_) {
-        lock(directory / kFileName);
-    }
+    lock(directory / kFileName);
 }
 
 void InstanceLock::lock(const std::filesystem::path& file) {

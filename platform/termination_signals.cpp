@@ -25,19 +25,19 @@ TerminationSignals::TerminationSignals() {
 }
 
 TerminationSignals::~TerminationSignals() {
-    notifier_.reset();
     ::close(descriptor_);
 }
 
-void TerminationSignals::listen(std::function<void()> onSignal) {
-    notifier_ = std::make_unique<QSocketNotifier>(descriptor_, QSocketNotifier::Read);
-    QObject::connect(notifier_.get(), &QSocketNotifier::activated, notifier_.get(),
+std::unique_ptr<QSocketNotifier> TerminationSignals::listen(std::function<void()> onSignal) const {
+    auto notifier = std::make_unique<QSocketNotifier>(descriptor_, QSocketNotifier::Read);
+    QObject::connect(notifier.get(), &QSocketNotifier::activated, notifier.get(),
                      [descriptor = descriptor_, act = std::move(onSignal)] {
                          signalfd_siginfo received{};
                          while (::read(descriptor, &received, sizeof received) > 0) {
                              act();
                          }
                      });
+    return notifier;
 }
 
 }  // namespace hearthmark::platform

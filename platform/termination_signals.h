@@ -18,13 +18,12 @@ class TerminationSignals {
     TerminationSignals& operator=(const TerminationSignals&) = delete;
     ~TerminationSignals();
 
-    // Calls `onSignal` for each signal, also for those that came before. Requires a
-    // QCoreApplication, which must outlive this.
-    void listen(std::function<void()> onSignal);
+    // Calls `onSignal` for each signal, also for those that came before, as long as the notifier
+    // lives. Requires a QCoreApplication that outlives the notifier.
+    [[nodiscard]] std::unique_ptr<QSocketNotifier> listen(std::function<void()> onSignal) const;
 
  private:
     int descriptor_;
-    std::unique_ptr<QSocketNotifier> notifier_;
 };
 
 }  // namespace hearthmark::platform

@@ -27,12 +27,9 @@ DataOperationsService::DataOperationsService(
     : persistentContainer_(std::move(persistentContainer)),
       clock_(std::move(clock)),
       fatal_(std::move(fatal)),
-      intervalsProvider_(liveDataProvidingFactory.makeProvider<Interval>(
-          {.key = "creationDate", .ascending = true})),
       tasksProvider_(
           liveDataProvidingFactory.makeProvider<Task>({.key = "creationDate", .ascending = true})),
       runningIntervals_(persistentContainer_->viewContext()) {
-    intervalsProvider_->startObserving();
     tasksProvider_->startObserving();
 }
 

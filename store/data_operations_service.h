@@ -12,8 +12,9 @@
 
 namespace hearthmark::store {
 
-// The one writer of the store. Finds tasks, intervals and notes in the current sets of its own live
-// providers, changes them in the view context and saves.
+// The one writer of the store. Finds tasks in the current set of its own live provider, their
+// intervals and notes in their sets, and what runs in the index; changes them in the view context
+// and saves.
 class DataOperationsService final : public DataOperationsServiceProtocol {
  public:
     DataOperationsService(const LiveDataProvidingFactoryProtocol& liveDataProvidingFactory,
@@ -42,7 +43,6 @@ class DataOperationsService final : public DataOperationsServiceProtocol {
     std::shared_ptr<objectstore::PersistentContainer> persistentContainer_;
     std::shared_ptr<const base::Clock> clock_;
     base::FatalErrorHandler fatal_;
-    std::unique_ptr<LiveDataProvider<Interval>> intervalsProvider_;
     std::unique_ptr<LiveDataProvider<Task>> tasksProvider_;
     RunningIntervals runningIntervals_;
 };

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "store/interval.h"
 
+#include <cmath>
+
 #include "objectstore/entity_description.h"
 #include "store/raw_interval_state.h"
 #include "store/task.h"
@@ -79,8 +81,10 @@ base::Seconds Interval::totalDuration(base::Date at) const {
         return duration_;
     }
     const base::Seconds elapsed = at - running->started;
-    // Written so that what is not a number counts as nothing too.
-    return duration_ + (elapsed > base::Seconds(0) ? elapsed : base::Seconds(0));
+    // Written so that what is not a number counts as nothing too, and so that none comes out: a
+    // damaged file may hold endless times, and the store cannot hold their difference.
+    const base::Seconds total = elapsed > base::Seconds(0) ? duration_ + elapsed : duration_;
+    return std::isnan(total.count()) ? duration_ : total;
 }
 
 }  // namespace hearthmark::store

@@ -48,12 +48,13 @@ IntervalState decodeRunning(const Json& fields) {
         throw DecodingError(DecodingError::Kind::keyNotFound,
                             "No value associated with key \"started\".", {kRunning, kStarted});
     }
+    const base::Date startedDate = decodeDate(*started, kStarted);
     const auto visited = fields.find(kVisited);
     std::optional<base::Date> visitedDate;
     if (visited != fields.end() && !visited->is_null()) {
         visitedDate = decodeDate(*visited, kVisited);
     }
-    return IntervalState::running(decodeDate(*started, kStarted), visitedDate);
+    return IntervalState::running(startedDate, visitedDate);
 }
 
 }  // namespace

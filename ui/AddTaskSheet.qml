@@ -10,7 +10,7 @@ Sheet {
     property AddTaskAdapter adapter
 
     function save(name: string) {
-        root.adapter.addTask(name);
+        root.adapter?.addTask(name);
         root.close();
     }
 

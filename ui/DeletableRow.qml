@@ -7,10 +7,10 @@ import Hearthmark.Controls
 Item {
     id: root
 
-    // Whether the keyboard is what the row is being used with: focus that came by a click, or with the
-    // window, needs no ring.
-    property bool keyboardInUse: false
-    readonly property bool focusVisible: root.activeFocus && root.keyboardInUse
+    // The Delete key asks no question, so the row that it would delete is marked, unless the person has
+    // just clicked on it.
+    property bool clicked: false
+    readonly property bool focusVisible: root.activeFocus && !root.clicked
     readonly property alias hovered: area.containsMouse
 
     signal focused
@@ -22,11 +22,7 @@ Item {
         if (root.activeFocus)
             root.focused();
         else
-            root.keyboardInUse = false;
-    }
-
-    function showFocus() {
-        root.keyboardInUse = true;
+            root.clicked = false;
     }
 
     function requestMenu() {
@@ -34,8 +30,8 @@ Item {
     }
 
     function press(mouse) {
-        root.keyboardInUse = false;
         root.forceActiveFocus(Qt.MouseFocusReason);
+        root.clicked = true;
         if (mouse.button === Qt.RightButton)
             root.menuRequested(Qt.point(mouse.x, mouse.y));
     }
@@ -46,23 +42,16 @@ Item {
     }
 
     function pressKey(event) {
-        root.keyboardInUse = true;
+        root.clicked = false;
         event.accepted = event.key === Qt.Key_F10 && event.modifiers === Qt.ShiftModifier;
         if (event.accepted)
             root.requestMenu();
-    }
-
-    // The key that brought the focus here is released here.
-    function releaseKey(event) {
-        root.keyboardInUse = true;
-        event.accepted = false;
     }
 
     onActiveFocusChanged: root.changeFocus()
     Keys.onDeletePressed: root.deletionRequested()
     Keys.onMenuPressed: root.requestMenu()
     Keys.onPressed: event => root.pressKey(event)
-    Keys.onReleased: event => root.releaseKey(event)
 
     MouseArea {
         id: area

@@ -15,9 +15,13 @@ FocusScope {
         list.positionViewAtIndex(row, ListView.Contain);
     }
 
-    function moveTo(row: int) {
+    function keepTaskCurrent() {
+        list.currentIndex = root.adapter.rows.taskNearest(list.currentIndex);
+    }
+
+    function tapRow(row: int) {
         root.showRow(row);
-        (list.currentItem as TaskRow)?.showFocus();
+        root.adapter.rows.tap(row);
     }
 
     ListView {
@@ -35,12 +39,11 @@ FocusScope {
         highlightMoveDuration: 0
         keyNavigationEnabled: false
         model: root.adapter.rows
-        onCountChanged: list.currentIndex = root.adapter.rows.taskNearest(list.currentIndex)
 
         Accessible.role: Accessible.List
         Accessible.name: qsTr("Tasks")
-        Keys.onUpPressed: root.moveTo(root.adapter.rows.taskBefore(list.currentIndex))
-        Keys.onDownPressed: root.moveTo(root.adapter.rows.taskAfter(list.currentIndex))
+        Keys.onUpPressed: root.showRow(root.adapter.rows.taskBefore(list.currentIndex))
+        Keys.onDownPressed: root.showRow(root.adapter.rows.taskAfter(list.currentIndex))
         Keys.onReturnPressed: root.adapter.rows.tap(list.currentIndex)
         Keys.onEnterPressed: root.adapter.rows.tap(list.currentIndex)
         Keys.onSpacePressed: root.adapter.rows.tap(list.currentIndex)
@@ -52,10 +55,21 @@ FocusScope {
             width: list.width
             activeFocusOnTab: row.activeFocus || row.index === list.currentIndex
             onFocused: root.showRow(row.index)
-            onTapped: root.adapter.rows.tap(row.index)
+            onTapped: root.tapRow(row.index)
             onDeletionRequested: root.adapter.rows.deleteRow(row.index)
             onMenuRequested: position => menu.openFor(row, position)
             onLineMenuRequested: (line, position) => menu.openFor(line, position)
+        }
+    }
+
+    // Late, when all rows of the new state stand.
+    Connections {
+        target: root.adapter.rows
+        function onRowsInserted() {
+            Qt.callLater(root.keepTaskCurrent);
+        }
+        function onRowsRemoved() {
+            Qt.callLater(root.keepTaskCurrent);
         }
     }
 

@@ -83,6 +83,7 @@ DeletableRow {
 
                 width: content.width
                 textColor: root.textColor
+                onFocused: root.focused()
                 onTapped: root.tapped()
                 onButtonTapped: root.intervals.tapButton(line.index)
                 onDeletionRequested: root.intervals.deleteRow(line.index)

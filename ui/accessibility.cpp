@@ -24,7 +24,9 @@ class Item final : public QAccessibleQuickItem {
 
     QAccessible::State state() const override {
         QAccessible::State state = QAccessibleQuickItem::state();
-        state.disabled = item()->isEnabled() ? 0 : 1;
+        // A text is never used, so it is not disabled either.
+        const bool isText = role() == QAccessible::StaticText || role() == QAccessible::Heading;
+        state.disabled = item()->isEnabled() || isText ? 0 : 1;
         return state;
     }
 };

@@ -17,10 +17,10 @@ void assignShown(Value& shown, Value next, int role, QList<int>& changedRoles) {
     }
 }
 
-// Runs an action that may be absent, and keeps it while it runs: it may destroy the row that
-// carries it.
-inline void run(const livedata::Action& action) {
-    if (const livedata::Action kept = action) {
+// Runs an action that may be absent, by a handle of its own: it may destroy the row that carries
+// it.
+inline void run(livedata::Action action) {
+    if (const livedata::Action kept = std::move(action)) {
         (*kept)();
     }
 }

@@ -17,13 +17,13 @@ HomeView::HomeView(std::unique_ptr<HomeAdapter> adapter, WindowShouldClose windo
     engine_.addImportPath(QStringLiteral("qrc:/qt/qml"));
     engine_.addImageProvider(QStringLiteral("symbols"), new SymbolProvider);
     QQmlComponent component(&engine_, QUrl("qrc:/qt/qml/Hearthmark/Ui/MainWindow.qml"));
-    if (!component.isReady()) {
+    if (component.isReady()) {
+        window_.reset(qobject_cast<QQuickWindow*>(component.createWithInitialProperties(
+            {{QStringLiteral("home"), QVariant::fromValue(adapter_.get())}})));
+    }
+    if (!window_) {
         qFatal("The main window cannot be made: %s", qUtf8Printable(component.errorString()));
     }
-    window_.reset(qobject_cast<QQuickWindow*>(component.createWithInitialProperties(
-        {{QStringLiteral("home"), QVariant::fromValue(adapter_.get())}})));
-    Q_ASSERT(window_);
-    window_->installEventFilter(this);
     QCoreApplication::instance()->installEventFilter(this);
 }
 

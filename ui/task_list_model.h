@@ -19,9 +19,9 @@ struct TaskListRow {
     enum class Kind { header, hint, task };
 
     struct Key {
-        Kind kind;
-        base::Uuid id;  // of a task; zero for the others
-        int ordinal;    // which of several tasks with one id; for the others, which section
+        Kind kind = Kind::task;
+        base::Uuid id;    // of a task; zero for the others
+        int ordinal = 0;  // which of several tasks with one id; for the others, which section
         bool operator==(const Key&) const = default;
     };
     struct KeyHash {

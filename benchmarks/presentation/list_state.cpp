@@ -40,23 +40,6 @@ void rebuildList(benchmark::State& state) {
     }
 }
 
-// What no rebuild can do without: the duration and the state of every interval, read in the same
-// order. Shows what of the growth is due to the caches of the machine.
-void walkBare(benchmark::State& state) {
-    const OpenedStore opened(sampleStore(state.range(0)));
-    const auto tasks = opened.container->viewContext().objects<store::Task>();
-    for (auto _ : state) {
-        base::Seconds sum{0};
-        for (const store::Task& task : tasks) {
-            for (const store::Interval* interval : task.intervals()) {
-                sum += interval->rawState()->isRunning() ? base::Seconds(0) : interval->duration();
-            }
-        }
-        benchmark::DoNotOptimize(sum);
-    }
-}
-
-BENCHMARK(walkBare)->Name("bare walk over the intervals")->Apply(atEachSize);
 BENCHMARK(rebuildList)->Name("rebuild of the list state")->Apply(atEachSize);
 
 }  // namespace

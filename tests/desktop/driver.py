@@ -169,10 +169,11 @@ class Program:
 
     def listed(self):
         """What the task list shows, top to bottom: (role, name, description)."""
-        rows = [node for node in self.find_all("Tasks", "list")[0]]
-        rows = [row for row in rows if row is not None]
-        rows.sort(key=lambda row: extents(row).y)
-        return [(row.getRoleName(), row.name, row.description) for row in rows]
+        def look():
+            rows = [row for row in self.find_all("Tasks", "list")[0] if row is not None]
+            rows.sort(key=lambda row: extents(row).y)
+            return [(row.getRoleName(), row.name, row.description) for row in rows]
+        return wait_for(look, "the rows of the list")
 
     def names(self):
         return [name for _, name, _ in self.listed()]

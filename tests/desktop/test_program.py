@@ -119,8 +119,11 @@ class Use(ProgramTest):
             type_text("  " + name)
             key("ctrl+Return")
             program.find(name, "list item")
+            # The first task stands under the keyboard at once, and stays there.
+            key("Return")
+            program.find("One", "heading")
         self.assertEqual(program.rows("SELECT name FROM Task"), [("One",), ("Two",)])
-        click(program.find("Two", "list item"))
+        key("Up", "Return")
         program.find("Two", "heading")
         key("Down", "Return")
         program.find("One", "heading")
@@ -237,11 +240,11 @@ class Restarts(ProgramTest):
 
 
 class Refusals(ProgramTest):
-    def assert_refused(self, program, *words):
+    def assert_refused(self, program):
         program.start()
         status, errors = program.finished()
         self.assertEqual(status, -signal.SIGABRT)
-        for word in ["Hearthmark/PersistentContainerFactory:20", "Unresolved error ", *words]:
+        for word in ["Hearthmark/PersistentContainerFactory:20", "Unresolved error "]:
             self.assertIn(word, errors)
 
     def test_a_file_that_cannot_be_trusted_is_left_alone(self):

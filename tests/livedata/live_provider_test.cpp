@@ -63,11 +63,16 @@ TEST_F(LiveProviderTest, CompletesEverySubjectWhenItIsDestroyed) {
     EXPECT_EQ(wrapper->currentItems(), wrapper->currentItems());
     EXPECT_NE(provider->currentItems(), provider->currentItems()) << "a new one at each call";
     int completions = 0;
-    const auto kept = {provider->currentItems(), provider->currentItems(), wrapper->currentItems()};
-    for (const auto& items : kept) {
+    // A subscription keeps the subject that it was made on.
+    for (const auto& items :
+         {provider->currentItems(), provider->currentItems(), wrapper->currentItems()}) {
         subscriptions.push_back(
-            items->subscribe([](const auto&) {}, [&completions](const auto&) { ++completions; }));
+            items->subscribe([this](const auto& tasks) { first.push_back(tasks.size()); },
+                             [&completions](const auto&) { ++completions; }));
     }
+    provider->startObserving();
+    store.addTask("a");
+    EXPECT_EQ(first, (Sizes{0, 0, 0, 0, 0, 0, 1, 1, 1}));
     provider.reset();
     EXPECT_EQ(completions, 0);
     wrapper.reset();
@@ -97,6 +102,25 @@ TEST_F(LiveProviderTest, TellsASaveMadeWhileTellingAfterwardsAndNeverAnOlderSet)
     store.addTask("first");
     EXPECT_EQ(first, (Sizes{0, 0, 1, 2}));
     EXPECT_EQ(second, (Sizes{0, 0, 2}));
+}
+
+TEST_F(LiveProviderTest, TellsEverybodyOfASaveBeforeAnybodyOfTheNext) {
+    const auto intervals = makeProvider<Interval>();
+    std::string told;
+    observe([&](const store::Tasks& tasks) {
+        told += "T" + std::to_string(tasks.size());
+        if (tasks.size() == 1) {
+            store.addTask("nested");
+        }
+    });
+    subscriptions.push_back(intervals->currentItems()->subscribe(
+        [&told](const auto& items) { told += "I" + std::to_string(items.size()); }));
+    intervals->startObserving();
+    told.clear();
+    store.context().insert<Interval>();
+    store.context().insert<Task>();
+    store.context().save();
+    EXPECT_EQ(told, "T1I1T2");
 }
 
 TEST_F(LiveProviderTest, MayBeMadeAndDroppedByAnObserver) {

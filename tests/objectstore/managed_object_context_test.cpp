@@ -132,17 +132,34 @@ TEST_F(ManagedObjectContextTest, DeletesInCascadeAndLeavesWhatIsHeldReadable) {
 TEST_F(ManagedObjectContextTest, MayEndBeforeTheHandlesOnItsObjects) {
     const auto held = std::static_pointer_cast<Task>(task.shared_from_this());
     const auto interval = std::static_pointer_cast<Interval>(
-        store.addInterval(task, IntervalState::paused()).shared_from_this());
+        store.addInterval(task, IntervalState::running(at(0))).shared_from_this());
+    EXPECT_EQ(held->intervalSummary().running.size(), 1U);
     const auto unsaved = store.context().insert<Interval>();
     task.addIntervalsObject(*unsaved);
     store.close();
     EXPECT_EQ(held->name(), "a");
     EXPECT_TRUE(held->intervals().empty());
+    EXPECT_TRUE(held->intervalSummary().running.empty());
     EXPECT_EQ(interval->task(), nullptr);
     EXPECT_EQ(unsaved->task(), nullptr);
     held->setName("b");
     held->addIntervalsObject(*interval);
     EXPECT_TRUE(held->intervals().empty());
+}
+
+TEST_F(ManagedObjectContextTest, FetchesInTheOrderOfTheRequest) {
+    store.addTask("c", at(50));
+    store.addTask("b", at(100));
+    for (const auto& [ascending, expected] : {std::pair(true, "cab"), std::pair(false, "abc")}) {
+        FetchedResultsController<Task> controller(
+            {.sortDescriptor = {.key = "creationDate", .ascending = ascending}}, store.context());
+        controller.performFetch();
+        std::string names;
+        for (const auto& fetched : controller.fetchedObjects()) {
+            names += fetched->name().value();
+        }
+        EXPECT_EQ(names, expected);
+    }
 }
 
 TEST_F(ManagedObjectContextTest, FindsAFreeKeyWhereTheLastOneIsTaken) {

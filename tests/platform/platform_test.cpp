@@ -24,10 +24,10 @@ using namespace std::chrono_literals;
 
 class TimeKeepingProviderTest : public testing::Test {
  protected:
-    int argc_ = 0;
-    QCoreApplication application_{argc_, nullptr};
-    TimeKeepingProvider provider_;
-    QEventLoop loop_;
+    int argc = 0;
+    QCoreApplication application{argc, nullptr};
+    TimeKeepingProvider provider;
+    QEventLoop loop;
 };
 
 TEST_F(TimeKeepingProviderTest, FiresFirstAfterOneIntervalAndThenAtEach) {
@@ -35,14 +35,14 @@ TEST_F(TimeKeepingProviderTest, FiresFirstAfterOneIntervalAndThenAtEach) {
     std::vector<qint64> firings;
     elapsed.start();
     // The handle is dropped at once: the timer goes on.
-    provider_.makeTimer(20ms, services::Repeats::yes, [&] {
+    provider.makeTimer(20ms, services::Repeats::yes, [&] {
         firings.push_back(elapsed.elapsed());
         if (firings.size() == 3) {
-            loop_.quit();
+            loop.quit();
         }
     });
     EXPECT_TRUE(firings.empty());
-    loop_.exec();
+    loop.exec();
     EXPECT_GE(firings[0], 19);
     EXPECT_GE(firings[2], 59);
 }
@@ -51,14 +51,14 @@ TEST_F(TimeKeepingProviderTest, StopsForGoodAlsoFromItsOwnAction) {
     int stopped = 0;
     int once = 0;
     std::shared_ptr<services::TimeKeeping> timer;
-    timer = provider_.makeTimer(1ms, services::Repeats::yes, [&] {
+    timer = provider.makeTimer(1ms, services::Repeats::yes, [&] {
         ++stopped;
         timer->invalidate();
         timer->invalidate();
     });
-    const auto single = provider_.makeTimer(1ms, services::Repeats::no, [&] { ++once; });
-    provider_.makeTimer(50ms, services::Repeats::no, [this] { loop_.quit(); });
-    loop_.exec();
+    const auto single = provider.makeTimer(1ms, services::Repeats::no, [&] { ++once; });
+    provider.makeTimer(50ms, services::Repeats::no, [this] { loop.quit(); });
+    loop.exec();
     EXPECT_EQ(stopped, 1);
     EXPECT_EQ(once, 1);
 }

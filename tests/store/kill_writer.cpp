@@ -104,6 +104,11 @@ class Writer {
         return std::uniform_int_distribution<>(0, static_cast<int>(bound) - 1)(random_);
     }
 
+    template <class Entity>
+    base::Uuid anyOf(const std::vector<Entity*>& entities) {
+        return entities[static_cast<std::size_t>(below(entities.size()))]->id().value();
+    }
+
     void createTask() {
         const std::string name = "Task " + std::to_string(seed_) + '-' + std::to_string(++made_);
         tell("begin", word("createTask"), name, clock_->now());
@@ -129,7 +134,7 @@ class Writer {
                                   .state = store::IntervalState::running(now)},
                                  taskId);
         } else if (choice < 62) {
-            const base::Uuid id = task.intervals()[below(task.intervals().size())]->id().value();
+            const base::Uuid id = anyOf(task.intervals());
             const bool isFinished = choice < 56;
             tell("begin", word(isFinished ? "finishInterval" : "deleteInterval"), id, now);
             isFinished ? service_.finishInterval(id, taskId) : service_.deleteInterval(id, taskId);
@@ -138,7 +143,7 @@ class Writer {
             tell("begin", word("addNote"), newId, now, text, taskId);
             service_.addNote({.creationDate = now, .id = newId, .text = text}, taskId);
         } else {
-            const base::Uuid id = task.notes()[below(task.notes().size())]->id().value();
+            const base::Uuid id = anyOf(task.notes());
             tell("begin", word("deleteNote"), id);
             service_.deleteNote(id, taskId);
         }

@@ -7,6 +7,11 @@ T.MenuItem {
 
     property string shortcutText
 
+    function press() {
+        if (root.enabled)
+            root.triggered();
+    }
+
     implicitWidth: Theme.menuWidth
     implicitHeight: Math.max(Theme.controlHeight, implicitContentHeight + topPadding + bottomPadding)
     horizontalPadding: 10
@@ -15,7 +20,7 @@ T.MenuItem {
     Accessible.role: Accessible.MenuItem
     Accessible.name: root.text
     Accessible.description: root.shortcutText
-    Accessible.onPressAction: root.triggered()
+    Accessible.onPressAction: root.press()
 
     contentItem: Label {
         text: root.text
