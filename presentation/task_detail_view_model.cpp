@@ -4,7 +4,6 @@
 #include <algorithm>
 #include <utility>
 
-#include "presentation/observed_items.h"
 #include "presentation/texts.h"
 #include "store/newest_first.h"
 #include "store/time_texts.h"
@@ -42,33 +41,13 @@ TaskDetailViewModel::TaskDetailViewModel(
       selectedTaskId_(selectedTaskId) {}
 
 void TaskDetailViewModel::startObserving() {
-    const auto weak = weak_from_this();
-    const auto rebuildAll = [weak](const auto&...) {
-        if (const auto self = weak.lock()) {
-            self->rebuild();
-        }
-    };
-    timer_.emplace(timeKeepingProvider_, rebuildAll);
-    tasksCancellable_ = observe<store::Task>(*liveDataFactory_, "creationDate", tasksProvider_,
-                                             [weak](const store::Tasks& tasks) {
+    liveTasks_ = std::make_shared<LiveTasks>(timeKeepingProvider_,
+                                             [weak = weak_from_this()](const store::Tasks& tasks) {
                                                  if (const auto self = weak.lock()) {
                                                      self->rebuild(tasks);
                                                  }
                                              });
-    cancellables_.push_back(
-        observe<store::Interval>(*liveDataFactory_, "creationDate", intervalProvider_, rebuildAll));
-    cancellables_.push_back(
-        observe<store::RawIntervalState>(*liveDataFactory_, "state", intervalStateProvider_,
-                                         [weak](const store::RawIntervalStates& states) {
-                                             if (const auto self = weak.lock()) {
-                                                 self->rebuild();
-                                                 self->timer_->follow(states);
-                                             }
-                                         }));
-}
-
-void TaskDetailViewModel::rebuild() {
-    rebuild(tasksProvider_->currentItems()->value());
+    liveTasks_->startObserving(*liveDataFactory_);
 }
 
 void TaskDetailViewModel::rebuild(const store::Tasks& tasks) {

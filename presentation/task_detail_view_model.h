@@ -3,12 +3,10 @@
 
 #include <memory>
 #include <optional>
-#include <vector>
 
 #include "base/clock.h"
 #include "livedata/published.h"
-#include "livedata/subscription.h"
-#include "presentation/refresh_timer.h"
+#include "presentation/live_tasks.h"
 #include "presentation/task_detail_view_state.h"
 #include "services/time_keeping.h"
 #include "store/data_operations_service_protocol.h"
@@ -45,7 +43,6 @@ class TaskDetailViewModel final : public TaskDetailViewModelProtocol,
     void startObserving() override;
 
  private:
-    void rebuild();
     void rebuild(const store::Tasks& tasks);
     TaskDetailViewState::View view(const store::Task& task, bool canStartFocus);
     template <class Row>
@@ -59,12 +56,7 @@ class TaskDetailViewModel final : public TaskDetailViewModelProtocol,
     std::shared_ptr<services::TimeKeepingProviderProtocol> timeKeepingProvider_;
     std::shared_ptr<const base::Clock> clock_;
     base::Uuid selectedTaskId_;
-    std::unique_ptr<store::LiveDataProvider<store::Task>> tasksProvider_;
-    std::unique_ptr<store::LiveDataProvider<store::Interval>> intervalProvider_;
-    std::unique_ptr<store::LiveDataProvider<store::RawIntervalState>> intervalStateProvider_;
-    std::optional<RefreshTimer> timer_;
-    livedata::Subscription tasksCancellable_;
-    std::vector<livedata::Subscription> cancellables_;
+    std::shared_ptr<LiveTasks> liveTasks_;
 };
 
 }  // namespace hearthmark::presentation

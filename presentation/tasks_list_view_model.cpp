@@ -3,7 +3,6 @@
 
 #include <utility>
 
-#include "presentation/observed_items.h"
 #include "presentation/texts.h"
 #include "store/newest_first.h"
 #include "store/raw_interval_state.h"
@@ -30,33 +29,19 @@ TasksListViewModel::TasksListViewModel(
 
 void TasksListViewModel::startObserving() {
     const auto weak = weak_from_this();
-    const auto rebuildAll = [weak](const auto&...) {
-        if (const auto self = weak.lock()) {
-            self->rebuild();
-        }
-    };
-    timer_.emplace(timeKeepingProvider_, rebuildAll);
-    cancellables_.push_back(mutableSelectedTaskId_->subscribe(rebuildAll));
-    cancellables_.push_back(observe<store::Task>(*liveDataFactory_, "creationDate", tasksProvider_,
-                                                 [weak](const store::Tasks& tasks) {
-                                                     if (const auto self = weak.lock()) {
-                                                         self->rebuild(tasks);
-                                                     }
-                                                 }));
-    cancellables_.push_back(
-        observe<store::Interval>(*liveDataFactory_, "creationDate", intervalProvider_, rebuildAll));
-    cancellables_.push_back(
-        observe<store::RawIntervalState>(*liveDataFactory_, "state", intervalStateProvider_,
-                                         [weak](const store::RawIntervalStates& states) {
-                                             if (const auto self = weak.lock()) {
-                                                 self->rebuild();
-                                                 self->timer_->follow(states);
-                                             }
-                                         }));
-}
-
-void TasksListViewModel::rebuild() {
-    rebuild(tasksProvider_ ? tasksProvider_->currentItems()->value() : store::Tasks());
+    liveTasks_ =
+        std::make_shared<LiveTasks>(timeKeepingProvider_, [weak](const store::Tasks& tasks) {
+            if (const auto self = weak.lock()) {
+                self->rebuild(tasks);
+            }
+        });
+    selectionObserver_ =
+        mutableSelectedTaskId_->subscribe([weak](const std::optional<base::Uuid>&) {
+            if (const auto self = weak.lock()) {
+                self->rebuild(self->liveTasks_->tasks());
+            }
+        });
+    liveTasks_->startObserving(*liveDataFactory_);
 }
 
 void TasksListViewModel::rebuild(const store::Tasks& tasks) {

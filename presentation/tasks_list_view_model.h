@@ -4,12 +4,11 @@
 #include <memory>
 #include <optional>
 #include <string>
-#include <vector>
 
 #include "base/clock.h"
 #include "livedata/published.h"
 #include "livedata/subscription.h"
-#include "presentation/refresh_timer.h"
+#include "presentation/live_tasks.h"
 #include "presentation/selected_task_id.h"
 #include "presentation/task_list_view_state.h"
 #include "services/time_keeping.h"
@@ -48,8 +47,6 @@ class TasksListViewModel final : public TaskListViewModelProtocol,
     void startObserving() override;
 
  private:
-    // From the tasks provider's current set; before there is a provider, from no tasks.
-    void rebuild();
     void rebuild(const store::Tasks& tasks);
     TaskListViewState::RunningItem runningItem(const store::Task& task, const base::Uuid& taskId);
     TaskListViewState::NonRunningItem nonRunningItem(const store::Task& task,
@@ -68,11 +65,8 @@ class TasksListViewModel final : public TaskListViewModelProtocol,
     std::shared_ptr<services::TimeKeepingProviderProtocol> timeKeepingProvider_;
     std::shared_ptr<const base::Clock> clock_;
     std::shared_ptr<SelectedTaskId> mutableSelectedTaskId_;
-    std::unique_ptr<store::LiveDataProvider<store::Task>> tasksProvider_;
-    std::unique_ptr<store::LiveDataProvider<store::Interval>> intervalProvider_;
-    std::unique_ptr<store::LiveDataProvider<store::RawIntervalState>> intervalStateProvider_;
-    std::optional<RefreshTimer> timer_;
-    std::vector<livedata::Subscription> cancellables_;
+    std::shared_ptr<LiveTasks> liveTasks_;
+    livedata::Subscription selectionObserver_;
 };
 
 }  // namespace hearthmark::presentation
