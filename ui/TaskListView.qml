@@ -62,14 +62,12 @@ FocusScope {
         }
     }
 
-    // Late, when all rows of the new state stand.
+    Component.onCompleted: root.keepTaskCurrent()
+
     Connections {
-        target: root.adapter.rows
-        function onRowsInserted() {
-            Qt.callLater(root.keepTaskCurrent);
-        }
-        function onRowsRemoved() {
-            Qt.callLater(root.keepTaskCurrent);
+        target: root.adapter
+        function onStateShown() {
+            root.keepTaskCurrent();
         }
     }
 

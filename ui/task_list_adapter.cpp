@@ -21,6 +21,7 @@ void TaskListAdapter::show() {
         loaded_ = true;
         emit loadedChanged();
     }
+    QMetaObject::invokeMethod(this, &TaskListAdapter::stateShown, Qt::QueuedConnection);
 }
 
 }  // namespace hearthmark::ui

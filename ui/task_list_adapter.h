@@ -28,6 +28,8 @@ class TaskListAdapter final : public QObject {
 
  signals:
     void loadedChanged();
+    // From the event loop, once the views have followed all rows of a new state.
+    void stateShown();
 
  private:
     void show();
