@@ -7,7 +7,6 @@
 #include <vector>
 
 #include "livedata/block.h"
-#include "livedata/published.h"
 #include "livedata/read_only_current_value_subject.h"
 
 namespace hearthmark::livedata {
@@ -118,16 +117,6 @@ TEST(Block, IsEqualToItselfOnlyAndKeepsItsHash) {
     EXPECT_TRUE(a == a && !(a == b));
     EXPECT_EQ(a.hash(), std::hash<Block<int>>()(a));
     EXPECT_NE(a.hash(), b.hash());
-}
-
-TEST(Published, AnnouncesAChangeBeforeAndAfterIt) {
-    Published<int> published(1);
-    Values values;
-    const auto note = [&] { values.push_back(published.value()); };
-    const Subscription before = published.subscribeWillChange(note);
-    const Subscription after = published.subscribeDidChange(note);
-    published.setValue(2);
-    EXPECT_EQ(values, (Values{1, 2}));
 }
 
 }  // namespace hearthmark::livedata

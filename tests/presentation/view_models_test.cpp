@@ -184,20 +184,6 @@ TEST_F(ViewModelTest, TheDetailStartsAFocusReadingTheClockTwice) {
     }
 }
 
-TEST_F(ViewModelTest, TheDetailAllowsOneFocusAcrossAllTasks) {
-    Task& task = store.addTask("a");
-    Task& other = store.addTask("b");
-    const auto model = makeDetail(task);
-    const auto otherModel = makeDetail(other);
-    call(otherModel->viewState().value()->onStartShortFocusTap);
-    EXPECT_EQ(text(*model), "a 0 |");
-    EXPECT_EQ(text(*otherModel), "b 0 0/30:00 |");
-    EXPECT_EQ(timers->validTimers(), 2) << "each model has a timer of its own";
-    store.service->finishInterval(*other.intervals()[0]->id(), *other.id());
-    EXPECT_EQ(text(*model), "+a 0 |");
-    EXPECT_EQ(timers->validTimers(), 0);
-}
-
 TEST_F(ViewModelTest, TheDetailDeletesOnlyTheIntervalOfARow) {
     Task& task = store.addTask("a");
     store.addInterval(task, IntervalState::running(at(1000)), 1s);

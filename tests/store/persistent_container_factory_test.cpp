@@ -6,7 +6,6 @@
 #include <cstdlib>
 #include <fstream>
 
-#include "store/demo_persistent_container_factory.h"
 #include "support/test_store.h"
 
 namespace hearthmark::store {
@@ -27,17 +26,6 @@ TEST(StoreDirectory, IgnoresWhatIsNoAbsolutePath) {
     EXPECT_EQ(storeDirectory(), "/home/somebody/.local/share/Hearthmark");
     ::setenv("XDG_DATA_HOME", "/data", 1);
     EXPECT_EQ(storeDirectory(), "/data/Hearthmark");
-}
-
-TEST(DemoPersistentContainerFactory, ShowsEveryStateWithoutAFile) {
-    const auto container = DemoPersistentContainerFactory(tests::at(8e8)).makeContainer();
-    EXPECT_FALSE(container->file());
-    int states = 0;
-    for (const Interval& interval : container->viewContext().objects<Interval>()) {
-        EXPECT_LT(*interval.creationDate(), tests::at(8e8));
-        states |= 1 << interval.rawState()->state();
-    }
-    EXPECT_EQ(states, 0b111);
 }
 
 }  // namespace hearthmark::store
