@@ -6,7 +6,6 @@
 #include "presentation/view_model_factories.h"
 #include "ui/home_adapter.h"
 #include "ui/home_view.h"
-#include "ui/home_view_subviews_factory.h"
 
 namespace hearthmark::app {
 

@@ -7,9 +7,9 @@
 #include "base/clock.h"
 #include "presentation/selected_task_id.h"
 #include "services/home_view_factory_protocol.h"
-#include "services/time_keeping.h"
 #include "store/data_operations_service_protocol.h"
 #include "store/live_data.h"
+#include "ui/home_view_subviews_factory.h"
 
 namespace hearthmark::app {
 
@@ -23,8 +23,7 @@ class HomeViewFactory final : public services::HomeViewFactoryProtocol {
         std::function<bool()> windowShouldClose;
         std::function<void()> quit;
     };
-    using TimeKeepingProviderMaker =
-        std::function<std::shared_ptr<services::TimeKeepingProviderProtocol>()>;
+    using TimeKeepingProviderMaker = ui::HomeViewSubviewsFactory::TimeKeepingProviderMaker;
 
     HomeViewFactory(std::shared_ptr<store::DataOperationsServiceProtocol> dataOperationsService,
                     std::shared_ptr<const store::LiveDataProvidingFactoryProtocol> liveDataFactory,

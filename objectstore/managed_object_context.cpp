@@ -53,16 +53,11 @@ bool SavedChanges::touches(const EntityDescription& entity) const {
 
 // The objects of one entity.
 struct ManagedObjectContext::Record {
-    struct Inverse {
-        const EntityDescription* child;
-        const ReferenceDescription* reference;
-    };
-
     explicit Record(const EntityDescription& described) : entity(&described) {}
 
     const EntityDescription* entity;
     // The references of all entities that lead here.
-    std::vector<Inverse> inverses;
+    std::vector<const ReferenceDescription*> inverses;
     std::shared_ptr<const ObjectList> current = std::make_shared<const ObjectList>();
     ObjectHandles inserted;
     ObjectHandles removed;
@@ -98,7 +93,7 @@ ManagedObjectContext::ManagedObjectContext(std::unique_ptr<SqliteStore> store, c
     for (const EntityDescription* entity : model.entities) {
         records_.push_back(std::make_unique<Record>(*entity));
         for (const ReferenceDescription& reference : entity->references()) {
-            record(reference.destination()).inverses.push_back({entity, &reference});
+            record(reference.destination()).inverses.push_back(&reference);
         }
     }
     for (const std::unique_ptr<Record>& loaded : records_) {
@@ -110,8 +105,8 @@ ManagedObjectContext::~ManagedObjectContext() {
     for (const std::unique_ptr<Record>& ended : records_) {
         const auto release = [&ended](const std::shared_ptr<ManagedObject>& object) {
             object->willChange();
-            for (const Record::Inverse& inverse : ended->inverses) {
-                inverse.reference->unlinkChildren(*object);
+            for (const ReferenceDescription* inverse : ended->inverses) {
+                inverse->unlinkChildren(*object);
             }
             object->context_ = nullptr;
         };
@@ -195,13 +190,13 @@ void ManagedObjectContext::remove(ManagedObject& object) {
 }
 
 void ManagedObjectContext::releaseChildren(const Record& record, ManagedObject& object) {
-    for (const Record::Inverse& inverse : record.inverses) {
-        const std::vector<ManagedObject*> children = inverse.reference->children(object);
+    for (const ReferenceDescription* inverse : record.inverses) {
+        const std::vector<ManagedObject*> children = inverse->children(object);
         for (ManagedObject* child : children) {
             child->touch();
         }
-        inverse.reference->unlinkChildren(object);
-        if (inverse.reference->deleteRule == DeleteRule::cascade) {
+        inverse->unlinkChildren(object);
+        if (inverse->deleteRule == DeleteRule::cascade) {
             for (ManagedObject* child : children) {
                 remove(*child);
             }

@@ -5,7 +5,7 @@ import QtQuick
 BasicButton {
     id: root
 
-    enum Look { Standard, Primary, Quiet }
+    enum Look { Standard, Primary }
 
     property int look: PushButton.Standard
     property string symbol
@@ -31,7 +31,7 @@ BasicButton {
 
     background: Rectangle {
         radius: Theme.controlRadius
-        border.width: root.look === PushButton.Quiet || root.isPrimary ? 0 : 1
+        border.width: root.isPrimary ? 0 : 1
         border.color: root.enabled ? Theme.colors.buttonBorder : Theme.colors.separator
         color: {
             if (!root.enabled)
@@ -40,8 +40,6 @@ BasicButton {
                 return root.down ? Theme.colors.accentPressed : root.hovered ? Theme.colors.accentHovered : Theme.colors.accent;
             if (root.down)
                 return Theme.colors.buttonPressed;
-            if (root.look === PushButton.Quiet)
-                return root.hovered ? Theme.colors.separator : "transparent";
             return root.hovered ? Theme.colors.buttonHovered : Theme.colors.button;
         }
 
