@@ -2,6 +2,7 @@
 #include "base/text.h"
 
 #include <unicode/uchar.h>
+#include <unicode/ustring.h>
 #include <unicode/utext.h>
 
 #include <cstddef>
@@ -57,6 +58,14 @@ std::string_view trimmed(std::string_view text) {
         return {};
     }
     return text.substr(begin, cursor.beginOfTrailingSpace() - begin);
+}
+
+bool isValidUtf8(std::string_view text) {
+    // Without room for a result it only measures, and so looks at every byte.
+    int32_t length = 0;
+    UErrorCode error = U_ZERO_ERROR;
+    u_strFromUTF8(nullptr, 0, &length, text.data(), static_cast<int32_t>(text.size()), &error);
+    return error != U_INVALID_CHAR_FOUND;
 }
 
 }  // namespace hearthmark::base

@@ -9,4 +9,7 @@ namespace hearthmark::base {
 // UTF-8 are no white space and stay. The result views into the argument.
 std::string_view trimmed(std::string_view text);
 
+// Whether the bytes are well-formed UTF-8: no overlong forms, no surrogates, nothing cut short.
+bool isValidUtf8(std::string_view text);
+
 }  // namespace hearthmark::base

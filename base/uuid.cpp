@@ -1,11 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "base/uuid.h"
 
-#include <algorithm>
-#include <array>
 #include <boost/uuid/random_generator.hpp>
 #include <boost/uuid/uuid_hash.hpp>
-#include <boost/uuid/uuid_io.hpp>
+#include <cstdint>
 
 namespace hearthmark::base {
 
@@ -33,8 +31,8 @@ Uuid Uuid::random() {
     return Uuid(boost::uuids::random_generator_pure()());
 }
 
-// By hand, since Boost's reader accepts braces and missing hyphens and reports by exception; a
-// store is read with one call for each row.
+// By hand, as is text(): Boost's reader accepts braces and missing hyphens and reports by
+// exception, its writer is slower, and a store is read and exported with a call for each row.
 std::optional<Uuid> Uuid::fromText(std::string_view text) {
     if (text.size() != kTextLength) {
         return std::nullopt;
@@ -59,10 +57,14 @@ std::optional<Uuid> Uuid::fromText(std::string_view text) {
 }
 
 std::string Uuid::text() const {
-    std::string text = boost::uuids::to_string(bytes_);
-    std::ranges::transform(text, text.begin(), [](char c) {
-        return c >= 'a' && c <= 'f' ? static_cast<char>(c - 'a' + 'A') : c;
-    });
+    constexpr std::string_view kHexDigits = "0123456789ABCDEF";
+    std::string text(kTextLength, '-');
+    std::size_t place = 0;
+    for (const std::uint8_t byte : bytes_) {
+        place += isHyphenPlace(place) ? 1 : 0;
+        text[place++] = kHexDigits[byte / 16];
+        text[place++] = kHexDigits[byte % 16];
+    }
     return text;
 }
 

@@ -7,6 +7,7 @@
 #include "base/uuid.h"
 #include "presentation/add_task_view_model.h"
 #include "presentation/home_view_model.h"
+#include "presentation/notes_view_model.h"
 #include "presentation/selected_task_id.h"
 #include "presentation/task_detail_view_model.h"
 #include "presentation/tasks_list_view_model.h"
@@ -30,6 +31,7 @@ using HomeVMFactoryProtocol = ViewModelFactory<HomeViewModelProtocol>;
 using AddTaskVMFactoryProtocol = ViewModelFactory<AddTaskViewModelProtocol>;
 using TaskListVMFactoryProtocol = ViewModelFactory<TaskListViewModelProtocol>;
 using TaskDetailVMFactoryProtocol = ViewModelFactory<TaskDetailViewModelProtocol>;
+using NotesVMFactoryProtocol = ViewModelFactory<NotesViewModelProtocol>;
 
 class HomeVMFactory final : public HomeVMFactoryProtocol {
  public:
@@ -90,6 +92,21 @@ class TaskDetailVMFactory final : public TaskDetailVMFactoryProtocol {
     base::Uuid selectedTaskId_;
     std::shared_ptr<services::TimeKeepingProviderProtocol> timeKeepingProvider_;
     std::shared_ptr<const base::Clock> clock_;
+};
+
+class NotesVMFactory final : public NotesVMFactoryProtocol {
+ public:
+    NotesVMFactory(std::shared_ptr<store::DataOperationsServiceProtocol> dataOperationsService,
+                   std::shared_ptr<const store::LiveDataProvidingFactoryProtocol> liveDataFactory,
+                   std::shared_ptr<const base::Clock> clock, const base::Uuid& taskId);
+
+    std::shared_ptr<NotesViewModelProtocol> makeViewModel() const override;
+
+ private:
+    std::shared_ptr<store::DataOperationsServiceProtocol> dataOperationsService_;
+    std::shared_ptr<const store::LiveDataProvidingFactoryProtocol> liveDataFactory_;
+    std::shared_ptr<const base::Clock> clock_;
+    base::Uuid taskId_;
 };
 
 }  // namespace hearthmark::presentation

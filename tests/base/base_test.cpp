@@ -31,6 +31,20 @@ TEST(Trimmed, CutsUnicodeWhiteSpaceAtTheEndsAndKeepsEveryOtherByte) {
     }
 }
 
+TEST(IsValidUtf8, HoldsForEveryCharacterAndNothingElse) {
+    for (const auto text : {""sv, "\0"sv, "\x7f\u0080\u07ff\u0800\ud7ff\ue000\uffff"sv,
+                            "\U00010000\U0001f345\U0010ffff"sv}) {
+        EXPECT_TRUE(isValidUtf8(text)) << text;
+    }
+    // Overlong forms, surrogates, beyond U+10FFFF, cut sequences, a lone continuation, no lead.
+    for (const auto text :
+         {"\xc0\x80", "\xe0\x9f\xbf", "\xf0\x8f\xbf\xbf", "\xed\xa0\x80", "\xed\xbf\xbf",
+          "\xf4\x90\x80\x80", "\xe2\x80", "\xf0\x9f\x8d", "\xe2\x80 ", "\x80", "\xff"}) {
+        EXPECT_FALSE(isValidUtf8(std::string("a") + text)) << text;
+        EXPECT_FALSE(isValidUtf8(text + std::string("a"))) << text;
+    }
+}
+
 TEST(Uuid, ReadsOneFormInEitherLetterCaseAndWritesUpperCase) {
     constexpr auto kText = "00FF10AB-1234-4CDE-8F00-ABCDEF012345";
     EXPECT_EQ(Uuid::fromText(kText).value().text(), kText);

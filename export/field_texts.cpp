@@ -1,0 +1,92 @@
+// SPDX-License-Identifier: MIT
+#include "export/field_texts.h"
+
+#include <array>
+#include <charconv>
+#include <chrono>
+#include <cmath>
+#include <cstdint>
+#include <string_view>
+
+namespace hearthmark::exporting {
+
+namespace {
+
+constexpr double kPositionalFrom = 1e-5;
+constexpr double kPositionalBelow = 1e16;
+constexpr double kBeyondCalendar = 1e18;
+
+// The calendar repeats after 400 years, and the reference date begins such a cycle.
+constexpr std::int64_t kYearsOfCycle = 400;
+constexpr std::int64_t kDaysOfCycle = 146'097;
+constexpr std::int64_t kSecondsOfDay = 86'400;
+constexpr std::chrono::sys_days kReferenceDay{std::chrono::year(2001) / 1 / 1};
+
+struct Division {
+    std::int64_t quotient;
+    // Never negative.
+    std::int64_t remainder;
+};
+
+constexpr Division divideFlooring(std::int64_t dividend, std::int64_t divisor) {
+    const std::int64_t remainder = (dividend % divisor + divisor) % divisor;
+    return {.quotient = (dividend - remainder) / divisor, .remainder = remainder};
+}
+
+// Requires: not negative.
+void appendPadded(std::string& text, std::int64_t number, int width) {
+    std::array<char, 20> digits{};
+    const char* const end = std::to_chars(digits.data(), digits.data() + digits.size(), number).ptr;
+    for (auto length = end - digits.data(); length < width; ++length) {
+        text += '0';
+    }
+    text += std::string_view(digits.data(), end);
+}
+
+}  // namespace
+
+void appendNumber(std::string& text, double number, WholeNumber wholeNumber) {
+    if (std::isnan(number)) {
+        text += "nan";  // without a sign
+        return;
+    }
+    const double size = std::abs(number);
+    const bool isPositional = size == 0 || (size >= kPositionalFrom && size < kPositionalBelow);
+    std::array<char, 32> digits{};
+    const char* const end =
+        std::to_chars(digits.data(), digits.data() + digits.size(), number,
+                      isPositional ? std::chars_format::fixed : std::chars_format::scientific)
+            .ptr;
+    text += std::string_view(digits.data(), end);
+    if (wholeNumber == WholeNumber::withFraction && isPositional && std::trunc(number) == number) {
+        text += ".0";
+    }
+}
+
+void appendDateTime(std::string& text, base::Date date) {
+    const double sinceReference = std::floor(date.sinceReferenceDate().count());
+    if (!(std::abs(sinceReference) < kBeyondCalendar)) {
+        return;
+    }
+    const auto [days, secondOfDay] =
+        divideFlooring(static_cast<std::int64_t>(sinceReference), kSecondsOfDay);
+    const auto [cycles, dayOfCycle] = divideFlooring(days, kDaysOfCycle);
+    const std::chrono::year_month_day day(kReferenceDay + std::chrono::days(dayOfCycle));
+    const std::int64_t year = static_cast<int>(day.year()) + cycles * kYearsOfCycle;
+
+    text += year < 0 ? "-" : "";
+    appendPadded(text, std::abs(year), 4);
+    text += '-';
+    appendPadded(text, static_cast<unsigned>(day.month()), 2);
+    text += '-';
+    appendPadded(text, static_cast<unsigned>(day.day()), 2);
+    text += 'T';
+    appendPadded(text, secondOfDay / 3600, 2);
+    text += ':';
+    appendPadded(text, secondOfDay / 60 % 60, 2);
+    text += ':';
+    appendPadded(text, secondOfDay % 60, 2);
+    text += 'Z';
+}
+
+}  // namespace hearthmark::exporting

@@ -1,0 +1,22 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <string>
+
+#include "base/date.h"
+
+namespace hearthmark::exporting {
+
+// How a number without a fraction is written: 1500 or 1500.0.
+enum class WholeNumber { bare, withFraction };
+
+// Appends the shortest digits that read back to the same double: positional below 1e16 and from
+// 1e-5 on, with an exponent beyond. What is not finite is "nan", "inf" or "-inf".
+void appendNumber(std::string& text, double number, WholeNumber wholeNumber);
+
+// Appends the date and time of day in UTC (ISO 8601, RFC 3339), 2024-01-01T09:30:00Z. A fraction of
+// a second is cut off; the calendar is the Gregorian one throughout; a year takes four digits at
+// least. A date beyond any calendar, 1e18 seconds and more away or not finite, appends nothing.
+void appendDateTime(std::string& text, base::Date date);
+
+}  // namespace hearthmark::exporting

@@ -1,0 +1,18 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <string>
+
+#include "export/task_share_serializer.h"
+
+namespace hearthmark::exporting {
+
+// One JSON document (RFC 8259) for a task: pretty printed, with dates as seconds since
+// 2001-01-01T00:00:00Z and slashes escaped. A number that is not finite, or a text that is not
+// UTF-8, cannot be written, and makes the whole text empty. docs/export.md describes the document.
+class JSONShareSerializer final : public TaskShareSerializerProtocol {
+ public:
+    std::string serialize(const store::Task& task) const override;
+};
+
+}  // namespace hearthmark::exporting

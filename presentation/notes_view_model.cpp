@@ -1,0 +1,126 @@
+// SPDX-License-Identifier: MIT
+#include "presentation/notes_view_model.h"
+
+#include <algorithm>
+#include <utility>
+#include <vector>
+
+#include "base/text.h"
+#include "presentation/texts.h"
+#include "store/newest_first.h"
+#include "store/note.h"
+
+namespace hearthmark::presentation {
+
+NotesViewModel::NotesViewModel(
+    std::shared_ptr<store::DataOperationsServiceProtocol> dataOperationsService,
+    std::shared_ptr<const store::LiveDataProvidingFactoryProtocol> liveDataFactory,
+    std::shared_ptr<const base::Clock> clock, const base::Uuid& taskId)
+    : dataOperationsService_(std::move(dataOperationsService)),
+      liveDataFactory_(std::move(liveDataFactory)),
+      clock_(std::move(clock)),
+      taskId_(taskId) {}
+
+void NotesViewModel::startObserving() {
+    tasksProvider_ =
+        liveDataFactory_->makeProvider<store::Task>({.key = "creationDate", .ascending = true});
+    tasksCancellable_ = tasksProvider_->currentItems()->subscribe(
+        [weak = weak_from_this()](const store::Tasks& tasks) {
+            if (const auto self = weak.lock()) {
+                self->rebuild(tasks);
+            }
+        });
+    tasksProvider_->startObserving();
+}
+
+void NotesViewModel::rebuild(const store::Tasks& tasks) {
+    const auto found = std::ranges::find_if(
+        tasks, [this](const store::Task& task) { return task.id() == taskId_; });
+    if (found != tasks.end()) {
+        viewState_.setValue(view(*found));
+    } else {
+        viewState_.setValue(NotesViewState::View{.canAddNote = false,
+                                                 .onAddNoteTapped = livedata::makeAction([] {}),
+                                                 .committedNotes = {},
+                                                 .pendingNote = std::nullopt});
+    }
+}
+
+NotesViewState::View NotesViewModel::view(const store::Task& task) {
+    NotesViewState::View view{.canAddNote = !pendingNote_,
+                              .onAddNoteTapped = makeAction(&NotesViewModel::openPendingNote),
+                              .committedNotes = {},
+                              .pendingNote = pendingNoteView()};
+    std::vector<store::Note*> sorted = task.notes();
+    store::sortNewestFirst(sorted);
+    for (const store::Note* note : sorted) {
+        if (!note->id()) {
+            continue;
+        }
+        view.committedNotes.push_back(
+            {.id = *note->id(),
+             .noteText = orDash(note->text()),
+             .onDeleteCommand = livedata::makeAction([weak = weak_from_this(), id = *note->id()] {
+                 if (const auto self = weak.lock()) {
+                     self->dataOperationsService_->deleteNote(id, self->taskId_);
+                 }
+             })});
+    }
+    return view;
+}
+
+std::optional<NotesViewState::PendingNote> NotesViewModel::pendingNoteView() {
+    if (!pendingNote_) {
+        return std::nullopt;
+    }
+    return NotesViewState::PendingNote{
+        .noteText = pendingNote_->text,
+        .save = "Save",
+        .onSaveTap = std::make_shared<const livedata::Block<std::string>>(
+            [weak = weak_from_this()](const std::string& text) {
+                if (const auto self = weak.lock()) {
+                    self->savePendingNote(text);
+                }
+            }),
+        .discard = "Discard",
+        .onDiscardTap = makeAction(&NotesViewModel::discardPendingNote)};
+}
+
+livedata::Action NotesViewModel::makeAction(void (NotesViewModel::*operation)()) {
+    return livedata::makeAction([weak = weak_from_this(), operation] {
+        if (const auto self = weak.lock()) {
+            ((*self).*operation)();
+        }
+    });
+}
+
+void NotesViewModel::patchPendingNote() {
+    if (std::optional<NotesViewState::View> patched = viewState_.value()) {
+        patched->pendingNote = pendingNoteView();
+        patched->canAddNote = !pendingNote_;
+        viewState_.setValue(std::move(patched));
+    }
+}
+
+void NotesViewModel::openPendingNote() {
+    pendingNote_ = {.creationDate = clock_->now(), .id = base::Uuid::random(), .text = ""};
+    patchPendingNote();
+}
+
+void NotesViewModel::savePendingNote(const std::string& text) {
+    const std::string_view trimmed = base::trimmed(text);
+    if (!pendingNote_ || trimmed.empty()) {
+        return;  // a blank note stays open, and nobody is told
+    }
+    store::NoteData note = *pendingNote_;
+    note.text = trimmed;
+    dataOperationsService_->addNote(note, taskId_);
+    discardPendingNote();
+}
+
+void NotesViewModel::discardPendingNote() {
+    pendingNote_.reset();
+    patchPendingNote();
+}
+
+}  // namespace hearthmark::presentation

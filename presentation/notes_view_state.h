@@ -1,0 +1,49 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "base/uuid.h"
+#include "livedata/block.h"
+
+namespace hearthmark::presentation {
+
+// What the notes section shows of one task and what can be done there.
+struct NotesViewState {
+    NotesViewState() = delete;
+
+    struct CommittedNote {
+        base::Uuid id;
+        std::string noteText;
+        livedata::Action onDeleteCommand;
+
+        bool operator==(const CommittedNote&) const = default;
+    };
+
+    // The note that is being written. Its view owns what was typed since it was opened, and hands
+    // it over when it is saved.
+    struct PendingNote {
+        std::string noteText;
+        std::string save;
+        livedata::ActionOn<std::string> onSaveTap;
+        std::string discard;
+        livedata::Action onDiscardTap;
+
+        bool operator==(const PendingNote&) const = default;
+    };
+
+    struct View {
+        // No note is being written.
+        bool canAddNote;
+        livedata::Action onAddNoteTapped;
+        // From the newest to the oldest.
+        std::vector<CommittedNote> committedNotes;
+        std::optional<PendingNote> pendingNote;
+
+        bool operator==(const View&) const = default;
+    };
+};
+
+}  // namespace hearthmark::presentation

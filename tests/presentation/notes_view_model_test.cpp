@@ -1,0 +1,75 @@
+// SPDX-License-Identifier: MIT
+#include <gtest/gtest.h>
+
+#include "presentation/view_model_factories.h"
+#include "support/test_store.h"
+
+namespace hearthmark::presentation {
+
+struct NotesViewModelTest : testing::Test {
+    void SetUp() override {
+        store.clock->step = base::Seconds(1000);
+        const base::Uuid id = *store.addTask("task").id();
+        store.reopen(R"(INSERT INTO Task(pk) VALUES (2); INSERT INTO Note VALUES
+            (1, 'C0000000-0000-4000-8000-000000000001', 10, 'old', 1), (2, NULL, 20, 'lost', 1),
+            (3, 'C0000000-0000-4000-8000-000000000003', 30, NULL, 1),
+            (4, 'C0000000-0000-4000-8000-000000000004', 20, 'new', 1),
+            (5, 'C0000000-0000-4000-8000-000000000005', 20, 'other', 2))");
+        model = NotesVMFactory(store.service, store.liveData, store.clock, id).makeViewModel();
+        EXPECT_FALSE(model->viewState().value());
+        model->startObserving();
+    }
+    // A copy, so that an action outlives its call.
+    NotesViewState::View view() const { return model->viewState().value().value(); }
+    // "+" says that a note can be added; the pending one stands in brackets.
+    std::string text() const {
+        std::string text = view().canAddNote ? "+" : "";
+        for (const auto& note : view().committedNotes) {
+            text += note.noteText + ' ';
+        }
+        return view().pendingNote ? text + '[' + view().pendingNote->noteText + ']' : text;
+    }
+
+    tests::TestStore store;
+    std::shared_ptr<NotesViewModelProtocol> model;
+};
+
+TEST_F(NotesViewModelTest, SavesTheNoteOpenedLastTrimmedAndDatedWhenItWasOpened) {
+    EXPECT_EQ(text(), "+- new old ") << "newest first";
+    (*view().onAddNoteTapped)();
+    EXPECT_EQ(text(), "- new old []");
+    (*view().onAddNoteTapped)();
+    (*view().pendingNote.value().onSaveTap)(" \n\u00a0\u2003");
+    (*view().committedNotes.at(1).onDeleteCommand)();
+    EXPECT_EQ(text(), "- old []") << "stays open where it is blank and where others change";
+    (*view().pendingNote.value().onSaveTap)("\u2003two  words\u00a0\n");
+    EXPECT_EQ(text(), "+two  words - old ");
+    (*view().onAddNoteTapped)();
+    (*view().pendingNote.value().onDiscardTap)();
+    EXPECT_EQ(text(), "+two  words - old ");
+    (*view().onAddNoteTapped)();
+    (*view().pendingNote.value().onSaveTap)("b");
+    EXPECT_EQ(store.sql("SELECT creationDate, text, task FROM Note WHERE pk > 5"),
+              "2000.0|two  words|1 4000.0|b|1");
+    EXPECT_EQ(store.sql("SELECT count(DISTINCT id) FROM Note WHERE pk > 5"), "2");
+}
+
+TEST_F(NotesViewModelTest, ShowsAPlaceholderOnceItsTaskIsGone) {
+    (*view().onAddNoteTapped)();
+    store.service->deleteTask(*store.first<store::Task>().id());
+    (*view().onAddNoteTapped)();
+    EXPECT_EQ(text(), "");
+}
+
+TEST_F(NotesViewModelTest, ActionsDoNothingOnceTheModelIsGone) {
+    (*view().onAddNoteTapped)();
+    const NotesViewState::View last = view();
+    model.reset();
+    (*last.onAddNoteTapped)();
+    (*last.pendingNote->onSaveTap)("late");
+    (*last.pendingNote->onDiscardTap)();
+    (*last.committedNotes.at(0).onDeleteCommand)();
+    EXPECT_EQ(store.sql("SELECT pk FROM Note WHERE task = 1"), "1 2 3 4");
+}
+
+}  // namespace hearthmark::presentation
