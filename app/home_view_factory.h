@@ -5,6 +5,7 @@
 #include <memory>
 
 #include "base/clock.h"
+#include "export/clipboard.h"
 #include "presentation/selected_task_id.h"
 #include "services/home_view_factory_protocol.h"
 #include "store/data_operations_service_protocol.h"
@@ -29,7 +30,8 @@ class HomeViewFactory final : public services::HomeViewFactoryProtocol {
                     std::shared_ptr<const store::LiveDataProvidingFactoryProtocol> liveDataFactory,
                     std::shared_ptr<const base::Clock> clock,
                     std::shared_ptr<presentation::SelectedTaskId> mutableSelectedTaskId,
-                    TimeKeepingProviderMaker makeTimeKeepingProvider, Actions actions);
+                    TimeKeepingProviderMaker makeTimeKeepingProvider,
+                    std::shared_ptr<exporting::Clipboard> clipboard, Actions actions);
 
     std::unique_ptr<services::HomeViewProtocol> makeHomeView() override;
 
@@ -39,6 +41,7 @@ class HomeViewFactory final : public services::HomeViewFactoryProtocol {
     std::shared_ptr<const base::Clock> clock_;
     std::shared_ptr<presentation::SelectedTaskId> mutableSelectedTaskId_;
     TimeKeepingProviderMaker makeTimeKeepingProvider_;
+    std::shared_ptr<exporting::Clipboard> clipboard_;
     Actions actions_;
 };
 

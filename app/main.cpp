@@ -15,6 +15,7 @@
 #include "platform/fatal_notification.h"
 #include "platform/instance_lock.h"
 #include "platform/running_instance.h"
+#include "platform/system_clipboard.h"
 #include "platform/termination_signals.h"
 #include "platform/time_keeping_provider.h"
 #include "store/persistent_container_factory.h"
@@ -64,6 +65,7 @@ int runApplication(int argc, char** argv, const std::filesystem::path& storeDire
              std::make_unique<store::PersistentContainerFactory>(storeDirectory, fatal),
          .makeTimeKeepingProvider =
              [] { return std::make_shared<platform::TimeKeepingProvider>(); },
+         .clipboard = std::make_shared<platform::SystemClipboard>(),
          .clock = std::make_shared<base::SystemClock>(),
          .fatal = fatal,
          .quit = &QCoreApplication::quit});

@@ -20,7 +20,7 @@ TasksApp::TasksApp(const Environment& environment) : appDelegate_([this] { homeV
     homeViewFactory_ = std::make_shared<HomeViewFactory>(
         dataOperationsService_, liveDataFactory, environment.clock,
         std::make_shared<presentation::SelectedTaskId>(std::nullopt),
-        environment.makeTimeKeepingProvider,
+        environment.makeTimeKeepingProvider, environment.clipboard,
         HomeViewFactory::Actions{
             .windowShouldClose = [this] { return appDelegate_.windowShouldClose(); },
             .quit = environment.quit});

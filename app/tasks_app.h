@@ -9,6 +9,7 @@
 #include "app/home_view_factory.h"
 #include "base/clock.h"
 #include "base/fatal_error.h"
+#include "export/clipboard.h"
 #include "services/home_view_factory_protocol.h"
 #include "services/interval_time_keeper_service.h"
 #include "services/running_interval_visiting_service.h"
@@ -26,6 +27,7 @@ class TasksApp {
     struct Environment {
         std::unique_ptr<store::PersistentContainerFactoryProtocol> persistentContainerFactory;
         HomeViewFactory::TimeKeepingProviderMaker makeTimeKeepingProvider;
+        std::shared_ptr<exporting::Clipboard> clipboard;
         std::shared_ptr<const base::Clock> clock;
         base::FatalErrorHandler fatal;
         std::function<void()> quit;

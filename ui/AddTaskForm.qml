@@ -2,8 +2,8 @@
 import QtQuick
 import Hearthmark.Controls
 
-// The content of the add-task sheet. Ctrl+Enter saves, since Enter alone begins a new line.
-FocusScope {
+// The content of the add-task sheet.
+EditorForm {
     id: root
 
     signal saved(name: string)
@@ -15,18 +15,11 @@ FocusScope {
         editor.focus = true;
     }
 
-    function saveOnControl(event) {
-        event.accepted = event.modifiers & Qt.ControlModifier;
-        if (event.accepted)
-            root.saved(editor.text);
-    }
-
     implicitHeight: content.height
     Accessible.role: Accessible.Dialog
     Accessible.name: title.text
     onVisibleChanged: root.reset()
-    Keys.onReturnPressed: event => root.saveOnControl(event)
-    Keys.onEnterPressed: event => root.saveOnControl(event)
+    onSaveRequested: root.saved(editor.text)
 
     Column {
         id: content
@@ -66,7 +59,7 @@ FocusScope {
                 look: PushButton.Primary
                 symbol: "plus"
                 text: qsTr("Save")
-                onClicked: root.saved(editor.text)
+                onClicked: root.saveRequested()
             }
         }
     }

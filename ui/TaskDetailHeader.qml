@@ -20,12 +20,11 @@ FocusScope {
     }
 
     onActiveFocusChanged: root.reportFocus()
-    implicitHeight: content.height + Theme.pageMargin + Theme.spacing
+    implicitHeight: content.height + Theme.spacing
 
     Column {
         id: content
 
-        y: Theme.pageMargin
         width: parent.width
         spacing: Theme.spacing
 
@@ -81,10 +80,15 @@ FocusScope {
         Repeater {
             model: root.adapter.runningIntervals
 
-            IntervalRow {
+            BoxRow {
                 id: row
 
+                required property int index
+                required property string timeSpent
+
                 width: content.width
+                symbol: "clock"
+                text: row.timeSpent
                 activeFocusOnTab: true
                 onDeletionRequested: root.adapter.runningIntervals.deleteRow(row.index)
                 onMenuRequested: position => root.menuRequested(row, position)

@@ -1,78 +1,62 @@
 // SPDX-License-Identifier: MIT
-pragma ComponentBehavior: Bound
 import QtQuick
-import QtQuick.Templates as T
 import Hearthmark.Controls
 import Hearthmark.Ui
 
-// The whole pane scrolls as one list: the other intervals, and above them, as its header, the rest.
+// One task: a toolbar, all there is to the task below it, and the share sheet over both.
 Item {
     id: root
 
     required property TaskDetailAdapter adapter
 
-    function showTop() {
-        list.contentY = list.originY - list.topMargin;
+    Shortcut {
+        sequence: "Ctrl+Shift+N"
+        onActivated: list.addNote()
     }
 
-    function showRow(row: int) {
-        list.currentIndex = row;
-        list.positionViewAtIndex(row, ListView.Contain);
-    }
+    Item {
+        id: toolbar
 
-    function showAnew() {
-        list.currentIndex = -1;
-        root.showTop();
-    }
+        width: parent.width
+        height: shareButton.height + 2 * Theme.spacing
 
-    onAdapterChanged: root.showAnew()
+        PushButton {
+            id: shareButton
 
-    ListView {
-        id: list
+            anchors.right: parent.right
+            anchors.rightMargin: Theme.spacing
+            anchors.verticalCenter: parent.verticalCenter
+            symbol: "square.and.arrow.up"
+            text: qsTr("Share")
+            onClicked: root.adapter.displayShareSheet()
+        }
 
-        anchors.fill: parent
-        visible: root.adapter.loaded
-        clip: true
-        topMargin: header.height
-        bottomMargin: Theme.pageMargin
-        spacing: Theme.spacing
-        cacheBuffer: Theme.controlHeight * 2
-        boundsBehavior: Flickable.StopAtBounds
-        highlightMoveDuration: 0
-        keyNavigationEnabled: false
-        // No row is current until the keyboard reaches one, else a new row would take the focus away
-        // from the buttons above.
-        currentIndex: -1
-        model: root.adapter.nonRunningIntervals
-        Accessible.role: Accessible.List
-        Accessible.name: qsTr("Other invervals")
-        T.ScrollBar.vertical: ScrollBar {}
-
-        delegate: IntervalRow {
-            id: row
-
-            width: list.width
-            activeFocusOnTab: row.activeFocus || row.index === Math.max(0, list.currentIndex)
-            onFocused: root.showRow(row.index)
-            onDeletionRequested: root.adapter.nonRunningIntervals.deleteRow(row.index)
-            onMenuRequested: position => menu.openFor(row, position)
-            Keys.onUpPressed: list.decrementCurrentIndex()
-            Keys.onDownPressed: list.incrementCurrentIndex()
+        Rectangle {
+            anchors.bottom: parent.bottom
+            width: parent.width
+            height: 1
+            visible: !list.isAtTop
+            color: Theme.colors.separator
         }
     }
 
-    TaskDetailHeader {
-        id: header
+    TaskDetailList {
+        id: list
 
-        parent: list.contentItem
-        y: list.originY - header.height
-        width: list.width
+        anchors.fill: parent
+        anchors.topMargin: toolbar.height
+        visible: root.adapter.loaded
         adapter: root.adapter
-        onReached: root.showTop()
         onMenuRequested: (row, position) => menu.openFor(row, position)
     }
 
     DeleteMenu {
         id: menu
+    }
+
+    ShareSheet {
+        visible: root.adapter.share !== null
+        adapter: root.adapter.share
+        onClosed: root.adapter.dismissShareSheet()
     }
 }

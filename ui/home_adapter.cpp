@@ -3,6 +3,8 @@
 
 #include <utility>
 
+#include "ui/replace_adapter.h"
+
 namespace hearthmark::ui {
 
 HomeAdapter::HomeAdapter(std::shared_ptr<presentation::HomeViewModelProtocol> viewModel,
@@ -24,7 +26,7 @@ void HomeAdapter::displayAddSheet() {
 }
 
 void HomeAdapter::dismissAddSheet() {
-    replace<AddTaskAdapter>(addTask_, nullptr, &HomeAdapter::addTaskChanged);
+    replaceAdapter<AddTaskAdapter>(addTask_, nullptr, [this] { emit addTaskChanged(); });
 }
 
 void HomeAdapter::quit() {
@@ -37,20 +39,8 @@ void HomeAdapter::showSelectedTask() {
         return;
     }
     shownTaskId_ = selected;
-    replace(taskDetail_, selected ? subviewsFactory_.makeTaskDetailView(*selected) : nullptr,
-            &HomeAdapter::taskDetailChanged);
-}
-
-// The view is told while the old adapter still exists, so that no binding looks at one that is
-// gone; and the old one is deleted later, since the change may come from a call of its own.
-template <class Adapter>
-void HomeAdapter::replace(std::unique_ptr<Adapter>& adapter, std::unique_ptr<Adapter> next,
-                          void (HomeAdapter::*changed)()) {
-    std::unique_ptr<Adapter> old = std::exchange(adapter, std::move(next));
-    emit(this->*changed)();
-    if (old) {
-        old.release()->deleteLater();
-    }
+    replaceAdapter(taskDetail_, selected ? subviewsFactory_.makeTaskDetailView(*selected) : nullptr,
+                   [this] { emit taskDetailChanged(); });
 }
 
 }  // namespace hearthmark::ui

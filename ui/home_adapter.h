@@ -49,9 +49,6 @@ class HomeAdapter final : public QObject {
 
  private:
     void showSelectedTask();
-    template <class Adapter>
-    void replace(std::unique_ptr<Adapter>& adapter, std::unique_ptr<Adapter> next,
-                 void (HomeAdapter::*changed)());
 
     std::shared_ptr<presentation::HomeViewModelProtocol> viewModel_;
     HomeViewSubviewsFactory subviewsFactory_;

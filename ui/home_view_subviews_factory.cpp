@@ -3,7 +3,10 @@
 
 #include <utility>
 
+#include "export/csv_task_share_serializer.h"
+#include "export/json_share_serializer.h"
 #include "presentation/view_model_factories.h"
+#include "ui/task_detail_subviews_factory.h"
 
 namespace hearthmark::ui {
 
@@ -12,12 +15,14 @@ HomeViewSubviewsFactory::HomeViewSubviewsFactory(
     std::shared_ptr<const store::LiveDataProvidingFactoryProtocol> liveDataFactory,
     std::shared_ptr<const base::Clock> clock,
     std::shared_ptr<presentation::SelectedTaskId> mutableSelectedTaskId,
-    TimeKeepingProviderMaker makeTimeKeepingProvider)
+    TimeKeepingProviderMaker makeTimeKeepingProvider,
+    std::shared_ptr<exporting::Clipboard> clipboard)
     : dataOperationsService_(std::move(dataOperationsService)),
       liveDataFactory_(std::move(liveDataFactory)),
       clock_(std::move(clock)),
       mutableSelectedTaskId_(std::move(mutableSelectedTaskId)),
-      makeTimeKeepingProvider_(std::move(makeTimeKeepingProvider)) {}
+      makeTimeKeepingProvider_(std::move(makeTimeKeepingProvider)),
+      clipboard_(std::move(clipboard)) {}
 
 std::unique_ptr<TaskListAdapter> HomeViewSubviewsFactory::makeTaskListView() const {
     const presentation::TaskListVMFactory factory(dataOperationsService_, liveDataFactory_,
@@ -30,7 +35,14 @@ std::unique_ptr<TaskDetailAdapter> HomeViewSubviewsFactory::makeTaskDetailView(
     const base::Uuid& taskId) const {
     const presentation::TaskDetailVMFactory factory(dataOperationsService_, liveDataFactory_,
                                                     taskId, makeTimeKeepingProvider_(), clock_);
-    return std::make_unique<TaskDetailAdapter>(factory.makeViewModel());
+    return std::make_unique<TaskDetailAdapter>(
+        factory.makeViewModel(),
+        TaskDetailSubviewsFactory(
+            presentation::NotesVMFactory(dataOperationsService_, liveDataFactory_, clock_, taskId),
+            exporting::ShareContainerVMFactory(
+                {.csvSerializer = std::make_shared<exporting::CSVTaskShareSerializer>(),
+                 .jsonSerializer = std::make_shared<exporting::JSONShareSerializer>()},
+                liveDataFactory_, clipboard_, taskId)));
 }
 
 std::unique_ptr<AddTaskAdapter> HomeViewSubviewsFactory::makeAddTaskView() const {

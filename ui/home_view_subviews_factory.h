@@ -6,6 +6,7 @@
 
 #include "base/clock.h"
 #include "base/uuid.h"
+#include "export/clipboard.h"
 #include "presentation/selected_task_id.h"
 #include "services/time_keeping.h"
 #include "store/data_operations_service_protocol.h"
@@ -29,7 +30,8 @@ class HomeViewSubviewsFactory {
         std::shared_ptr<const store::LiveDataProvidingFactoryProtocol> liveDataFactory,
         std::shared_ptr<const base::Clock> clock,
         std::shared_ptr<presentation::SelectedTaskId> mutableSelectedTaskId,
-        TimeKeepingProviderMaker makeTimeKeepingProvider);
+        TimeKeepingProviderMaker makeTimeKeepingProvider,
+        std::shared_ptr<exporting::Clipboard> clipboard);
 
     std::unique_ptr<TaskListAdapter> makeTaskListView() const;
     std::unique_ptr<TaskDetailAdapter> makeTaskDetailView(const base::Uuid& taskId) const;
@@ -41,6 +43,7 @@ class HomeViewSubviewsFactory {
     std::shared_ptr<const base::Clock> clock_;
     std::shared_ptr<presentation::SelectedTaskId> mutableSelectedTaskId_;
     TimeKeepingProviderMaker makeTimeKeepingProvider_;
+    std::shared_ptr<exporting::Clipboard> clipboard_;
 };
 
 }  // namespace hearthmark::ui

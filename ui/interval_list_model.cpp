@@ -5,10 +5,6 @@
 
 namespace hearthmark::ui {
 
-std::size_t IntervalRow::KeyHash::operator()(const Key& key) const {
-    return key.id.hash() + static_cast<std::size_t>(key.ordinal);
-}
-
 QList<int> IntervalRow::assign(IntervalRow&& next) {
     QList<int> changed;
     assignShown(timeSpent, std::move(next.timeSpent), IntervalListModel::TimeSpentRole, changed);

@@ -5,7 +5,6 @@
 
 #include <QString>
 
-#include "base/uuid.h"
 #include "livedata/block.h"
 #include "ui/row_list_model.h"
 
@@ -13,20 +12,9 @@ namespace hearthmark::ui {
 
 // One interval as a line: its text and what can be done with it. An absent action does nothing.
 struct IntervalRow {
-    struct Key {
-        base::Uuid id;
-        // A damaged store may hold one id twice.
-        int ordinal = 0;
-        bool operator==(const Key&) const = default;
-    };
-    struct KeyHash {
-        std::size_t operator()(const Key& key) const;
-    };
-
-    Key key() const { return rowKey; }
     QList<int> assign(IntervalRow&& next);
 
-    Key rowKey;
+    RowKey key;
     QString timeSpent;
     QString button;
     livedata::Action onButtonTap;

@@ -7,13 +7,15 @@
 #include <utility>
 #include <vector>
 
+#include "ui/row_key.h"
+
 namespace hearthmark::ui {
 
 // A list of rows that changes from one whole state to the next while touching only what differs, so
 // that a rebuild each second moves no scroll bar, closes no menu and drops no focus.
 //
 // Row must offer:
-//   Row::Key, hashable by Row::KeyHash, unique within one list, and `Key key() const`;
+//   `RowKey key`, unique within one list;
 //   `QList<int> assign(Row&& next)`, which takes over a row with the same key, always with its
 //   actions, and returns the roles whose shown value differs.
 template <class Row>
@@ -59,12 +61,12 @@ class RowListModel : public QAbstractListModel {
     }
 
     void removeMissing(const std::vector<Row>& next) {
-        std::unordered_set<typename Row::Key, typename Row::KeyHash> kept;
+        std::unordered_set<RowKey, RowKey::Hash> kept;
         kept.reserve(next.size());
         for (const Row& row : next) {
-            kept.insert(row.key());
+            kept.insert(row.key);
         }
-        const auto isMissing = [&kept](const Row& row) { return !kept.contains(row.key()); };
+        const auto isMissing = [&kept](const Row& row) { return !kept.contains(row.key); };
         auto first = std::ranges::find_if(rows_, isMissing);
         while (first != rows_.end()) {
             const auto last = std::find_if_not(first, rows_.end(), isMissing);
@@ -79,9 +81,9 @@ class RowListModel : public QAbstractListModel {
     void place(std::size_t index, Row&& next) {
         const int row = static_cast<int>(index);
         const auto position = rows_.begin() + static_cast<std::ptrdiff_t>(index);
-        const auto found = std::find_if(
-            position, rows_.end(),
-            [key = next.key()](const Row& candidate) { return candidate.key() == key; });
+        const auto found = std::find_if(position, rows_.end(), [&next](const Row& candidate) {
+            return candidate.key == next.key;
+        });
         if (found == rows_.end()) {
             beginInsertRows({}, row, row);
             rows_.insert(position, std::move(next));

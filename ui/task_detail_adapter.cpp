@@ -6,7 +6,7 @@
 
 #include "store/time_texts.h"
 #include "ui/assign_shown.h"
-#include "ui/ordinals.h"
+#include "ui/replace_adapter.h"
 #include "ui/text_conversion.h"
 
 namespace hearthmark::ui {
@@ -17,18 +17,17 @@ QString durationText(base::Seconds duration) {
     return toQString(store::formattedDuration(duration).value_or(""));
 }
 
-template <class Interval>
-std::vector<IntervalRow> intervalRows(const std::vector<Interval>& intervals) {
+std::vector<IntervalRow> intervalRows(
+    const std::vector<presentation::TaskDetailViewState::RunningInterval>& intervals) {
     std::vector<IntervalRow> rows;
     rows.reserve(intervals.size());
-    Ordinals ordinals;
-    for (const Interval& interval : intervals) {
-        rows.push_back(
-            {.rowKey = {.id = interval.intervalId, .ordinal = ordinals.next(interval.intervalId)},
-             .timeSpent = toQString(interval.totalTimeSpent),
-             .button = {},
-             .onButtonTap = {},
-             .onDelete = interval.onDeleteCommand});
+    RowKeys keys;
+    for (const auto& interval : intervals) {
+        rows.push_back({.key = keys.next(0, interval.intervalId),
+                        .timeSpent = toQString(interval.totalTimeSpent),
+                        .button = {},
+                        .onButtonTap = {},
+                        .onDelete = interval.onDeleteCommand});
     }
     return rows;
 }
@@ -36,11 +35,15 @@ std::vector<IntervalRow> intervalRows(const std::vector<Interval>& intervals) {
 }  // namespace
 
 TaskDetailAdapter::TaskDetailAdapter(
-    std::shared_ptr<presentation::TaskDetailViewModelProtocol> viewModel)
+    std::shared_ptr<presentation::TaskDetailViewModelProtocol> viewModel,
+    TaskDetailSubviewsFactory subviewsFactory)
     : viewModel_(std::move(viewModel)),
+      subviewsFactory_(std::move(subviewsFactory)),
+      notes_(subviewsFactory_.makeNotesView()),
       shortFocusText_(durationText(presentation::kShortFocus)),
       longFocusText_(durationText(presentation::kLongFocus)),
       subscription_(viewModel_->viewState().subscribeDidChange([this] { show(); })) {
+    connect(notes_.get(), &NotesAdapter::shown, this, &TaskDetailAdapter::showRows);
     viewModel_->startObserving();
 }
 
@@ -56,13 +59,30 @@ void TaskDetailAdapter::startLongFocus() {
     }
 }
 
+void TaskDetailAdapter::displayShareSheet() {
+    if (!share_) {
+        share_ = subviewsFactory_.makeShareView();
+        emit shareChanged();
+    }
+}
+
+void TaskDetailAdapter::dismissShareSheet() {
+    replaceAdapter<ShareContainerAdapter>(share_, nullptr, [this] { emit shareChanged(); });
+}
+
+void TaskDetailAdapter::showRows() {
+    if (const auto& state = viewModel_->viewState().value()) {
+        rows_.show(*state, notes_->state());
+    }
+}
+
 void TaskDetailAdapter::show() {
     const auto& state = viewModel_->viewState().value();
     if (!state) {
         return;
     }
     runningIntervals_.update(intervalRows(state->runningIntervals));
-    nonRunningIntervals_.update(intervalRows(state->nonRunningIntervals));
+    showRows();
     if (QString name = toQString(state->taskName); name != taskName_) {
         taskName_ = std::move(name);
         emit taskNameChanged();

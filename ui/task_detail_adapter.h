@@ -10,10 +10,16 @@
 #include "livedata/subscription.h"
 #include "presentation/task_detail_view_model.h"
 #include "ui/interval_list_model.h"
+#include "ui/notes_adapter.h"
+#include "ui/share_container_adapter.h"
+#include "ui/task_detail_list_model.h"
+#include "ui/task_detail_subviews_factory.h"
 
 namespace hearthmark::ui {
 
-// Hands the view state of one task to TaskDetailView.qml. Owns its view model.
+// Hands the view state of one task to TaskDetailView.qml: the notes section, which stays, and the
+// share sheet, which is made each time it is presented, included. Owns its view model and the
+// adapters of both.
 class TaskDetailAdapter final : public QObject {
     Q_OBJECT
     QML_ELEMENT
@@ -26,12 +32,13 @@ class TaskDetailAdapter final : public QObject {
     Q_PROPERTY(QString longFocusText READ longFocusText CONSTANT FINAL)
     Q_PROPERTY(
         hearthmark::ui::IntervalListModel* runningIntervals READ runningIntervals CONSTANT FINAL)
-    Q_PROPERTY(hearthmark::ui::IntervalListModel* nonRunningIntervals READ nonRunningIntervals
-                   CONSTANT FINAL)
+    Q_PROPERTY(hearthmark::ui::TaskDetailListModel* rows READ rows CONSTANT FINAL)
+    Q_PROPERTY(hearthmark::ui::NotesAdapter* notes READ notes CONSTANT FINAL)
+    Q_PROPERTY(hearthmark::ui::ShareContainerAdapter* share READ share NOTIFY shareChanged FINAL)
 
  public:
-    explicit TaskDetailAdapter(
-        std::shared_ptr<presentation::TaskDetailViewModelProtocol> viewModel);
+    TaskDetailAdapter(std::shared_ptr<presentation::TaskDetailViewModelProtocol> viewModel,
+                      TaskDetailSubviewsFactory subviewsFactory);
 
     bool loaded() const { return loaded_; }
     QString taskName() const { return taskName_; }
@@ -41,27 +48,37 @@ class TaskDetailAdapter final : public QObject {
     QString shortFocusText() const { return shortFocusText_; }
     QString longFocusText() const { return longFocusText_; }
     IntervalListModel* runningIntervals() { return &runningIntervals_; }
-    IntervalListModel* nonRunningIntervals() { return &nonRunningIntervals_; }
+    TaskDetailListModel* rows() { return &rows_; }
+    NotesAdapter* notes() const { return notes_.get(); }
+    // Present while the share sheet is displayed.
+    ShareContainerAdapter* share() const { return share_.get(); }
 
     Q_INVOKABLE void startShortFocus();
     Q_INVOKABLE void startLongFocus();
+    Q_INVOKABLE void displayShareSheet();
+    Q_INVOKABLE void dismissShareSheet();
 
  signals:
     void loadedChanged();
     void taskNameChanged();
     void totalTimeSpentChanged();
     void canStartFocusChanged();
+    void shareChanged();
 
  private:
     void show();
+    void showRows();
 
     std::shared_ptr<presentation::TaskDetailViewModelProtocol> viewModel_;
+    TaskDetailSubviewsFactory subviewsFactory_;
+    std::unique_ptr<NotesAdapter> notes_;
+    std::unique_ptr<ShareContainerAdapter> share_;
     QString taskName_;
     QString totalTimeSpent_;
     const QString shortFocusText_;
     const QString longFocusText_;
     IntervalListModel runningIntervals_;
-    IntervalListModel nonRunningIntervals_;
+    TaskDetailListModel rows_;
     bool loaded_ = false;
     bool canStartFocus_ = false;
     livedata::Subscription subscription_;

@@ -5,7 +5,6 @@
 #include <utility>
 
 #include "ui/assign_shown.h"
-#include "ui/ordinals.h"
 #include "ui/text_conversion.h"
 
 namespace hearthmark::ui {
@@ -18,7 +17,7 @@ enum class Section { running, nonRunning };
 
 TaskListRow textRow(TaskListRow::Kind kind, Section section, const QString& text) {
     TaskListRow row;
-    row.rowKey = {.kind = kind, .id = {}, .ordinal = static_cast<int>(section)};
+    row.key = {.kind = static_cast<int>(kind), .id = {}, .ordinal = static_cast<int>(section)};
     row.text = text;
     return row;
 }
@@ -32,10 +31,9 @@ void appendSection(std::vector<TaskListRow>& rows, Section section, const QStrin
 }
 
 template <class Item>
-TaskListRow taskRow(const Item& item, Ordinals& ordinals) {
+TaskListRow taskRow(const Item& item, RowKeys& keys) {
     TaskListRow row;
-    row.rowKey = {
-        .kind = TaskListRow::Kind::task, .id = item.taskId, .ordinal = ordinals.next(item.taskId)};
+    row.key = keys.next(static_cast<int>(TaskListRow::Kind::task), item.taskId);
     row.text = toQString(item.taskName);
     row.timeSpent = toQString(item.timeSpent);
     row.isSelected = item.isSelected;
@@ -47,14 +45,13 @@ std::shared_ptr<IntervalListModel> intervalList(
     const std::vector<TaskListViewState::RunningItemInterval>& intervals) {
     std::vector<IntervalRow> rows;
     rows.reserve(intervals.size());
-    Ordinals ordinals;
+    RowKeys keys;
     for (const TaskListViewState::RunningItemInterval& interval : intervals) {
-        rows.push_back(
-            {.rowKey = {.id = interval.intervalId, .ordinal = ordinals.next(interval.intervalId)},
-             .timeSpent = toQString(interval.timeSpent),
-             .button = toQString(interval.button),
-             .onButtonTap = interval.onButtonTap,
-             .onDelete = interval.onDeleteCommand});
+        rows.push_back({.key = keys.next(0, interval.intervalId),
+                        .timeSpent = toQString(interval.timeSpent),
+                        .button = toQString(interval.button),
+                        .onButtonTap = interval.onButtonTap,
+                        .onDelete = interval.onDeleteCommand});
     }
     // Deleted later, since it may go while one of its own actions runs.
     std::shared_ptr<IntervalListModel> list(new IntervalListModel,
@@ -66,11 +63,11 @@ std::shared_ptr<IntervalListModel> intervalList(
 std::vector<TaskListRow> taskListRows(const TaskListViewState::View& state) {
     std::vector<TaskListRow> rows;
     rows.reserve(state.runningItems.size() + state.nonRunningItems.size() + 4);
-    Ordinals ordinals;
+    RowKeys keys;
     appendSection(rows, Section::running, QObject::tr("Running"),
                   QObject::tr("No tasks in progress."), state.runningItems.empty());
     for (const TaskListViewState::RunningItem& item : state.runningItems) {
-        TaskListRow& row = rows.emplace_back(taskRow(item, ordinals));
+        TaskListRow& row = rows.emplace_back(taskRow(item, keys));
         row.intervals = intervalList(item.intervalViewStates);
         // A running task is deleted by way of its newest running interval.
         if (!item.intervalViewStates.empty()) {
@@ -81,17 +78,12 @@ std::vector<TaskListRow> taskListRows(const TaskListViewState::View& state) {
                   QObject::tr("Add your first task by pressing the button below 👇"),
                   state.nonRunningItems.empty());
     for (const TaskListViewState::NonRunningItem& item : state.nonRunningItems) {
-        rows.emplace_back(taskRow(item, ordinals)).onDelete = item.onDeleteCommand;
+        rows.emplace_back(taskRow(item, keys)).onDelete = item.onDeleteCommand;
     }
     return rows;
 }
 
 }  // namespace
-
-std::size_t TaskListRow::KeyHash::operator()(const Key& key) const {
-    return key.id.hash() + static_cast<std::size_t>(key.ordinal) * 4 +
-           static_cast<std::size_t>(key.kind);
-}
 
 QList<int> TaskListRow::assign(TaskListRow&& next) {
     QList<int> changed;
@@ -119,7 +111,7 @@ QVariant TaskListModel::data(const QModelIndex& index, int role) const {
     }
     switch (role) {
         case KindRole:
-            return static_cast<int>(row->rowKey.kind);
+            return row->key.kind;
         case TextRole:
             return row->text;
         case TimeSpentRole:
@@ -182,7 +174,7 @@ int TaskListModel::taskNearest(int row) const {
 
 bool TaskListModel::isTask(int row) const {
     const TaskListRow* found = rowAt(row);
-    return found != nullptr && found->rowKey.kind == TaskListRow::Kind::task;
+    return found != nullptr && found->kind() == TaskListRow::Kind::task;
 }
 
 }  // namespace hearthmark::ui

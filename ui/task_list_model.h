@@ -6,7 +6,6 @@
 #include <QString>
 #include <memory>
 
-#include "base/uuid.h"
 #include "livedata/block.h"
 #include "presentation/task_list_view_state.h"
 #include "ui/interval_list_model.h"
@@ -18,20 +17,11 @@ namespace hearthmark::ui {
 struct TaskListRow {
     enum class Kind { header, hint, task };
 
-    struct Key {
-        Kind kind = Kind::task;
-        base::Uuid id;    // of a task; zero for the others
-        int ordinal = 0;  // which of several tasks with one id; for the others, which section
-        bool operator==(const Key&) const = default;
-    };
-    struct KeyHash {
-        std::size_t operator()(const Key& key) const;
-    };
-
-    Key key() const { return rowKey; }
+    Kind kind() const { return static_cast<Kind>(key.kind); }
     QList<int> assign(TaskListRow&& next);
 
-    Key rowKey;
+    // The id is a task's; the others have none, and are numbered by their section.
+    RowKey key;
     QString text;  // the header, the hint or the task's name
     QString timeSpent;
     bool isSelected = false;

@@ -2,6 +2,7 @@
 """Runs the real program on an X display and a session bus of its own, and drives it through the
 accessibility bus and the keyboard."""
 
+import contextlib
 import os
 import shutil
 import signal
@@ -9,12 +10,18 @@ import sqlite3
 import subprocess
 import tempfile
 import time
+import unittest
+import uuid
 
 EPOCH = 978307200  # 2001-01-01T00:00:00Z, from where the store counts
 
 
 def now():
     return time.time() - EPOCH
+
+
+def new_id():
+    return str(uuid.uuid4()).upper()
 
 
 def wait_for(probe, what, seconds=10.0):
@@ -118,7 +125,7 @@ class Program:
     # The store, read by another program as anyone may.
 
     def rows(self, query):
-        with sqlite3.connect(self.file) as database:
+        with contextlib.closing(sqlite3.connect(self.file)) as database:
             return database.execute(query).fetchall()
 
     def plant(self, *statements):
@@ -141,12 +148,10 @@ class Program:
 
     def find_all(self, name=None, role=None, root=None):
         """Every showing node, in the order of the tree."""
-        import pyatspi
-
         found = []
 
         def visit(node):
-            if node is None or not node.getState().contains(pyatspi.STATE_SHOWING):
+            if not is_showing(node):
                 return
             if (name is None or node.name == name) and (role is None or node.getRoleName() == role):
                 found.append(node)
@@ -167,16 +172,16 @@ class Program:
 
         return self.find(name, "push button").getState().contains(pyatspi.STATE_ENABLED)
 
-    def listed(self):
-        """What the task list shows, top to bottom: (role, name, description)."""
+    def listed(self, title="Tasks"):
+        """What the list shows, top to bottom: (role, name, description)."""
         def look():
-            rows = [row for row in self.find_all("Tasks", "list")[0] if row is not None]
+            rows = [row for row in self.find_all(title, "list")[0] if is_showing(row)]
             rows.sort(key=lambda row: extents(row).y)
             return [(row.getRoleName(), row.name, row.description) for row in rows]
         return wait_for(look, "the rows of the list")
 
-    def names(self):
-        return [name for _, name, _ in self.listed()]
+    def names(self, title="Tasks"):
+        return [name for _, name, _ in self.listed(title)]
 
     def section_of(self, task):
         """The header above the task's row."""
@@ -194,6 +199,38 @@ class Program:
         type_text(name)
         self.press("Save")
         wait_for(lambda: name in self.names(), f"the row of {name!r}")
+
+
+class ProgramTest(unittest.TestCase):
+    binary = None  # to be set before the tests run
+
+    def setUp(self):
+        data = tempfile.mkdtemp(prefix="hearthmark-data-")
+        self.addCleanup(shutil.rmtree, data)
+        self.program = Program(self.binary, data)
+        self.addCleanup(lambda: self.program.process and self.program.end(signal.SIGKILL))
+
+    def make_store(self, *statements):
+        """A store that the program made, with rows of our own."""
+        self.program.launch().end()
+        self.program.plant(*statements)
+
+    def task_with_interval(self, state, duration=0.0, maximum=1800.0, started=None, visited=None,
+                           task=1):
+        return [("INSERT OR IGNORE INTO Task VALUES (1, ?, 0, 'Planted')", (new_id(),)),
+                ("INSERT INTO Interval VALUES (1, ?, 0, ?, ?, ?)",
+                 (new_id(), duration, maximum, task)),
+                ("INSERT INTO RawIntervalState VALUES (1, ?, ?, ?, 1)", (state, started, visited))]
+
+    def interval(self):
+        return self.program.rows("SELECT i.duration, r.state, r.started, r.visited FROM Interval i"
+                                 " JOIN RawIntervalState r ON r.interval = i.pk")[0]
+
+
+def is_showing(node):
+    import pyatspi
+
+    return node is not None and node.getState().contains(pyatspi.STATE_SHOWING)
 
 
 def extents(node):
@@ -223,3 +260,12 @@ def type_text(text):
 
 def xdotool(*arguments):
     subprocess.run(["xdotool", *map(str, arguments)], check=True)
+
+
+def set_clipboard(text):
+    subprocess.run(["xclip", "-selection", "clipboard"], input=text.encode(), check=True,
+                   stderr=subprocess.DEVNULL)
+
+
+def clipboard():
+    return subprocess.check_output(["xclip", "-selection", "clipboard", "-o"], timeout=10)

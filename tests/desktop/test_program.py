@@ -10,48 +10,17 @@ import shutil
 import signal
 import subprocess
 import sys
-import tempfile
 import time
 import unittest
-import uuid
 
-sys.path.insert(0, os.path.dirname(os.path.abspath(__file__)))
-from driver import (Desktop, Program, click, extents, key, now, press, type_text,  # noqa: E402
+from driver import (Desktop, ProgramTest, click, extents, key, new_id, now, press, type_text,
                     wait_for, xdotool)
 
 WATCHED_SECONDS = 8
 
 
-def new_id():
-    return str(uuid.uuid4()).upper()
-
-
 def setUpModule():
     unittest.addModuleCleanup(Desktop().close)
-
-
-class ProgramTest(unittest.TestCase):
-    def setUp(self):
-        data = tempfile.mkdtemp(prefix="hearthmark-data-")
-        self.addCleanup(shutil.rmtree, data)
-        self.program = Program(BINARY, data)
-        self.addCleanup(lambda: self.program.process and self.program.end(signal.SIGKILL))
-
-    def make_store(self, *statements):
-        """A store that the program made, with rows of our own."""
-        self.program.launch().end()
-        self.program.plant(*statements)
-
-    def task_with_interval(self, state, duration=0.0, maximum=1800.0, started=None, visited=None,
-                           task=1):
-        return [("INSERT OR IGNORE INTO Task VALUES (1, ?, 0, 'Planted')", (new_id(),)),
-                ("INSERT INTO Interval VALUES (1, ?, 0, ?, ?, ?)",
-                 (new_id(), duration, maximum, task)),
-                ("INSERT INTO RawIntervalState VALUES (1, ?, ?, ?, 1)", (state, started, visited))]
-
-    def interval(self):
-        return self.program.rows("SELECT i.duration, r.state, r.started, r.visited FROM Interval i"
-                                 " JOIN RawIntervalState r ON r.interval = i.pk")[0]
 
 
 class Use(ProgramTest):
@@ -227,12 +196,12 @@ class Restarts(ProgramTest):
         wait_for(lambda: not program.find_all("Add Task"), "the window to hide")
         self.assertIsNone(program.process.poll())
         before = time.monotonic()
-        second = subprocess.run([BINARY], env=program.environment(), timeout=5, check=False)
+        second = subprocess.run([program.binary], env=program.environment(), timeout=5, check=False)
         self.assertEqual(second.returncode, 0)
         self.assertLess(time.monotonic() - before, 1)
         program.find("Add Task")
         silent = subprocess.run(
-            [BINARY], env=program.environment(DBUS_SESSION_BUS_ADDRESS="disabled:"), timeout=5,
+            [program.binary], env=program.environment(DBUS_SESSION_BUS_ADDRESS="disabled:"), timeout=5,
             capture_output=True, text=True, check=False)
         self.assertEqual((silent.returncode, silent.stderr), (1, "Hearthmark is already running.\n"))
         program.end(signal.SIGKILL)
@@ -274,7 +243,7 @@ class Refusals(ProgramTest):
 
 
 if __name__ == "__main__":
-    BINARY = os.path.abspath(sys.argv.pop(1))
+    ProgramTest.binary = os.path.abspath(sys.argv.pop(1))
     if len(sys.argv) > 1 and sys.argv[1].isdigit():
         WATCHED_SECONDS = int(sys.argv.pop(1))
     unittest.main(verbosity=2)

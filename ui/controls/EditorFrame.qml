@@ -9,6 +9,7 @@ FocusScope {
     property alias text: editor.text
     property alias minHeight: editor.minHeight
     property alias accessibleName: editor.accessibleName
+    readonly property alias cursorRectangle: editor.cursorRectangle
     property real maximumHeight: Infinity
     readonly property int inset: 4
 
@@ -35,7 +36,9 @@ FocusScope {
         anchors.margins: root.inset
         contentHeight: editor.height
         boundsBehavior: Flickable.StopAtBounds
-        clip: contentHeight > height
+        // What has nothing to scroll leaves the wheel to what is around it.
+        interactive: contentHeight > height
+        clip: interactive
         T.ScrollBar.vertical: ScrollBar {}
 
         ExpandingTextView {

@@ -7,41 +7,23 @@ FocusScope {
 
     property alias text: editor.text
     property alias cursorRectangle: editor.cursorRectangle
-    property string accessibleName
+    property alias accessibleName: editor.accessibleName
+    readonly property alias textSize: editor.textSize
     property real minHeight
 
-    implicitHeight: Math.max(root.minHeight, editor.implicitHeight)
+    implicitHeight: Math.max(root.minHeight, root.textSize.height)
     height: implicitHeight
 
-    TextEdit {
+    SizeExportingTextView {
         id: editor
+
+        property string accessibleName
 
         anchors.fill: parent
         focus: true
         activeFocusOnTab: true
-        color: Theme.colors.text
-        selectionColor: Theme.colors.selectedContent
-        selectedTextColor: Theme.colors.selectedText
-        font.pointSize: Theme.bodySize
-        textFormat: TextEdit.PlainText
-        padding: Theme.tightSpacing
-        wrapMode: TextEdit.Wrap
-        selectByMouse: true
-        persistentSelection: true
-
-        Accessible.role: Accessible.EditableText
-        Accessible.name: root.accessibleName
-        Accessible.multiLine: true
-
-        // A tab would be typed otherwise, and the keyboard could not leave the editor.
-        Keys.onTabPressed: editor.nextItemInFocusChain(true).forceActiveFocus(Qt.TabFocusReason)
-        Keys.onBacktabPressed: editor.nextItemInFocusChain(false).forceActiveFocus(Qt.BacktabFocusReason)
-
+        Accessible.name: editor.accessibleName
         Keys.onMenuPressed: menu.popup(root, editor.cursorRectangle.x, editor.cursorRectangle.y + editor.cursorRectangle.height)
-
-        HoverHandler {
-            cursorShape: Qt.IBeamCursor
-        }
 
         MouseArea {
             anchors.fill: parent
@@ -53,6 +35,18 @@ FocusScope {
     ContextMenu {
         id: menu
 
+        ContextMenuItem {
+            text: qsTr("Undo")
+            shortcutText: "Ctrl+Z"
+            enabled: editor.canUndo
+            onTriggered: editor.undo()
+        }
+        ContextMenuItem {
+            text: qsTr("Redo")
+            shortcutText: "Ctrl+Shift+Z"
+            enabled: editor.canRedo
+            onTriggered: editor.redo()
+        }
         ContextMenuItem {
             text: qsTr("Cut")
             shortcutText: "Ctrl+X"

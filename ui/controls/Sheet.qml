@@ -7,9 +7,11 @@ import QtQuick.Templates as T
 T.Popup {
     id: root
 
+    property real preferredWidth: Theme.sheetWidth
+
     parent: T.Overlay.overlay
     anchors.centerIn: parent
-    width: Math.min(Theme.sheetWidth, (parent?.width ?? 0) - 2 * Theme.pageMargin)
+    width: Math.min(root.preferredWidth, (parent?.width ?? 0) - 2 * Theme.pageMargin)
     implicitHeight: contentHeight + topPadding + bottomPadding
     padding: 20
     modal: true

@@ -44,6 +44,8 @@ QtObject {
     readonly property real title2Size: root.bodySize * 1.5
     readonly property real title3Size: root.bodySize * 1.2
 
+    readonly property string fixedFamily: "monospace"
+
     readonly property int tightSpacing: 4
     readonly property int spacing: 8
     readonly property int wideSpacing: 16
@@ -55,7 +57,10 @@ QtObject {
     readonly property int controlHeight: 32
     readonly property int sidebarWidth: 300
     readonly property int sheetWidth: 440
+    readonly property int wideSheetWidth: 760
     readonly property int pageWidth: 640
     readonly property int menuWidth: 200
     readonly property int editorMaximumHeight: 200
+    readonly property int noteEditorHeight: 100
+    readonly property int noteMaximumLineCount: 500
 }

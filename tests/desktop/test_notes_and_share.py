@@ -1,0 +1,144 @@
+# SPDX-License-Identifier: MIT
+"""Notes and the share sheet: test_notes_and_share.py BINARY EXPORT_WRITER [unittest arguments]"""
+
+import subprocess
+import sys
+import unittest
+from pathlib import Path
+
+from driver import (Desktop, ProgramTest, click, clipboard, key, new_id, now, press, set_clipboard,
+                    type_text, wait_for, xdotool)
+
+BLANKS = " \t\n\u00a0\u2003\u2028"
+WRITINGS = "\u200fשלום \u202eمرحبا\u202c 👩\u200d👧 🍅"
+
+
+def setUpModule():
+    unittest.addModuleCleanup(Desktop().close)
+
+
+class NotesAndShare(ProgramTest):
+    def show_task(self, *notes, name="A", intervals=0):
+        """The first interval has no state and the second one runs; the others are finished."""
+        self.make_store(
+            ("INSERT INTO Task VALUES (1, ?, 0, ?), (2, ?, 0, 'B')", (new_id(), name, new_id())),
+            *[("INSERT INTO Interval VALUES (NULL, ?, 0.1, 60, 1800, 1)", (new_id(),))
+              for _ in range(intervals)],
+            "INSERT INTO RawIntervalState (state, interval)"
+            " SELECT 2 * (pk > 2), pk FROM Interval WHERE pk > 1",
+            *[("INSERT INTO Note VALUES (NULL, ?, ?, ?, 1)", (new_id(), date, text))
+              for date, text in enumerate(notes)])
+        self.program.launch()
+        self.select(name)
+        return self.program
+
+    def select(self, name):
+        press(self.program.find(name, "list item"))
+        self.program.find(name, "heading")
+
+    def wait_for_typed(self, text):
+        editor = self.program.find("Note", "text").queryText()
+        wait_for(lambda: editor.getText(0, -1).replace("\u2029", "\n") == text, repr(text))
+
+    def wait_for_rows(self, *names):
+        wait_for(lambda: self.program.names("Intervals and notes")[-len(names):] == [*names], names)
+
+    def test_a_note_is_stored_without_the_blanks_around_it_and_shown_first(self):
+        program = self.show_task("Old", intervals=3)
+        program.press("Add Note")
+        self.wait_for_rows("1:00/30:00", "Notes", "Note", "Save", "Discard", "Old")
+        text = f"first  line\n{WRITINGS}\n\n\tend."
+        set_clipboard(BLANKS + text + BLANKS)
+        key("ctrl+v")
+        self.wait_for_typed(BLANKS + text + BLANKS)
+        program.press("Save")
+        self.wait_for_rows("1:00/30:00", "Notes", "Add Note", text, "Old")
+        [(note, date, stored)] = program.rows("SELECT id, creationDate, text FROM Note WHERE pk > 1")
+        self.assertRegex(note, "^([0-9A-F]+-){4}[0-9A-F]{12}$")
+        self.assertAlmostEqual(date, now(), delta=30)
+        self.assertEqual(stored, text)
+        key("Return", "Y", "ctrl+Return")  # from the button, where the keyboard was left
+        self.wait_for_rows("Notes", "Add Note", "Y", text, "Old")
+
+    def test_only_an_empty_note_goes_by_escape_and_a_blank_one_is_not_saved(self):
+        program = self.show_task()
+        for blanks in [" ", "\n\n", BLANKS]:
+            set_clipboard(blanks)
+            key("ctrl+shift+n", "ctrl+v")
+            self.wait_for_typed(blanks)
+            program.press("Save")
+            key("ctrl+Return", "Escape", "x", "ctrl+shift+n", "Escape", "y")
+            self.wait_for_typed(blanks + "xy")
+            key("ctrl+a", "BackSpace", "Escape")
+            program.find("Add Note")
+        key("ctrl+shift+n", "x")
+        program.press("Discard")
+        program.find("Add Note")
+        self.assertEqual(program.rows("SELECT * FROM Note"), [])
+
+    def test_a_half_typed_note_outlives_all_but_its_pane(self):
+        program = self.show_task("Old", "New")
+        key("ctrl+shift+n", "h", "a", "l", "f")
+        click(program.find("Old", "list item"), button=3)
+        program.press("Delete", "menu item")
+        program.press("30:00")
+        wait_for(lambda: program.find("A", "list item").description > "1", "two ticks")
+        self.select("A")
+        click(program.find("Note", "text"))
+        key("ctrl+End", "space", "2")
+        self.wait_for_typed("half 2")
+        self.select("B")
+        self.select("A")
+        program.find("Add Note")
+        self.assertEqual(program.rows("SELECT text FROM Note WHERE task = 1"), [("New",)])
+
+    def test_the_editor_is_brought_on_screen_and_takes_keys_out_of_sight(self):
+        program = self.show_task(*map(str, range(200)), intervals=300)
+        key("ctrl+shift+n")
+        click(program.find("Note", "text"))
+        key("x")
+        xdotool("click", "--repeat", 50, 5)
+        wait_for(lambda: not program.find_all("Note"), "the editor to scroll away")
+        type_text("yz")
+        self.wait_for_typed("xyz")
+
+    def test_a_copy_is_exact_and_stays_when_the_window_is_hidden(self):
+        name = f'a "b", c/d\\e\nf\r\ng\th\u0001\u007f\u2028{WRITINGS}'
+        program = self.show_task(name, "", None, name=name, intervals=2)
+        program.rows(f"VACUUM INTO '{program.data}/Hearthmark.sqlite'")
+        subprocess.run([EXPORT_WRITER, program.data, program.data], check=True)
+        for copy in [lambda: program.press("Copy"), lambda: key("ctrl+c")]:
+            for tab in ["JSON", "CSV"]:
+                program.press("Share")
+                press(program.find(tab, "page tab"))
+                program.find(tab, "list")
+                copy()
+                wait_for(lambda: not program.find_all("Copy"), "the sheet to close")
+                text = Path(program.data, f"1.{tab.lower()}").read_bytes()
+                self.assertEqual(clipboard(), text)
+        key("alt+F4")
+        wait_for(lambda: not program.find_all("Share"), "the window to hide")
+        self.assertEqual(clipboard(), text)
+
+    def test_closing_the_sheet_leaves_the_clipboard_as_it_was(self):
+        program = self.show_task()
+        set_clipboard("before")
+        for close in [lambda: program.press("Close"), lambda: key("Escape"),
+                      lambda: click(program.find("Hearthmark", "heading"))]:  # beside the sheet
+            program.press("Share")
+            program.find("CSV", "page tab")
+            close()
+            wait_for(lambda: not program.find_all("Copy"), "the sheet to close")
+        click(program.find("A", "list item"), button=3)
+        program.press("Delete", "menu item")
+        program.press("Share")
+        program.find("Share", "dialog")
+        self.assertFalse(program.find_all(role="page tab") or program.find_all("Close"))
+        key("ctrl+c", "Escape")
+        wait_for(lambda: not program.find_all("Share", "dialog"), "the empty sheet to close")
+        self.assertEqual(clipboard(), b"before")
+
+
+if __name__ == "__main__":
+    ProgramTest.binary, EXPORT_WRITER = sys.argv[1:3]
+    unittest.main(argv=sys.argv[2:], verbosity=2)

@@ -1,0 +1,67 @@
+// SPDX-License-Identifier: MIT
+import QtQuick
+import Hearthmark.Controls
+import Hearthmark.Ui
+
+// The note that is being written. It keeps what was typed. Escape throws away an empty note only.
+EditorForm {
+    id: root
+
+    required property NotesAdapter adapter
+
+    // A part of this is to be brought on screen.
+    signal revealed(top: real, bottom: real)
+
+    function discardEmpty(event) {
+        event.accepted = editor.text.length === 0;
+        if (event.accepted)
+            root.adapter.discardNote();
+    }
+
+    // At the end of the text the buttons below it show as well.
+    function revealCursor() {
+        if (!root.activeFocus)
+            return;
+        const top = editor.y + editor.inset + editor.cursorRectangle.y;
+        const bottom = top + editor.cursorRectangle.height;
+        const isLastLine = bottom + editor.cursorRectangle.height > editor.y + editor.height;
+        root.revealed(top, isLastLine ? root.height : bottom);
+    }
+
+    implicitHeight: content.height
+    onHeightChanged: root.revealCursor()
+    onSaveRequested: root.adapter.saveNote(editor.text)
+    Keys.onEscapePressed: event => root.discardEmpty(event)
+
+    Column {
+        id: content
+
+        width: parent.width
+        spacing: Theme.spacing
+
+        EditorFrame {
+            id: editor
+
+            width: parent.width
+            focus: true
+            minHeight: Theme.noteEditorHeight
+            accessibleName: qsTr("Note")
+            onCursorRectangleChanged: root.revealCursor()
+        }
+
+        Row {
+            spacing: Theme.spacing
+
+            PushButton {
+                look: PushButton.Primary
+                text: root.adapter.saveText
+                onClicked: root.saveRequested()
+            }
+
+            PushButton {
+                text: root.adapter.discardText
+                onClicked: root.adapter.discardNote()
+            }
+        }
+    }
+}

@@ -1,0 +1,73 @@
+// SPDX-License-Identifier: MIT
+pragma ComponentBehavior: Bound
+import QtQuick
+import Hearthmark.Controls
+import Hearthmark.Ui
+
+// The notes section of the detail pane down to the note that is being written; the saved notes follow
+// it as rows of the pane's list.
+FocusScope {
+    id: root
+
+    required property NotesAdapter adapter
+
+    // A part of this is to be brought on screen.
+    signal revealed(top: real, bottom: real)
+
+    function addNote() {
+        root.adapter.addNote();
+        editors.itemAt(0)?.forceActiveFocus(Qt.OtherFocusReason);
+    }
+
+    function revealAll() {
+        if (root.activeFocus)
+            root.revealed(0, root.height);
+    }
+
+    function focusButton() {
+        if (root.activeFocus)
+            button.forceActiveFocus(Qt.OtherFocusReason);
+    }
+
+    implicitHeight: content.height + Theme.spacing
+    onActiveFocusChanged: root.revealAll()
+
+    Column {
+        id: content
+
+        width: parent.width
+        spacing: Theme.spacing
+
+        SectionTitle {
+            text: qsTr("Notes")
+        }
+
+        PushButton {
+            id: button
+
+            x: Theme.pageMargin
+            visible: root.adapter.canAddNote
+            symbol: "plus"
+            text: qsTr("Add Note")
+            onClicked: root.addNote()
+        }
+
+        // At most one.
+        Repeater {
+            id: editors
+
+            model: root.adapter.isWriting ? 1 : 0
+            onItemRemoved: root.focusButton()
+
+            NoteEditor {
+                id: editor
+
+                x: Theme.pageMargin
+                width: Math.min(Theme.pageWidth, content.width - 2 * Theme.pageMargin)
+                focus: true
+                adapter: root.adapter
+                onRevealed: (top, bottom) => root.revealed(content.y + editor.y + top, content.y + editor.y + bottom)
+            }
+        }
+    }
+}

@@ -1,0 +1,108 @@
+// SPDX-License-Identifier: MIT
+import QtQuick
+import Hearthmark.Controls
+import Hearthmark.Ui
+
+// The content of the share sheet: the task's two texts, one for each tab. Empty until they are made.
+FocusScope {
+    id: root
+
+    property ShareContainerAdapter adapter
+
+    signal closed
+
+    function copy() {
+        root.adapter.copy(tabs.currentIndex);
+        root.closed();
+    }
+
+    function copyOnControl(event) {
+        event.accepted = root.adapter?.loaded && event.key === Qt.Key_C && event.modifiers === Qt.ControlModifier;
+        if (event.accepted)
+            root.copy();
+    }
+
+    // Each presentation begins with the first tab.
+    function reset() {
+        tabs.currentIndex = ShareContainerAdapter.Json;
+    }
+
+    Accessible.role: Accessible.Dialog
+    Accessible.name: qsTr("Share")
+    onVisibleChanged: root.reset()
+    Keys.onPressed: event => root.copyOnControl(event)
+
+    FocusScope {
+        id: content
+
+        anchors.fill: parent
+        visible: root.adapter?.loaded ?? false
+        focus: true
+
+        TabBar {
+            id: tabs
+
+            anchors.horizontalCenter: parent.horizontalCenter
+
+            TabButton {
+                symbol: "tray.and.arrow.down.fill"
+                text: qsTr("JSON")
+            }
+
+            TabButton {
+                symbol: "tray.and.arrow.down.fill"
+                text: qsTr("CSV")
+            }
+        }
+
+        Rectangle {
+            anchors.top: tabs.bottom
+            anchors.bottom: buttons.top
+            anchors.topMargin: Theme.spacing
+            anchors.bottomMargin: Theme.wideSpacing
+            width: parent.width
+            radius: Theme.radius
+            color: Theme.colors.window
+            border.width: 1
+            border.color: Theme.colors.separator
+
+            TextScroller {
+                anchors.fill: parent
+                anchors.margins: 1
+                visible: tabs.currentIndex === ShareContainerAdapter.Json
+                focus: visible
+                model: root.adapter?.jsonLines ?? null
+                Accessible.name: qsTr("JSON")
+            }
+
+            TextScroller {
+                anchors.fill: parent
+                anchors.margins: 1
+                visible: tabs.currentIndex === ShareContainerAdapter.Csv
+                focus: visible
+                model: root.adapter?.csvLines ?? null
+                Accessible.name: qsTr("CSV")
+            }
+        }
+
+        Row {
+            id: buttons
+
+            anchors.right: parent.right
+            anchors.bottom: parent.bottom
+            spacing: Theme.spacing
+
+            PushButton {
+                text: qsTr("Close")
+                onClicked: root.closed()
+            }
+
+            PushButton {
+                look: PushButton.Primary
+                symbol: "doc.on.doc"
+                text: qsTr("Copy")
+                onClicked: root.copy()
+            }
+        }
+    }
+}

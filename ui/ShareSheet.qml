@@ -1,0 +1,24 @@
+// SPDX-License-Identifier: MIT
+import QtQuick
+import QtQuick.Templates as T
+import Hearthmark.Controls
+import Hearthmark.Ui
+
+// Shows one task as text and copies it. There is nothing in it to lose, so a click beside it closes it
+// as well; without a text it has no button that would.
+Sheet {
+    id: root
+
+    property ShareContainerAdapter adapter
+
+    preferredWidth: Theme.wideSheetWidth
+    height: (parent?.height ?? 0) - 2 * Theme.pageMargin
+    closePolicy: T.Popup.CloseOnEscape | T.Popup.CloseOnPressOutside
+    onAdapterChanged: root.adapter?.load()
+
+    contentItem: ShareForm {
+        focus: true
+        adapter: root.adapter
+        onClosed: root.close()
+    }
+}

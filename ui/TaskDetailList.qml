@@ -1,0 +1,143 @@
+// SPDX-License-Identifier: MIT
+pragma ComponentBehavior: Bound
+import QtQuick
+import QtQuick.Templates as T
+import Hearthmark.Controls
+import Hearthmark.Ui
+
+// What a task's pane scrolls through: the other intervals, the place of the notes section, and the
+// notes; above them, as its header, the rest.
+ListView {
+    id: root
+
+    required property TaskDetailAdapter adapter
+    readonly property int notesRow: root.adapter.rows.notesRow
+    readonly property bool isAtTop: root.contentY <= root.originY - root.topMargin
+
+    // Absent while it is too far out of sight; the notes section itself stays, since a note may be
+    // half written in it.
+    property Item notesPlace
+    property real shownTopMargin
+
+    signal menuRequested(row: DeletableRow, position: point)
+
+    function showTop() {
+        root.contentY = root.originY - root.topMargin;
+    }
+
+    function showRow(row: int) {
+        root.currentIndex = row;
+        root.positionViewAtIndex(row, ListView.Contain);
+    }
+
+    function showNotes(top: real, bottom: real) {
+        if (!root.notesPlace)
+            root.positionViewAtIndex(root.notesRow, ListView.Contain);
+        root.forceLayout();
+        const wanted = Math.max(notes.y + bottom + Theme.spacing - root.height, root.contentY);
+        root.contentY = Math.min(notes.y + top, wanted);
+    }
+
+    function showAnew() {
+        root.currentIndex = -1;
+        root.showTop();
+    }
+
+    function addNote() {
+        notes.addNote();
+    }
+
+    // A header that grows while it is in sight pushes the rows down instead of itself up.
+    function followHeader() {
+        if (root.contentY <= root.originY)
+            root.contentY -= root.topMargin - root.shownTopMargin;
+        root.shownTopMargin = root.topMargin;
+    }
+
+    onAdapterChanged: root.showAnew()
+    onTopMarginChanged: root.followHeader()
+
+    clip: true
+    topMargin: header.height
+    bottomMargin: Theme.pageMargin
+    spacing: Theme.spacing
+    cacheBuffer: Theme.controlHeight * 2
+    boundsBehavior: Flickable.StopAtBounds
+    highlightMoveDuration: 0
+    keyNavigationEnabled: false
+    // No row is current until the keyboard reaches one, else a new row would take the focus away from
+    // the buttons above.
+    currentIndex: -1
+    model: root.adapter.rows
+    Accessible.role: Accessible.List
+    Accessible.name: qsTr("Intervals and notes")
+    T.ScrollBar.vertical: ScrollBar {}
+
+    delegate: BoxRow {
+        id: row
+
+        required property int index
+        required property int kind
+        readonly property bool isPlace: row.kind === TaskDetailListModel.NotesSection
+        readonly property RowsStop stop: row.index < root.notesRow ? intervalsStop : notesStop
+
+        function takePlace() {
+            if (row.isPlace)
+                root.notesPlace = row;
+        }
+
+        width: root.width
+        height: row.isPlace ? notes.height : row.implicitHeight
+        visible: !row.isPlace
+        symbol: row.kind === TaskDetailListModel.Interval ? "clock" : ""
+        onFocused: root.showRow(row.index)
+        onDeletionRequested: root.adapter.rows.deleteRow(row.index)
+        onMenuRequested: position => root.menuRequested(row, position)
+        Component.onCompleted: row.takePlace()
+        Keys.onTabPressed: row.stop.leaveForward()
+        Keys.onBacktabPressed: row.stop.leaveBackward()
+        Keys.onUpPressed: root.showRow(root.adapter.rows.rowBefore(row.index))
+        Keys.onDownPressed: root.showRow(root.adapter.rows.rowAfter(row.index))
+    }
+
+    // In the order of the Tab key.
+    Item {
+        parent: root.contentItem
+
+        TaskDetailHeader {
+            id: header
+
+            y: root.originY - header.height
+            width: root.width
+            adapter: root.adapter
+            onReached: root.showTop()
+            onMenuRequested: (row, position) => root.menuRequested(row, position)
+        }
+
+        RowsStop {
+            id: intervalsStop
+
+            list: root
+            first: 0
+            last: root.notesRow - 1
+        }
+
+        NotesView {
+            id: notes
+
+            y: root.notesPlace ? root.notesPlace.y : header.y - notes.height
+            width: root.width
+            height: notes.implicitHeight
+            adapter: root.adapter.notes
+            onRevealed: (top, bottom) => root.showNotes(top, bottom)
+        }
+
+        RowsStop {
+            id: notesStop
+
+            list: root
+            first: root.notesRow + 1
+            last: root.count - 1
+        }
+    }
+}

@@ -1,0 +1,45 @@
+// SPDX-License-Identifier: MIT
+import QtQuick
+import QtQuick.Templates as T
+
+// One tab, with a symbol before its text.
+T.TabButton {
+    id: root
+
+    required property string symbol
+
+    function select() {
+        root.checked = true;
+    }
+
+    implicitWidth: implicitContentWidth + leftPadding + rightPadding
+    implicitHeight: Theme.controlHeight
+    horizontalPadding: Theme.wideSpacing
+    spacing: Theme.spacing
+    hoverEnabled: true
+    focusPolicy: root.checked ? Qt.TabFocus : Qt.NoFocus
+
+    Accessible.role: Accessible.PageTab
+    Accessible.name: root.text
+    Accessible.selectable: true
+    Accessible.selected: root.checked
+    Accessible.onPressAction: root.select()
+
+    contentItem: SymbolLabel {
+        symbol: root.symbol
+        text: root.text
+        color: Theme.colors.text
+        spacing: root.spacing
+    }
+
+    background: Rectangle {
+        radius: Theme.controlRadius
+        color: root.checked ? Theme.colors.content : root.hovered ? Theme.colors.buttonPressed : "transparent"
+        border.width: root.checked ? 1 : 0
+        border.color: Theme.colors.buttonBorder
+
+        FocusRing {
+            visible: root.visualFocus
+        }
+    }
+}

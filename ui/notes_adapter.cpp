@@ -1,0 +1,44 @@
+// SPDX-License-Identifier: MIT
+#include "ui/notes_adapter.h"
+
+#include <utility>
+
+#include "ui/assign_shown.h"
+#include "ui/text_conversion.h"
+
+namespace hearthmark::ui {
+
+NotesAdapter::NotesAdapter(std::shared_ptr<presentation::NotesViewModelProtocol> viewModel)
+    : viewModel_(std::move(viewModel)),
+      subscription_(viewModel_->viewState().subscribeDidChange([this] { emit shown(); })) {
+    viewModel_->startObserving();
+}
+
+QString NotesAdapter::saveText() const {
+    return isWriting() ? toQString(state().pendingNote->save) : QString();
+}
+
+QString NotesAdapter::discardText() const {
+    return isWriting() ? toQString(state().pendingNote->discard) : QString();
+}
+
+void NotesAdapter::addNote() const {
+    if (canAddNote()) {
+        run(state().onAddNoteTapped);
+    }
+}
+
+void NotesAdapter::saveNote(const QString& text) const {
+    if (isWriting()) {
+        const auto save = state().pendingNote->onSaveTap;
+        (*save)(toUtf8(text));
+    }
+}
+
+void NotesAdapter::discardNote() const {
+    if (isWriting()) {
+        run(state().pendingNote->onDiscardTap);
+    }
+}
+
+}  // namespace hearthmark::ui

@@ -1,0 +1,53 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QtQmlIntegration/qqmlintegration.h>
+
+#include <QObject>
+#include <QString>
+#include <memory>
+
+#include "livedata/subscription.h"
+#include "presentation/notes_view_model.h"
+
+namespace hearthmark::ui {
+
+// Hands the note that is being written to NotesView.qml, and the state of the saved ones to the
+// detail pane's list. Owns its view model.
+class NotesAdapter final : public QObject {
+    Q_OBJECT
+    QML_ELEMENT
+    QML_UNCREATABLE("made by the subview factory")
+    Q_PROPERTY(bool canAddNote READ canAddNote NOTIFY shown FINAL)
+    Q_PROPERTY(bool isWriting READ isWriting NOTIFY shown FINAL)
+    Q_PROPERTY(QString saveText READ saveText NOTIFY shown FINAL)
+    Q_PROPERTY(QString discardText READ discardText NOTIFY shown FINAL)
+
+ public:
+    explicit NotesAdapter(std::shared_ptr<presentation::NotesViewModelProtocol> viewModel);
+
+    const presentation::NotesViewState::View& state() const {
+        return *viewModel_->viewState().value();
+    }
+    bool canAddNote() const { return state().canAddNote; }
+    // A note is open. The editor keeps what was typed into it.
+    bool isWriting() const { return state().pendingNote.has_value(); }
+    // The titles of the open note's buttons.
+    QString saveText() const;
+    QString discardText() const;
+
+    Q_INVOKABLE void addNote() const;
+    // A blank text leaves the note open.
+    Q_INVOKABLE void saveNote(const QString& text) const;
+    Q_INVOKABLE void discardNote() const;
+
+ signals:
+    // A new state has come.
+    void shown();
+
+ private:
+    std::shared_ptr<presentation::NotesViewModelProtocol> viewModel_;
+    livedata::Subscription subscription_;
+};
+
+}  // namespace hearthmark::ui

@@ -1,0 +1,66 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QtQmlIntegration/qqmlintegration.h>
+
+#include <QString>
+
+#include "livedata/block.h"
+#include "presentation/notes_view_state.h"
+#include "presentation/task_detail_view_state.h"
+#include "ui/row_list_model.h"
+
+namespace hearthmark::ui {
+
+// A line of the detail pane: an interval that does not run, the place of the notes section, or a
+// note.
+struct TaskDetailRow {
+    QList<int> assign(TaskDetailRow&& next);
+
+    // Its kind is one of TaskDetailListModel::Kind.
+    RowKey key;
+    QString text;
+    // Absent for the place of the notes section.
+    livedata::Action onDelete;
+};
+
+// What the detail pane scrolls through below its header, in one flat model, so that the view makes
+// delegates only for what is visible.
+class TaskDetailListModel : public RowListModel<TaskDetailRow> {
+    Q_OBJECT
+    QML_ELEMENT
+    QML_UNCREATABLE("made by the task detail adapter")
+    Q_PROPERTY(int notesRow READ notesRow NOTIFY shown FINAL)
+
+ public:
+    enum Kind { Interval, NotesSection, Note };
+    Q_ENUM(Kind)
+    enum Role { KindRole = Qt::UserRole, TextRole };
+
+    using RowListModel::RowListModel;
+
+    void show(const presentation::TaskDetailViewState::View& detail,
+              const presentation::NotesViewState::View& notes);
+
+    QVariant data(const QModelIndex& index, int role) const override;
+    QHash<int, QByteArray> roleNames() const override;
+
+    Q_INVOKABLE void deleteRow(int row) const;
+
+    // The row of the notes section; the notes come after it.
+    int notesRow() const;
+
+    // For the keyboard, which steps over the notes section: the next row in a direction, or `row`
+    // where there is none.
+    Q_INVOKABLE int rowBefore(int row) const { return stepped(row, -1); }
+    Q_INVOKABLE int rowAfter(int row) const { return stepped(row, 1); }
+
+ signals:
+    // A new state has come.
+    void shown();
+
+ private:
+    int stepped(int row, int step) const;
+};
+
+}  // namespace hearthmark::ui
