@@ -65,7 +65,7 @@ bool isValidUtf8(std::string_view text) {
     int32_t length = 0;
     UErrorCode error = U_ZERO_ERROR;
     u_strFromUTF8(nullptr, 0, &length, text.data(), static_cast<int32_t>(text.size()), &error);
-    return error != U_INVALID_CHAR_FOUND;
+    return U_SUCCESS(error) != 0 || error == U_BUFFER_OVERFLOW_ERROR;
 }
 
 }  // namespace hearthmark::base

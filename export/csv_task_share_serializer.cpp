@@ -33,14 +33,16 @@ constexpr std::size_t kRowSize = 256;
 const std::string& header() {
     static const std::string kHeader = [] {
         std::string header;
-        const auto append = [&header](const auto& columns, std::string_view prefix) {
+        const auto appendColumns = [&header](const auto& columns, std::string_view prefix) {
             for (const std::string_view column : columns) {
-                ((header += header.empty() ? "" : ",") += prefix) += column;
+                header += header.empty() ? "" : ",";
+                header += prefix;
+                header += column;
             }
         };
-        append(kTaskColumns, "");
-        append(kIntervalColumns, "interval.");
-        append(kNoteColumns, "note.");
+        appendColumns(kTaskColumns, "");
+        appendColumns(kIntervalColumns, "interval.");
+        appendColumns(kNoteColumns, "note.");
         return header;
     }();
     return kHeader;

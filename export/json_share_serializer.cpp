@@ -4,7 +4,6 @@
 #include <cmath>
 #include <cstdint>
 #include <optional>
-#include <stdexcept>
 #include <string_view>
 #include <vector>
 
@@ -20,9 +19,8 @@ constexpr std::size_t kIndentation = 2;
 // Room for one interval or note, as a guess.
 constexpr std::size_t kElementSize = 288;
 
-struct EncodingError final : std::runtime_error {
-    using runtime_error::runtime_error;
-};
+// Caught where it all began and told to nobody.
+struct EncodingError {};
 
 // By hand: the JSON library writes 1500.0 where the document says 1500, and sets neither the space
 // before a colon nor the escape of a slash. Throws EncodingError.
@@ -81,7 +79,7 @@ class Encoder {
 
     void write(base::Seconds seconds) {
         if (!std::isfinite(seconds.count())) {
-            throw EncodingError("A number that is not finite cannot be encoded.");
+            throw EncodingError();
         }
         appendNumber(text_, seconds.count(), WholeNumber::bare);
     }
@@ -96,7 +94,7 @@ class Encoder {
 
     void write(const std::string& text) {
         if (!base::isValidUtf8(text)) {
-            throw EncodingError("A text that is not UTF-8 cannot be encoded.");
+            throw EncodingError();
         }
         text_ += '"';
         for (const char c : text) {

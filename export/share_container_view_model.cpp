@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "export/share_container_view_model.h"
 
-#include <algorithm>
 #include <utility>
 
 namespace hearthmark::exporting {
@@ -26,13 +25,12 @@ void ShareContainerViewModel::load() {
         liveDataFactory_->makeProvider<store::Task>({.key = "creationDate", .ascending = true});
     provider->startObserving();
     const store::Tasks tasks = provider->currentItems()->value();
-    const auto found = std::ranges::find_if(
-        tasks, [this](const store::Task& task) { return task.id() == taskId_; });
-    if (found == tasks.end()) {
+    const store::Task* task = store::taskWithId(tasks, taskId_);
+    if (task == nullptr) {
         return;
     }
-    std::string jsonText = serializers_.jsonSerializer->serialize(*found);
-    std::string csvText = serializers_.csvSerializer->serialize(*found);
+    std::string jsonText = serializers_.jsonSerializer->serialize(*task);
+    std::string csvText = serializers_.csvSerializer->serialize(*task);
     viewState_.setValue(
         ShareContainerViewState{.jsonText = std::move(jsonText), .csvText = std::move(csvText)});
 }

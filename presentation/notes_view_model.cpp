@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "presentation/notes_view_model.h"
 
-#include <algorithm>
 #include <utility>
 #include <vector>
 
@@ -34,10 +33,8 @@ void NotesViewModel::startObserving() {
 }
 
 void NotesViewModel::rebuild(const store::Tasks& tasks) {
-    const auto found = std::ranges::find_if(
-        tasks, [this](const store::Task& task) { return task.id() == taskId_; });
-    if (found != tasks.end()) {
-        viewState_.setValue(view(*found));
+    if (const store::Task* task = store::taskWithId(tasks, taskId_)) {
+        viewState_.setValue(view(*task));
     } else {
         viewState_.setValue(NotesViewState::View{.canAddNote = false,
                                                  .onAddNoteTapped = livedata::makeAction([] {}),
@@ -95,7 +92,9 @@ livedata::Action NotesViewModel::makeAction(void (NotesViewModel::*operation)())
 }
 
 void NotesViewModel::patchPendingNote() {
-    if (std::optional<NotesViewState::View> patched = viewState_.value()) {
+    std::optional<NotesViewState::View> patched = viewState_.value();
+    // With a placeholder nothing can be done.
+    if (patched && (patched->canAddNote || patched->pendingNote)) {
         patched->pendingNote = pendingNoteView();
         patched->canAddNote = !pendingNote_;
         viewState_.setValue(std::move(patched));
@@ -112,10 +111,11 @@ void NotesViewModel::savePendingNote(const std::string& text) {
     if (!pendingNote_ || trimmed.empty()) {
         return;  // a blank note stays open, and nobody is told
     }
-    store::NoteData note = *pendingNote_;
+    // Taken out first, since the state that the save brings must not show the note twice.
+    store::NoteData note = *std::exchange(pendingNote_, std::nullopt);
     note.text = trimmed;
     dataOperationsService_->addNote(note, taskId_);
-    discardPendingNote();
+    patchPendingNote();
 }
 
 void NotesViewModel::discardPendingNote() {

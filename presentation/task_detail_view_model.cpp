@@ -52,10 +52,8 @@ void TaskDetailViewModel::startObserving() {
 
 void TaskDetailViewModel::rebuild(const store::Tasks& tasks) {
     const bool canStartFocus = std::none_of(tasks.begin(), tasks.end(), hasRunningInterval);
-    const auto found = std::find_if(tasks.begin(), tasks.end(), [this](const store::Task& task) {
-        return task.id() == selectedTaskId_;
-    });
-    viewState_.setValue(found != tasks.end() ? view(*found, canStartFocus) : placeholder());
+    const store::Task* task = store::taskWithId(tasks, selectedTaskId_);
+    viewState_.setValue(task != nullptr ? view(*task, canStartFocus) : placeholder());
 }
 
 TaskDetailViewState::View TaskDetailViewModel::view(const store::Task& task, bool canStartFocus) {

@@ -145,10 +145,7 @@ void DataOperationsService::pauseRunningIntervals() {
 }
 
 Task* DataOperationsService::task(const base::Uuid& taskId) const {
-    const Tasks& tasks = tasksProvider_->currentItems()->value();
-    const auto found = std::ranges::find_if(
-        tasks.begin(), tasks.end(), [&taskId](const Task& each) { return each.id() == taskId; });
-    return found != tasks.end() ? &*found : nullptr;
+    return taskWithId(tasksProvider_->currentItems()->value(), taskId);
 }
 
 void DataOperationsService::save() {

@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <algorithm>
+
+#include "base/uuid.h"
 #include "livedata/live_data_providing_factory.h"
 #include "store/interval.h"
 #include "store/note.h"
@@ -20,5 +23,12 @@ using LiveDataProvider = livedata::AnyCoreDataLiveProvider<Entity>;
 using Tasks = objectstore::ObjectSet<Task>;
 using Intervals = objectstore::ObjectSet<Interval>;
 using RawIntervalStates = objectstore::ObjectSet<RawIntervalState>;
+
+// The first with the id; null where there is none.
+inline Task* taskWithId(const Tasks& tasks, const base::Uuid& id) {
+    const auto found =
+        std::ranges::find_if(tasks, [&id](const Task& task) { return task.id() == id; });
+    return found != tasks.end() ? &*found : nullptr;
+}
 
 }  // namespace hearthmark::store

@@ -6,7 +6,7 @@ import Hearthmark.Controls
 EditorForm {
     id: root
 
-    signal saved(name: string)
+    signal saved(name: var)
     signal closed
 
     // Each presentation begins with an empty name.
@@ -19,7 +19,7 @@ EditorForm {
     Accessible.role: Accessible.Dialog
     Accessible.name: title.text
     onVisibleChanged: root.reset()
-    onSaveRequested: root.saved(editor.text)
+    onSaveRequested: root.saved(editor.textDocument)
 
     Column {
         id: content

@@ -9,7 +9,7 @@ Sheet {
 
     property AddTaskAdapter adapter
 
-    function save(name: string) {
+    function save(name: var) {
         root.adapter?.addTask(name);
         root.close();
     }

@@ -39,7 +39,6 @@ DeletableRow {
             width: parent.width - x - Theme.spacing
             text: root.text
             wrapMode: Text.Wrap
-            // A note may be a megabyte, and each of its lines takes its time.
             maximumLineCount: Theme.noteMaximumLineCount
             elide: Text.ElideRight
             Accessible.ignored: true

@@ -18,19 +18,20 @@ EditorForm {
             root.adapter.discardNote();
     }
 
-    // At the end of the text the buttons below it show as well.
-    function revealCursor() {
-        if (!root.activeFocus)
-            return;
+    function focusText() {
+        editor.forceActiveFocus(Qt.OtherFocusReason);
+    }
+
+    // What the keyboard acts on; with the end of the text, and with a button, all below.
+    function revealFocus() {
         const top = editor.y + editor.inset + editor.cursorRectangle.y;
         const bottom = top + editor.cursorRectangle.height;
         const isLastLine = bottom + editor.cursorRectangle.height > editor.y + editor.height;
-        root.revealed(top, isLastLine ? root.height : bottom);
+        root.revealed(top, isLastLine || !editor.activeFocus ? root.height : bottom);
     }
 
     implicitHeight: content.height
-    onHeightChanged: root.revealCursor()
-    onSaveRequested: root.adapter.saveNote(editor.text)
+    onSaveRequested: root.adapter.saveNote(editor.textDocument)
     Keys.onEscapePressed: event => root.discardEmpty(event)
 
     Column {
@@ -46,7 +47,7 @@ EditorForm {
             focus: true
             minHeight: Theme.noteEditorHeight
             accessibleName: qsTr("Note")
-            onCursorRectangleChanged: root.revealCursor()
+            onCursorRectangleChanged: root.revealFocus()
         }
 
         Row {

@@ -10,17 +10,29 @@ FocusScope {
     id: root
 
     required property NotesAdapter adapter
+    readonly property Item focusedItem: root.activeFocus ? root.Window.activeFocusItem : null
 
     // A part of this is to be brought on screen.
     signal revealed(top: real, bottom: real)
 
     function addNote() {
         root.adapter.addNote();
-        editors.itemAt(0)?.forceActiveFocus(Qt.OtherFocusReason);
+        root.focusFirst();
     }
 
-    function revealAll() {
-        if (root.activeFocus)
+    function focusFirst() {
+        if (editors.count > 0)
+            editors.itemAt(0).focusText();
+        else
+            button.forceActiveFocus(Qt.OtherFocusReason);
+    }
+
+    function revealFocus() {
+        if (!root.focusedItem)
+            return;
+        if (editors.count > 0)
+            editors.itemAt(0).revealFocus();
+        else
             root.revealed(0, root.height);
     }
 
@@ -30,7 +42,7 @@ FocusScope {
     }
 
     implicitHeight: content.height + Theme.spacing
-    onActiveFocusChanged: root.revealAll()
+    onFocusedItemChanged: root.revealFocus()
 
     Column {
         id: content

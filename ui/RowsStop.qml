@@ -2,18 +2,16 @@
 import QtQuick
 
 // Stands for some rows of a list where the Tab key comes by: the rows themselves are made in no order.
-// Focused, it hands the focus on to one of them.
+// Focused, it hands the focus on to the first of them.
 Item {
     id: root
 
     required property ListView list
-    required property int first
-    required property int last
+    required property int row
+    required property int count
 
-    // To the current row, if it is one of these.
     function enter() {
-        const current = root.list.currentIndex;
-        root.list.currentIndex = current >= root.first && current <= root.last ? current : root.first;
+        root.list.currentIndex = root.row;
         root.list.currentItem.forceActiveFocus(Qt.TabFocusReason);
     }
 
@@ -30,6 +28,6 @@ Item {
         root.nextItemInFocusChain(false).forceActiveFocus(Qt.BacktabFocusReason);
     }
 
-    activeFocusOnTab: root.first <= root.last
+    activeFocusOnTab: root.count > 0
     onActiveFocusChanged: root.handOn()
 }

@@ -17,7 +17,7 @@ FocusScope {
     }
 
     function copyOnControl(event) {
-        event.accepted = root.adapter?.loaded && event.key === Qt.Key_C && event.modifiers === Qt.ControlModifier;
+        event.accepted = (root.adapter?.loaded ?? false) && event.key === Qt.Key_C && event.modifiers === Qt.ControlModifier;
         if (event.accepted)
             root.copy();
     }
@@ -63,12 +63,14 @@ FocusScope {
             width: parent.width
             radius: Theme.radius
             color: Theme.colors.window
-            border.width: 1
-            border.color: Theme.colors.separator
+            border.width: jsonText.activeFocus || csvText.activeFocus ? Theme.focusWidth : 1
+            border.color: jsonText.activeFocus || csvText.activeFocus ? Theme.colors.focus : Theme.colors.separator
 
             TextScroller {
+                id: jsonText
+
                 anchors.fill: parent
-                anchors.margins: 1
+                anchors.margins: Theme.focusWidth
                 visible: tabs.currentIndex === ShareContainerAdapter.Json
                 focus: visible
                 model: root.adapter?.jsonLines ?? null
@@ -76,8 +78,10 @@ FocusScope {
             }
 
             TextScroller {
+                id: csvText
+
                 anchors.fill: parent
-                anchors.margins: 1
+                anchors.margins: Theme.focusWidth
                 visible: tabs.currentIndex === ShareContainerAdapter.Csv
                 focus: visible
                 model: root.adapter?.csvLines ?? null

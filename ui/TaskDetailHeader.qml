@@ -35,8 +35,7 @@ FocusScope {
             font.pointSize: Theme.titleSize
             font.weight: Font.DemiBold
             wrapMode: Text.Wrap
-            // A name may be a megabyte without a space, and each of its lines takes its time.
-            maximumLineCount: 100
+            maximumLineCount: Theme.nameMaximumLineCount
             elide: Text.ElideRight
             Accessible.role: Accessible.Heading
         }

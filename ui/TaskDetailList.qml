@@ -47,6 +47,23 @@ ListView {
         notes.addNote();
     }
 
+    // A row that stays current would take the focus when the rows before it change.
+    function leaveRows(part: Item) {
+        if (part.activeFocus)
+            root.currentIndex = -1;
+    }
+
+    // The row after one that is deleted becomes current, and that may be the place of the notes.
+    function keepRowCurrent() {
+        root.forceLayout();
+        if (root.currentIndex !== root.notesRow)
+            return;
+        if (root.count > 1)
+            root.currentIndex = root.adapter.rows.rowNearest(root.notesRow);
+        else
+            notes.focusFirst();
+    }
+
     // A header that grows while it is in sight pushes the rows down instead of itself up.
     function followHeader() {
         if (root.contentY <= root.originY)
@@ -54,7 +71,7 @@ ListView {
         root.shownTopMargin = root.topMargin;
     }
 
-    onAdapterChanged: root.showAnew()
+    onModelChanged: root.showAnew()
     onTopMarginChanged: root.followHeader()
 
     clip: true
@@ -86,6 +103,12 @@ ListView {
                 root.notesPlace = row;
         }
 
+        // An editor that grows, or goes, takes what has the focus along.
+        function followNotes() {
+            if (root.notesPlace === row)
+                notes.revealFocus();
+        }
+
         width: root.width
         height: row.isPlace ? notes.height : row.implicitHeight
         visible: !row.isPlace
@@ -93,11 +116,19 @@ ListView {
         onFocused: root.showRow(row.index)
         onDeletionRequested: root.adapter.rows.deleteRow(row.index)
         onMenuRequested: position => root.menuRequested(row, position)
+        onHeightChanged: row.followNotes()
         Component.onCompleted: row.takePlace()
         Keys.onTabPressed: row.stop.leaveForward()
         Keys.onBacktabPressed: row.stop.leaveBackward()
         Keys.onUpPressed: root.showRow(root.adapter.rows.rowBefore(row.index))
         Keys.onDownPressed: root.showRow(root.adapter.rows.rowAfter(row.index))
+    }
+
+    Connections {
+        target: root.adapter
+        function onRowsShown() {
+            root.keepRowCurrent();
+        }
     }
 
     // In the order of the Tab key.
@@ -111,6 +142,7 @@ ListView {
             width: root.width
             adapter: root.adapter
             onReached: root.showTop()
+            onActiveFocusChanged: root.leaveRows(header)
             onMenuRequested: (row, position) => root.menuRequested(row, position)
         }
 
@@ -118,8 +150,8 @@ ListView {
             id: intervalsStop
 
             list: root
-            first: 0
-            last: root.notesRow - 1
+            row: 0
+            count: root.notesRow
         }
 
         NotesView {
@@ -130,14 +162,15 @@ ListView {
             height: notes.implicitHeight
             adapter: root.adapter.notes
             onRevealed: (top, bottom) => root.showNotes(top, bottom)
+            onActiveFocusChanged: root.leaveRows(notes)
         }
 
         RowsStop {
             id: notesStop
 
             list: root
-            first: root.notesRow + 1
-            last: root.count - 1
+            row: root.notesRow + 1
+            count: root.count - notesStop.row
         }
     }
 }

@@ -3,15 +3,15 @@
 
 #include <utility>
 
-#include "ui/text_conversion.h"
+#include "ui/typed_text.h"
 
 namespace hearthmark::ui {
 
 AddTaskAdapter::AddTaskAdapter(std::shared_ptr<presentation::AddTaskViewModelProtocol> viewModel)
     : viewModel_(std::move(viewModel)) {}
 
-void AddTaskAdapter::addTask(const QString& name) {
-    viewModel_->addTask(toUtf8(name));
+void AddTaskAdapter::addTask(const QQuickTextDocument* name) {
+    viewModel_->addTask(typedText(*name));
 }
 
 }  // namespace hearthmark::ui

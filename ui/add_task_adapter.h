@@ -4,6 +4,7 @@
 #include <QtQmlIntegration/qqmlintegration.h>
 
 #include <QObject>
+#include <QQuickTextDocument>
 #include <memory>
 
 #include "presentation/add_task_view_model.h"
@@ -19,7 +20,7 @@ class AddTaskAdapter final : public QObject {
  public:
     explicit AddTaskAdapter(std::shared_ptr<presentation::AddTaskViewModelProtocol> viewModel);
 
-    Q_INVOKABLE void addTask(const QString& name);
+    Q_INVOKABLE void addTask(const QQuickTextDocument* name);
 
  private:
     std::shared_ptr<presentation::AddTaskViewModelProtocol> viewModel_;

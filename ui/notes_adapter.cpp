@@ -5,6 +5,7 @@
 
 #include "ui/assign_shown.h"
 #include "ui/text_conversion.h"
+#include "ui/typed_text.h"
 
 namespace hearthmark::ui {
 
@@ -28,10 +29,10 @@ void NotesAdapter::addNote() const {
     }
 }
 
-void NotesAdapter::saveNote(const QString& text) const {
+void NotesAdapter::saveNote(const QQuickTextDocument* text) const {
     if (isWriting()) {
         const auto save = state().pendingNote->onSaveTap;
-        (*save)(toUtf8(text));
+        (*save)(typedText(*text));
     }
 }
 

@@ -4,6 +4,7 @@
 #include <QtQmlIntegration/qqmlintegration.h>
 
 #include <QObject>
+#include <QQuickTextDocument>
 #include <QString>
 #include <memory>
 
@@ -38,7 +39,7 @@ class NotesAdapter final : public QObject {
 
     Q_INVOKABLE void addNote() const;
     // A blank text leaves the note open.
-    Q_INVOKABLE void saveNote(const QString& text) const;
+    Q_INVOKABLE void saveNote(const QQuickTextDocument* text) const;
     Q_INVOKABLE void discardNote() const;
 
  signals:

@@ -28,7 +28,7 @@ struct RowKey {
 // Makes the keys of one state's rows, in their order.
 class RowKeys {
  public:
-    RowKey next(int kind, const base::Uuid& id) {
+    RowKey next(const base::Uuid& id, int kind = 0) {
         RowKey key{.kind = kind, .id = id, .ordinal = 0};
         key.ordinal = counts_[key]++;
         return key;

@@ -23,7 +23,7 @@ std::vector<IntervalRow> intervalRows(
     rows.reserve(intervals.size());
     RowKeys keys;
     for (const auto& interval : intervals) {
-        rows.push_back({.key = keys.next(0, interval.intervalId),
+        rows.push_back({.key = keys.next(interval.intervalId),
                         .timeSpent = toQString(interval.totalTimeSpent),
                         .button = {},
                         .onButtonTap = {},
@@ -43,7 +43,11 @@ TaskDetailAdapter::TaskDetailAdapter(
       shortFocusText_(durationText(presentation::kShortFocus)),
       longFocusText_(durationText(presentation::kLongFocus)),
       subscription_(viewModel_->viewState().subscribeDidChange([this] { show(); })) {
-    connect(notes_.get(), &NotesAdapter::shown, this, &TaskDetailAdapter::showRows);
+    const auto showNotes = [this] { rows_.showNotes(notes_->state()); };
+    connect(notes_.get(), &NotesAdapter::shown, this, showNotes);
+    connect(&rows_, &TaskDetailListModel::shown, this, &TaskDetailAdapter::rowsShown,
+            Qt::QueuedConnection);
+    showNotes();
     viewModel_->startObserving();
 }
 
@@ -70,19 +74,13 @@ void TaskDetailAdapter::dismissShareSheet() {
     replaceAdapter<ShareContainerAdapter>(share_, nullptr, [this] { emit shareChanged(); });
 }
 
-void TaskDetailAdapter::showRows() {
-    if (const auto& state = viewModel_->viewState().value()) {
-        rows_.show(*state, notes_->state());
-    }
-}
-
 void TaskDetailAdapter::show() {
     const auto& state = viewModel_->viewState().value();
     if (!state) {
         return;
     }
     runningIntervals_.update(intervalRows(state->runningIntervals));
-    showRows();
+    rows_.showIntervals(*state);
     if (QString name = toQString(state->taskName); name != taskName_) {
         taskName_ = std::move(name);
         emit taskNameChanged();

@@ -17,9 +17,8 @@
 
 namespace hearthmark::ui {
 
-// Hands the view state of one task to TaskDetailView.qml: the notes section, which stays, and the
-// share sheet, which is made each time it is presented, included. Owns its view model and the
-// adapters of both.
+// Hands the view state of one task to TaskDetailView.qml. Owns its view model and the adapters of
+// the notes section, which stays, and of the share sheet, which is made each time it is presented.
 class TaskDetailAdapter final : public QObject {
     Q_OBJECT
     QML_ELEMENT
@@ -64,10 +63,11 @@ class TaskDetailAdapter final : public QObject {
     void totalTimeSpentChanged();
     void canStartFocusChanged();
     void shareChanged();
+    // From the event loop, once the views have followed all rows of a new state.
+    void rowsShown();
 
  private:
     void show();
-    void showRows();
 
     std::shared_ptr<presentation::TaskDetailViewModelProtocol> viewModel_;
     TaskDetailSubviewsFactory subviewsFactory_;

@@ -3,7 +3,6 @@
 
 #include <algorithm>
 #include <utility>
-#include <vector>
 
 #include "ui/assign_shown.h"
 #include "ui/text_conversion.h"
@@ -20,23 +19,35 @@ QList<int> TaskDetailRow::assign(TaskDetailRow&& next) {
     return changed;
 }
 
-void TaskDetailListModel::show(const TaskDetailViewState::View& detail,
-                               const NotesViewState::View& notes) {
-    std::vector<TaskDetailRow> rows;
-    rows.reserve(detail.nonRunningIntervals.size() + notes.committedNotes.size() + 1);
+void TaskDetailListModel::showIntervals(const TaskDetailViewState::View& state) {
+    std::vector<TaskDetailRow> intervals;
+    intervals.reserve(state.nonRunningIntervals.size() + notes_.size() + 1);
     RowKeys keys;
-    for (const TaskDetailViewState::NonRunningInterval& interval : detail.nonRunningIntervals) {
-        rows.push_back({.key = keys.next(Interval, interval.intervalId),
-                        .text = toQString(interval.totalTimeSpent),
-                        .onDelete = interval.onDeleteCommand});
+    for (const TaskDetailViewState::NonRunningInterval& interval : state.nonRunningIntervals) {
+        intervals.push_back({.key = keys.next(interval.intervalId, Interval),
+                             .text = toQString(interval.totalTimeSpent),
+                             .onDelete = interval.onDeleteCommand});
     }
-    rows.push_back({.key = keys.next(NotesSection, {}), .text = {}, .onDelete = {}});
-    for (const NotesViewState::CommittedNote& note : notes.committedNotes) {
-        rows.push_back({.key = keys.next(Note, note.id),
-                        .text = toQString(note.noteText),
-                        .onDelete = note.onDeleteCommand});
+    show(std::move(intervals));
+}
+
+void TaskDetailListModel::showNotes(const NotesViewState::View& state) {
+    notes_.clear();
+    RowKeys keys;
+    for (const NotesViewState::CommittedNote& note : state.committedNotes) {
+        notes_.push_back({.key = keys.next(note.id, Note),
+                          .text = toQString(note.noteText),
+                          .onDelete = note.onDeleteCommand});
     }
-    update(std::move(rows));
+    show({rows().begin(), rows().begin() + notesRow()});
+}
+
+void TaskDetailListModel::show(std::vector<TaskDetailRow> intervals) {
+    std::vector<TaskDetailRow> next = std::move(intervals);
+    next.push_back(
+        {.key = {.kind = NotesSection, .id = {}, .ordinal = 0}, .text = {}, .onDelete = {}});
+    next.insert(next.end(), notes_.begin(), notes_.end());
+    update(std::move(next));
     emit shown();
 }
 

@@ -4,6 +4,7 @@
 #include <QtQmlIntegration/qqmlintegration.h>
 
 #include <QString>
+#include <vector>
 
 #include "livedata/block.h"
 #include "presentation/notes_view_state.h"
@@ -39,8 +40,9 @@ class TaskDetailListModel : public RowListModel<TaskDetailRow> {
 
     using RowListModel::RowListModel;
 
-    void show(const presentation::TaskDetailViewState::View& detail,
-              const presentation::NotesViewState::View& notes);
+    // Each leaves what the other has shown.
+    void showIntervals(const presentation::TaskDetailViewState::View& state);
+    void showNotes(const presentation::NotesViewState::View& state);
 
     QVariant data(const QModelIndex& index, int role) const override;
     QHash<int, QByteArray> roleNames() const override;
@@ -51,16 +53,23 @@ class TaskDetailListModel : public RowListModel<TaskDetailRow> {
     int notesRow() const;
 
     // For the keyboard, which steps over the notes section: the next row in a direction, or `row`
-    // where there is none.
+    // where there is none; the row nearest to that of the section, before it if possible.
     Q_INVOKABLE int rowBefore(int row) const { return stepped(row, -1); }
     Q_INVOKABLE int rowAfter(int row) const { return stepped(row, 1); }
+    Q_INVOKABLE int rowNearest(int section) const {
+        return section > 0 ? section - 1 : section + 1;
+    }
 
  signals:
     // A new state has come.
     void shown();
 
  private:
+    void show(std::vector<TaskDetailRow> intervals);
     int stepped(int row, int step) const;
+
+    // Kept, since they change seldom and the intervals may change each second.
+    std::vector<TaskDetailRow> notes_;
 };
 
 }  // namespace hearthmark::ui

@@ -33,7 +33,7 @@ void appendSection(std::vector<TaskListRow>& rows, Section section, const QStrin
 template <class Item>
 TaskListRow taskRow(const Item& item, RowKeys& keys) {
     TaskListRow row;
-    row.key = keys.next(static_cast<int>(TaskListRow::Kind::task), item.taskId);
+    row.key = keys.next(item.taskId, static_cast<int>(TaskListRow::Kind::task));
     row.text = toQString(item.taskName);
     row.timeSpent = toQString(item.timeSpent);
     row.isSelected = item.isSelected;
@@ -47,7 +47,7 @@ std::shared_ptr<IntervalListModel> intervalList(
     rows.reserve(intervals.size());
     RowKeys keys;
     for (const TaskListViewState::RunningItemInterval& interval : intervals) {
-        rows.push_back({.key = keys.next(0, interval.intervalId),
+        rows.push_back({.key = keys.next(interval.intervalId),
                         .timeSpent = toQString(interval.timeSpent),
                         .button = toQString(interval.button),
                         .onButtonTap = interval.onButtonTap,

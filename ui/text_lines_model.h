@@ -11,7 +11,7 @@
 namespace hearthmark::ui {
 
 // A long text as a list of its lines, so that a view lays out only those that are visible. A line
-// of more than a few thousand bytes is shown as several.
+// of more than 2,000 bytes is shown as several.
 class TextLinesModel : public QAbstractListModel {
     Q_OBJECT
     QML_ELEMENT

@@ -6,8 +6,8 @@ import sys
 import unittest
 from pathlib import Path
 
-from driver import (Desktop, ProgramTest, click, clipboard, key, new_id, now, press, set_clipboard,
-                    type_text, wait_for, xdotool)
+from driver import (Desktop, ProgramTest, click, clipboard, extents, key, new_id, now, press,
+                    set_clipboard, type_text, wait_for, xdotool)
 
 BLANKS = " \t\n\u00a0\u2003\u2028"
 WRITINGS = "\u200fשלום \u202eمرحبا\u202c 👩\u200d👧 🍅"
@@ -47,7 +47,7 @@ class NotesAndShare(ProgramTest):
         program = self.show_task("Old", intervals=3)
         program.press("Add Note")
         self.wait_for_rows("1:00/30:00", "Notes", "Note", "Save", "Discard", "Old")
-        text = f"first  line\n{WRITINGS}\n\n\tend."
+        text = f"first  line\u2028\u00a0{WRITINGS}\n\n\tend."
         set_clipboard(BLANKS + text + BLANKS)
         key("ctrl+v")
         self.wait_for_typed(BLANKS + text + BLANKS)
@@ -78,14 +78,17 @@ class NotesAndShare(ProgramTest):
 
     def test_a_half_typed_note_outlives_all_but_its_pane(self):
         program = self.show_task("Old", "New")
+        click(program.find("New", "list item"))
         key("ctrl+shift+n", "h", "a", "l", "f")
-        click(program.find("Old", "list item"), button=3)
-        program.press("Delete", "menu item")
         program.press("30:00")
         wait_for(lambda: program.find("A", "list item").description > "1", "two ticks")
+        program.press("Finish")  # which puts a row before the one that was clicked
+        self.wait_for_rows("Notes", "Note", "Save", "Discard", "New", "Old")
+        key("space", "2")
+        self.wait_for_typed("half 2")
+        click(program.find("Old", "list item"), button=3)
+        program.press("Delete", "menu item")
         self.select("A")
-        click(program.find("Note", "text"))
-        key("ctrl+End", "space", "2")
         self.wait_for_typed("half 2")
         self.select("B")
         self.select("A")
@@ -101,6 +104,24 @@ class NotesAndShare(ProgramTest):
         wait_for(lambda: not program.find_all("Note"), "the editor to scroll away")
         type_text("yz")
         self.wait_for_typed("xyz")
+
+    def test_what_the_keyboard_acts_on_is_brought_on_screen(self):
+        def wait_until_visible(name):
+            place = extents(program.find("Intervals and notes", "list"))
+            wait_for(lambda: extents(program.find(name)).y + extents(program.find(name)).height
+                     <= place.y + place.height, f"{name!r} on screen")
+
+        program = self.show_task("Old", intervals=5)
+        set_clipboard("line\n" * 60)
+        for change in ["ctrl+v", "ctrl+z", "ctrl+shift+z", "ctrl+Return"]:
+            key("ctrl+shift+n")
+            wait_until_visible("Save")
+            key(change)
+            wait_until_visible("Add Note" if change == "ctrl+Return" else "Save")
+        xdotool("click", "--repeat", 30, 5)
+        wait_for(lambda: not program.find_all("Add Note"), "the button to scroll away")
+        key("ctrl+shift+n", "Tab")
+        wait_until_visible("Save")
 
     def test_a_copy_is_exact_and_stays_when_the_window_is_hidden(self):
         name = f'a "b", c/d\\e\nf\r\ng\th\u0001\u007f\u2028{WRITINGS}'

@@ -56,8 +56,11 @@ TEST_F(NotesViewModelTest, SavesTheNoteOpenedLastTrimmedAndDatedWhenItWasOpened)
 
 TEST_F(NotesViewModelTest, ShowsAPlaceholderOnceItsTaskIsGone) {
     (*view().onAddNoteTapped)();
+    const NotesViewState::View last = view();
     store.service->deleteTask(*store.first<store::Task>().id());
     (*view().onAddNoteTapped)();
+    (*last.onAddNoteTapped)();
+    (*last.pendingNote->onDiscardTap)();
     EXPECT_EQ(text(), "");
 }
 

@@ -12,7 +12,7 @@ T.Button {
             root.clicked();
     }
 
-    // Ctrl+Enter belongs to the sheet that the button stands on.
+    // Ctrl+Enter belongs to the form that the button stands on.
     function pressByEnter(event) {
         event.accepted = !(event.modifiers & Qt.ControlModifier);
         if (event.accepted)

@@ -7,6 +7,7 @@ FocusScope {
     id: root
 
     property alias text: editor.text
+    readonly property alias textDocument: editor.textDocument
     property alias minHeight: editor.minHeight
     property alias accessibleName: editor.accessibleName
     readonly property alias cursorRectangle: editor.cursorRectangle

@@ -6,10 +6,21 @@ FocusScope {
     id: root
 
     property alias text: editor.text
+    readonly property alias textDocument: editor.textDocument
     property alias cursorRectangle: editor.cursorRectangle
     property alias accessibleName: editor.accessibleName
     readonly property alias textSize: editor.textSize
     property real minHeight
+
+    function openMenu() {
+        menu.popup(root, editor.cursorRectangle.x, editor.cursorRectangle.y + editor.cursorRectangle.height);
+    }
+
+    function openMenuOnShift(event) {
+        event.accepted = event.key === Qt.Key_F10 && event.modifiers === Qt.ShiftModifier;
+        if (event.accepted)
+            root.openMenu();
+    }
 
     implicitHeight: Math.max(root.minHeight, root.textSize.height)
     height: implicitHeight
@@ -23,7 +34,8 @@ FocusScope {
         focus: true
         activeFocusOnTab: true
         Accessible.name: editor.accessibleName
-        Keys.onMenuPressed: menu.popup(root, editor.cursorRectangle.x, editor.cursorRectangle.y + editor.cursorRectangle.height)
+        Keys.onMenuPressed: root.openMenu()
+        Keys.onPressed: event => root.openMenuOnShift(event)
 
         MouseArea {
             anchors.fill: parent

@@ -16,13 +16,23 @@ ListView {
         root.contentY = Math.max(root.originY - root.topMargin, Math.min(root.contentY + distance, bottom));
     }
 
+    function showBeginning() {
+        root.positionViewAtBeginning();
+        root.scrollBy(-root.topMargin);
+    }
+
+    function showEnd() {
+        root.positionViewAtEnd();
+        root.scrollBy(root.bottomMargin);
+    }
+
     function scrollByKey(event) {
         const steps = new Map([[Qt.Key_Up, -root.lineStep], [Qt.Key_Down, root.lineStep], [Qt.Key_PageUp, -root.pageStep], [Qt.Key_PageDown, root.pageStep], [Qt.Key_Space, root.pageStep]]);
         event.accepted = true;
         if (event.key === Qt.Key_Home)
-            root.positionViewAtBeginning();
+            root.showBeginning();
         else if (event.key === Qt.Key_End)
-            root.positionViewAtEnd();
+            root.showEnd();
         else if (steps.has(event.key))
             root.scrollBy(steps.get(event.key));
         else
