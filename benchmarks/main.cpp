@@ -29,6 +29,9 @@ class GrowthTable final : public benchmark::ConsoleReporter {
     void ReportRuns(const std::vector<Run>& runs) override {
         ConsoleReporter::ReportRuns(runs);
         for (const Run& run : runs) {
+            if (run.run_type == Run::RT_Aggregate && run.aggregate_name != "median") {
+                continue;
+            }
             enter(run, "", run.GetAdjustedRealTime());
             enter(run, ", on the processor", run.GetAdjustedCPUTime());
         }
@@ -54,6 +57,7 @@ class GrowthTable final : public benchmark::ConsoleReporter {
     // How many times as long the one takes as the other.
     void printComparison(const std::string& name, const std::string& base) const {
         beginRow(name + " / " + base);
+        std::cout << std::setprecision(2);
         forEachSize(
             [&](auto intervals) { printCell(time(name, intervals) / time(base, intervals)); });
         std::cout << '\n';
@@ -139,4 +143,6 @@ int main(int argc, char** argv) {
     benchmark::RunSpecifiedBenchmarks(&table);
     table.print();
     table.printComparison("load", "bare SQLite read");
+    table.printComparison("JSON of a task", "json.dumps");
+    table.printComparison("JSON of a task", "json.dumps, indented");
 }

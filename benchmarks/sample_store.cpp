@@ -4,13 +4,15 @@
 #include "store/persistent_container_factory.h"
 
 #include <cstdlib>
+#include <functional>
+#include <random>
 #include <stdexcept>
-#include <string>
 
 namespace hearthmark::benchmarks {
 
 namespace {
 
+constexpr base::Date kFirstDay(base::Seconds(725760000));
 constexpr int kIntervalsOfTask = 50;
 constexpr int kNotesOfTask = 10;
 // So long that no tick finishes what runs.
@@ -34,24 +36,26 @@ struct TemporaryDirectory {
     std::filesystem::path path;
 };
 
-void fillTask(store::Task& task, int ordinal, base::Date now,
+void fillTask(store::Task& task, base::Date created, std::int64_t intervals, std::int64_t notes,
               objectstore::ManagedObjectContext& context) {
-    const base::Date created = now + base::Seconds(ordinal * 3607.25 - 1e8);
+    std::minstd_rand dice;
+    std::uniform_real_distribution<double> fraction;
     task.setId(base::Uuid::random());
     task.setCreationDate(created);
-    task.setName("Chapter " + std::to_string(ordinal) + ": read, mark, summarise");
-    for (int each = 0; each < kIntervalsOfTask; ++each) {
-        const bool runs = ordinal < 2 && each == 0;
+    for (std::int64_t each = 0; each < intervals; ++each) {
+        // Half are of whole seconds, half are what a clock told.
+        const base::Seconds late(each % 2 == 0 ? 0 : fraction(dice));
+        const base::Date begun = created + base::Seconds(each * 1913) + late;
+        const base::Date ended = begun + base::Seconds(1800) + late;
         task.addIntervalsObject(
-            *store::Interval::create({.creationDate = created + base::Seconds(each * 1913.125),
-                                      .duration = base::Seconds(1800.5),
+            *store::Interval::create({.creationDate = begun,
+                                      .duration = ended - begun,
                                       .id = base::Uuid::random(),
-                                      .maxDuration = runs ? kNeverDue : base::Seconds(1800),
-                                      .state = runs ? store::IntervalState::running(now, now)
-                                                    : store::IntervalState::finished()},
+                                      .maxDuration = base::Seconds(1800),
+                                      .state = store::IntervalState::finished()},
                                      context));
     }
-    for (int each = 0; each < kNotesOfTask; ++each) {
+    for (std::int64_t each = 0; each < notes; ++each) {
         task.addNotesObject(*store::Note::create(
             {.creationDate = created,
              .id = base::Uuid::random(),
@@ -65,21 +69,42 @@ std::shared_ptr<objectstore::PersistentContainer> openContainer(
     return store::PersistentContainerFactory(directory, base::FatalErrorHandler()).makeContainer();
 }
 
+std::filesystem::path filledStore(
+    const std::string& name, const std::function<void(objectstore::ManagedObjectContext&)>& fill) {
+    static const TemporaryDirectory kRoot;
+    std::filesystem::path directory = kRoot.path / name;
+    if (!std::filesystem::exists(directory)) {
+        const auto container = openContainer(directory);
+        fill(container->viewContext());
+        container->viewContext().save();
+    }
+    return directory;
+}
+
 }  // namespace
 
 std::filesystem::path sampleStore(std::int64_t intervals) {
-    static const TemporaryDirectory kRoot;
-    std::filesystem::path directory = kRoot.path / std::to_string(intervals);
-    if (!std::filesystem::exists(directory)) {
-        const auto container = openContainer(directory);
-        objectstore::ManagedObjectContext& context = container->viewContext();
-        const base::Date now = base::SystemClock().now();
-        for (int task = 0; task < intervals / kIntervalsOfTask; ++task) {
-            fillTask(*context.insert<store::Task>(), task, now, context);
+    return filledStore(std::to_string(intervals), [&](objectstore::ManagedObjectContext& context) {
+        for (std::int64_t ordinal = 0; ordinal < intervals / kIntervalsOfTask; ++ordinal) {
+            store::Task& task = *context.insert<store::Task>();
+            task.setName("Chapter " + std::to_string(ordinal) + ": read, mark, summarise");
+            fillTask(task, kFirstDay + base::Seconds(ordinal * 3607), kIntervalsOfTask,
+                     kNotesOfTask, context);
+            if (ordinal < 2) {
+                task.intervals().front()->setMaxDuration(kNeverDue);
+                task.intervals().front()->rawState()->run(base::SystemClock().now());
+            }
         }
-        context.save();
-    }
-    return directory;
+    });
+}
+
+std::filesystem::path singleTaskStore(std::int64_t intervals, const std::string& name) {
+    return filledStore("single-" + std::to_string(intervals),
+                       [&](objectstore::ManagedObjectContext& context) {
+                           store::Task& task = *context.insert<store::Task>();
+                           task.setName(name);
+                           fillTask(task, kFirstDay, intervals, intervals / 10, context);
+                       });
 }
 
 OpenedStore::OpenedStore(const std::filesystem::path& directory)
@@ -87,5 +112,10 @@ OpenedStore::OpenedStore(const std::filesystem::path& directory)
       liveDataFactory(std::make_shared<store::LiveDataProvidingFactory>(container)),
       service(std::make_shared<store::DataOperationsService>(*liveDataFactory, container, clock,
                                                              base::FatalErrorHandler())) {}
+
+const store::Task& newestTask(const OpenedStore& opened) {
+    const auto tasks = opened.container->viewContext().objects<store::Task>();
+    return *std::next(tasks.begin(), static_cast<std::ptrdiff_t>(tasks.size()) - 1);
+}
 
 }  // namespace hearthmark::benchmarks

@@ -10,6 +10,7 @@
 #include <cstdint>
 #include <filesystem>
 #include <memory>
+#include <string>
 
 namespace hearthmark::benchmarks {
 
@@ -26,6 +27,9 @@ inline void atEachSize(benchmark::internal::Benchmark* benchmark) {
 // when first asked for; it goes when the process ends.
 std::filesystem::path sampleStore(std::int64_t intervals);
 
+// The same for one task of so many intervals, with a note for every tenth.
+std::filesystem::path singleTaskStore(std::int64_t intervals, const std::string& name);
+
 // What the program holds of a store, without view models.
 struct OpenedStore {
     explicit OpenedStore(const std::filesystem::path& directory);
@@ -35,5 +39,7 @@ struct OpenedStore {
     std::shared_ptr<const store::LiveDataProvidingFactory> liveDataFactory;
     std::shared_ptr<store::DataOperationsService> service;
 };
+
+const store::Task& newestTask(const OpenedStore& opened);
 
 }  // namespace hearthmark::benchmarks

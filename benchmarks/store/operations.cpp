@@ -5,11 +5,6 @@ namespace hearthmark::benchmarks {
 
 namespace {
 
-const store::Task& newestTask(const OpenedStore& opened) {
-    const auto tasks = opened.container->viewContext().objects<store::Task>();
-    return *std::next(tasks.begin(), static_cast<std::ptrdiff_t>(tasks.size()) - 1);
-}
-
 // Makes a task, starts and finishes a focus in it and deletes it again, so the store stays as large
 // as it was. Only the operation in the template is timed; nobody observes but the service itself.
 enum class Operation { createTask, addInterval, finishInterval, deleteTask };
