@@ -38,8 +38,11 @@ ListView {
         root.contentY = Math.min(notes.y + top, wanted);
     }
 
+    // With no row of the new task under the keyboard, else one would be deleted by a key meant for the old.
     function showAnew() {
         root.currentIndex = -1;
+        if (root.activeFocus)
+            header.forceActiveFocus(Qt.OtherFocusReason);
         root.showTop();
     }
 
@@ -67,7 +70,7 @@ ListView {
     // A header that grows while it is in sight pushes the rows down instead of itself up.
     function followHeader() {
         if (root.contentY <= root.originY)
-            root.contentY -= root.topMargin - root.shownTopMargin;
+            root.contentY = Math.max(root.originY - root.topMargin, root.contentY - root.topMargin + root.shownTopMargin);
         root.shownTopMargin = root.topMargin;
     }
 
