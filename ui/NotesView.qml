@@ -22,7 +22,7 @@ FocusScope {
 
     function focusFirst() {
         if (editors.count > 0)
-            editors.itemAt(0).focusText();
+            (editors.itemAt(0) as NoteEditor).focusText();
         else
             button.forceActiveFocus(Qt.OtherFocusReason);
     }
@@ -31,7 +31,7 @@ FocusScope {
         if (!root.focusedItem)
             return;
         if (editors.count > 0)
-            editors.itemAt(0).revealFocus();
+            (editors.itemAt(0) as NoteEditor).revealFocus();
         else
             root.revealed(0, root.height);
     }
