@@ -12,7 +12,6 @@ ListView {
 
     required property TaskDetailAdapter adapter
     readonly property int notesRow: root.adapter.rows.notesRow
-    readonly property bool isAtTop: root.contentY <= root.originY - root.topMargin
 
     // Absent while it is too far out of sight; the notes section itself stays, since a note may be
     // half written in it.
@@ -69,8 +68,11 @@ ListView {
 
     // A header that grows while it is in sight pushes the rows down instead of itself up.
     function followHeader() {
-        if (root.contentY <= root.originY)
-            root.contentY = Math.max(root.originY - root.topMargin, root.contentY - root.topMargin + root.shownTopMargin);
+        const top = root.originY - root.topMargin;
+        // Where one shrank the toolkit keeps the top itself.
+        const isFollowed = root.topMargin < root.shownTopMargin && root.contentY <= top;
+        if (root.contentY <= root.originY && !isFollowed)
+            root.contentY = Math.max(top, root.contentY - root.topMargin + root.shownTopMargin);
         root.shownTopMargin = root.topMargin;
     }
 

@@ -35,7 +35,7 @@ Item {
             anchors.bottom: parent.bottom
             width: parent.width
             height: 1
-            visible: !list.isAtTop
+            visible: !list.atYBeginning
             color: Theme.colors.separator
         }
     }
