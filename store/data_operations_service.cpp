@@ -113,6 +113,14 @@ void DataOperationsService::markRunningIntervalsVisited(base::Date at) {
     save();
 }
 
+void DataOperationsService::excludeTime(base::Date from, base::Date to) {
+    for (const std::shared_ptr<Interval>& interval : runningIntervals_.intervals()) {
+        interval->setDuration(interval->totalDuration(from));
+        interval->rawState()->run(to);
+    }
+    save();
+}
+
 void DataOperationsService::finishIntervalsLeftRunning() {
     for (const std::shared_ptr<Interval>& interval : runningIntervals_.intervals()) {
         if (interval->task() != nullptr) {

@@ -30,6 +30,7 @@ class DataOperationsService final : public DataOperationsServiceProtocol {
     void deleteNote(const base::Uuid& noteId, const base::Uuid& taskId) override;
     void finishDueIntervals() override;
     void markRunningIntervalsVisited(base::Date at) override;
+    void excludeTime(base::Date from, base::Date to) override;
     void finishIntervalsLeftRunning() override;
     void resumePausedIntervals() override;
     void pauseRunningIntervals() override;

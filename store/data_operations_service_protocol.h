@@ -39,6 +39,10 @@ class DataOperationsServiceProtocol : public IntervalFinishing {
     // Stamps every running interval, so that a crash after it loses only the time since.
     virtual void markRunningIntervalsVisited(base::Date at) = 0;
 
+    // After the machine slept: takes what lies between the two moments out of every running
+    // interval, which goes on running from the later one.
+    virtual void excludeTime(base::Date from, base::Date to) = 0;
+
     // At launch, before resumePausedIntervals(): ends what the previous run left running, with the
     // time up to its last stamp. Intervals without a task are left as they are.
     virtual void finishIntervalsLeftRunning() = 0;

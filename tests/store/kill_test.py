@@ -69,6 +69,11 @@ class Model:
         for row in self.running():
             row[6] = float(now)
 
+    def excludeTime(self, start, end):
+        for row in self.running():
+            row[1] = self.total(row, float(start))
+            row[5] = float(end)
+
     def finishIntervalsLeftRunning(self):
         for row in self.running():
             if row[3] is not None:

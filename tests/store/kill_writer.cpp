@@ -86,6 +86,11 @@ class Writer {
         } else if (choice < 90) {
             tell("begin", word("markRunningIntervalsVisited"), now);
             service_.markRunningIntervalsVisited(now);
+        } else if (choice < 91) {
+            const base::Date from = now;
+            clock_->advance(base::Seconds(40000));
+            tell("begin", word("excludeTime"), from, clock_->now());
+            service_.excludeTime(from, clock_->now());
         } else if (choice < 92) {
             tell("begin", word("finishIntervalsLeftRunning"));
             service_.finishIntervalsLeftRunning();
