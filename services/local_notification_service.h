@@ -1,0 +1,41 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <memory>
+#include <optional>
+#include <unordered_set>
+
+#include "base/fatal_error.h"
+#include "base/uuid.h"
+#include "livedata/subscription.h"
+#include "services/user_notification_center.h"
+#include "store/live_data.h"
+
+namespace hearthmark::services {
+
+// Notifies of each interval that went from running to finished between two sets of intervals, by
+// the name of its task. Writes nothing. Main thread.
+class LocalNotificationService final
+    : public std::enable_shared_from_this<LocalNotificationService> {
+ public:
+    LocalNotificationService(
+        std::shared_ptr<const store::LiveDataProvidingFactoryProtocol> liveDataFactory,
+        CurrentNotificationCenter currentNotificationCenter, base::FatalErrorHandler fatal);
+
+    // Called once, at launch; a second call ends the program.
+    void startObserving();
+
+ private:
+    void handle(const store::Intervals& intervals);
+    void notify(const store::Task& task);
+
+    std::shared_ptr<const store::LiveDataProvidingFactoryProtocol> liveDataFactory_;
+    CurrentNotificationCenter currentNotificationCenter_;
+    base::FatalErrorHandler fatal_;
+    std::unique_ptr<store::LiveDataProvider<store::Interval>> intervalProvider_;
+    // Absent until the first set has been seen.
+    std::optional<std::unordered_set<base::Uuid>> oldRunningIntervalsIds_;
+    livedata::Subscription cancellable_;
+};
+
+}  // namespace hearthmark::services

@@ -1,0 +1,111 @@
+// SPDX-License-Identifier: MIT
+#include "services/status_bar_service.h"
+
+#include <utility>
+
+#include "store/newest_first.h"
+#include "store/time_texts.h"
+
+namespace hearthmark::services {
+
+namespace {
+
+constexpr base::Seconds kTick{1};
+constexpr auto kIdleTitle = "Hearthmark!";
+
+// Null where none runs.
+store::Interval* latestRunning(const store::Intervals& intervals) {
+    store::Interval* latest = nullptr;
+    for (store::Interval& interval : intervals) {
+        if (interval.isRunning() &&
+            (latest == nullptr || store::NewestFirst()(&interval, latest))) {
+            latest = &interval;
+        }
+    }
+    return latest;
+}
+
+}  // namespace
+
+StatusBarService::StatusBarService(std::shared_ptr<HomeViewFactoryProtocol> homeViewFactory,
+                                   std::shared_ptr<IntervalsProvider> intervalsProvider,
+                                   std::shared_ptr<TimeKeepingProviderProtocol> timeKeepingProvider,
+                                   std::shared_ptr<const base::Clock> clock, Ports ports)
+    : homeViewFactory_(std::move(homeViewFactory)),
+      intervalsProvider_(std::move(intervalsProvider)),
+      timeKeepingProvider_(std::move(timeKeepingProvider)),
+      clock_(std::move(clock)),
+      ports_(std::move(ports)) {}
+
+void StatusBarService::setUp() {
+    statusItem_ = ports_.statusBar->makeStatusItem(kVariableStatusItemLength);
+    StatusItemButton* const button = statusItem_->button();
+    if (button == nullptr) {
+        statusItem_.reset();  // told to nobody: the window shows the time as well
+        return;
+    }
+    button->setTitle(kIdleTitle);
+    button->setAction([weak = weak_from_this()] {
+        if (const auto self = weak.lock()) {
+            self->statusItemButtonAction();
+        }
+    });
+    // The subscription tells of the present set at once.
+    intervalsObserver_ = intervalsProvider_->currentItems()->subscribe(
+        [weak = weak_from_this()](const store::Intervals& intervals) {
+            if (const auto self = weak.lock()) {
+                self->handle(intervals);
+            }
+        });
+}
+
+void StatusBarService::handle(const store::Intervals& intervals) {
+    store::Interval* const latest = latestRunning(intervals);
+    if (latest == nullptr) {
+        statusItem_->button()->setTitle(kIdleTitle);
+        statusItem_->button()->setProgress({});
+        // The interval is remembered, so that one that comes back after this is not shown again;
+        // that is wanted.
+        stopTimer();
+    } else if (latest != latestRunningInterval_.get()) {
+        latestRunningInterval_ =
+            std::static_pointer_cast<store::Interval>(latest->shared_from_this());
+        stopTimer();
+        startTimer(latestRunningInterval_);
+    }
+}
+
+void StatusBarService::startTimer(const std::shared_ptr<store::Interval>& interval) {
+    timer_ =
+        timeKeepingProvider_->makeTimer(kTick, Repeats::yes, [weak = weak_from_this(), interval] {
+            if (const auto self = weak.lock()) {
+                self->show(*interval);
+            }
+        });
+}
+
+void StatusBarService::stopTimer() {
+    if (timer_) {
+        timer_->invalidate();
+        timer_.reset();
+    }
+}
+
+void StatusBarService::show(const store::Interval& interval) {
+    StatusItemButton& button = *statusItem_->button();
+    button.setTitle(store::formattedTimeSpent(interval, *clock_).value_or("-"));
+    const store::Task* task = interval.task();
+    button.setProgress(
+        StatusItemProgress{.taskName = task != nullptr ? task->name().value_or("-") : "-",
+                           .spent = store::timeSpent(interval, *clock_),
+                           .maximum = interval.maxDuration()});
+}
+
+void StatusBarService::statusItemButtonAction() const {
+    for (const auto& window : ports_.applicationWindows->windows()) {
+        window->orderFrontRegardless();
+        window->makeKeyWindow();
+    }
+}
+
+}  // namespace hearthmark::services

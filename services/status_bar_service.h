@@ -1,0 +1,60 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <memory>
+#include <string>
+
+#include "base/clock.h"
+#include "livedata/core_data_live_provider.h"
+#include "livedata/subscription.h"
+#include "services/application_windows.h"
+#include "services/home_view_factory_protocol.h"
+#include "services/status_bar.h"
+#include "services/time_keeping.h"
+#include "store/live_data.h"
+
+namespace hearthmark::services {
+
+// Shows the time of the latest running interval in the panel, once a second, and the program's name
+// while none runs. Main thread.
+class StatusBarService final : public std::enable_shared_from_this<StatusBarService> {
+ public:
+    using IntervalsProvider = livedata::CoreDataLiveProvider<store::Interval>;
+
+    // What the desktop gives for it.
+    struct Ports {
+        std::shared_ptr<StatusBar> statusBar;
+        std::shared_ptr<ApplicationWindows> applicationWindows;
+    };
+
+    // The provider is observing. The item has no use of the home view so far.
+    StatusBarService(std::shared_ptr<HomeViewFactoryProtocol> homeViewFactory,
+                     std::shared_ptr<IntervalsProvider> intervalsProvider,
+                     std::shared_ptr<TimeKeepingProviderProtocol> timeKeepingProvider,
+                     std::shared_ptr<const base::Clock> clock, Ports ports);
+
+    // Makes the item. Called once, at launch. Where the desktop has no place for it, nothing is
+    // shown.
+    void setUp();
+
+ private:
+    void handle(const store::Intervals& intervals);
+    void startTimer(const std::shared_ptr<store::Interval>& interval);
+    void stopTimer();
+    void show(const store::Interval& interval);
+    void statusItemButtonAction() const;
+
+    std::shared_ptr<HomeViewFactoryProtocol> homeViewFactory_;
+    std::shared_ptr<IntervalsProvider> intervalsProvider_;
+    std::shared_ptr<TimeKeepingProviderProtocol> timeKeepingProvider_;
+    std::shared_ptr<const base::Clock> clock_;
+    Ports ports_;
+    // The interval that is shown, or was last; it may have been deleted since.
+    std::shared_ptr<store::Interval> latestRunningInterval_;
+    std::unique_ptr<StatusItem> statusItem_;
+    // Present only while an interval is shown.
+    std::shared_ptr<TimeKeeping> timer_;
+    livedata::Subscription intervalsObserver_;
+};
+
+}  // namespace hearthmark::services
