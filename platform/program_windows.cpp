@@ -1,0 +1,50 @@
+// SPDX-License-Identifier: MIT
+#include "platform/program_windows.h"
+
+#include <QGuiApplication>
+#include <QPointer>
+#include <QWindow>
+
+namespace hearthmark::platform {
+
+namespace {
+
+// Does nothing once the window has gone.
+class ProgramWindow final : public services::ApplicationWindow {
+ public:
+    explicit ProgramWindow(QWindow* window) : window_(window) {}
+
+    void orderFrontRegardless() override {
+        if (!window_) {
+            return;
+        }
+        window_->setVisible(true);
+        if (window_->windowState() == Qt::WindowMinimized) {
+            window_->showNormal();
+        }
+        window_->raise();
+    }
+
+    void makeKeyWindow() override {
+        if (window_) {
+            window_->requestActivate();
+        }
+    }
+
+ private:
+    QPointer<QWindow> window_;
+};
+
+}  // namespace
+
+std::vector<std::shared_ptr<services::ApplicationWindow>> ProgramWindows::windows() const {
+    std::vector<std::shared_ptr<services::ApplicationWindow>> windows;
+    for (QWindow* const window : QGuiApplication::topLevelWindows()) {
+        if (window->type() == Qt::Window) {
+            windows.push_back(std::make_shared<ProgramWindow>(window));
+        }
+    }
+    return windows;
+}
+
+}  // namespace hearthmark::platform

@@ -1,0 +1,252 @@
+// SPDX-License-Identifier: MIT
+#include "platform/status_notifier_item.h"
+
+#include <QDBusArgument>
+#include <QDBusMessage>
+#include <QDBusMetaType>
+#include <QDBusPendingCallWatcher>
+#include <QDBusPendingReply>
+#include <QDBusVariant>
+#include <QTimer>
+#include <QtEndian>
+#include <array>
+#include <utility>
+
+#include "platform/application_object.h"
+
+namespace hearthmark::platform {
+
+namespace {
+
+constexpr auto kItemPath = "/StatusNotifierItem";
+constexpr auto kMenuPath = "/StatusNotifierItem/Menu";
+constexpr auto kWatcher = "org.kde.StatusNotifierWatcher";
+constexpr auto kWatcherPath = "/StatusNotifierWatcher";
+// What panels ask for at the usual scales.
+constexpr std::array kSizes{22, 32, 44, 48};
+// A tool tip is no place for a long text, and it is sent each second.
+constexpr int kLongestTaskName = 200;
+
+QList<StatusPixmap> pixmaps(const StatusIconState& state) {
+    QList<StatusPixmap> all;
+    for (const int size : kSizes) {
+        const QImage image = paintStatusIcon(state, size);
+        QByteArray bytes(image.sizeInBytes(), Qt::Uninitialized);
+        qToBigEndian<quint32>(image.constBits(), image.sizeInBytes() / 4, bytes.data());
+        all.append({size, size, bytes});
+    }
+    return all;
+}
+
+QString shortened(QString text) {
+    if (text.size() > kLongestTaskName) {
+        text.truncate(kLongestTaskName);
+        if (text.back().isHighSurrogate()) {
+            text.chop(1);
+        }
+        text.append(QChar(0x2026));
+    }
+    return text;
+}
+
+}  // namespace
+
+QDBusArgument& operator<<(QDBusArgument& argument, const StatusPixmap& pixmap) {
+    argument.beginStructure();
+    argument << pixmap.width << pixmap.height << pixmap.bytes;
+    argument.endStructure();
+    return argument;
+}
+
+const QDBusArgument& operator>>(const QDBusArgument& argument, StatusPixmap& pixmap) {
+    argument.beginStructure();
+    argument >> pixmap.width >> pixmap.height >> pixmap.bytes;
+    argument.endStructure();
+    return argument;
+}
+
+QDBusArgument& operator<<(QDBusArgument& argument, const StatusToolTip& toolTip) {
+    argument.beginStructure();
+    argument << toolTip.iconName << toolTip.icon << toolTip.title << toolTip.description;
+    argument.endStructure();
+    return argument;
+}
+
+const QDBusArgument& operator>>(const QDBusArgument& argument, StatusToolTip& toolTip) {
+    argument.beginStructure();
+    argument >> toolTip.iconName >> toolTip.icon >> toolTip.title >> toolTip.description;
+    argument.endStructure();
+    return argument;
+}
+
+StatusNotifierItem::StatusNotifierItem(Handlers handlers, DbusMenu::Actions menuActions)
+    : handlers_(std::move(handlers)),
+      menu_(std::move(menuActions)),
+      bus_(QDBusConnection::sessionBus()),
+      watcher_(QLatin1String(kWatcher), bus_, QDBusServiceWatcher::WatchForOwnerChange),
+      pixmap_(pixmaps(icon_)) {
+    if (!bus_.isConnected()) {
+        return;
+    }
+    qDBusRegisterMetaType<StatusPixmap>();
+    qDBusRegisterMetaType<QList<StatusPixmap>>();
+    qDBusRegisterMetaType<StatusToolTip>();
+    constexpr auto kExported = QDBusConnection::ExportAllSlots |
+                               QDBusConnection::ExportAllProperties |
+                               QDBusConnection::ExportAllSignals;
+    bus_.registerObject(kItemPath, this, kExported);
+    bus_.registerObject(kMenuPath, &menu_, kExported);
+    for (const char* change : {"StatusNotifierHostRegistered", "StatusNotifierHostUnregistered"}) {
+        bus_.connect({}, kWatcherPath, kWatcher, QLatin1String(change), this, SLOT(askForHost()));
+    }
+    connect(&watcher_, &QDBusServiceWatcher::serviceOwnerChanged, this,
+            [this](const QString& /*service*/, const QString& /*old*/, const QString& owner) {
+                isWatched_ = false;
+                setIsHosted(false);
+                if (!owner.isEmpty()) {
+                    registerAtWatcher();
+                }
+            });
+    registerAtWatcher();
+}
+
+// The panel takes the item away when the connection ends; no unregistering is known.
+StatusNotifierItem::~StatusNotifierItem() {
+    bus_.unregisterObject(kMenuPath);
+    bus_.unregisterObject(kItemPath);
+}
+
+void StatusNotifierItem::setTitle(const QString& title) {
+    if (title_ == title) {
+        return;
+    }
+    title_ = title;
+    menu_.setTitle(title);
+    if (isWatched_) {
+        emit NewToolTip();
+        emit XAyatanaNewLabel(title_, labelGuide());
+    }
+}
+
+void StatusNotifierItem::setTaskName(const QString& taskName) {
+    const QString name = shortened(taskName);
+    if (taskName_ != name) {
+        taskName_ = name;
+        if (isWatched_) {
+            emit NewToolTip();
+        }
+    }
+}
+
+void StatusNotifierItem::setIcon(const StatusIconState& icon) {
+    if (icon_ == icon) {
+        return;
+    }
+    const bool isDotNew = icon_.hasDot != icon.hasDot;
+    icon_ = icon;
+    pixmap_ = pixmaps(icon);
+    if (isWatched_) {
+        emit NewIcon();
+        if (isDotNew || icon.hasDot) {
+            emit NewAttentionIcon();
+        }
+        if (isDotNew) {
+            emit NewStatus(status());
+        }
+    }
+}
+
+QString StatusNotifierItem::category() const {
+    return QStringLiteral("ApplicationStatus");
+}
+
+QString StatusNotifierItem::id() const {
+    return QLatin1String(kApplicationId);
+}
+
+// Of the program, which stays: panels read it as the item's name. The text that changes is the
+// label and the tool tip, since each signal and the question that follows it cost time each second.
+QString StatusNotifierItem::name() const {
+    return QStringLiteral("Hearthmark");
+}
+
+QString StatusNotifierItem::status() const {
+    return icon_.hasDot ? QStringLiteral("NeedsAttention") : QStringLiteral("Active");
+}
+
+// The same picture, for panels that do not look at the status; absent while it is not shown, since
+// some panels read every property each second.
+QList<StatusPixmap> StatusNotifierItem::attentionPixmap() const {
+    return icon_.hasDot ? pixmap_ : QList<StatusPixmap>();
+}
+
+// Panels read both texts as markup. The picture is that of the desktop entry: one of ours would be
+// sent with each second's text.
+StatusToolTip StatusNotifierItem::toolTip() const {
+    return {QLatin1String(kApplicationId), {}, title_.toHtmlEscaped(), taskName_.toHtmlEscaped()};
+}
+
+QDBusObjectPath StatusNotifierItem::menuPath() const {
+    return QDBusObjectPath(kMenuPath);
+}
+
+QString StatusNotifierItem::labelGuide() const {
+    return widestForm(title_);
+}
+
+// The panel has its answer before anything is done that may take time.
+void StatusNotifierItem::Activate(int /*x*/, int /*y*/) {
+    QTimer::singleShot(0, this, handlers_.activate);
+}
+
+void StatusNotifierItem::SecondaryActivate(int x, int y) {
+    Activate(x, y);
+}
+
+// Panels show the menu themselves.
+void StatusNotifierItem::ContextMenu(int /*x*/, int /*y*/) {}
+
+void StatusNotifierItem::Scroll(int /*delta*/, const QString& /*orientation*/) {}
+
+void StatusNotifierItem::ProvideXdgActivationToken(const QString& token) {
+    // Where the toolkit's Wayland plugin looks for it when the next window is activated.
+    qputenv("XDG_ACTIVATION_TOKEN", token.toUtf8());
+}
+
+void StatusNotifierItem::registerAtWatcher() {
+    QDBusMessage call = QDBusMessage::createMethodCall(
+        kWatcher, kWatcherPath, kWatcher, QStringLiteral("RegisterStatusNotifierItem"));
+    call << bus_.baseService();
+    call.setAutoStartService(false);
+    auto* const pending = new QDBusPendingCallWatcher(bus_.asyncCall(call), this);
+    connect(pending, &QDBusPendingCallWatcher::finished, this, [this, pending] {
+        pending->deleteLater();
+        isWatched_ = !pending->isError();  // an error is the usual answer where there is no panel
+        if (isWatched_) {
+            askForHost();
+        }
+    });
+}
+
+void StatusNotifierItem::askForHost() {
+    QDBusMessage call = QDBusMessage::createMethodCall(
+        kWatcher, kWatcherPath, QStringLiteral("org.freedesktop.DBus.Properties"),
+        QStringLiteral("Get"));
+    call << QLatin1String(kWatcher) << QStringLiteral("IsStatusNotifierHostRegistered");
+    call.setAutoStartService(false);
+    auto* const pending = new QDBusPendingCallWatcher(bus_.asyncCall(call), this);
+    connect(pending, &QDBusPendingCallWatcher::finished, this, [this, pending] {
+        pending->deleteLater();
+        const QDBusPendingReply<QDBusVariant> reply = *pending;
+        setIsHosted(reply.isValid() && reply.value().variant().toBool());
+    });
+}
+
+void StatusNotifierItem::setIsHosted(bool isHosted) {
+    if (isHosted_ != isHosted) {
+        isHosted_ = isHosted;
+        handlers_.isHostedChanged();
+    }
+}
+
+}  // namespace hearthmark::platform
