@@ -2,11 +2,11 @@
 #include "platform/fatal_notification.h"
 
 #include <QDBusConnection>
-#include <QDBusMessage>
 #include <QStringList>
 #include <QVariantMap>
 
 #include "platform/application_object.h"
+#include "platform/notification_call.h"
 
 namespace hearthmark::platform {
 
@@ -25,10 +25,7 @@ void notifyOfFatalError(std::string_view message) {
     }
     const QString body =
         QString::fromUtf8(message.data(), static_cast<qsizetype>(message.size())).toHtmlEscaped();
-    QDBusMessage notify = QDBusMessage::createMethodCall(
-        QStringLiteral("org.freedesktop.Notifications"),
-        QStringLiteral("/org/freedesktop/Notifications"),
-        QStringLiteral("org.freedesktop.Notifications"), QStringLiteral("Notify"));
+    QDBusMessage notify = notificationCall("Notify");
     notify << QStringLiteral("Hearthmark") << 0U << QString()
            << QObject::tr("Hearthmark has stopped") << body << QStringList()
            << QVariantMap{{QStringLiteral("urgency"), QVariant::fromValue(kCritical)},

@@ -1,0 +1,10 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+namespace hearthmark::platform {
+
+// Plays the desktop's sound for something that is complete. Returns at once; a machine that cannot
+// play it stays silent. The libraries for it go when it has been heard.
+void playCompletionSound();
+
+}  // namespace hearthmark::platform

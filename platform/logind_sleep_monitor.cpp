@@ -1,0 +1,81 @@
+// SPDX-License-Identifier: MIT
+#include "platform/logind_sleep_monitor.h"
+
+#include <QDBusMessage>
+#include <QDBusPendingCallWatcher>
+#include <QDBusPendingReply>
+#include <utility>
+
+namespace hearthmark::platform {
+
+namespace {
+
+constexpr QLatin1String kLogind("org.freedesktop.login1");
+constexpr QLatin1String kPath("/org/freedesktop/login1");
+constexpr QLatin1String kManager("org.freedesktop.login1.Manager");
+
+}  // namespace
+
+LogindSleepMonitor::LogindSleepMonitor()
+    : bus_(QDBusConnection::systemBus()),
+      watcher_(kLogind, bus_, QDBusServiceWatcher::WatchForOwnerChange) {}
+
+void LogindSleepMonitor::start(Handlers handlers) {
+    handlers_ = std::move(handlers);
+    if (!bus_.isConnected()) {
+        return;
+    }
+    if (!bus_.connect(kLogind, kPath, kManager, QStringLiteral("PrepareForSleep"), this,
+                      SLOT(prepareForSleep(bool)))) {
+        qWarning("It cannot be heard when the machine goes to sleep.");
+        return;
+    }
+    // Without who would tell of the waking the program must not wait for it.
+    bus_.connect({}, QStringLiteral("/org/freedesktop/DBus/Local"),
+                 QStringLiteral("org.freedesktop.DBus.Local"), QStringLiteral("Disconnected"), this,
+                 SLOT(disconnected()));
+    connect(&watcher_, &QDBusServiceWatcher::serviceOwnerChanged, this,
+            [this](const QString& /*service*/, const QString& /*old*/, const QString& /*owner*/) {
+                prepareForSleep(false);
+            });
+    takeDelayLock();
+}
+
+void LogindSleepMonitor::prepareForSleep(bool isStarting) {
+    isAsleep_ = isStarting;
+    if (isStarting) {
+        handlers_.willSleep();
+        delayLock_ = {};
+    } else {
+        handlers_.didWake();
+        takeDelayLock();
+    }
+}
+
+void LogindSleepMonitor::disconnected() {
+    isAsleep_ = false;
+    handlers_.didWake();
+}
+
+void LogindSleepMonitor::takeDelayLock() {
+    QDBusMessage call =
+        QDBusMessage::createMethodCall(kLogind, kPath, kManager, QStringLiteral("Inhibit"));
+    call << QStringLiteral("sleep") << QStringLiteral("Hearthmark")
+         << tr("The time of running focus intervals is stored.") << QStringLiteral("delay");
+    call.setAutoStartService(false);
+    auto* const pending = new QDBusPendingCallWatcher(bus_.asyncCall(call), this);
+    connect(pending, &QDBusPendingCallWatcher::finished, this, [this, pending] {
+        pending->deleteLater();
+        const QDBusPendingReply<QDBusUnixFileDescriptor> reply = *pending;
+        if (!reply.isError()) {
+            if (!isAsleep_) {
+                delayLock_ = reply.value();
+            }
+        } else if (reply.error().type() != QDBusError::ServiceUnknown) {
+            qWarning("The machine will not wait before it sleeps: %s",
+                     qUtf8Printable(reply.error().message()));
+        }
+    });
+}
+
+}  // namespace hearthmark::platform

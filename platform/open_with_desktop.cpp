@@ -1,0 +1,36 @@
+// SPDX-License-Identifier: MIT
+#include "platform/open_with_desktop.h"
+
+#include <QDesktopServices>
+#include <QUrl>
+#include <csignal>
+
+namespace hearthmark::platform {
+
+namespace {
+
+// For its lifetime no signal is blocked: what is started inherits it, and must not be deaf to the
+// signals that this program waits for by a descriptor.
+class UnblockedSignals {
+ public:
+    UnblockedSignals() {
+        sigset_t none;
+        sigemptyset(&none);
+        pthread_sigmask(SIG_SETMASK, &none, &blocked_);
+    }
+    UnblockedSignals(const UnblockedSignals&) = delete;
+    UnblockedSignals& operator=(const UnblockedSignals&) = delete;
+    ~UnblockedSignals() { pthread_sigmask(SIG_SETMASK, &blocked_, nullptr); }
+
+ private:
+    sigset_t blocked_{};
+};
+
+}  // namespace
+
+bool openWithDesktop(const QString& path) {
+    const UnblockedSignals unblocked;
+    return QDesktopServices::openUrl(QUrl::fromLocalFile(path));
+}
+
+}  // namespace hearthmark::platform
