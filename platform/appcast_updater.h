@@ -1,0 +1,77 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QBuffer>
+#include <QCryptographicHash>
+#include <QNetworkAccessManager>
+#include <QString>
+#include <QTemporaryFile>
+#include <QTimer>
+#include <QUrl>
+#include <chrono>
+#include <memory>
+#include <optional>
+#include <string>
+
+#include "platform/appcast.h"
+#include "platform/https_transfer.h"
+#include "platform/release_signature.h"
+#include "services/updater.h"
+
+namespace hearthmark::platform {
+
+// Updates from a feed. A package is a temporary file in a private directory until its signature has
+// been checked, so whatever ends the download leaves nothing of it. Main thread; requires a
+// QGuiApplication that outlives it.
+class AppcastUpdater final : public services::Updater {
+ public:
+    struct Configuration {
+        // Where the feed is; empty for none.
+        QUrl feed;
+        // Base64 of an Ed25519 public key.
+        QByteArray publicKey;
+        QString currentVersion;
+        // For packages alone: those in it are thrown away before the next one comes.
+        QString directory;
+        // How long the next 100 KB may take.
+        std::chrono::milliseconds patience{0};
+    };
+
+    explicit AppcastUpdater(Configuration configuration);
+
+    void checkForUpdates() override;
+    void install() override;
+    void dismiss() override;
+
+    livedata::Published<bool>& canCheckForUpdates() override { return canCheckForUpdates_; }
+    livedata::Published<services::UpdateState>& state() override { return state_; }
+    const std::string& unavailableReason() const override { return unavailableReason_; }
+
+ private:
+    void readFeed();
+    void verify();
+    void verifyNextPart();
+    void handOver();
+    bool openPackage();
+    void fail(const QString& fault);
+    void stop();
+    void show(services::UpdatePhase phase, const QString& message = {});
+
+    Configuration configuration_;
+    std::optional<ReleaseKey> key_;
+    std::string unavailableReason_;
+    livedata::Published<bool> canCheckForUpdates_;
+    livedata::Published<services::UpdateState> state_;
+    QNetworkAccessManager network_;
+    QBuffer feed_;
+    AppcastItem item_;
+    qint64 received_ = 0;
+    std::unique_ptr<QTemporaryFile> package_;
+    QCryptographicHash digest_{QCryptographicHash::Sha512};
+    // One turn of the event loop for each part, so that a large package does not stop the program.
+    QTimer verification_;
+    // Writes into the feed or the package.
+    std::unique_ptr<HttpsTransfer> transfer_;
+};
+
+}  // namespace hearthmark::platform

@@ -1,0 +1,58 @@
+// SPDX-License-Identifier: MIT
+#include "platform/appcast.h"
+
+#include <gtest/gtest.h>
+
+#include <vector>
+
+namespace hearthmark::platform {
+namespace {
+
+using enum AppcastVerdict;
+
+QByteArray item(const char* version, const char* address = "https://h/a.deb",
+                const char* length = "9") {
+    return QByteArray("<item><enclosure url='") + address + "' length='" + length +
+           "'/><u:release version='" + version + "' signature='AAAA'/></item>";
+}
+
+QByteArray feed(const QByteArray& items) {
+    return "<rss xmlns:u='https://hearthmark.org/appcast'><channel>" + items + "</channel></rss>";
+}
+
+TEST(Appcast, FindsTheNewestVersionThatIsHigherAndCanBeInstalled) {
+    struct Row {
+        QByteArray feed;
+        AppcastVerdict verdict;
+        const char* version;
+    };
+    const std::vector<Row> rows = {
+        {feed(item("1.9") + item("1.10.1") + item("1.10")), newer, "1.10.1"},
+        {feed(item("1.2.0") + item("1.1.9") + item("0.9")), upToDate, ""},
+        {feed(item("v2") + item("2.-1") + item("2.+1") + item("2..1") + item("")), upToDate, ""},
+        {feed(item("2.0-rc1") + item("9999999999") + item(" 2") + item("2.")), upToDate, ""},
+        {feed("<item><title>T</title></item>" + item("1.3")), newer, "1.3"},
+        {feed(item("1.3") + item("1.4", "http://h/a.deb")), newer, "1.3"},
+        {feed(item("1.4", "file:///etc/passwd")), incomplete, "1.4"},
+        {feed(item("1.4", "https://h/a.deb", "-1")), incomplete, "1.4"},
+        {feed(item("1.4", "https://h/a.deb", "200000001")), incomplete, "1.4"},
+        {feed(item("1.4").replace("AAAA", "A*AA")), incomplete, "1.4"},
+        {feed(item("1.4").replace("u:release", "release")), upToDate, ""},
+        {feed(item("1.4")).chopped(9), unreadable, ""},
+        {feed("<item><title>&nbsp;</title></item>" + item("1.4")), unreadable, ""},
+        {"<!DOCTYPE rss>" + feed(item("1.4")), unreadable, ""},
+        {"<!DOCTYPE rss [<!ENTITY % a '<!ENTITY b \"c\">'> %a; %a;]>" + feed(item("1.4")),
+         unreadable, ""},
+        {feed(item("1.4") + "<title>" + QByteArray(20'000, '=') + "</title>"), unreadable, ""},
+        {"<html><channel>" + item("1.4") + "</channel></html>", unreadable, ""},
+        {"", unreadable, ""},
+    };
+    for (const auto& row : rows) {
+        const AppcastReading reading = readAppcast(row.feed, QStringLiteral("1.2"));
+        EXPECT_EQ(reading.verdict, row.verdict) << row.feed.toStdString();
+        EXPECT_EQ(reading.item.version, row.version) << row.feed.toStdString();
+    }
+}
+
+}  // namespace
+}  // namespace hearthmark::platform
