@@ -25,4 +25,9 @@ bool AppDelegate::windowShouldClose() {
     return false;
 }
 
+services::PresentationOptions AppDelegate::willPresent(
+    const services::NotificationRequest& /*request*/) {
+    return services::PresentationOptions::banner | services::PresentationOptions::sound;
+}
+
 }  // namespace hearthmark::app

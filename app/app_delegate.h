@@ -4,6 +4,8 @@
 #include <functional>
 #include <vector>
 
+#include "services/user_notification_center.h"
+
 namespace hearthmark::app {
 
 // The desktop has started the program: it may act from now on.
@@ -12,7 +14,7 @@ struct LaunchNotification {};
 struct TerminationNotification {};
 
 // Relays what happens to the application to whoever asked to be called. Main thread.
-class AppDelegate {
+class AppDelegate final : public services::UserNotificationCenterDelegate {
  public:
     // `hideApplication` takes every window off the screen.
     explicit AppDelegate(std::function<void()> hideApplication);
@@ -23,6 +25,10 @@ class AppDelegate {
 
     // Hides the application and answers no: the program lives on without its window.
     bool windowShouldClose();
+
+    // With banner and sound: what ended must be noticed also while the program is being used.
+    services::PresentationOptions willPresent(
+        const services::NotificationRequest& request) override;
 
     std::vector<std::function<void(const LaunchNotification&)>> onApplicationDidFinishLaunching;
     std::vector<std::function<void(const TerminationNotification&)>> onApplicationWillTerminate;

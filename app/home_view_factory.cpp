@@ -3,6 +3,7 @@
 
 #include <utility>
 
+#include "presentation/check_for_updates_view_model.h"
 #include "presentation/view_model_factories.h"
 #include "ui/home_adapter.h"
 #include "ui/home_view.h"
@@ -14,14 +15,15 @@ HomeViewFactory::HomeViewFactory(
     std::shared_ptr<const store::LiveDataProvidingFactoryProtocol> liveDataFactory,
     std::shared_ptr<const base::Clock> clock,
     std::shared_ptr<presentation::SelectedTaskId> mutableSelectedTaskId,
-    TimeKeepingProviderMaker makeTimeKeepingProvider,
-    std::shared_ptr<exporting::Clipboard> clipboard, Actions actions)
+    TimeKeepingProviderMaker makeTimeKeepingProvider, Ports ports,
+    ui::AboutAdapter::Program program, Actions actions)
     : dataOperationsService_(std::move(dataOperationsService)),
       liveDataFactory_(std::move(liveDataFactory)),
       clock_(std::move(clock)),
       mutableSelectedTaskId_(std::move(mutableSelectedTaskId)),
       makeTimeKeepingProvider_(std::move(makeTimeKeepingProvider)),
-      clipboard_(std::move(clipboard)),
+      ports_(std::move(ports)),
+      program_(std::move(program)),
       actions_(std::move(actions)) {}
 
 std::unique_ptr<services::HomeViewProtocol> HomeViewFactory::makeHomeView() {
@@ -30,10 +32,17 @@ std::unique_ptr<services::HomeViewProtocol> HomeViewFactory::makeHomeView() {
         std::make_shared<presentation::SelectedTaskIdPublisher>(*mutableSelectedTaskId_));
     const ui::HomeViewSubviewsFactory subviewsFactory(dataOperationsService_, liveDataFactory_,
                                                       clock_, mutableSelectedTaskId_,
-                                                      makeTimeKeepingProvider_, clipboard_);
+                                                      makeTimeKeepingProvider_, ports_.clipboard);
+    ui::HomeAdapter::Parts parts{
+        .about = std::make_unique<ui::AboutAdapter>(program_),
+        .unseenFinishes = std::make_unique<ui::UnseenFinishesAdapter>(ports_.unseenFinishes,
+                                                                      mutableSelectedTaskId_),
+        .updates = std::make_unique<ui::UpdateAdapter>(
+            std::make_shared<presentation::CheckForUpdatesViewModel>(ports_.updater),
+            ports_.updater)};
     return std::make_unique<ui::HomeView>(
         std::make_unique<ui::HomeAdapter>(homeVMFactory.makeViewModel(), subviewsFactory,
-                                          actions_.quit),
+                                          std::move(parts), actions_.quit),
         actions_.windowShouldClose);
 }
 

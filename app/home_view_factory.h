@@ -8,8 +8,11 @@
 #include "export/clipboard.h"
 #include "presentation/selected_task_id.h"
 #include "services/home_view_factory_protocol.h"
+#include "services/unseen_finishes.h"
+#include "services/updater.h"
 #include "store/data_operations_service_protocol.h"
 #include "store/live_data.h"
+#include "ui/about_adapter.h"
 #include "ui/home_view_subviews_factory.h"
 
 namespace hearthmark::app {
@@ -18,6 +21,12 @@ namespace hearthmark::app {
 // selection that its list and its home model share.
 class HomeViewFactory final : public services::HomeViewFactoryProtocol {
  public:
+    // What of the desktop the views show or use.
+    struct Ports {
+        std::shared_ptr<exporting::Clipboard> clipboard;
+        std::shared_ptr<services::Updater> updater;
+        std::shared_ptr<services::UnseenFinishes> unseenFinishes;
+    };
     // What the views need of the application.
     struct Actions {
         // Answers whether a window may close.
@@ -30,8 +39,8 @@ class HomeViewFactory final : public services::HomeViewFactoryProtocol {
                     std::shared_ptr<const store::LiveDataProvidingFactoryProtocol> liveDataFactory,
                     std::shared_ptr<const base::Clock> clock,
                     std::shared_ptr<presentation::SelectedTaskId> mutableSelectedTaskId,
-                    TimeKeepingProviderMaker makeTimeKeepingProvider,
-                    std::shared_ptr<exporting::Clipboard> clipboard, Actions actions);
+                    TimeKeepingProviderMaker makeTimeKeepingProvider, Ports ports,
+                    ui::AboutAdapter::Program program, Actions actions);
 
     std::unique_ptr<services::HomeViewProtocol> makeHomeView() override;
 
@@ -41,7 +50,8 @@ class HomeViewFactory final : public services::HomeViewFactoryProtocol {
     std::shared_ptr<const base::Clock> clock_;
     std::shared_ptr<presentation::SelectedTaskId> mutableSelectedTaskId_;
     TimeKeepingProviderMaker makeTimeKeepingProvider_;
-    std::shared_ptr<exporting::Clipboard> clipboard_;
+    Ports ports_;
+    ui::AboutAdapter::Program program_;
     Actions actions_;
 };
 

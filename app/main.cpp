@@ -2,22 +2,21 @@
 #include <QCoreApplication>
 #include <QGuiApplication>
 #include <QQuickWindow>
+#include <QStandardPaths>
+#include <chrono>
 #include <cstdlib>
 #include <filesystem>
 #include <iostream>
-#include <memory>
 
-#include "app/tasks_app.h"
-#include "base/clock.h"
+#include "app/desktop.h"
 #include "base/fatal_error.h"
 #include "objectstore/store_error.h"
+#include "platform/appcast_updater.h"
 #include "platform/application_object.h"
 #include "platform/fatal_notification.h"
 #include "platform/instance_lock.h"
 #include "platform/running_instance.h"
-#include "platform/system_clipboard.h"
 #include "platform/termination_signals.h"
-#include "platform/time_keeping_provider.h"
 #include "store/persistent_container_factory.h"
 #include "ui/accessibility.h"
 
@@ -32,6 +31,15 @@ int showRunningInstance(int argc, char** argv) {
     }
     std::cerr << "Hearthmark is already running." << std::endl;
     return EXIT_FAILURE;
+}
+
+platform::AppcastUpdater::Configuration updates() {
+    return {.feed = QUrl(QStringLiteral(HEARTHMARK_UPDATE_FEED)),
+            .publicKey = HEARTHMARK_UPDATE_PUBLIC_KEY,
+            .currentVersion = QCoreApplication::applicationVersion(),
+            .directory = QStandardPaths::writableLocation(QStandardPaths::CacheLocation) +
+                         QStringLiteral("/updates"),
+            .patience = std::chrono::seconds(HEARTHMARK_UPDATE_PATIENCE)};
 }
 
 int runApplication(int argc, char** argv, const std::filesystem::path& storeDirectory,
@@ -60,22 +68,10 @@ int runApplication(int argc, char** argv, const std::filesystem::path& storeDire
         fatal(store::unresolvedLoadError({error.message() + ": " + storeDirectory.string(),
                                           error.value(), error.value(), "lock"}));
     }
-    app::TasksApp tasksApp(
-        {.persistentContainerFactory =
-             std::make_unique<store::PersistentContainerFactory>(storeDirectory, fatal),
-         .makeTimeKeepingProvider =
-             [] { return std::make_shared<platform::TimeKeepingProvider>(); },
-         .clipboard = std::make_shared<platform::SystemClipboard>(),
-         .clock = std::make_shared<base::SystemClock>(),
-         .fatal = fatal,
-         .quit = &QCoreApplication::quit});
-    QObject::connect(&application, &QCoreApplication::aboutToQuit,
-                     [&tasksApp] { tasksApp.terminate(); });
+    app::Desktop desktop(storeDirectory, updates(), fatal);
     QObject::connect(&applicationObject, &platform::ApplicationObject::activationRequested,
-                     [&tasksApp](const QString& activationToken) {
-                         tasksApp.activate(activationToken.toStdString());
-                     });
-    tasksApp.launch();
+                     &desktop, &app::Desktop::activate);
+    desktop.launch();
     const auto signalNotifier = terminationSignals.listen(&QCoreApplication::quit);
     return QGuiApplication::exec();
 }

@@ -1,44 +1,84 @@
 // SPDX-License-Identifier: MIT
 #include "app/tasks_app.h"
 
-#include <optional>
-
-#include "presentation/selected_task_id.h"
+#include "services/awake_time_keeping_provider.h"
 #include "store/data_operations_service.h"
 #include "store/live_data.h"
 
 namespace hearthmark::app {
 
-TasksApp::TasksApp(const Environment& environment) : appDelegate_([this] { homeView_->hide(); }) {
+TasksApp::TasksApp(const Environment& environment)
+    : appDelegate_([this, didHide = environment.didHide] {
+          homeView_->hide();
+          didHide();
+      }),
+      clock_(std::make_shared<services::AwakeClock>(environment.clock)),
+      updater_(environment.homeViewPorts.updater),
+      selectedTaskId_(std::make_shared<presentation::SelectedTaskId>(std::nullopt)) {
     const auto container = environment.persistentContainerFactory->makeContainer();
     const auto liveDataFactory = std::make_shared<store::LiveDataProvidingFactory>(container);
-    const auto timeKeepingProvider = environment.makeTimeKeepingProvider();
+    const auto makeTimeKeepingProvider = [make = environment.makeTimeKeepingProvider,
+                                          clock = clock_] {
+        return std::make_shared<services::AwakeTimeKeepingProvider>(make(), clock);
+    };
+    const auto timeKeepingProvider = makeTimeKeepingProvider();
     dataOperationsService_ = std::make_shared<store::DataOperationsService>(
-        *liveDataFactory, container, environment.clock, environment.fatal);
+        *liveDataFactory, container, clock_, environment.fatal);
     intervalTimeKeeper_ = std::make_shared<services::IntervalTimeKeeperService>(
         dataOperationsService_, timeKeepingProvider);
+    localNotificationService_ = std::make_shared<services::LocalNotificationService>(
+        liveDataFactory, [center = environment.notificationCenter] { return center; },
+        environment.fatal);
     homeViewFactory_ = std::make_shared<HomeViewFactory>(
-        dataOperationsService_, liveDataFactory, environment.clock,
-        std::make_shared<presentation::SelectedTaskId>(std::nullopt),
-        environment.makeTimeKeepingProvider, environment.clipboard,
+        dataOperationsService_, liveDataFactory, clock_, selectedTaskId_, makeTimeKeepingProvider,
+        environment.homeViewPorts, environment.program,
         HomeViewFactory::Actions{
             .windowShouldClose = [this] { return appDelegate_.windowShouldClose(); },
             .quit = environment.quit});
+    const auto intervalsProvider = std::make_shared<services::StatusBarService::IntervalsProvider>(
+        container, store::Interval::fetchRequest().sortDescriptor);
+    intervalsProvider->startObserving();
+    statusBarService_ = std::make_shared<services::StatusBarService>(
+        homeViewFactory_, intervalsProvider, timeKeepingProvider, clock_,
+        environment.statusBarPorts);
     runningIntervalVisitingService_ = std::make_shared<services::RunningIntervalVisitingService>(
-        dataOperationsService_, timeKeepingProvider, environment.clock);
+        dataOperationsService_, timeKeepingProvider, clock_);
+    sleepService_ = std::make_shared<services::SleepService>(dataOperationsService_,
+                                                             environment.sleepMonitor, clock_);
+    addLaunchHook();
+    addQuitHook();
+    environment.notificationCenter->setDelegate(appDelegate_);
+    unseenFinishesSubscription_ = environment.homeViewPorts.unseenFinishes->subscribeDidChange(
+        [this, unseen = environment.homeViewPorts.unseenFinishes.get()] {
+            if (!unseen->value().empty()) {
+                homeView_->requestAttention();
+            }
+        });
+}
 
+void TasksApp::addLaunchHook() {
     appDelegate_.onApplicationDidFinishLaunching.emplace_back(
-        [operations = dataOperationsService_, weakTimeKeeper = std::weak_ptr(intervalTimeKeeper_),
+        [operations = dataOperationsService_, statusBar = statusBarService_, sleep = sleepService_,
+         weakTimeKeeper = std::weak_ptr(intervalTimeKeeper_),
+         weakNotifications = std::weak_ptr(localNotificationService_),
          weakVisiting = std::weak_ptr(runningIntervalVisitingService_)](const LaunchNotification&) {
             operations->finishIntervalsLeftRunning();
             operations->resumePausedIntervals();
+            statusBar->setUp();
             if (const auto timeKeeper = weakTimeKeeper.lock()) {
                 timeKeeper->start();
+            }
+            if (const auto notifications = weakNotifications.lock()) {
+                notifications->startObserving();
             }
             if (const auto visiting = weakVisiting.lock()) {
                 visiting->start();
             }
+            sleep->start();
         });
+}
+
+void TasksApp::addQuitHook() {
     appDelegate_.onApplicationWillTerminate.emplace_back(
         [operations = dataOperationsService_](const TerminationNotification&) {
             operations->pauseRunningIntervals();
@@ -57,6 +97,19 @@ void TasksApp::terminate() {
 
 void TasksApp::activate(const std::string& activationToken) {
     homeView_->show(activationToken);
+}
+
+void TasksApp::showTask(const std::optional<base::Uuid>& taskId,
+                        const std::string& activationToken) {
+    if (taskId) {
+        selectedTaskId_->setValue(taskId);
+    }
+    homeView_->show(activationToken);
+}
+
+void TasksApp::checkForUpdates() {
+    homeView_->show({});
+    updater_->checkForUpdates();
 }
 
 }  // namespace hearthmark::app

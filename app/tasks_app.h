@@ -3,17 +3,26 @@
 
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 
 #include "app/app_delegate.h"
 #include "app/home_view_factory.h"
 #include "base/clock.h"
 #include "base/fatal_error.h"
-#include "export/clipboard.h"
+#include "base/uuid.h"
+#include "livedata/subscription.h"
+#include "presentation/selected_task_id.h"
+#include "services/awake_clock.h"
 #include "services/home_view_factory_protocol.h"
 #include "services/interval_time_keeper_service.h"
+#include "services/local_notification_service.h"
 #include "services/running_interval_visiting_service.h"
+#include "services/sleep_monitor.h"
+#include "services/sleep_service.h"
+#include "services/status_bar_service.h"
 #include "services/time_keeping.h"
+#include "services/user_notification_center.h"
 #include "store/data_operations_service_protocol.h"
 #include "store/persistent_container_factory.h"
 
@@ -27,10 +36,16 @@ class TasksApp {
     struct Environment {
         std::unique_ptr<store::PersistentContainerFactoryProtocol> persistentContainerFactory;
         HomeViewFactory::TimeKeepingProviderMaker makeTimeKeepingProvider;
-        std::shared_ptr<exporting::Clipboard> clipboard;
         std::shared_ptr<const base::Clock> clock;
+        std::shared_ptr<services::SleepMonitor> sleepMonitor;
+        std::shared_ptr<services::UserNotificationCenter> notificationCenter;
+        services::StatusBarService::Ports statusBarPorts;
+        HomeViewFactory::Ports homeViewPorts;
+        ui::AboutAdapter::Program program;
         base::FatalErrorHandler fatal;
         std::function<void()> quit;
+        // The person has closed the window, and the program lives on.
+        std::function<void()> didHide;
     };
 
     // Opens the store; starts nothing.
@@ -44,17 +59,29 @@ class TasksApp {
     // Runs the quit hook. Called once, when the event loop has ended.
     void terminate();
 
-    // Brings the main window to the front. Requires launch() to have been called.
+    // Each brings the main window to the front, and requires launch() to have been called.
     void activate(const std::string& activationToken);
+    void showTask(const std::optional<base::Uuid>& taskId, const std::string& activationToken);
+    void checkForUpdates();
 
  private:
+    void addLaunchHook();
+    void addQuitHook();
+
     AppDelegate appDelegate_;
+    std::shared_ptr<services::AwakeClock> clock_;
     std::shared_ptr<store::DataOperationsServiceProtocol> dataOperationsService_;
     std::shared_ptr<services::IntervalTimeKeeperService> intervalTimeKeeper_;
+    std::shared_ptr<services::LocalNotificationService> localNotificationService_;
     std::shared_ptr<HomeViewFactory> homeViewFactory_;
+    std::shared_ptr<services::StatusBarService> statusBarService_;
     std::shared_ptr<services::RunningIntervalVisitingService> runningIntervalVisitingService_;
+    std::shared_ptr<services::SleepService> sleepService_;
+    std::shared_ptr<services::Updater> updater_;
+    std::shared_ptr<presentation::SelectedTaskId> selectedTaskId_;
     // The one window; made at launch.
     std::unique_ptr<services::HomeViewProtocol> homeView_;
+    livedata::Subscription unseenFinishesSubscription_;
 };
 
 }  // namespace hearthmark::app

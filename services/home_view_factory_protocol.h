@@ -15,6 +15,8 @@ class HomeViewProtocol {
     // lets it take the focus; it may be empty.
     virtual void show(const std::string& activationToken) = 0;
     virtual void hide() = 0;
+    // Has the desktop point the window out, without giving it the focus.
+    virtual void requestAttention() = 0;
 };
 
 // Makes the home view, hidden.

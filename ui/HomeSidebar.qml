@@ -9,6 +9,8 @@ FocusScope {
 
     required property HomeAdapter home
 
+    signal aboutRequested
+
     Rectangle {
         anchors.fill: parent
         color: Theme.colors.sidebar
@@ -37,14 +39,23 @@ FocusScope {
             anchors.verticalCenter: parent.verticalCenter
             symbol: "menu"
             text: qsTr("Application menu")
-            onClicked: menu.popup(menuButton, menuButton.width - Theme.menuWidth, menuButton.height, quitItem)
+            onClicked: menu.popup(menuButton, menuButton.width - Theme.menuWidth, menuButton.height, aboutItem)
 
             ContextMenu {
                 id: menu
 
                 ContextMenuItem {
-                    id: quitItem
+                    id: aboutItem
 
+                    text: qsTr("About Hearthmark")
+                    onTriggered: root.aboutRequested()
+                }
+
+                CheckForUpdatesView {
+                    updates: root.home.updates
+                }
+
+                ContextMenuItem {
                     text: qsTr("Quit")
                     shortcutText: "Ctrl+Q"
                     onTriggered: root.home.quit()

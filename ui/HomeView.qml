@@ -4,32 +4,48 @@ import QtQuick
 import Hearthmark.Controls
 import Hearthmark.Ui
 
-// The task list beside the selected task's detail, and over both the add-task sheet.
+// The task list beside the selected task's detail, above both what was not noticed yet, and over
+// all the sheets.
 FocusScope {
     id: root
 
     required property HomeAdapter home
+
+    // One that goes would take the keyboard along.
+    function leaveBanner() {
+        if (banner.focus)
+            sidebar.focus = true;
+    }
 
     Shortcut {
         sequence: "Ctrl+N"
         onActivated: root.home.displayAddSheet()
     }
 
+    FinishBanner {
+        id: banner
+
+        width: parent.width
+        finishes: root.home.unseenFinishes
+        onVisibleChanged: root.leaveBanner()
+    }
+
     HomeSidebar {
         id: sidebar
 
         anchors.left: parent.left
-        anchors.top: parent.top
+        anchors.top: banner.bottom
         anchors.bottom: parent.bottom
         width: Theme.sidebarWidth
         focus: true
         home: root.home
+        onAboutRequested: about.open()
     }
 
     Rectangle {
         anchors.left: sidebar.right
         anchors.right: parent.right
-        anchors.top: parent.top
+        anchors.top: banner.bottom
         anchors.bottom: parent.bottom
         color: Theme.colors.content
 
@@ -63,5 +79,15 @@ FocusScope {
         visible: root.home.addTask !== null
         adapter: root.home.addTask
         onClosed: root.home.dismissAddSheet()
+    }
+
+    AboutSheet {
+        id: about
+
+        about: root.home.about
+    }
+
+    UpdateSheet {
+        updates: root.home.updates
     }
 }

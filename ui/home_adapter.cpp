@@ -8,9 +8,11 @@
 namespace hearthmark::ui {
 
 HomeAdapter::HomeAdapter(std::shared_ptr<presentation::HomeViewModelProtocol> viewModel,
-                         HomeViewSubviewsFactory subviewsFactory, std::function<void()> onQuit)
+                         HomeViewSubviewsFactory subviewsFactory, Parts parts,
+                         std::function<void()> onQuit)
     : viewModel_(std::move(viewModel)),
       subviewsFactory_(std::move(subviewsFactory)),
+      parts_(std::move(parts)),
       onQuit_(std::move(onQuit)),
       taskList_(subviewsFactory_.makeTaskListView()),
       subscription_(
@@ -29,6 +31,14 @@ void HomeAdapter::dismissAddSheet() {
     replaceAdapter<AddTaskAdapter>(addTask_, nullptr, [this] { emit addTaskChanged(); });
 }
 
+void HomeAdapter::setShown(bool isShown) {
+    isShown_ = isShown;
+    taskList_->setShown(isShown);
+    if (taskDetail_) {
+        taskDetail_->setShown(isShown);
+    }
+}
+
 void HomeAdapter::quit() {
     onQuit_();
 }
@@ -41,6 +51,9 @@ void HomeAdapter::showSelectedTask() {
     shownTaskId_ = selected;
     replaceAdapter(taskDetail_, selected ? subviewsFactory_.makeTaskDetailView(*selected) : nullptr,
                    [this] { emit taskDetailChanged(); });
+    if (taskDetail_) {
+        taskDetail_->setShown(isShown_);
+    }
 }
 
 }  // namespace hearthmark::ui

@@ -11,16 +11,19 @@
 #include "base/uuid.h"
 #include "livedata/subscription.h"
 #include "presentation/home_view_model.h"
+#include "ui/about_adapter.h"
 #include "ui/add_task_adapter.h"
 #include "ui/home_view_subviews_factory.h"
 #include "ui/task_detail_adapter.h"
 #include "ui/task_list_adapter.h"
+#include "ui/unseen_finishes_adapter.h"
+#include "ui/update_adapter.h"
 
 namespace hearthmark::ui {
 
 // Hands the home screen's state to HomeView.qml: the list, which stays, the detail pane, which is
-// made for each selected task, and the add-task sheet, which is made each time it is presented.
-// Owns the adapters of all three; the QML engine owns none of them.
+// made for each selected task, the add-task sheet, which is made each time it is presented, and the
+// parts that know no task. Owns the adapters of all; the QML engine owns none of them.
 class HomeAdapter final : public QObject {
     Q_OBJECT
     QML_ELEMENT
@@ -29,15 +32,32 @@ class HomeAdapter final : public QObject {
     Q_PROPERTY(hearthmark::ui::TaskDetailAdapter* taskDetail READ taskDetail NOTIFY
                    taskDetailChanged FINAL)
     Q_PROPERTY(hearthmark::ui::AddTaskAdapter* addTask READ addTask NOTIFY addTaskChanged FINAL)
+    Q_PROPERTY(hearthmark::ui::AboutAdapter* about READ about CONSTANT FINAL)
+    Q_PROPERTY(
+        hearthmark::ui::UnseenFinishesAdapter* unseenFinishes READ unseenFinishes CONSTANT FINAL)
+    Q_PROPERTY(hearthmark::ui::UpdateAdapter* updates READ updates CONSTANT FINAL)
 
  public:
+    // What stays as it is while tasks come and go.
+    struct Parts {
+        std::unique_ptr<AboutAdapter> about;
+        std::unique_ptr<UnseenFinishesAdapter> unseenFinishes;
+        std::unique_ptr<UpdateAdapter> updates;
+    };
+
     HomeAdapter(std::shared_ptr<presentation::HomeViewModelProtocol> viewModel,
-                HomeViewSubviewsFactory subviewsFactory, std::function<void()> onQuit);
+                HomeViewSubviewsFactory subviewsFactory, Parts parts, std::function<void()> onQuit);
+
+    // Whether the window is; what is not seen need not follow each second. It is at first.
+    void setShown(bool isShown);
 
     TaskListAdapter* taskList() const { return taskList_.get(); }
     TaskDetailAdapter* taskDetail() const { return taskDetail_.get(); }
     // Present while the add-task sheet is displayed.
     AddTaskAdapter* addTask() const { return addTask_.get(); }
+    AboutAdapter* about() const { return parts_.about.get(); }
+    UnseenFinishesAdapter* unseenFinishes() const { return parts_.unseenFinishes.get(); }
+    UpdateAdapter* updates() const { return parts_.updates.get(); }
 
     Q_INVOKABLE void displayAddSheet();
     Q_INVOKABLE void dismissAddSheet();
@@ -52,11 +72,13 @@ class HomeAdapter final : public QObject {
 
     std::shared_ptr<presentation::HomeViewModelProtocol> viewModel_;
     HomeViewSubviewsFactory subviewsFactory_;
+    Parts parts_;
     std::function<void()> onQuit_;
     std::unique_ptr<TaskListAdapter> taskList_;
     std::unique_ptr<TaskDetailAdapter> taskDetail_;
     std::unique_ptr<AddTaskAdapter> addTask_;
     std::optional<base::Uuid> shownTaskId_;
+    bool isShown_ = true;
     livedata::Subscription subscription_;
 };
 

@@ -24,6 +24,7 @@ HomeView::HomeView(std::unique_ptr<HomeAdapter> adapter, WindowShouldClose windo
     if (!window_) {
         qFatal("The main window cannot be made: %s", qUtf8Printable(component.errorString()));
     }
+    connect(window_.get(), &QWindow::visibleChanged, adapter_.get(), &HomeAdapter::setShown);
     QCoreApplication::instance()->installEventFilter(this);
 }
 
@@ -44,6 +45,11 @@ void HomeView::show(const std::string& activationToken) {
 
 void HomeView::hide() {
     window_->setVisible(false);
+}
+
+void HomeView::requestAttention() {
+    constexpr int kUntilItIsUsed = 0;
+    window_->alert(kUntilItIsUsed);
 }
 
 bool HomeView::eventFilter(QObject* watched, QEvent* event) {

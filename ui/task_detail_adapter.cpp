@@ -74,9 +74,14 @@ void TaskDetailAdapter::dismissShareSheet() {
     replaceAdapter<ShareContainerAdapter>(share_, nullptr, [this] { emit shareChanged(); });
 }
 
+void TaskDetailAdapter::setShown(bool isShown) {
+    isShown_ = isShown;
+    show();
+}
+
 void TaskDetailAdapter::show() {
     const auto& state = viewModel_->viewState().value();
-    if (!state) {
+    if (!state || !isShown_) {
         return;
     }
     runningIntervals_.update(intervalRows(state->runningIntervals));

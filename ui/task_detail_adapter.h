@@ -39,6 +39,10 @@ class TaskDetailAdapter final : public QObject {
     TaskDetailAdapter(std::shared_ptr<presentation::TaskDetailViewModelProtocol> viewModel,
                       TaskDetailSubviewsFactory subviewsFactory);
 
+    // Follows the state, which may change each second, only while the window is shown. It is at
+    // first.
+    void setShown(bool isShown);
+
     bool loaded() const { return loaded_; }
     QString taskName() const { return taskName_; }
     QString totalTimeSpent() const { return totalTimeSpent_; }
@@ -79,6 +83,7 @@ class TaskDetailAdapter final : public QObject {
     const QString longFocusText_;
     IntervalListModel runningIntervals_;
     TaskDetailListModel rows_;
+    bool isShown_ = true;
     bool loaded_ = false;
     bool canStartFocus_ = false;
     livedata::Subscription subscription_;

@@ -11,9 +11,14 @@ TaskListAdapter::TaskListAdapter(std::shared_ptr<presentation::TaskListViewModel
     viewModel_->startObserving();
 }
 
+void TaskListAdapter::setShown(bool isShown) {
+    isShown_ = isShown;
+    show();
+}
+
 void TaskListAdapter::show() {
     const auto& state = viewModel_->viewState().value();
-    if (!state) {
+    if (!state || !isShown_) {
         return;
     }
     rows_.show(*state);

@@ -23,6 +23,10 @@ class TaskListAdapter final : public QObject {
  public:
     explicit TaskListAdapter(std::shared_ptr<presentation::TaskListViewModelProtocol> viewModel);
 
+    // Follows the state, which may change each second, only while the window is shown. It is at
+    // first.
+    void setShown(bool isShown);
+
     bool loaded() const { return loaded_; }
     TaskListModel* rows() { return &rows_; }
 
@@ -36,6 +40,7 @@ class TaskListAdapter final : public QObject {
 
     std::shared_ptr<presentation::TaskListViewModelProtocol> viewModel_;
     TaskListModel rows_;
+    bool isShown_ = true;
     bool loaded_ = false;
     livedata::Subscription subscription_;
 };

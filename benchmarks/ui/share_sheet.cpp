@@ -6,6 +6,7 @@
 #include "benchmarks/sample_store.h"
 #include "export/csv_task_share_serializer.h"
 #include "export/json_share_serializer.h"
+#include "platform/appcast_updater.h"
 #include "platform/time_keeping_provider.h"
 #include "ui/home_adapter.h"
 
@@ -105,7 +106,11 @@ void measure(std::int64_t intervals, const std::string& name) {
         app::HomeViewFactory(opened.service, opened.liveDataFactory, opened.clock,
                              std::make_shared<presentation::SelectedTaskId>(task.id()),
                              [] { return std::make_shared<platform::TimeKeepingProvider>(); },
-                             nullptr, {.windowShouldClose = [] { return true; }, .quit = [] {}})
+                             {.clipboard = nullptr,
+                              .updater = std::make_shared<platform::AppcastUpdater>(
+                                  platform::AppcastUpdater::Configuration{}),
+                              .unseenFinishes = std::make_shared<services::UnseenFinishes>()},
+                             {}, {.windowShouldClose = [] { return true; }, .quit = [] {}})
             .makeHomeView();
     view->show({});
     auto& window = dynamic_cast<QQuickWindow&>(*QGuiApplication::allWindows().constFirst());

@@ -30,6 +30,13 @@ class Use(ProgramTest):
                      "Add your first task by pressing the button below 👇",
                      "Select or create a task to see more."]:
             program.find(text)
+        program.press("Application menu")
+        updates = program.find("Check for Updates…", "menu item")
+        self.assertEqual(updates.description, "This build has no update feed.")
+        self.assertFalse(program.is_enabled(updates.name, "menu item"))
+        program.press("About Hearthmark", "menu item")
+        program.find(os.path.dirname(program.file))
+        key("Return")
         program.add_task("Letters")
         program.add_task("Report")
         self.assertEqual(program.listed(), [
@@ -50,8 +57,12 @@ class Use(ProgramTest):
 
         self.watch_counting(program)
 
+        press(program.find("Report", "list item"))
+        program.find("Report", "heading")
+        top = extents(program.find("Start a focus")).y
         program.press("Finish")
         wait_for(lambda: program.section_of("Report") == "Not running", "the row to go back")
+        self.assertEqual(extents(program.find("Start a focus")).y, top)
         self.assertTrue(program.is_enabled("30:00"))
         click(program.find("Report", "list item"), button=3)
         program.press("Delete", "menu item")

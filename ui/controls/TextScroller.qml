@@ -8,6 +8,7 @@ import QtQuick.Templates as T
 ListView {
     id: root
 
+    property string fontFamily: Theme.fixedFamily
     readonly property real lineStep: Theme.controlHeight
     readonly property real pageStep: root.height - root.lineStep
 
@@ -58,7 +59,7 @@ ListView {
         x: Theme.wideSpacing
         width: root.width - 2 * Theme.wideSpacing
         text: label.line
-        font.family: Theme.fixedFamily
+        font.family: root.fontFamily
         wrapMode: Text.Wrap
     }
 }

@@ -1,0 +1,137 @@
+# SPDX-License-Identifier: MIT
+"""The status item, as a panel sees it on the session bus.
+
+Usage: test_status_item.py BINARY [unittest arguments]"""
+
+import os
+import sys
+import time
+import unittest
+from collections import Counter
+
+from driver import Desktop, ProgramTest, key, press, wait_for
+
+ITEM, WATCHER = "org.kde.StatusNotifierItem", "org.kde.StatusNotifierWatcher"
+MENU = "com.canonical.dbusmenu"
+WATCHER_XML = f"""<node><interface name="{WATCHER}">
+    <method name="RegisterStatusNotifierItem"><arg type="s" direction="in"/></method>
+    <property name="IsStatusNotifierHostRegistered" type="b" access="read"/></interface></node>"""
+
+
+def setUpModule():
+    unittest.addModuleCleanup(Desktop().close)
+
+
+class Panel:
+    """A panel on a bus connection of its own: takes items and notes what they tell."""
+
+    def __init__(self):
+        from gi.repository import Gio, GLib  # not before there is a bus
+        self.variant = GLib.Variant
+        self.item = None
+        self.told = []  # when, which signal, with what
+        flags = Gio.DBusConnectionFlags
+        self.bus = Gio.DBusConnection.new_for_address_sync(
+            os.environ["DBUS_SESSION_BUS_ADDRESS"],
+            flags.AUTHENTICATION_CLIENT | flags.MESSAGE_BUS_CONNECTION, None, None)
+        self.bus.register_object("/StatusNotifierWatcher",
+                                 Gio.DBusNodeInfo.new_for_xml(WATCHER_XML).interfaces[0],
+                                 self._register, lambda *_: GLib.Variant("b", True), None)
+        for interface in (ITEM, MENU):
+            self.bus.signal_subscribe(None, interface, None, None, None, 0, self._note)
+        Gio.bus_own_name_on_connection(self.bus, WATCHER, 0, None, None)
+
+    def _register(self, _bus, sender, _path, _interface, _method, arguments, invocation):
+        assert arguments.unpack() == (sender,), "the item stands under its unique name"
+        self.item = sender
+        invocation.return_value(None)
+
+    def _note(self, _bus, _sender, _path, _interface, signal, arguments):
+        self.told.append((time.monotonic(), signal, arguments.unpack()))
+
+    def call(self, interface, method, signature, *arguments):
+        path = "/StatusNotifierItem" + ("/Menu" if interface == MENU else "")
+        target = "org.freedesktop.DBus.Properties" if method == "Get" else interface
+        return self.bus.call_sync(self.item, path, target, method,
+                                  self.variant(signature, arguments), None, 0, 5000).unpack()
+
+    def get(self, name):
+        return self.call(ITEM, "Get", "(ss)", ITEM, name)[0]
+
+    def labels(self):
+        return [told[0] for _, signal, told in self.told if signal == "XAyatanaNewLabel"]
+
+
+class StatusItem(ProgramTest):
+    def setUp(self):
+        super().setUp()
+        self.panel = Panel()
+        self.addCleanup(lambda: self.panel.bus.close_sync())
+
+    def launch(self):
+        self.program.launch()
+        wait_for(lambda: self.panel.item, "the item")
+        return self.program, self.panel
+
+    def test_tells_what_changes_once_a_second_and_nothing_else(self):
+        program, panel = self.launch()
+        program.add_task("<Letters>")
+        press(program.find("<Letters>", "list item"))
+        self.assertEqual([panel.get(name) for name in ("Title", "XAyatanaLabel", "Status")],
+                         ["Hearthmark", "Hearthmark!", "Active"])
+        for side, _, pixels in panel.get("IconPixmap"):
+            place = 4 * (side * (side // 2) + side // 11)  # on the disc, beside the mark
+            self.assertEqual((len(pixels), bytes(pixels[place:place + 4])),
+                             (4 * side * side, b"\xff\x2e\x24\x1d"))
+        self.assertEqual(panel.told, [])
+        started = time.monotonic()
+        program.press("30:00")
+        wait_for(lambda: len(panel.labels()) == 5, "five seconds")
+        self.assertAlmostEqual(panel.told[0][0] - started, 1, delta=0.4)
+        self.assertEqual(panel.labels(), [f"{second}/30:00" for second in range(1, 6)])
+        self.assertEqual(Counter(signal for _, signal, _ in panel.told), {
+            "XAyatanaNewLabel": 5, "NewToolTip": 6, "NewIcon": 1})
+        self.assertEqual(panel.get("ToolTip")[2:], ("5/30:00", "&lt;Letters&gt;"))
+        program.press("Finish")
+        wait_for(lambda: panel.labels()[-1] == panel.get("XAyatanaLabel") == "Hearthmark!", "the end")
+        # No daemon here shows that it finished.
+        wait_for(lambda: panel.get("Status") == "NeedsAttention", "the dot")
+        panel.call(ITEM, "Activate", "(ii)", 0, 0)
+        wait_for(lambda: panel.get("Status") == "Active", "it to go")
+        self.assertEqual(panel.get("XAyatanaLabel"), "Hearthmark!")
+
+    def test_a_click_shows_the_hidden_window_also_in_a_panel_that_came_later(self):
+        program = self.program.launch()
+        for _ in range(2):
+            wait_for(lambda: self.panel.item, "the item")
+            # Again until the window has the keyboard.
+            wait_for(lambda: key("alt+F4") or not program.find_all("Add Task"), "it to hide")
+            self.panel.call(ITEM, "Activate", "(ii)", 0, 0)
+            program.find("Add Task")
+            self.panel.bus.close_sync()
+            self.panel = Panel()
+
+    def test_the_menu_follows_the_title_and_quits(self):
+        self.make_store(*self.task_with_interval(state=0, duration=100.0))
+        program, panel = self.launch()
+        _, (root, _, children) = panel.call(MENU, "GetLayout", "(iias)", 0, -1, [])
+        lines = [properties for _, properties, _ in children]
+        self.assertEqual([line.get("label", line.get("type")) for line in lines][1:], [
+            "separator", "Show Hearthmark", "Check for Updates…", "separator", "Quit"])
+        self.assertFalse(lines[0]["enabled"])
+        self.assertTrue(panel.call(MENU, "AboutToShow", "(i)", root)[0])
+        with self.assertRaisesRegex(Exception, "InvalidArgs"):
+            panel.call(MENU, "GetProperty", "(is)", children[0][0], "icon-name")
+        wait_for(lambda: len(panel.labels()) == 4, "four seconds")
+        told = [(when, items[0][0][1]["label"]) for when, signal, items in panel.told
+                if signal == "ItemsPropertiesUpdated"]
+        self.assertIn(told[-1][1], panel.labels()[-2:])
+        self.assertTrue(all(b[0] - a[0] > 0.9 for a, b in zip(told, told[1:])), told)
+        panel.call(MENU, "Event", "(isvu)", children[-1][0], "clicked", panel.variant("i", 0), 0)
+        self.assertEqual(program.finished()[0], 0)
+        self.assertEqual(self.interval()[1], 0)
+
+
+if __name__ == "__main__":
+    ProgramTest.binary = os.path.abspath(sys.argv.pop(1))
+    unittest.main(verbosity=2)

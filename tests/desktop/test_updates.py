@@ -1,0 +1,164 @@
+# SPDX-License-Identifier: MIT
+"""Updates from a server of this test: test_updates.py BINARY VERSION [unittest arguments]"""
+
+import os
+import ssl
+import subprocess
+import sys
+import threading
+import time
+import unittest
+from http.server import BaseHTTPRequestHandler, ThreadingHTTPServer
+from pathlib import Path
+
+from driver import Desktop, ProgramTest, key, press, wait_for
+
+FEED, PACKAGE, KEPT = "/appcast.xml", "/hearthmark_amd64.deb", "Hearthmark/updates"
+HALF, REST, DRIP = os.urandom(1_500_000), os.urandom(1_500_000), [b" "] * 100
+ITEM = "Check for Updates…", "menu item"
+BOMB = '<!DOCTYPE rss [<!ENTITY a "&b;&b;&b;"><!ENTITY b "&c;&c;&c;"><!ENTITY c "bombastic">]>'
+
+
+def setUpModule():
+    unittest.addModuleCleanup(Desktop().close)
+
+
+class Handler(BaseHTTPRequestHandler):
+    def do_GET(self):
+        """The status and the parts that were set for the path, with a pause after each blank."""
+        self.server.asked.append(self.path)
+        status, *parts = self.server.answers[self.path]
+        self.send_response(status)
+        if status == 302:
+            self.send_header("Location", parts.pop())
+        self.end_headers()
+        with self.server.answering:
+            for part in parts:
+                self.wfile.write(part)
+                time.sleep(0.3 if part == b" " else 0)
+
+
+class Updates(ProgramTest):
+    def setUp(self):
+        super().setUp()
+        self.directory, self.certificate, self.opened, opener = (
+            Path(self.program.data, name) for name in ["with blanks", "server.pem", "opened", "xdg-open"])
+        self.directory.mkdir()
+        self.package = self.directory / "package.deb"
+        opener.write_text(f'#!/bin/sh\n(echo "$1"; grep SigBlk /proc/self/status) >{self.opened}\n')
+        opener.chmod(0o700)
+        self.package.write_bytes(HALF + REST)
+        subprocess.run(
+            ["openssl", "req", "-x509", "-newkey", "rsa:2048", "-nodes", "-keyout", self.certificate,
+             "-out", self.certificate, "-subj", "/CN=localhost", "-addext", "subjectAltName=DNS:localhost"],
+            check=True, capture_output=True)
+        context = ssl.SSLContext(ssl.PROTOCOL_TLS_SERVER)
+        context.load_cert_chain(self.certificate)
+        self.server = ThreadingHTTPServer(("localhost", 18443), Handler)
+        self.server.asked, self.server.answering = [], threading.Lock()
+        self.server.handle_error = lambda *_: None  # whoever is sent too much hangs up
+        self.server.socket = context.wrap_socket(
+            self.server.socket, server_side=True, do_handshake_on_connect=False)
+        threading.Thread(target=self.server.serve_forever, daemon=True).start()
+        self.addCleanup(lambda: [self.server.shutdown(), self.server.server_close()])
+
+    def serve(self, version="9.10", change=("", ""), before="", **answers):
+        """A feed with what the release script says of the package, and the package."""
+        item = subprocess.run(
+            ["../../packaging/sign-release.sh", "test_key_not_for_releases.pem", version,
+             self.package, "https://localhost:18443" + PACKAGE], text=True, check=True,
+            input='<b>New</b> & "better"', stdout=subprocess.PIPE, cwd=Path(__file__).parent).stdout
+        feed = (f'{before}<rss xmlns:hearthmark="https://hearthmark.org/appcast"><channel>'
+                f'{item.replace(*change)}</channel></rss>').encode()
+        self.server.answers = {
+            FEED: (200, feed), "/moved": (200, feed), PACKAGE: (200, HALF + REST), **answers}
+
+    def launch(self, **changes):
+        self.program.start(**{
+            "SSL_CERT_FILE": str(self.certificate), "XDG_CACHE_HOME": str(self.directory), "no_proxy": "*",
+            "PATH": f"{self.program.data}:{os.environ['PATH']}", **changes})
+        self.program.tree()
+
+    def can_check(self):
+        self.program.press("Application menu")
+        can = self.program.is_enabled(*ITEM)
+        key("Escape")
+        wait_for(lambda: not self.program.find_all(*ITEM), "the menu to close")
+        return can
+
+    def check(self, *steps):
+        """Looks for updates, then finds the texts and presses the buttons of these names."""
+        self.program.press("Application menu")
+        self.program.press(*ITEM)
+        for node in map(self.program.find, steps):
+            if node.getRoleName() == "push button":
+                press(node)
+
+    def test_only_what_is_newer_complete_and_signed_is_installed(self):
+        no_feed = "The update server's answer is not a complete update feed."
+        too_much = "The update server sends more than it may, so the transfer was stopped."
+        short = "The package is shorter than the update feed says."
+        insecure = "The update server leads to an address that is not secure."
+        unsigned = "The package is not signed as version 9.10 of Hearthmark, so it was thrown away."
+        rows = [
+            ({}, "Version 9.10 is available (3.0 MB).", '<b>New</b> & "better"', "Later"),
+            ({"version": VERSION}, "Hearthmark is up to date.", f"Version {VERSION} is the newest one.", "Close"),
+            ({FEED: (302, "https://localhost:18443/moved")}, "Later"),
+            ({FEED: (200, *DRIP)}, "Checking for updates…", "Cancel"),
+            ({FEED: (200, *DRIP)}, "The update server answers too slowly or not at all.", "Close"),
+            ({FEED: (200, b"<rss><channel>")}, no_feed, "Close"),
+            ({FEED: (200, b" " * 1_000_001)}, too_much, "Close"),
+            ({FEED: (302, "http://localhost:18443/moved")}, insecure, "Close"),
+            ({"before": BOMB, "change": ("New", "&a;")}, no_feed, "Close"),
+            ({PACKAGE: (200, HALF, *DRIP)}, "Install", "1.5 MB of 3.0 MB", "Cancel"),
+            ({PACKAGE: (200, HALF)}, "Install", short, "Close"),
+            ({PACKAGE: (200, REST + HALF)}, "Install", unsigned, "Close"),
+            ({"change": ("3000000", "2999999")}, "Install", too_much, "Close"),
+            # One that was signed as an older version.
+            ({"version": "0.0.9", "change": ("0.0.9", "9.10")}, "Install", unsigned, "Close")]
+        unknown = "The update server cannot prove who it is: it has no trusted certificate."
+        link = self.directory / "link" / KEPT
+        link.parent.mkdir(parents=True)
+        link.symlink_to(self.directory)
+        for environment, rows in [
+                ({}, rows), ({"SSL_CERT_FILE": ""}, [({}, unknown, "Close")]),
+                ({"XDG_CACHE_HOME": str(self.directory / "link")},
+                 [({}, "Install", "The update cannot be stored: Operation not supported.", "Close")])]:
+            self.launch(**environment)
+            for served, *steps in rows:
+                with self.subTest(str(served)[:60], steps=steps):
+                    self.serve(**served)
+                    self.check(*steps)
+                    wait_for(lambda: not self.program.find_all(role="dialog"), "the sheet to close")
+                    wait_for(lambda: not self.server.answering.locked(), "the transfer to end")
+                    self.assertTrue(self.can_check())
+                    self.assertEqual(self.program.find_all(role="dialog") + [*self.directory.glob(KEPT + "/*")], [])
+            self.program.process.terminate()
+            self.assertEqual((self.program.finished(), self.opened.exists()), ((0, ""), False))
+        self.assertTrue(self.package.exists())
+
+    def test_a_newer_version_is_handed_to_the_installer(self):
+        kept = self.directory / KEPT
+        kept.mkdir(parents=True)
+        for name in "old.deb", "theirs":
+            kept.joinpath(name).touch(0o600)
+        self.launch()
+        self.assertEqual((self.can_check(), self.server.asked), (True, []))
+        self.serve()
+        self.check("A new version of Hearthmark")
+        self.assertFalse(self.can_check())
+        key("Return")
+        self.program.find("Ready to install")
+        file = kept / PACKAGE[1:]
+        self.program.find(f"The package was handed to the system's installer. It lies at {file}.")
+        wait_for(lambda: self.opened.read_text() == f"{file.as_uri()}\nSigBlk:\t{0:016x}\n", "the installer")
+        self.assertEqual(file.read_bytes(), HALF + REST)
+        self.assertEqual({each.name: oct(each.stat().st_mode)[-3:] for each in [kept, *kept.iterdir()]},
+                         {"updates": "700", file.name: "600", "theirs": "600"})
+        key("Return")
+        wait_for(self.can_check, "the sheet to close")
+
+
+if __name__ == "__main__":
+    ProgramTest.binary, VERSION = os.path.abspath(sys.argv.pop(1)), sys.argv.pop(1)
+    unittest.main(verbosity=2, failfast=True)

@@ -1,0 +1,55 @@
+// SPDX-License-Identifier: MIT
+import QtQuick
+import Hearthmark.Controls
+import Hearthmark.Ui
+
+// Says across the window that an interval has finished, where the desktop could not. Stays until it
+// is answered.
+FocusScope {
+    id: root
+
+    required property UnseenFinishesAdapter finishes
+
+    height: root.visible ? content.implicitHeight + 2 * Theme.spacing : 0
+    visible: root.finishes.presented
+    Accessible.role: Accessible.AlertMessage
+    Accessible.name: root.finishes.text
+
+    Rectangle {
+        anchors.fill: parent
+        color: Theme.colors.selectedContent
+    }
+
+    Row {
+        id: content
+
+        x: Theme.wideSpacing
+        y: Theme.spacing
+        width: parent.width - x - Theme.spacing
+        spacing: Theme.spacing
+
+        Label {
+            width: parent.width - showButton.width - dismissButton.width - 2 * parent.spacing
+            anchors.verticalCenter: parent.verticalCenter
+            text: root.finishes.text
+            color: Theme.colors.selectedText
+            font.weight: Font.DemiBold
+            elide: Text.ElideRight
+            maximumLineCount: 1
+        }
+
+        PushButton {
+            id: showButton
+
+            text: qsTr("Show")
+            onClicked: root.finishes.show()
+        }
+
+        PushButton {
+            id: dismissButton
+
+            text: qsTr("Dismiss")
+            onClicked: root.finishes.dismiss()
+        }
+    }
+}

@@ -1,0 +1,42 @@
+// SPDX-License-Identifier: MIT
+#include "ui/unseen_finishes_adapter.h"
+
+#include <utility>
+
+#include "ui/text_conversion.h"
+
+namespace hearthmark::ui {
+
+UnseenFinishesAdapter::UnseenFinishesAdapter(
+    std::shared_ptr<services::UnseenFinishes> finishes,
+    std::shared_ptr<presentation::SelectedTaskId> mutableSelectedTaskId)
+    : finishes_(std::move(finishes)),
+      mutableSelectedTaskId_(std::move(mutableSelectedTaskId)),
+      subscription_(finishes_->subscribeDidChange([this] { emit changed(); })) {}
+
+QString UnseenFinishesAdapter::text() const {
+    if (!isPresented()) {
+        return {};
+    }
+    const services::NotificationContent& latest = finishes_->value().back();
+    const QString sentence = toQString(latest.body) + QLatin1String(": ") + toQString(latest.title);
+    const auto others = finishes_->value().size() - 1;
+    return others == 0 ? sentence
+                       : tr("%1 (and %2 before it)").arg(sentence, QString::number(others));
+}
+
+void UnseenFinishesAdapter::show() {
+    if (!isPresented()) {
+        return;
+    }
+    if (const auto taskId = finishes_->value().back().taskId) {
+        mutableSelectedTaskId_->setValue(taskId);
+    }
+    dismiss();
+}
+
+void UnseenFinishesAdapter::dismiss() {
+    finishes_->setValue({});
+}
+
+}  // namespace hearthmark::ui

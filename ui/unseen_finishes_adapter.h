@@ -1,0 +1,45 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QtQmlIntegration/qqmlintegration.h>
+
+#include <QObject>
+#include <QString>
+#include <memory>
+
+#include "livedata/subscription.h"
+#include "presentation/selected_task_id.h"
+#include "services/unseen_finishes.h"
+
+namespace hearthmark::ui {
+
+// Hands to the window what the desktop did not tell the person.
+class UnseenFinishesAdapter final : public QObject {
+    Q_OBJECT
+    QML_ELEMENT
+    QML_UNCREATABLE("made by the home view factory")
+    Q_PROPERTY(bool presented READ isPresented NOTIFY changed FINAL)
+    Q_PROPERTY(QString text READ text NOTIFY changed FINAL)
+
+ public:
+    UnseenFinishesAdapter(std::shared_ptr<services::UnseenFinishes> finishes,
+                          std::shared_ptr<presentation::SelectedTaskId> mutableSelectedTaskId);
+
+    bool isPresented() const { return !finishes_->value().empty(); }
+    // Of the latest, with the number of those before it.
+    QString text() const;
+
+    // Selects the latest one's task.
+    Q_INVOKABLE void show();
+    Q_INVOKABLE void dismiss();
+
+ signals:
+    void changed();
+
+ private:
+    std::shared_ptr<services::UnseenFinishes> finishes_;
+    std::shared_ptr<presentation::SelectedTaskId> mutableSelectedTaskId_;
+    livedata::Subscription subscription_;
+};
+
+}  // namespace hearthmark::ui

@@ -1,0 +1,78 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QtQmlIntegration/qqmlintegration.h>
+
+#include <QObject>
+#include <memory>
+#include <string>
+
+#include "livedata/subscription.h"
+#include "presentation/check_for_updates_view_model.h"
+#include "services/updater.h"
+#include "ui/text_lines_model.h"
+
+namespace hearthmark::ui {
+
+// Hands the updater's state, as texts, to the menu item and the sheet, and their actions to the
+// updater. Lives as long as the main window.
+class UpdateAdapter final : public QObject {
+    Q_OBJECT
+    QML_ELEMENT
+    QML_UNCREATABLE("made by the home view factory")
+    Q_PROPERTY(bool canCheck READ canCheck NOTIFY canCheckChanged FINAL)
+    Q_PROPERTY(QString unavailableReason READ unavailableReason CONSTANT FINAL)
+    Q_PROPERTY(bool presented READ isPresented NOTIFY stateChanged FINAL)
+    Q_PROPERTY(QString title READ title NOTIFY stateChanged FINAL)
+    Q_PROPERTY(QString detail READ detail NOTIFY stateChanged FINAL)
+    Q_PROPERTY(hearthmark::ui::TextLinesModel* notes READ notes CONSTANT FINAL)
+    Q_PROPERTY(bool hasNotes READ hasNotes NOTIFY stateChanged FINAL)
+    Q_PROPERTY(bool isOffer READ isOffer NOTIFY stateChanged FINAL)
+    Q_PROPERTY(bool isOver READ isOver NOTIFY stateChanged FINAL)
+    Q_PROPERTY(bool isDownload READ isDownload NOTIFY stateChanged FINAL)
+    Q_PROPERTY(double progress READ progress NOTIFY stateChanged FINAL)
+    Q_PROPERTY(QString dismissText READ dismissText NOTIFY stateChanged FINAL)
+
+ public:
+    UpdateAdapter(std::shared_ptr<presentation::CheckForUpdatesViewModel> viewModel,
+                  std::shared_ptr<services::Updater> updater);
+
+    bool canCheck() const { return viewModel_->canCheckForUpdates().value(); }
+    QString unavailableReason() const;
+    bool isPresented() const;
+    QString title() const;
+    QString detail() const;
+    TextLinesModel* notes() { return &notes_; }
+    bool hasNotes() const { return !notesText_.empty(); }
+    // A version to be installed or not.
+    bool isOffer() const;
+    // Nothing is left but to close the sheet.
+    bool isOver() const;
+    bool isDownload() const;
+    // Of the download, from 0 to 1.
+    double progress() const;
+    QString dismissText() const;
+
+    Q_INVOKABLE void check();
+    Q_INVOKABLE void install();
+    // What Enter does: agrees to what is offered, or closes what is over.
+    Q_INVOKABLE void accept();
+    Q_INVOKABLE void dismiss();
+
+ signals:
+    void canCheckChanged();
+    void stateChanged();
+
+ private:
+    const services::UpdateState& state() const { return updater_->state().value(); }
+    void show();
+
+    std::shared_ptr<presentation::CheckForUpdatesViewModel> viewModel_;
+    std::shared_ptr<services::Updater> updater_;
+    std::string notesText_;
+    TextLinesModel notes_;
+    livedata::Subscription canCheckSubscription_;
+    livedata::Subscription stateSubscription_;
+};
+
+}  // namespace hearthmark::ui
