@@ -244,6 +244,20 @@ class ProgramTest(unittest.TestCase):
                                  " JOIN RawIntervalState r ON r.interval = i.pk")[0]
 
 
+def serve(address, name, path, xml, answer, get_property=None):
+    """A connection of its own to the bus that has the name, with one object whose calls go to the
+    function. They come while somebody waits by wait_for()."""
+    from gi.repository import Gio  # not before there is a bus
+
+    flags = Gio.DBusConnectionFlags
+    bus = Gio.DBusConnection.new_for_address_sync(
+        address, flags.AUTHENTICATION_CLIENT | flags.MESSAGE_BUS_CONNECTION, None, None)
+    bus.register_object(path, Gio.DBusNodeInfo.new_for_xml(xml).interfaces[0], answer, get_property,
+                        None)
+    Gio.bus_own_name_on_connection(bus, name, 0, None, None)
+    return bus
+
+
 def is_showing(node):
     import pyatspi
 

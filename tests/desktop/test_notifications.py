@@ -10,7 +10,7 @@ import sys
 import time
 import unittest
 
-from driver import Desktop, ProgramTest, click, key, now, wait_for
+from driver import Desktop, ProgramTest, click, key, now, serve, wait_for
 
 NAME, PATH = "org.freedesktop.Notifications", "/org/freedesktop/Notifications"
 XML = f"""<node><interface name="{NAME}">
@@ -29,17 +29,11 @@ class Daemon:
     """Takes notifications on a bus connection of its own."""
 
     def __init__(self, answers):
-        from gi.repository import Gio, GLib  # not before there is a bus
+        from gi.repository import GLib  # not before there is a bus
         self.variant = GLib.Variant
         self.answers = answers
         self.taken = []  # when, and the arguments
-        flags = Gio.DBusConnectionFlags
-        self.bus = Gio.DBusConnection.new_for_address_sync(
-            os.environ["DBUS_SESSION_BUS_ADDRESS"],
-            flags.AUTHENTICATION_CLIENT | flags.MESSAGE_BUS_CONNECTION, None, None)
-        self.bus.register_object(PATH, Gio.DBusNodeInfo.new_for_xml(XML).interfaces[0],
-                                 self._answer, None, None)
-        Gio.bus_own_name_on_connection(self.bus, NAME, 0, None, None)
+        self.bus = serve(os.environ["DBUS_SESSION_BUS_ADDRESS"], NAME, PATH, XML, self._answer)
 
     def _answer(self, _bus, _sender, _path, _interface, method, arguments, invocation):
         if not self.answers:

@@ -12,7 +12,7 @@ import time
 import unittest
 from pathlib import Path
 
-from driver import Desktop, ProgramTest, now, wait_for
+from driver import Desktop, ProgramTest, now, serve, wait_for
 from test_status_item import Panel
 
 NAME, PATH, MANAGER = (
@@ -36,13 +36,7 @@ class Logind:
         from gi.repository import Gio, GLib  # not before there is a bus
         self.gio, self.variant = Gio, GLib.Variant
         self.lock = None  # closed at its other end when the program lets go
-        flags = Gio.DBusConnectionFlags
-        self.bus = Gio.DBusConnection.new_for_address_sync(
-            os.environ["DBUS_SYSTEM_BUS_ADDRESS"],
-            flags.AUTHENTICATION_CLIENT | flags.MESSAGE_BUS_CONNECTION, None, None)
-        self.bus.register_object(PATH, Gio.DBusNodeInfo.new_for_xml(XML).interfaces[0],
-                                 self._inhibit, None, None)
-        Gio.bus_own_name_on_connection(self.bus, NAME, 0, None, None)
+        self.bus = serve(os.environ["DBUS_SYSTEM_BUS_ADDRESS"], NAME, PATH, XML, self._inhibit)
 
     def _inhibit(self, _bus, _sender, _path, _interface, _method, arguments, invocation):
         what, who, _why, mode = arguments.unpack()

@@ -9,7 +9,7 @@ import time
 import unittest
 from collections import Counter
 
-from driver import Desktop, ProgramTest, key, press, wait_for
+from driver import Desktop, ProgramTest, key, press, serve, wait_for
 
 ITEM, WATCHER = "org.kde.StatusNotifierItem", "org.kde.StatusNotifierWatcher"
 MENU = "com.canonical.dbusmenu"
@@ -26,20 +26,14 @@ class Panel:
     """A panel on a bus connection of its own: takes items and notes what they tell."""
 
     def __init__(self):
-        from gi.repository import Gio, GLib  # not before there is a bus
+        from gi.repository import GLib  # not before there is a bus
         self.variant = GLib.Variant
         self.item = None
         self.told = []  # when, which signal, with what
-        flags = Gio.DBusConnectionFlags
-        self.bus = Gio.DBusConnection.new_for_address_sync(
-            os.environ["DBUS_SESSION_BUS_ADDRESS"],
-            flags.AUTHENTICATION_CLIENT | flags.MESSAGE_BUS_CONNECTION, None, None)
-        self.bus.register_object("/StatusNotifierWatcher",
-                                 Gio.DBusNodeInfo.new_for_xml(WATCHER_XML).interfaces[0],
-                                 self._register, lambda *_: GLib.Variant("b", True), None)
+        self.bus = serve(os.environ["DBUS_SESSION_BUS_ADDRESS"], WATCHER, "/StatusNotifierWatcher",
+                         WATCHER_XML, self._register, lambda *_: GLib.Variant("b", True))
         for interface in (ITEM, MENU):
             self.bus.signal_subscribe(None, interface, None, None, None, 0, self._note)
-        Gio.bus_own_name_on_connection(self.bus, WATCHER, 0, None, None)
 
     def _register(self, _bus, sender, _path, _interface, _method, arguments, invocation):
         assert arguments.unpack() == (sender,), "the item stands under its unique name"
