@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "presentation/check_for_updates_view_model.h"
+#include "presentation/undo_deletion_view_model.h"
 #include "presentation/view_model_factories.h"
 #include "ui/home_adapter.h"
 #include "ui/home_view.h"
@@ -35,6 +36,9 @@ std::unique_ptr<services::HomeViewProtocol> HomeViewFactory::makeHomeView() {
                                                       makeTimeKeepingProvider_, ports_.clipboard);
     ui::HomeAdapter::Parts parts{
         .about = std::make_unique<ui::AboutAdapter>(program_),
+        .undo =
+            std::make_unique<ui::UndoAdapter>(std::make_shared<presentation::UndoDeletionViewModel>(
+                dataOperationsService_, makeTimeKeepingProvider_(), clock_)),
         .unseenFinishes = std::make_unique<ui::UnseenFinishesAdapter>(ports_.unseenFinishes,
                                                                       mutableSelectedTaskId_),
         .updates = std::make_unique<ui::UpdateAdapter>(

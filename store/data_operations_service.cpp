@@ -18,6 +18,11 @@ auto* firstWithId(const Range& objects, const base::Uuid& id) {
     return found != objects.end() ? *found : nullptr;
 }
 
+template <class Entity>
+std::shared_ptr<Entity> handle(Entity& entity) {
+    return std::static_pointer_cast<Entity>(entity.shared_from_this());
+}
+
 }  // namespace
 
 DataOperationsService::DataOperationsService(
@@ -43,8 +48,9 @@ void DataOperationsService::createTask(const std::string& name) {
 
 void DataOperationsService::deleteTask(const base::Uuid& taskId) {
     if (Task* found = task(taskId)) {
+        Deletion deletion = deletedTask(*found);
         context().remove(*found);
-        save();
+        saveDeletion(std::move(deletion));
     }
 }
 
@@ -73,7 +79,7 @@ void DataOperationsService::deleteInterval(const base::Uuid& intervalId, const b
     Interval* interval = owner != nullptr ? firstWithId(owner->intervals(), intervalId) : nullptr;
     if (interval != nullptr) {
         owner->removeIntervalsObject(*interval);
-        save();
+        saveDeletion(TakenInterval{handle(*interval), taskId});
     }
 }
 
@@ -89,7 +95,51 @@ void DataOperationsService::deleteNote(const base::Uuid& noteId, const base::Uui
     Note* note = owner != nullptr ? firstWithId(owner->notes(), noteId) : nullptr;
     if (note != nullptr) {
         owner->removeNotesObject(*note);
-        save();
+        saveDeletion(TakenNote{handle(*note), taskId});
+    }
+}
+
+void DataOperationsService::undo(const Deletion& deletion) {
+    if (const auto* deleted = std::get_if<DeletedTask>(&deletion)) {
+        putBack(*deleted);
+    } else if (const auto* interval = std::get_if<TakenInterval>(&deletion)) {
+        if (Task* owner = task(interval->taskId)) {
+            owner->addIntervalsObject(*interval->interval);
+        }
+    } else if (const auto* note = std::get_if<TakenNote>(&deletion)) {
+        if (Task* owner = task(note->taskId)) {
+            owner->addNotesObject(*note->note);
+        }
+    }
+    save();
+}
+
+void DataOperationsService::putBack(const DeletedTask& deleted) {
+    const auto owner = context().insert<Task>();
+    owner->setId(deleted.id);
+    owner->setCreationDate(deleted.creationDate);
+    owner->setName(deleted.name);
+    for (const DeletedTask::Interval& each : deleted.intervals) {
+        const auto interval = context().insert<Interval>();
+        interval->setId(each.id);
+        interval->setCreationDate(each.creationDate);
+        interval->setDuration(each.duration);
+        interval->setMaxDuration(each.maxDuration);
+        if (each.rawState) {
+            const auto rawState = context().insert<RawIntervalState>();
+            rawState->setState(each.rawState->state);
+            rawState->setStarted(each.rawState->started);
+            rawState->setVisited(each.rawState->visited);
+            interval->setRawState(rawState.get());
+        }
+        owner->addIntervalsObject(*interval);
+    }
+    for (const DeletedTask::Note& each : deleted.notes) {
+        const auto note = context().insert<Note>();
+        note->setId(each.id);
+        note->setCreationDate(each.creationDate);
+        note->setText(each.text);
+        owner->addNotesObject(*note);
     }
 }
 
@@ -154,6 +204,11 @@ void DataOperationsService::pauseRunningIntervals() {
 
 Task* DataOperationsService::task(const base::Uuid& taskId) const {
     return taskWithId(tasksProvider_->currentItems()->value(), taskId);
+}
+
+void DataOperationsService::saveDeletion(Deletion deletion) {
+    save();
+    latestDeletion_.setValue(std::make_shared<const Deletion>(std::move(deletion)));
 }
 
 void DataOperationsService::save() {

@@ -28,6 +28,10 @@ class DataOperationsService final : public DataOperationsServiceProtocol {
     void deleteInterval(const base::Uuid& intervalId, const base::Uuid& taskId) override;
     void addNote(const NoteData& note, const base::Uuid& taskId) override;
     void deleteNote(const base::Uuid& noteId, const base::Uuid& taskId) override;
+    void undo(const Deletion& deletion) override;
+    livedata::Published<std::shared_ptr<const Deletion>>& latestDeletion() override {
+        return latestDeletion_;
+    }
     void finishDueIntervals() override;
     void markRunningIntervalsVisited(base::Date at) override;
     void excludeTime(base::Date from, base::Date to) override;
@@ -40,12 +44,15 @@ class DataOperationsService final : public DataOperationsServiceProtocol {
     // Null where there is none.
     Task* task(const base::Uuid& taskId) const;
     void save();
+    void saveDeletion(Deletion deletion);
+    void putBack(const DeletedTask& deleted);
 
     std::shared_ptr<objectstore::PersistentContainer> persistentContainer_;
     std::shared_ptr<const base::Clock> clock_;
     base::FatalErrorHandler fatal_;
     std::unique_ptr<LiveDataProvider<Task>> tasksProvider_;
     RunningIntervals runningIntervals_;
+    livedata::Published<std::shared_ptr<const Deletion>> latestDeletion_;
 };
 
 }  // namespace hearthmark::store

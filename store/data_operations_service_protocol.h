@@ -1,10 +1,13 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <memory>
 #include <string>
 
 #include "base/date.h"
 #include "base/uuid.h"
+#include "livedata/published.h"
+#include "store/deletion.h"
 #include "store/interval_data.h"
 #include "store/interval_finishing.h"
 #include "store/note_data.h"
@@ -35,6 +38,14 @@ class DataOperationsServiceProtocol : public IntervalFinishing {
 
     // Takes it out of its task's set; it stays in the store without a task.
     virtual void deleteNote(const base::Uuid& noteId, const base::Uuid& taskId) = 0;
+
+    // Brings back what a deletion took away, as it was: a task as new objects with the same ids, an
+    // interval or a note as it now is. For each deletion at most once. Where the task of the latter
+    // is gone, nothing happens.
+    virtual void undo(const Deletion& deletion) = 0;
+
+    // The latest deletion; told when it is on the disk.
+    virtual livedata::Published<std::shared_ptr<const Deletion>>& latestDeletion() = 0;
 
     // Stamps every running interval, so that a crash after it loses only the time since.
     virtual void markRunningIntervalsVisited(base::Date at) = 0;

@@ -11,9 +11,9 @@ FocusScope {
 
     required property HomeAdapter home
 
-    // One that goes would take the keyboard along.
-    function leaveBanner() {
-        if (banner.focus)
+    // A bar that goes would take the keyboard along.
+    function leave(bar: FocusScope) {
+        if (bar.focus)
             sidebar.focus = true;
     }
 
@@ -27,7 +27,7 @@ FocusScope {
 
         width: parent.width
         finishes: root.home.unseenFinishes
-        onVisibleChanged: root.leaveBanner()
+        onVisibleChanged: root.leave(banner)
     }
 
     HomeSidebar {
@@ -73,6 +73,16 @@ FocusScope {
                 adapter: root.home.taskDetail
             }
         }
+    }
+
+    UndoBar {
+        id: undoBar
+
+        anchors.bottom: parent.bottom
+        anchors.bottomMargin: Theme.wideSpacing
+        x: sidebar.width + (parent.width - sidebar.width - width) / 2
+        adapter: root.home.undo
+        onVisibleChanged: root.leave(undoBar)
     }
 
     AddTaskSheet {

@@ -16,6 +16,7 @@
 #include "ui/home_view_subviews_factory.h"
 #include "ui/task_detail_adapter.h"
 #include "ui/task_list_adapter.h"
+#include "ui/undo_adapter.h"
 #include "ui/unseen_finishes_adapter.h"
 #include "ui/update_adapter.h"
 
@@ -35,12 +36,14 @@ class HomeAdapter final : public QObject {
     Q_PROPERTY(hearthmark::ui::AboutAdapter* about READ about CONSTANT FINAL)
     Q_PROPERTY(
         hearthmark::ui::UnseenFinishesAdapter* unseenFinishes READ unseenFinishes CONSTANT FINAL)
+    Q_PROPERTY(hearthmark::ui::UndoAdapter* undo READ undo CONSTANT FINAL)
     Q_PROPERTY(hearthmark::ui::UpdateAdapter* updates READ updates CONSTANT FINAL)
 
  public:
     // What stays as it is while tasks come and go.
     struct Parts {
         std::unique_ptr<AboutAdapter> about;
+        std::unique_ptr<UndoAdapter> undo;
         std::unique_ptr<UnseenFinishesAdapter> unseenFinishes;
         std::unique_ptr<UpdateAdapter> updates;
     };
@@ -56,6 +59,7 @@ class HomeAdapter final : public QObject {
     // Present while the add-task sheet is displayed.
     AddTaskAdapter* addTask() const { return addTask_.get(); }
     AboutAdapter* about() const { return parts_.about.get(); }
+    UndoAdapter* undo() const { return parts_.undo.get(); }
     UnseenFinishesAdapter* unseenFinishes() const { return parts_.unseenFinishes.get(); }
     UpdateAdapter* updates() const { return parts_.updates.get(); }
 

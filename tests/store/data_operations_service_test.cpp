@@ -52,6 +52,63 @@ TEST_F(DataOperationsServiceTest, CreatesAndDeletesATaskWithAllThatBelongsToIt) 
               "2");
 }
 
+TEST_F(DataOperationsServiceTest, BringsBackWhatWasDeletedAsItWas) {
+    const auto everything = [this] {
+        return store.sql(
+            "SELECT * FROM (SELECT id, creationDate, name FROM Task ORDER BY id);"
+            "SELECT i.id, i.creationDate, duration, maxDuration, state, started, visited, t.name "
+            "FROM Interval i JOIN RawIntervalState r ON r.interval = i.pk "
+            "LEFT JOIN Task t ON t.pk = i.task ORDER BY i.id;"
+            "SELECT n.id, n.creationDate, text, t.name FROM Note n "
+            "LEFT JOIN Task t ON t.pk = n.task ORDER BY n.id");
+    };
+    const Interval& running =
+        store.addInterval(task, IntervalState::running(at(900), at(960)), 5s, 3600s);
+    store.addInterval(task, IntervalState::finished(), 7s);
+    Interval& strange = store.addInterval(task, IntervalState::paused());
+    strange.rawState()->setState(std::int16_t{77});
+    strange.setId(std::nullopt);
+    store.context().save();
+    store.service->addNote({at(5), id, "text"}, *task.id());
+    const base::Uuid taskId = *task.id();
+    const base::Uuid runningId = *running.id();
+    const std::string before = everything();
+    countSaves();
+    const auto undo = [this] {
+        saves = 0;
+        store.service->undo(*store.service->latestDeletion().value());
+        EXPECT_EQ(saves, 1);
+    };
+
+    for (const bool isTaskDeleted : {false, true}) {
+        store.service->deleteNote(id, taskId);
+        EXPECT_NE(everything(), before);
+        undo();
+        EXPECT_EQ(everything(), before);
+        store.service->deleteInterval(runningId, taskId);
+        undo();
+        EXPECT_EQ(everything(), before);
+        if (!isTaskDeleted) {
+            store.service->deleteTask(taskId);
+            undo();
+            EXPECT_EQ(everything(), before);
+        }
+    }
+    // What runs is found by the index again, and what was taken out comes back as it now is.
+    store.service->deleteInterval(runningId, taskId);
+    store.service->markRunningIntervalsVisited(at(990));
+    undo();
+    EXPECT_EQ(store.sql("SELECT count(*) FROM Interval JOIN RawIntervalState r "
+                        "ON r.interval = Interval.pk WHERE task AND visited = 990"),
+              "1");
+    // The task is gone for good.
+    store.service->deleteInterval(runningId, taskId);
+    const auto deletion = store.service->latestDeletion().value();
+    store.service->deleteTask(taskId);
+    store.service->undo(*deletion);
+    EXPECT_EQ(store.sql("SELECT count(*) FROM Task"), "0");
+}
+
 TEST_F(DataOperationsServiceTest, FinishesOneOfTwoIntervalsThatRunSideBySide) {
     store.service->addInterval({at(990), 0s, id, 1800s, IntervalState::running(at(991))},
                                *task.id());

@@ -1,0 +1,69 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "base/clock.h"
+#include "base/date.h"
+#include "livedata/block.h"
+#include "livedata/published.h"
+#include "livedata/subscription.h"
+#include "services/time_keeping.h"
+#include "store/data_operations_service_protocol.h"
+
+namespace hearthmark::presentation {
+
+// How long a deletion can be undone.
+constexpr base::Seconds kUndoTime{10};
+
+// What the undo bar shows.
+struct UndoDeletionViewState {
+    std::string text;
+    livedata::Action onUndo;
+};
+
+// Offers to undo the latest deletion for ten seconds, and after it the one before, for what is left
+// of its own. Main thread.
+class UndoDeletionViewModel final : public std::enable_shared_from_this<UndoDeletionViewModel> {
+ public:
+    // To be held by a shared pointer: its closures hold it weakly.
+    UndoDeletionViewModel(
+        std::shared_ptr<store::DataOperationsServiceProtocol> dataOperationsService,
+        std::shared_ptr<services::TimeKeepingProviderProtocol> timeKeepingProvider,
+        std::shared_ptr<const base::Clock> clock);
+    UndoDeletionViewModel(const UndoDeletionViewModel&) = delete;
+    UndoDeletionViewModel& operator=(const UndoDeletionViewModel&) = delete;
+    ~UndoDeletionViewModel();
+
+    // Absent while there is nothing to undo.
+    livedata::Published<std::optional<UndoDeletionViewState>>& viewState() { return viewState_; }
+
+    // Called once.
+    void startObserving();
+
+ private:
+    struct Offer {
+        std::shared_ptr<const store::Deletion> deletion;
+        base::Date until;
+    };
+
+    void offer(std::shared_ptr<const store::Deletion> deletion);
+    void undo();
+    void dropOldOffers();
+    void show();
+
+    livedata::Published<std::optional<UndoDeletionViewState>> viewState_;
+    std::shared_ptr<store::DataOperationsServiceProtocol> dataOperationsService_;
+    std::shared_ptr<services::TimeKeepingProviderProtocol> timeKeepingProvider_;
+    std::shared_ptr<const base::Clock> clock_;
+    // Oldest first.
+    std::vector<Offer> offers_;
+    // Present only while something is offered.
+    std::shared_ptr<services::TimeKeeping> timer_;
+    livedata::Subscription cancellable_;
+};
+
+}  // namespace hearthmark::presentation

@@ -1,0 +1,52 @@
+// SPDX-License-Identifier: MIT
+import QtQuick
+import Hearthmark.Controls
+import Hearthmark.Ui
+
+// Offers to undo what was just deleted, for as long as that is possible.
+FocusScope {
+    id: root
+
+    required property UndoAdapter adapter
+
+    implicitWidth: content.implicitWidth + Theme.wideSpacing + Theme.spacing
+    implicitHeight: content.implicitHeight + 2 * Theme.spacing
+    visible: root.adapter.presented
+    Accessible.role: Accessible.AlertMessage
+    Accessible.name: root.adapter.text
+
+    Shortcut {
+        sequence: "Ctrl+Z"
+        enabled: root.adapter.presented
+        onActivated: root.adapter.undo()
+    }
+
+    Rectangle {
+        anchors.fill: parent
+        radius: Theme.radius
+        color: Theme.colors.text
+    }
+
+    Row {
+        id: content
+
+        x: Theme.wideSpacing
+        anchors.verticalCenter: parent.verticalCenter
+        spacing: Theme.wideSpacing
+
+        Label {
+            width: Math.min(implicitWidth, Theme.sheetWidth - Theme.pageMargin)
+            anchors.verticalCenter: parent.verticalCenter
+            text: root.adapter.text
+            color: Theme.colors.content
+            elide: Text.ElideRight
+            maximumLineCount: 1
+            Accessible.ignored: true
+        }
+
+        PushButton {
+            text: qsTr("Undo")
+            onClicked: root.adapter.undo()
+        }
+    }
+}

@@ -1,0 +1,28 @@
+// SPDX-License-Identifier: MIT
+#include "ui/undo_adapter.h"
+
+#include <utility>
+
+#include "ui/assign_shown.h"
+#include "ui/text_conversion.h"
+
+namespace hearthmark::ui {
+
+UndoAdapter::UndoAdapter(std::shared_ptr<presentation::UndoDeletionViewModel> viewModel)
+    : viewModel_(std::move(viewModel)),
+      subscription_(viewModel_->viewState().subscribeDidChange([this] { emit changed(); })) {
+    viewModel_->startObserving();
+}
+
+QString UndoAdapter::text() const {
+    const auto& state = viewModel_->viewState().value();
+    return state ? toQString(state->text) : QString();
+}
+
+void UndoAdapter::undo() {
+    if (const auto& state = viewModel_->viewState().value()) {
+        run(state->onUndo);
+    }
+}
+
+}  // namespace hearthmark::ui
