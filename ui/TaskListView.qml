@@ -15,7 +15,9 @@ FocusScope {
         list.positionViewAtIndex(row, ListView.Contain);
     }
 
+    // The current row follows its task when that changes sections, but not before the layout.
     function keepTaskCurrent() {
+        list.forceLayout();
         list.currentIndex = root.adapter.rows.taskNearest(list.currentIndex);
     }
 
