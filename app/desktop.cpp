@@ -47,6 +47,8 @@ Desktop::Desktop(const std::filesystem::path& storeDirectory,
                       unseenFinishes_->setValue(std::move(finishes));
                   },
               .playSound = &platform::playCompletionSound})),
+      appearance_(std::make_shared<services::AppearancePreference>()),
+      desktopAppearance_(appearance_),
       tasksApp_(environment(storeDirectory, fatal)),
       unseenFinishesSubscription_(unseenFinishes_->subscribeDidChange(
           [this] { statusBar_->setNeedsAttention(!unseenFinishes_->value().empty()); })) {
@@ -78,7 +80,8 @@ TasksApp::Environment Desktop::environment(const std::filesystem::path& storeDir
                            .applicationWindows = std::make_shared<platform::ProgramWindows>()},
         .homeViewPorts = {.clipboard = std::make_shared<platform::SystemClipboard>(),
                           .updater = updater_,
-                          .unseenFinishes = unseenFinishes_},
+                          .unseenFinishes = unseenFinishes_,
+                          .appearance = appearance_},
         .program = {.version = QCoreApplication::applicationVersion(),
                     .storeFolder = storeFolder,
                     .openStoreFolder =

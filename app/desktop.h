@@ -9,8 +9,10 @@
 #include "base/fatal_error.h"
 #include "livedata/subscription.h"
 #include "platform/appcast_updater.h"
+#include "platform/desktop_appearance.h"
 #include "platform/desktop_notification_center.h"
 #include "platform/system_status_bar.h"
+#include "services/appearance.h"
 #include "services/unseen_finishes.h"
 
 namespace hearthmark::app {
@@ -39,6 +41,8 @@ class Desktop final : public QObject {
     std::shared_ptr<platform::AppcastUpdater> updater_;
     std::shared_ptr<platform::SystemStatusBar> statusBar_;
     std::shared_ptr<platform::DesktopNotificationCenter> notificationCenter_;
+    std::shared_ptr<services::AppearancePreference> appearance_;
+    platform::DesktopAppearance desktopAppearance_;
     TasksApp tasksApp_;
     bool hasSaidThatItKeepsRunning_ = false;
     livedata::Subscription unseenFinishesSubscription_;

@@ -36,6 +36,7 @@ std::unique_ptr<services::HomeViewProtocol> HomeViewFactory::makeHomeView() {
                                                       makeTimeKeepingProvider_, ports_.clipboard);
     ui::HomeAdapter::Parts parts{
         .about = std::make_unique<ui::AboutAdapter>(program_),
+        .appearance = std::make_unique<ui::AppearanceAdapter>(ports_.appearance),
         .undo =
             std::make_unique<ui::UndoAdapter>(std::make_shared<presentation::UndoDeletionViewModel>(
                 dataOperationsService_, makeTimeKeepingProvider_(), clock_)),
@@ -43,7 +44,9 @@ std::unique_ptr<services::HomeViewProtocol> HomeViewFactory::makeHomeView() {
                                                                       mutableSelectedTaskId_),
         .updates = std::make_unique<ui::UpdateAdapter>(
             std::make_shared<presentation::CheckForUpdatesViewModel>(ports_.updater),
-            ports_.updater)};
+            ports_.updater),
+        .newestFocus =
+            std::make_unique<presentation::NewestFocus>(dataOperationsService_, *liveDataFactory_)};
     return std::make_unique<ui::HomeView>(
         std::make_unique<ui::HomeAdapter>(homeVMFactory.makeViewModel(), subviewsFactory,
                                           std::move(parts), actions_.quit),

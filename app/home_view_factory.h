@@ -7,6 +7,7 @@
 #include "base/clock.h"
 #include "export/clipboard.h"
 #include "presentation/selected_task_id.h"
+#include "services/appearance.h"
 #include "services/home_view_factory_protocol.h"
 #include "services/unseen_finishes.h"
 #include "services/updater.h"
@@ -26,6 +27,7 @@ class HomeViewFactory final : public services::HomeViewFactoryProtocol {
         std::shared_ptr<exporting::Clipboard> clipboard;
         std::shared_ptr<services::Updater> updater;
         std::shared_ptr<services::UnseenFinishes> unseenFinishes;
+        std::shared_ptr<services::AppearancePreference> appearance;
     };
     // What the views need of the application.
     struct Actions {

@@ -10,6 +10,7 @@ FocusScope {
     required property HomeAdapter home
 
     signal aboutRequested
+    signal shortcutsRequested
 
     Rectangle {
         anchors.fill: parent
@@ -53,6 +54,12 @@ FocusScope {
 
                 CheckForUpdatesView {
                     updates: root.home.updates
+                }
+
+                ContextMenuItem {
+                    text: qsTr("Keyboard Shortcuts")
+                    shortcutText: "F1"
+                    onTriggered: root.shortcutsRequested()
                 }
 
                 ContextMenuItem {

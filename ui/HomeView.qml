@@ -22,6 +22,16 @@ FocusScope {
         onActivated: root.home.displayAddSheet()
     }
 
+    Shortcut {
+        sequence: "Ctrl+F"
+        onActivated: root.home.finishNewest()
+    }
+
+    Shortcut {
+        sequences: ["F1", "Ctrl+?"]
+        onActivated: shortcuts.open()
+    }
+
     FinishBanner {
         id: banner
 
@@ -40,6 +50,7 @@ FocusScope {
         focus: true
         home: root.home
         onAboutRequested: about.open()
+        onShortcutsRequested: shortcuts.open()
     }
 
     Rectangle {
@@ -95,6 +106,10 @@ FocusScope {
         id: about
 
         about: root.home.about
+    }
+
+    ShortcutsSheet {
+        id: shortcuts
     }
 
     UpdateSheet {

@@ -22,6 +22,12 @@ Window {
             homeView.forceActiveFocus(Qt.PopupFocusReason);
     }
 
+    Binding {
+        target: Theme
+        property: "isDark"
+        value: root.home.appearance.isDark
+    }
+
     onActiveFocusItemChanged: root.restoreFocus()
 
     Shortcut {

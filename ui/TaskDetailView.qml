@@ -14,6 +14,21 @@ Item {
         onActivated: list.addNote()
     }
 
+    Shortcut {
+        sequence: "Ctrl+1"
+        onActivated: root.adapter.startShortFocus()
+    }
+
+    Shortcut {
+        sequence: "Ctrl+2"
+        onActivated: root.adapter.startLongFocus()
+    }
+
+    Shortcut {
+        sequence: "Ctrl+E"
+        onActivated: root.adapter.displayShareSheet()
+    }
+
     Item {
         id: toolbar
 

@@ -39,6 +39,10 @@ void HomeAdapter::setShown(bool isShown) {
     }
 }
 
+void HomeAdapter::finishNewest() const {
+    parts_.newestFocus->finish();
+}
+
 void HomeAdapter::quit() {
     onQuit_();
 }

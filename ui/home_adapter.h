@@ -11,8 +11,10 @@
 #include "base/uuid.h"
 #include "livedata/subscription.h"
 #include "presentation/home_view_model.h"
+#include "presentation/newest_focus.h"
 #include "ui/about_adapter.h"
 #include "ui/add_task_adapter.h"
+#include "ui/appearance_adapter.h"
 #include "ui/home_view_subviews_factory.h"
 #include "ui/task_detail_adapter.h"
 #include "ui/task_list_adapter.h"
@@ -36,6 +38,7 @@ class HomeAdapter final : public QObject {
     Q_PROPERTY(hearthmark::ui::AboutAdapter* about READ about CONSTANT FINAL)
     Q_PROPERTY(
         hearthmark::ui::UnseenFinishesAdapter* unseenFinishes READ unseenFinishes CONSTANT FINAL)
+    Q_PROPERTY(hearthmark::ui::AppearanceAdapter* appearance READ appearance CONSTANT FINAL)
     Q_PROPERTY(hearthmark::ui::UndoAdapter* undo READ undo CONSTANT FINAL)
     Q_PROPERTY(hearthmark::ui::UpdateAdapter* updates READ updates CONSTANT FINAL)
 
@@ -43,9 +46,11 @@ class HomeAdapter final : public QObject {
     // What stays as it is while tasks come and go.
     struct Parts {
         std::unique_ptr<AboutAdapter> about;
+        std::unique_ptr<AppearanceAdapter> appearance;
         std::unique_ptr<UndoAdapter> undo;
         std::unique_ptr<UnseenFinishesAdapter> unseenFinishes;
         std::unique_ptr<UpdateAdapter> updates;
+        std::unique_ptr<presentation::NewestFocus> newestFocus;
     };
 
     HomeAdapter(std::shared_ptr<presentation::HomeViewModelProtocol> viewModel,
@@ -59,12 +64,15 @@ class HomeAdapter final : public QObject {
     // Present while the add-task sheet is displayed.
     AddTaskAdapter* addTask() const { return addTask_.get(); }
     AboutAdapter* about() const { return parts_.about.get(); }
+    AppearanceAdapter* appearance() const { return parts_.appearance.get(); }
     UndoAdapter* undo() const { return parts_.undo.get(); }
     UnseenFinishesAdapter* unseenFinishes() const { return parts_.unseenFinishes.get(); }
     UpdateAdapter* updates() const { return parts_.updates.get(); }
 
     Q_INVOKABLE void displayAddSheet();
     Q_INVOKABLE void dismissAddSheet();
+    // Of all tasks' running intervals; where none runs, nothing.
+    Q_INVOKABLE void finishNewest() const;
     Q_INVOKABLE void quit();
 
  signals:

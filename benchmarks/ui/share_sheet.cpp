@@ -109,7 +109,8 @@ void measure(std::int64_t intervals, const std::string& name) {
                              {.clipboard = nullptr,
                               .updater = std::make_shared<platform::AppcastUpdater>(
                                   platform::AppcastUpdater::Configuration{}),
-                              .unseenFinishes = std::make_shared<services::UnseenFinishes>()},
+                              .unseenFinishes = std::make_shared<services::UnseenFinishes>(),
+                              .appearance = std::make_shared<services::AppearancePreference>()},
                              {}, {.windowShouldClose = [] { return true; }, .quit = [] {}})
             .makeHomeView();
     view->show({});

@@ -293,6 +293,12 @@ def xdotool(*arguments):
     subprocess.run(["xdotool", *map(str, arguments)], check=True)
 
 
+def lines_of(colour, width):
+    """How many lines on the screen hold so many pixels of the colour side by side."""
+    pixels = subprocess.check_output(["import", "-window", "root", "-depth", "8", "rgb:-"])
+    return pixels.count(bytes.fromhex(colour) * width)
+
+
 def set_clipboard(text):
     subprocess.run(["xclip", "-selection", "clipboard"], input=text.encode(), check=True,
                    stderr=subprocess.DEVNULL)

@@ -13,8 +13,8 @@ import sys
 import time
 import unittest
 
-from driver import (Desktop, ProgramTest, click, extents, key, new_id, now, press, type_text,
-                    wait_for, xdotool)
+from driver import (Desktop, ProgramTest, click, extents, key, lines_of, new_id, now, press, serve,
+                    type_text, wait_for, xdotool)
 
 WATCHED_SECONDS = 8
 
@@ -107,12 +107,50 @@ class Use(ProgramTest):
         program.find("Two", "heading")
         key("Down", "Return")
         program.find("One", "heading")
+        for keys, maximum in [("ctrl+1", 1800), ("ctrl+2", 3600)]:
+            key(keys)
+            wait_for(lambda: program.section_of("One") == "Running", "the focus")
+            key("ctrl+f")
+            wait_for(lambda: program.section_of("One") == "Not running", "its end")
+            self.assertEqual(program.rows("SELECT max(maxDuration) FROM Interval"), [(maximum,)])
+        for keys, name in [("ctrl+e", "JSON"), ("F1", "Keyboard Shortcuts")]:
+            key(keys)
+            program.find(name)
+            key("Escape")
+            wait_for(lambda: not program.find_all(name), "the sheet to close")
+        key("Delete")
+        wait_for(lambda: program.rows("SELECT name FROM Task") == [("Two",)], "the deletion")
+        program.find("Task deleted: One", "alert")
+        key("ctrl+z")
+        wait_for(lambda: program.rows("SELECT count(*) FROM Interval WHERE task") == [(2,)], "undo")
+        program.find("One", "heading")
+        key("Down")
         key("Delete")
         wait_for(lambda: program.rows("SELECT name FROM Task") == [("Two",)], "the deletion")
         wait_for(lambda: not program.find_all("One"), "the placeholder of a task that is gone")
         self.assertFalse(program.is_enabled("30:00"))
         key("ctrl+q")
         self.assertEqual(program.finished()[0], 0)
+
+    def test_follows_the_desktop_from_dark_to_light(self):
+        from gi.repository import GLib
+
+        portal, path, settings, group = (
+            "org.freedesktop.portal.Desktop", "/org/freedesktop/portal/desktop",
+            "org.freedesktop.portal.Settings", "org.freedesktop.appearance")
+        xml = f"""<node><interface name="{settings}"><method name="ReadAll">
+            <arg type="as" direction="in"/><arg type="a{{sa{{sv}}}}" direction="out"/>
+            </method></interface></node>"""
+        dark, light = GLib.Variant("u", 1), GLib.Variant("u", 2)
+        bus = serve(os.environ["DBUS_SESSION_BUS_ADDRESS"], portal, path, xml,
+                    lambda *call: call[-1].return_value(
+                        GLib.Variant("(a{sa{sv}})", ({group: {"color-scheme": dark}},))))
+        self.addCleanup(bus.close_sync)
+        self.program.launch()
+        wait_for(lambda: lines_of("292521", 300) > 200, "the dark pane")
+        bus.emit_signal(None, path, settings, "SettingChanged",
+                        GLib.Variant("(ssv)", (group, "color-scheme", light)))
+        wait_for(lambda: lines_of("fffefc", 300) > 200, "the light pane")
 
     def test_ticks_disturb_nothing(self):
         """A menu, a scrolled list, a half typed text: all stay as they are while time goes on."""

@@ -6,7 +6,9 @@ import QtQuick
 QtObject {
     id: root
 
-    readonly property ThemeColors colors: root.light
+    // As the desktop wants it; the window sets it.
+    property bool isDark: false
+    readonly property ThemeColors colors: root.isDark ? root.dark : root.light
 
     readonly property ThemeColors light: ThemeColors {
         window: "#f6f4f1"
@@ -36,6 +38,36 @@ QtObject {
         menuHighlight: "#ebe7e1"
         scrollBar: "#b3aaa0"
         scrollBarPressed: "#857d72"
+    }
+
+    readonly property ThemeColors dark: ThemeColors {
+        window: "#36312b"
+        sidebar: "#1f1c19"
+        content: "#292521"
+        separator: "#46403a"
+        shade: "#99000000"
+
+        text: "#f2ede7"
+        secondaryText: "#c2b9ae"
+        disabledText: "#857c72"
+
+        selectedContent: "#a8431a"
+        selectedText: "#ffffff"
+        accent: "#b5481c"
+        accentHovered: "#c0501f"
+        accentPressed: "#9b3c16"
+        accentText: "#ffffff"
+        focus: "#7db1ff"
+
+        button: "#3a352f"
+        buttonHovered: "#453f38"
+        buttonPressed: "#2f2b26"
+        buttonBorder: "#5c554c"
+        fieldBorder: "#8d8478"
+        rowHovered: "#3d3731"
+        menuHighlight: "#3f3932"
+        scrollBar: "#6b635a"
+        scrollBarPressed: "#8d8478"
     }
 
     // Points. The desktop's own text size is the body; it is not known where a size in pixels is set.

@@ -1,0 +1,94 @@
+// SPDX-License-Identifier: MIT
+#include "platform/desktop_appearance.h"
+
+#include <QDBusMessage>
+#include <QDBusMetaType>
+#include <QDBusPendingCallWatcher>
+#include <QDBusPendingReply>
+#include <QGuiApplication>
+#include <QMap>
+#include <QPalette>
+#include <QStringList>
+#include <QVariantMap>
+#include <utility>
+
+namespace hearthmark::platform {
+
+namespace {
+
+constexpr QLatin1String kPortal("org.freedesktop.portal.Desktop");
+constexpr QLatin1String kPath("/org/freedesktop/portal/desktop");
+constexpr QLatin1String kSettings("org.freedesktop.portal.Settings");
+constexpr QLatin1String kAppearance("org.freedesktop.appearance");
+constexpr uint kDark = 1;
+constexpr uint kLight = 2;
+
+using Groups = QMap<QString, QVariantMap>;
+
+bool isPaletteDark() {
+    const QPalette palette = QGuiApplication::palette();
+    return palette.color(QPalette::WindowText).lightness() >
+           palette.color(QPalette::Window).lightness();
+}
+
+}  // namespace
+
+DesktopAppearance::DesktopAppearance(std::shared_ptr<services::AppearancePreference> preference)
+    : preference_(std::move(preference)), bus_(QDBusConnection::sessionBus()) {
+    publish();
+    if (!bus_.isConnected()) {
+        return;
+    }
+    qDBusRegisterMetaType<Groups>();
+    // Else the toolkit does not connect a slot that takes one.
+    qRegisterMetaType<QDBusVariant>("QDBusVariant");
+    if (!bus_.connect({}, kPath, kSettings, QStringLiteral("SettingChanged"), this,
+                      SLOT(settingChanged(QString, QString, QDBusVariant)))) {
+        qWarning("It cannot be heard when the desktop turns light or dark.");
+    }
+    readAll();
+}
+
+void DesktopAppearance::readAll() {
+    QDBusMessage call =
+        QDBusMessage::createMethodCall(kPortal, kPath, kSettings, QStringLiteral("ReadAll"));
+    call << QStringList{kAppearance};
+    auto* const pending = new QDBusPendingCallWatcher(bus_.asyncCall(call), this);
+    connect(pending, &QDBusPendingCallWatcher::finished, this, [this, pending] {
+        pending->deleteLater();
+        const QDBusPendingReply<Groups> reply = *pending;
+        if (reply.isError()) {
+            return;  // the usual answer where there is no portal
+        }
+        const Groups groups = reply.value();
+        for (auto group = groups.begin(); group != groups.end(); ++group) {
+            for (auto value = group->begin(); value != group->end(); ++value) {
+                take(group.key(), value.key(), value.value());
+            }
+        }
+        publish();
+    });
+}
+
+void DesktopAppearance::settingChanged(const QString& group, const QString& key,
+                                       const QDBusVariant& value) {
+    take(group, key, value.variant());
+    publish();
+}
+
+void DesktopAppearance::take(const QString& group, const QString& key, const QVariant& value) {
+    if (group == kAppearance && key == QLatin1String("color-scheme")) {
+        colorScheme_ = value.toUInt();
+    }
+}
+
+void DesktopAppearance::publish() {
+    const bool isKnown = colorScheme_ == kDark || colorScheme_ == kLight;
+    const services::Appearance appearance{.isDark =
+                                              isKnown ? colorScheme_ == kDark : isPaletteDark()};
+    if (preference_->value() != appearance) {
+        preference_->setValue(appearance);
+    }
+}
+
+}  // namespace hearthmark::platform

@@ -1,0 +1,17 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "livedata/published.h"
+
+namespace hearthmark::services {
+
+// How the desktop wants programs to look.
+struct Appearance {
+    bool isDark = false;
+
+    bool operator==(const Appearance&) const = default;
+};
+
+using AppearancePreference = livedata::Published<Appearance>;
+
+}  // namespace hearthmark::services

@@ -1,0 +1,79 @@
+// SPDX-License-Identifier: MIT
+pragma ComponentBehavior: Bound
+import QtQuick
+import Hearthmark.Controls
+
+// The content of the sheet of shortcuts.
+FocusScope {
+    id: root
+
+    signal closed
+
+    implicitHeight: content.height
+    Accessible.role: Accessible.Dialog
+    Accessible.name: title.text
+
+    Column {
+        id: content
+
+        width: parent.width
+        spacing: Theme.spacing
+
+        Label {
+            id: title
+
+            text: qsTr("Keyboard Shortcuts")
+            font.pointSize: Theme.title2Size
+            font.weight: Font.DemiBold
+            bottomPadding: Theme.spacing
+            Accessible.role: Accessible.Heading
+        }
+
+        Repeater {
+            model: [
+                [qsTr("Add a task"), "Ctrl+N"],
+                [qsTr("Start a focus of 30 minutes"), "Ctrl+1"],
+                [qsTr("Start a focus of an hour"), "Ctrl+2"],
+                [qsTr("Finish the newest focus"), "Ctrl+F"],
+                [qsTr("Add a note"), "Ctrl+Shift+N"],
+                [qsTr("Share the task"), "Ctrl+E"],
+                [qsTr("Delete the marked row"), qsTr("Delete")],
+                [qsTr("Undo a deletion"), "Ctrl+Z"],
+                [qsTr("Show this list"), "F1"],
+                [qsTr("Quit"), "Ctrl+Q"]
+            ]
+
+            Item {
+                id: line
+
+                required property var modelData
+
+                width: content.width
+                height: action.height
+                Accessible.role: Accessible.StaticText
+                Accessible.name: line.modelData[0] + ": " + line.modelData[1]
+
+                Label {
+                    id: action
+
+                    text: line.modelData[0]
+                    Accessible.ignored: true
+                }
+
+                Label {
+                    anchors.right: parent.right
+                    text: line.modelData[1]
+                    color: Theme.colors.secondaryText
+                    Accessible.ignored: true
+                }
+            }
+        }
+
+        PushButton {
+            anchors.right: parent.right
+            focus: true
+            text: qsTr("Close")
+            onClicked: root.closed()
+        }
+    }
+}

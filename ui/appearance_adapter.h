@@ -1,0 +1,36 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QtQmlIntegration/qqmlintegration.h>
+
+#include <QObject>
+#include <memory>
+
+#include "livedata/subscription.h"
+#include "services/appearance.h"
+
+namespace hearthmark::ui {
+
+// Hands what the desktop prefers to the window, which sets the theme by it.
+class AppearanceAdapter final : public QObject {
+    Q_OBJECT
+    QML_ELEMENT
+    QML_UNCREATABLE("made by the home view factory")
+    Q_PROPERTY(bool isDark READ isDark NOTIFY changed FINAL)
+
+ public:
+    explicit AppearanceAdapter(std::shared_ptr<services::AppearancePreference> preference)
+        : preference_(std::move(preference)),
+          subscription_(preference_->subscribeDidChange([this] { emit changed(); })) {}
+
+    bool isDark() const { return preference_->value().isDark; }
+
+ signals:
+    void changed();
+
+ private:
+    std::shared_ptr<services::AppearancePreference> preference_;
+    livedata::Subscription subscription_;
+};
+
+}  // namespace hearthmark::ui
