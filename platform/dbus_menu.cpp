@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "platform/dbus_menu.h"
 
-#include <QDBusArgument>
 #include <QDBusError>
 #include <QDBusMetaType>
 #include <algorithm>
@@ -9,6 +8,8 @@
 #include <chrono>
 #include <iterator>
 #include <utility>
+
+#include "platform/dbus_structure.h"
 
 namespace hearthmark::platform {
 
@@ -35,54 +36,38 @@ QString labelOf(QString text) {
     return text.replace(QLatin1Char('_'), QLatin1String("__"));
 }
 
-template <class... Fields>
-QDBusArgument& write(QDBusArgument& argument, const Fields&... fields) {
-    argument.beginStructure();
-    (argument << ... << fields);
-    argument.endStructure();
-    return argument;
-}
-
-template <class... Fields>
-const QDBusArgument& read(const QDBusArgument& argument, Fields&... fields) {
-    argument.beginStructure();
-    (argument >> ... >> fields);
-    argument.endStructure();
-    return argument;
-}
-
 }  // namespace
 
 QDBusArgument& operator<<(QDBusArgument& argument, const DbusMenuItem& item) {
-    return write(argument, item.id, item.properties);
+    return writeStructure(argument, item.id, item.properties);
 }
 
 const QDBusArgument& operator>>(const QDBusArgument& argument, DbusMenuItem& item) {
-    return read(argument, item.id, item.properties);
+    return readStructure(argument, item.id, item.properties);
 }
 
 QDBusArgument& operator<<(QDBusArgument& argument, const DbusMenuLayout& layout) {
-    return write(argument, layout.id, layout.properties, layout.children);
+    return writeStructure(argument, layout.id, layout.properties, layout.children);
 }
 
 const QDBusArgument& operator>>(const QDBusArgument& argument, DbusMenuLayout& layout) {
-    return read(argument, layout.id, layout.properties, layout.children);
+    return readStructure(argument, layout.id, layout.properties, layout.children);
 }
 
 QDBusArgument& operator<<(QDBusArgument& argument, const DbusMenuEvent& event) {
-    return write(argument, event.id, event.eventId, event.data, event.timestamp);
+    return writeStructure(argument, event.id, event.eventId, event.data, event.timestamp);
 }
 
 const QDBusArgument& operator>>(const QDBusArgument& argument, DbusMenuEvent& event) {
-    return read(argument, event.id, event.eventId, event.data, event.timestamp);
+    return readStructure(argument, event.id, event.eventId, event.data, event.timestamp);
 }
 
 QDBusArgument& operator<<(QDBusArgument& argument, const DbusMenuRemovedProperties& removed) {
-    return write(argument, removed.id, removed.names);
+    return writeStructure(argument, removed.id, removed.names);
 }
 
 const QDBusArgument& operator>>(const QDBusArgument& argument, DbusMenuRemovedProperties& removed) {
-    return read(argument, removed.id, removed.names);
+    return readStructure(argument, removed.id, removed.names);
 }
 
 DbusMenu::DbusMenu(Actions actions) : actions_(std::move(actions)) {

@@ -3,7 +3,6 @@
 
 #include <QDBusMessage>
 #include <QDBusMetaType>
-#include <QDBusPendingCallWatcher>
 #include <QDBusPendingReply>
 #include <QGuiApplication>
 #include <QMap>
@@ -11,6 +10,8 @@
 #include <QStringList>
 #include <QVariantMap>
 #include <utility>
+
+#include "platform/dbus_answer.h"
 
 namespace hearthmark::platform {
 
@@ -53,10 +54,8 @@ void DesktopAppearance::readAll() {
     QDBusMessage call =
         QDBusMessage::createMethodCall(kPortal, kPath, kSettings, QStringLiteral("ReadAll"));
     call << QStringList{kAppearance};
-    auto* const pending = new QDBusPendingCallWatcher(bus_.asyncCall(call), this);
-    connect(pending, &QDBusPendingCallWatcher::finished, this, [this, pending] {
-        pending->deleteLater();
-        const QDBusPendingReply<Groups> reply = *pending;
+    using Answer = QDBusPendingReply<Groups>;
+    whenAnswered<Answer>(bus_.asyncCall(call), this, [this](const Answer& reply) {
         if (reply.isError()) {
             return;  // the usual answer where there is no portal
         }

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "platform/desktop_notification_center.h"
 
-#include <QDBusPendingCallWatcher>
 #include <QDBusPendingReply>
 #include <QGuiApplication>
 #include <QTimer>
@@ -11,6 +10,7 @@
 #include <cmath>
 
 #include "platform/application_object.h"
+#include "platform/dbus_answer.h"
 #include "platform/notification_call.h"
 
 namespace hearthmark::platform {
@@ -128,11 +128,10 @@ void DesktopNotificationCenter::present(const std::string& identifier) {
         return notTaken(request->content);
     }
     waiting_.push_back(*std::move(request));
-    auto* const pending = new QDBusPendingCallWatcher(
-        bus_.asyncCall(notificationCall("GetCapabilities"), kPatienceMilliseconds), this);
-    connect(pending, &QDBusPendingCallWatcher::finished, this, [this, pending, identifier] {
-        pending->deleteLater();
-        const QDBusPendingReply<QStringList> reply = *pending;
+    using Answer = QDBusPendingReply<QStringList>;
+    const QDBusPendingCall call =
+        bus_.asyncCall(notificationCall("GetCapabilities"), kPatienceMilliseconds);
+    whenAnswered<Answer>(call, this, [this, identifier](const Answer& reply) {
         const auto answered = take(identifier);
         if (answered && reply.isError()) {
             notTaken(answered->content);
@@ -157,18 +156,16 @@ void DesktopNotificationCenter::notify(const Content& content, const QStringList
                                        std::function<void(bool isTaken)> onAnswer) {
     const QDBusMessage call =
         notifyCall(content, capabilities, {QLatin1String(kDefaultAction), QObject::tr("Show")});
-    auto* const pending =
-        new QDBusPendingCallWatcher(bus_.asyncCall(call, kPatienceMilliseconds), this);
-    connect(pending, &QDBusPendingCallWatcher::finished, this,
-            [this, pending, taskId = content.taskId, onAnswer = std::move(onAnswer)] {
-                pending->deleteLater();
-                const QDBusPendingReply<uint> reply = *pending;
-                if (!reply.isError()) {
-                    shown_[{reply.reply().service(), reply.value()}] = {.taskId = taskId,
-                                                                        .activationToken = {}};
-                }
-                onAnswer(!reply.isError());
-            });
+    using Answer = QDBusPendingReply<uint>;
+    whenAnswered<Answer>(
+        bus_.asyncCall(call, kPatienceMilliseconds), this,
+        [this, taskId = content.taskId, onAnswer = std::move(onAnswer)](const Answer& reply) {
+            if (!reply.isError()) {
+                shown_[{reply.reply().service(), reply.value()}] = {.taskId = taskId,
+                                                                    .activationToken = {}};
+            }
+            onAnswer(!reply.isError());
+        });
 }
 
 void DesktopNotificationCenter::notTaken(const Content& content) const {

@@ -2,9 +2,10 @@
 #include "platform/logind_sleep_monitor.h"
 
 #include <QDBusMessage>
-#include <QDBusPendingCallWatcher>
 #include <QDBusPendingReply>
 #include <utility>
+
+#include "platform/dbus_answer.h"
 
 namespace hearthmark::platform {
 
@@ -63,10 +64,8 @@ void LogindSleepMonitor::takeDelayLock() {
     call << QStringLiteral("sleep") << QStringLiteral("Hearthmark")
          << tr("The time of running focus intervals is stored.") << QStringLiteral("delay");
     call.setAutoStartService(false);
-    auto* const pending = new QDBusPendingCallWatcher(bus_.asyncCall(call), this);
-    connect(pending, &QDBusPendingCallWatcher::finished, this, [this, pending] {
-        pending->deleteLater();
-        const QDBusPendingReply<QDBusUnixFileDescriptor> reply = *pending;
+    using Answer = QDBusPendingReply<QDBusUnixFileDescriptor>;
+    whenAnswered<Answer>(bus_.asyncCall(call), this, [this](const Answer& reply) {
         if (!reply.isError()) {
             if (!isAsleep_) {
                 delayLock_ = reply.value();

@@ -1,10 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "platform/status_notifier_item.h"
 
-#include <QDBusArgument>
 #include <QDBusMessage>
 #include <QDBusMetaType>
-#include <QDBusPendingCallWatcher>
 #include <QDBusPendingReply>
 #include <QDBusVariant>
 #include <QTimer>
@@ -13,6 +11,8 @@
 #include <utility>
 
 #include "platform/application_object.h"
+#include "platform/dbus_answer.h"
+#include "platform/dbus_structure.h"
 
 namespace hearthmark::platform {
 
@@ -52,31 +52,21 @@ QString shortened(QString text) {
 }  // namespace
 
 QDBusArgument& operator<<(QDBusArgument& argument, const StatusPixmap& pixmap) {
-    argument.beginStructure();
-    argument << pixmap.width << pixmap.height << pixmap.bytes;
-    argument.endStructure();
-    return argument;
+    return writeStructure(argument, pixmap.width, pixmap.height, pixmap.bytes);
 }
 
 const QDBusArgument& operator>>(const QDBusArgument& argument, StatusPixmap& pixmap) {
-    argument.beginStructure();
-    argument >> pixmap.width >> pixmap.height >> pixmap.bytes;
-    argument.endStructure();
-    return argument;
+    return readStructure(argument, pixmap.width, pixmap.height, pixmap.bytes);
 }
 
 QDBusArgument& operator<<(QDBusArgument& argument, const StatusToolTip& toolTip) {
-    argument.beginStructure();
-    argument << toolTip.iconName << toolTip.icon << toolTip.title << toolTip.description;
-    argument.endStructure();
-    return argument;
+    return writeStructure(argument, toolTip.iconName, toolTip.icon, toolTip.title,
+                          toolTip.description);
 }
 
 const QDBusArgument& operator>>(const QDBusArgument& argument, StatusToolTip& toolTip) {
-    argument.beginStructure();
-    argument >> toolTip.iconName >> toolTip.icon >> toolTip.title >> toolTip.description;
-    argument.endStructure();
-    return argument;
+    return readStructure(argument, toolTip.iconName, toolTip.icon, toolTip.title,
+                         toolTip.description);
 }
 
 StatusNotifierItem::StatusNotifierItem(Handlers handlers, DbusMenu::Actions menuActions)
@@ -218,10 +208,8 @@ void StatusNotifierItem::registerAtWatcher() {
         kWatcher, kWatcherPath, kWatcher, QStringLiteral("RegisterStatusNotifierItem"));
     call << bus_.baseService();
     call.setAutoStartService(false);
-    auto* const pending = new QDBusPendingCallWatcher(bus_.asyncCall(call), this);
-    connect(pending, &QDBusPendingCallWatcher::finished, this, [this, pending] {
-        pending->deleteLater();
-        isWatched_ = !pending->isError();  // an error is the usual answer where there is no panel
+    whenAnswered<QDBusPendingReply<>>(bus_.asyncCall(call), this, [this](const auto& reply) {
+        isWatched_ = !reply.isError();  // an error is the usual answer where there is no panel
         if (isWatched_) {
             askForHost();
         }
@@ -234,10 +222,8 @@ void StatusNotifierItem::askForHost() {
         QStringLiteral("Get"));
     call << QLatin1String(kWatcher) << QStringLiteral("IsStatusNotifierHostRegistered");
     call.setAutoStartService(false);
-    auto* const pending = new QDBusPendingCallWatcher(bus_.asyncCall(call), this);
-    connect(pending, &QDBusPendingCallWatcher::finished, this, [this, pending] {
-        pending->deleteLater();
-        const QDBusPendingReply<QDBusVariant> reply = *pending;
+    using Answer = QDBusPendingReply<QDBusVariant>;
+    whenAnswered<Answer>(bus_.asyncCall(call), this, [this](const Answer& reply) {
         setIsHosted(reply.isValid() && reply.value().variant().toBool());
     });
 }
