@@ -24,10 +24,6 @@ constexpr int kHeight = 22;
 constexpr int kPadding = 6;
 constexpr int kGap = 3;
 constexpr int kFontSize = 13;
-// Our own ground, so that the text reads on panels of every colour. No rounded corners: a panel
-// need not repaint what a corner uncovers.
-const QColor kPlateColor(0x2e, 0x24, 0x1d);
-const QColor kTextColor(Qt::white);
 
 constexpr uint32_t kRequestDock = 0;
 constexpr std::array<uint32_t, 2> kEmbedding{0, 1};  // the protocol's version; to be mapped
@@ -106,10 +102,11 @@ class DockedStatusWindow::Window final : public QRasterWindow {
         painter.setRenderHint(QPainter::Antialiasing);
         const int side = std::min(height(), kHeight);
         const QRect plate(0, (height() - side) / 2, width(), side);
-        painter.fillRect(QRect(QPoint(), size()), kPlateColor);
+        // No rounded corners: a panel need not repaint what a corner uncovers.
+        painter.fillRect(QRect(QPoint(), size()), kStatusGroundColor);
         painter.drawImage(plate.topLeft() + QPoint(kGap, 0), picture(side));
         painter.setFont(font_);
-        painter.setPen(kTextColor);
+        painter.setPen(kStatusTextColor);
         painter.drawText(plate.adjusted(side + 2 * kGap, 0, -kPadding, 0),
                          Qt::AlignLeft | Qt::AlignVCenter, title_);
     }

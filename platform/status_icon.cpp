@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "platform/status_icon.h"
 
-#include <QColor>
 #include <QFont>
 #include <QGuiApplication>
 #include <QPainter>
@@ -32,10 +31,8 @@ constexpr QPointF kDotCenter(17.6, 4.4);
 constexpr double kDotRadius = 4.2;
 
 const QColor kContourColor(255, 255, 255, 200);
-const QColor kDiscColor(0x2e, 0x24, 0x1d);
 const QColor kRingGroundColor(0x6b, 0x57, 0x49);
 const QColor kRingColor(0xff, 0x93, 0x3f);
-const QColor kTextColor(Qt::white);
 const QColor kFlameColor(0xff, 0x93, 0x3f);
 const QColor kFlameCoreColor(0xff, 0xd9, 0x8a);
 const QColor kDotColor(0xd8, 0x1e, 0x3f);
@@ -93,7 +90,7 @@ void fillText(QPainter& painter, const std::string& text) {
     painter.translate(kCenter);
     painter.scale(scale * kNarrowing * fit, scale * std::sqrt(fit));
     painter.translate(-outline.boundingRect().center().x(), -tallest.boundingRect().center().y());
-    painter.fillPath(outline, kTextColor);
+    painter.fillPath(outline, kStatusTextColor);
     painter.restore();
 }
 
@@ -139,7 +136,7 @@ QImage paintStatusIcon(const StatusIconState& state, int size) {
     painter.setRenderHint(QPainter::Antialiasing);
     painter.scale(size / kSide, size / kSide);
     fillCircle(painter, kCenter, kContourRadius, kContourColor);
-    fillCircle(painter, kCenter, kDiscRadius, kDiscColor);
+    fillCircle(painter, kCenter, kDiscRadius, kStatusGroundColor);
     if (state.ringSteps) {
         strokeRing(painter, *state.ringSteps);
     }

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <QColor>
 #include <QImage>
 #include <QString>
 #include <optional>
@@ -9,6 +10,10 @@
 #include "services/status_bar.h"
 
 namespace hearthmark::platform {
+
+// The item's own ground and the text on it, which read on panels of every colour.
+inline const QColor kStatusGroundColor(0x2e, 0x24, 0x1d);
+inline const QColor kStatusTextColor(Qt::white);
 
 // What the status item's picture shows. Equal states are the same picture, which changes about once
 // a minute: panels flicker when they are sent a new one each second.
