@@ -81,7 +81,8 @@ TasksApp::Environment Desktop::environment(const std::filesystem::path& storeDir
         .homeViewPorts = {.clipboard = std::make_shared<platform::SystemClipboard>(),
                           .updater = updater_,
                           .unseenFinishes = unseenFinishes_,
-                          .appearance = appearance_},
+                          .appearance = appearance_,
+                          .calendar = std::make_shared<base::LocalCalendar>()},
         .program = {.version = QCoreApplication::applicationVersion(),
                     .storeFolder = storeFolder,
                     .openStoreFolder =

@@ -31,9 +31,9 @@ std::unique_ptr<services::HomeViewProtocol> HomeViewFactory::makeHomeView() {
     const presentation::HomeVMFactory homeVMFactory(
         dataOperationsService_,
         std::make_shared<presentation::SelectedTaskIdPublisher>(*mutableSelectedTaskId_));
-    const ui::HomeViewSubviewsFactory subviewsFactory(dataOperationsService_, liveDataFactory_,
-                                                      clock_, mutableSelectedTaskId_,
-                                                      makeTimeKeepingProvider_, ports_.clipboard);
+    const ui::HomeViewSubviewsFactory subviewsFactory(
+        dataOperationsService_, liveDataFactory_, clock_, mutableSelectedTaskId_,
+        makeTimeKeepingProvider_, ports_.clipboard, ports_.calendar);
     ui::HomeAdapter::Parts parts{
         .about = std::make_unique<ui::AboutAdapter>(program_),
         .appearance = std::make_unique<ui::AppearanceAdapter>(ports_.appearance),

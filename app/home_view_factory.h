@@ -4,6 +4,7 @@
 #include <functional>
 #include <memory>
 
+#include "base/calendar.h"
 #include "base/clock.h"
 #include "export/clipboard.h"
 #include "presentation/selected_task_id.h"
@@ -28,6 +29,7 @@ class HomeViewFactory final : public services::HomeViewFactoryProtocol {
         std::shared_ptr<services::Updater> updater;
         std::shared_ptr<services::UnseenFinishes> unseenFinishes;
         std::shared_ptr<services::AppearancePreference> appearance;
+        std::shared_ptr<const base::Calendar> calendar;
     };
     // What the views need of the application.
     struct Actions {

@@ -32,4 +32,7 @@ class Date {
     Seconds sinceReferenceDate_;
 };
 
+// From 1970-01-01T00:00:00Z, from where other programs count, to where a Date does.
+constexpr Seconds kUnixTimeOfReferenceDate{978307200};
+
 }  // namespace hearthmark::base

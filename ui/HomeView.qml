@@ -66,12 +66,22 @@ FocusScope {
             color: Theme.colors.separator
         }
 
-        Label {
+        Column {
             anchors.centerIn: parent
+            spacing: Theme.pageMargin
             visible: root.home.taskDetail === null
-            text: qsTr("Select or create a task to see more.")
-            font.pointSize: Theme.title3Size
-            color: Theme.colors.secondaryText
+
+            Label {
+                anchors.horizontalCenter: parent.horizontalCenter
+                text: qsTr("Select or create a task to see more.")
+                font.pointSize: Theme.title3Size
+                color: Theme.colors.secondaryText
+            }
+
+            FocusChart {
+                width: Math.min(Theme.chartWidth, parent.parent.width - 2 * Theme.pageMargin)
+                overview: root.home.overview
+            }
         }
 
         // At most one, and none before a task is selected first.
@@ -82,6 +92,7 @@ FocusScope {
                 anchors.fill: parent
                 anchors.leftMargin: 1
                 adapter: root.home.taskDetail
+                overview: root.home.overview
             }
         }
     }

@@ -10,6 +10,7 @@ FocusScope {
     id: root
 
     required property TaskDetailAdapter adapter
+    required property OverviewAdapter overview
 
     signal reached
     signal menuRequested(row: DeletableRow, position: point)
@@ -45,6 +46,12 @@ FocusScope {
             text: root.adapter.totalTimeSpent
             font.pointSize: Theme.title3Size
             color: Theme.colors.secondaryText
+        }
+
+        FocusChart {
+            x: Theme.pageMargin
+            width: Math.min(Theme.chartWidth, parent.width - 2 * Theme.pageMargin)
+            overview: root.overview
         }
 
         SectionTitle {

@@ -11,6 +11,7 @@ ListView {
     id: root
 
     required property TaskDetailAdapter adapter
+    required property OverviewAdapter overview
     readonly property int notesRow: root.adapter.rows.notesRow
 
     // Absent while it is too far out of sight; the notes section itself stays, since a note may be
@@ -146,6 +147,7 @@ ListView {
             y: root.originY - header.height
             width: root.width
             adapter: root.adapter
+            overview: root.overview
             onReached: root.showTop()
             onActiveFocusChanged: root.leaveRows(header)
             onMenuRequested: (row, position) => root.menuRequested(row, position)

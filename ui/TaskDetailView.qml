@@ -8,6 +8,7 @@ Item {
     id: root
 
     required property TaskDetailAdapter adapter
+    required property OverviewAdapter overview
 
     Shortcut {
         sequence: "Ctrl+Shift+N"
@@ -62,6 +63,7 @@ Item {
         anchors.topMargin: toolbar.height
         visible: root.adapter.loaded
         adapter: root.adapter
+        overview: root.overview
         onMenuRequested: (row, position) => menu.openFor(row, position)
     }
 

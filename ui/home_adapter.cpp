@@ -18,6 +18,9 @@ HomeAdapter::HomeAdapter(std::shared_ptr<presentation::HomeViewModelProtocol> vi
       subscription_(
           viewModel_->selectedTaskId().subscribeDidChange([this] { showSelectedTask(); })) {
     showSelectedTask();
+    if (!overview_) {
+        showOverview();
+    }
 }
 
 void HomeAdapter::displayAddSheet() {
@@ -37,6 +40,7 @@ void HomeAdapter::setShown(bool isShown) {
     if (taskDetail_) {
         taskDetail_->setShown(isShown);
     }
+    overview_->setShown(isShown);
 }
 
 void HomeAdapter::finishNewest() const {
@@ -53,11 +57,18 @@ void HomeAdapter::showSelectedTask() {
         return;
     }
     shownTaskId_ = selected;
+    showOverview();
     replaceAdapter(taskDetail_, selected ? subviewsFactory_.makeTaskDetailView(*selected) : nullptr,
                    [this] { emit taskDetailChanged(); });
     if (taskDetail_) {
         taskDetail_->setShown(isShown_);
     }
+}
+
+void HomeAdapter::showOverview() {
+    replaceAdapter(overview_, subviewsFactory_.makeOverviewView(shownTaskId_),
+                   [this] { emit overviewChanged(); });
+    overview_->setShown(isShown_);
 }
 
 }  // namespace hearthmark::ui

@@ -34,6 +34,7 @@ class HomeAdapter final : public QObject {
     Q_PROPERTY(hearthmark::ui::TaskListAdapter* taskList READ taskList CONSTANT FINAL)
     Q_PROPERTY(hearthmark::ui::TaskDetailAdapter* taskDetail READ taskDetail NOTIFY
                    taskDetailChanged FINAL)
+    Q_PROPERTY(hearthmark::ui::OverviewAdapter* overview READ overview NOTIFY overviewChanged FINAL)
     Q_PROPERTY(hearthmark::ui::AddTaskAdapter* addTask READ addTask NOTIFY addTaskChanged FINAL)
     Q_PROPERTY(hearthmark::ui::AboutAdapter* about READ about CONSTANT FINAL)
     Q_PROPERTY(
@@ -61,6 +62,8 @@ class HomeAdapter final : public QObject {
 
     TaskListAdapter* taskList() const { return taskList_.get(); }
     TaskDetailAdapter* taskDetail() const { return taskDetail_.get(); }
+    // Of the selected task; of all tasks while none is.
+    OverviewAdapter* overview() const { return overview_.get(); }
     // Present while the add-task sheet is displayed.
     AddTaskAdapter* addTask() const { return addTask_.get(); }
     AboutAdapter* about() const { return parts_.about.get(); }
@@ -77,10 +80,12 @@ class HomeAdapter final : public QObject {
 
  signals:
     void taskDetailChanged();
+    void overviewChanged();
     void addTaskChanged();
 
  private:
     void showSelectedTask();
+    void showOverview();
 
     std::shared_ptr<presentation::HomeViewModelProtocol> viewModel_;
     HomeViewSubviewsFactory subviewsFactory_;
@@ -88,6 +93,7 @@ class HomeAdapter final : public QObject {
     std::function<void()> onQuit_;
     std::unique_ptr<TaskListAdapter> taskList_;
     std::unique_ptr<TaskDetailAdapter> taskDetail_;
+    std::unique_ptr<OverviewAdapter> overview_;
     std::unique_ptr<AddTaskAdapter> addTask_;
     std::optional<base::Uuid> shownTaskId_;
     bool isShown_ = true;

@@ -16,13 +16,14 @@ HomeViewSubviewsFactory::HomeViewSubviewsFactory(
     std::shared_ptr<const base::Clock> clock,
     std::shared_ptr<presentation::SelectedTaskId> mutableSelectedTaskId,
     TimeKeepingProviderMaker makeTimeKeepingProvider,
-    std::shared_ptr<exporting::Clipboard> clipboard)
+    std::shared_ptr<exporting::Clipboard> clipboard, std::shared_ptr<const base::Calendar> calendar)
     : dataOperationsService_(std::move(dataOperationsService)),
       liveDataFactory_(std::move(liveDataFactory)),
       clock_(std::move(clock)),
       mutableSelectedTaskId_(std::move(mutableSelectedTaskId)),
       makeTimeKeepingProvider_(std::move(makeTimeKeepingProvider)),
-      clipboard_(std::move(clipboard)) {}
+      clipboard_(std::move(clipboard)),
+      calendar_(std::move(calendar)) {}
 
 std::unique_ptr<TaskListAdapter> HomeViewSubviewsFactory::makeTaskListView() const {
     const presentation::TaskListVMFactory factory(dataOperationsService_, liveDataFactory_,
@@ -43,6 +44,12 @@ std::unique_ptr<TaskDetailAdapter> HomeViewSubviewsFactory::makeTaskDetailView(
                 {.csvSerializer = std::make_shared<exporting::CSVTaskShareSerializer>(),
                  .jsonSerializer = std::make_shared<exporting::JSONShareSerializer>()},
                 liveDataFactory_, clipboard_, taskId)));
+}
+
+std::unique_ptr<OverviewAdapter> HomeViewSubviewsFactory::makeOverviewView(
+    std::optional<base::Uuid> taskId) const {
+    return std::make_unique<OverviewAdapter>(std::make_shared<presentation::FocusOverviewViewModel>(
+        liveDataFactory_, makeTimeKeepingProvider_(), clock_, calendar_, taskId));
 }
 
 std::unique_ptr<AddTaskAdapter> HomeViewSubviewsFactory::makeAddTaskView() const {

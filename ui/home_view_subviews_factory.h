@@ -3,7 +3,9 @@
 
 #include <functional>
 #include <memory>
+#include <optional>
 
+#include "base/calendar.h"
 #include "base/clock.h"
 #include "base/uuid.h"
 #include "export/clipboard.h"
@@ -12,6 +14,7 @@
 #include "store/data_operations_service_protocol.h"
 #include "store/live_data.h"
 #include "ui/add_task_adapter.h"
+#include "ui/overview_adapter.h"
 #include "ui/task_detail_adapter.h"
 #include "ui/task_list_adapter.h"
 
@@ -31,11 +34,14 @@ class HomeViewSubviewsFactory {
         std::shared_ptr<const base::Clock> clock,
         std::shared_ptr<presentation::SelectedTaskId> mutableSelectedTaskId,
         TimeKeepingProviderMaker makeTimeKeepingProvider,
-        std::shared_ptr<exporting::Clipboard> clipboard);
+        std::shared_ptr<exporting::Clipboard> clipboard,
+        std::shared_ptr<const base::Calendar> calendar);
 
     std::unique_ptr<TaskListAdapter> makeTaskListView() const;
     std::unique_ptr<TaskDetailAdapter> makeTaskDetailView(const base::Uuid& taskId) const;
     std::unique_ptr<AddTaskAdapter> makeAddTaskView() const;
+    // Of one task, or of all.
+    std::unique_ptr<OverviewAdapter> makeOverviewView(std::optional<base::Uuid> taskId) const;
 
  private:
     std::shared_ptr<store::DataOperationsServiceProtocol> dataOperationsService_;
@@ -44,6 +50,7 @@ class HomeViewSubviewsFactory {
     std::shared_ptr<presentation::SelectedTaskId> mutableSelectedTaskId_;
     TimeKeepingProviderMaker makeTimeKeepingProvider_;
     std::shared_ptr<exporting::Clipboard> clipboard_;
+    std::shared_ptr<const base::Calendar> calendar_;
 };
 
 }  // namespace hearthmark::ui

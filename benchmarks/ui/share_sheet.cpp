@@ -110,7 +110,8 @@ void measure(std::int64_t intervals, const std::string& name) {
                               .updater = std::make_shared<platform::AppcastUpdater>(
                                   platform::AppcastUpdater::Configuration{}),
                               .unseenFinishes = std::make_shared<services::UnseenFinishes>(),
-                              .appearance = std::make_shared<services::AppearancePreference>()},
+                              .appearance = std::make_shared<services::AppearancePreference>(),
+                              .calendar = std::make_shared<base::LocalCalendar>()},
                              {}, {.windowShouldClose = [] { return true; }, .quit = [] {}})
             .makeHomeView();
     view->show({});

@@ -63,6 +63,9 @@ class Use(ProgramTest):
         program.press("Finish")
         wait_for(lambda: program.section_of("Report") == "Not running", "the row to go back")
         self.assertEqual(extents(program.find("Start a focus")).y, top)
+        bars = [bar.name for bar in program.find("Focus of the last 14 days", "list")]
+        self.assertEqual(len(bars), 14)
+        self.assertRegex(bars[-1], rf"^\S+ {time.localtime().tm_mday} \S+: [0-9:]+$")
         self.assertTrue(program.is_enabled("30:00"))
         click(program.find("Report", "list item"), button=3)
         program.press("Delete", "menu item")

@@ -91,6 +91,8 @@ QtObject {
     readonly property int sheetWidth: 440
     readonly property int wideSheetWidth: 760
     readonly property int pageWidth: 640
+    readonly property int chartWidth: 360
+    readonly property int chartHeight: 64
     readonly property int menuWidth: 200
     readonly property int editorMaximumHeight: 200
     readonly property int noteEditorHeight: 100

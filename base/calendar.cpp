@@ -1,0 +1,73 @@
+// SPDX-License-Identifier: MIT
+#include "base/calendar.h"
+
+#include <cmath>
+#include <ctime>
+#include <optional>
+
+namespace hearthmark::base {
+
+namespace {
+
+// The longest that a change of the clocks takes out of a night.
+constexpr std::time_t kLongestGap = 10800;
+constexpr std::time_t kGapStep = 900;
+
+bool isBefore(const std::tm& a, const std::tm& b) {
+    return a.tm_year != b.tm_year ? a.tm_year < b.tm_year : a.tm_yday < b.tm_yday;
+}
+
+// The first moment of the day that lies so many days after the given one.
+std::optional<std::time_t> dayStart(const std::tm& day, int daysAfter) {
+    std::tm noon = day;
+    noon.tm_mday += daysAfter;
+    noon.tm_hour = 12;
+    noon.tm_min = noon.tm_sec = 0;
+    noon.tm_isdst = -1;
+    std::tm midnight = noon;
+    midnight.tm_hour = 0;
+    if (std::mktime(&noon) == -1) {
+        return std::nullopt;
+    }
+    std::time_t start = std::mktime(&midnight);
+    // Where the clocks go forward at midnight there is none, and the day begins later.
+    for (std::time_t waited = 0; waited < kLongestGap; waited += kGapStep) {
+        std::tm local{};
+        if (start == -1 || localtime_r(&start, &local) == nullptr) {
+            return std::nullopt;
+        }
+        if (!isBefore(local, noon)) {
+            break;
+        }
+        start += kGapStep;
+    }
+    return start;
+}
+
+}  // namespace
+
+std::vector<Date> LocalCalendar::dayStarts(Date now, int count) const {
+    tzset();
+    const double seconds =
+        std::floor((now.sinceReferenceDate() + kUnixTimeOfReferenceDate).count());
+    // The years that every calendar function can count.
+    if (!(std::abs(seconds) < 1e11)) {
+        return {};
+    }
+    const auto time = static_cast<std::time_t>(seconds);
+    std::tm today{};
+    if (localtime_r(&time, &today) == nullptr) {
+        return {};
+    }
+    std::vector<Date> starts;
+    for (int day = 1 - count; day <= 1; ++day) {
+        const auto start = dayStart(today, day);
+        if (!start) {
+            return {};
+        }
+        starts.emplace_back(Seconds(static_cast<double>(*start)) - kUnixTimeOfReferenceDate);
+    }
+    return starts;
+}
+
+}  // namespace hearthmark::base

@@ -1,0 +1,27 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <vector>
+
+#include "base/date.h"
+
+namespace hearthmark::base {
+
+// Knows when the days begin.
+class Calendar {
+ public:
+    virtual ~Calendar() = default;
+
+    // When the day of `now` began, before it that of each of the days before, and after it that of
+    // tomorrow: `count` + 1 moments, oldest first. Empty where `now` is out of the calendar's
+    // range.
+    virtual std::vector<Date> dayStarts(Date now, int count) const = 0;
+};
+
+// The days of the machine's time zone, which is looked up anew at each call.
+class LocalCalendar final : public Calendar {
+ public:
+    std::vector<Date> dayStarts(Date now, int count) const override;
+};
+
+}  // namespace hearthmark::base

@@ -1,0 +1,91 @@
+// SPDX-License-Identifier: MIT
+#include "presentation/focus_overview_view_model.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "presentation/texts.h"
+#include "store/time_texts.h"
+
+namespace hearthmark::presentation {
+
+namespace {
+
+constexpr base::Seconds kCalendarTick{60};
+
+}  // namespace
+
+FocusOverviewViewModel::FocusOverviewViewModel(
+    std::shared_ptr<const store::LiveDataProvidingFactoryProtocol> liveDataFactory,
+    std::shared_ptr<services::TimeKeepingProviderProtocol> timeKeepingProvider,
+    std::shared_ptr<const base::Clock> clock, std::shared_ptr<const base::Calendar> calendar,
+    std::optional<base::Uuid> taskId)
+    : liveDataFactory_(std::move(liveDataFactory)),
+      timeKeepingProvider_(std::move(timeKeepingProvider)),
+      clock_(std::move(clock)),
+      calendar_(std::move(calendar)),
+      taskId_(taskId) {}
+
+FocusOverviewViewModel::~FocusOverviewViewModel() {
+    if (timer_) {
+        timer_->invalidate();
+    }
+}
+
+void FocusOverviewViewModel::startObserving() {
+    const auto weak = weak_from_this();
+    liveTasks_ =
+        std::make_shared<LiveTasks>(timeKeepingProvider_, [weak](const store::Tasks& tasks) {
+            if (const auto self = weak.lock()) {
+                self->rebuild(tasks);
+            }
+        });
+    liveTasks_->startObserving(*liveDataFactory_);
+    timer_ = timeKeepingProvider_->makeTimer(kCalendarTick, services::Repeats::yes, [weak] {
+        if (const auto self = weak.lock()) {
+            self->rebuild(self->liveTasks_->tasks());
+        }
+    });
+}
+
+void FocusOverviewViewModel::rebuild(const store::Tasks& tasks) {
+    const base::Date now = clock_->now();
+    const std::vector<base::Date> starts = calendar_->dayStarts(now, kOverviewDays);
+    if (starts.empty()) {
+        viewState_.setValue(FocusOverviewViewState::View{.today = orDash({}), .days = {}});
+        return;
+    }
+    std::vector<base::Seconds> spent(starts.size() - 1, base::Seconds(0));
+    for (const store::Task& task : tasks) {
+        if (taskId_ && task.id() != taskId_) {
+            continue;
+        }
+        for (const store::Interval* interval : task.intervals()) {
+            const auto& created = interval->creationDate();
+            if (created && *created >= starts.front() && *created < starts.back()) {
+                const auto next = std::ranges::upper_bound(starts, *created, std::ranges::less());
+                spent[static_cast<std::size_t>(next - starts.begin()) - 1] +=
+                    interval->totalDuration(now);
+            }
+        }
+    }
+    // What has no text, since a file may hold any number, has no bar either.
+    base::Seconds longest{0};
+    for (const base::Seconds each : spent) {
+        if (store::formattedDuration(each)) {
+            longest = std::max(longest, each);
+        }
+    }
+    FocusOverviewViewState::View view;
+    for (std::size_t day = 0; day < spent.size(); ++day) {
+        const auto text = store::formattedDuration(spent[day]);
+        const bool hasBar = text && longest > base::Seconds(0);
+        view.days.push_back({.start = starts[day],
+                             .timeSpent = orDash(text),
+                             .share = hasBar ? spent[day] / longest : 0});
+    }
+    view.today = view.days.back().timeSpent;
+    viewState_.setValue(std::move(view));
+}
+
+}  // namespace hearthmark::presentation

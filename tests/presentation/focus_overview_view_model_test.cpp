@@ -1,0 +1,110 @@
+// SPDX-License-Identifier: MIT
+#include "presentation/focus_overview_view_model.h"
+
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+
+#include "support/test_store.h"
+
+namespace hearthmark::presentation {
+
+using namespace std::chrono_literals;
+using store::IntervalState;
+using tests::at;
+
+namespace {
+
+constexpr base::Seconds kDay = 24h;
+
+// Days of 24 hours from the reference date on, shifted as a time zone does.
+struct FakeCalendar final : base::Calendar {
+    std::vector<base::Date> dayStarts(base::Date now, int count) const override {
+        const auto today = std::floor((now.sinceReferenceDate() - shift) / kDay);
+        std::vector<base::Date> starts;
+        for (int day = 1 - count; day <= 1; ++day) {
+            starts.emplace_back((today + day) * kDay + shift);
+        }
+        return starts;
+    }
+
+    base::Seconds shift{0};
+};
+
+}  // namespace
+
+TEST(FocusOverviewViewModel, CountsEachIntervalOnTheLocalDayOfItsCreation) {
+    tests::TestStore store;
+    const auto timers = std::make_shared<tests::FakeTimeKeepingProvider>();
+    const auto calendar = std::make_shared<FakeCalendar>();
+    store.clock->time = at(20.5 * kDay.count());
+    const auto on = [](double day) { return at(day * kDay.count()); };
+    store::Task& one = store.addTask("one");
+    store::Task& other = store.addTask("other");
+    const auto add = [&store, &on](store::Task& task, double day, base::Seconds spent) {
+        return *store.addInterval(task, IntervalState::finished(), spent, 0s, on(day)).id();
+    };
+    add(one, 6.99, 1h);  // too long ago
+    add(one, 7, 100s);
+    add(one, 20, 30s);
+    add(other, 19.9, 50s);
+    add(other, 21, 1h);  // tomorrow
+    store.service->deleteInterval(add(one, 20, 1h), *one.id());
+    store.addInterval(one, IntervalState::running(on(20.5)), 10s, 0s, on(20.25));
+
+    const auto overview = [&](std::optional<base::Uuid> taskId) {
+        auto model = std::make_shared<FocusOverviewViewModel>(store.liveData, timers, store.clock,
+                                                              calendar, taskId);
+        model->startObserving();
+        return model;
+    };
+    const auto text = [](const std::shared_ptr<FocusOverviewViewModel>& model) {
+        const FocusOverviewViewState::View& view = model->viewState().value().value();
+        std::string all = view.today + ':';
+        for (const FocusOverviewViewState::Day& day : view.days) {
+            if (day.share > 0) {
+                all += ' ' + std::to_string(&day - view.days.data()) + '=' + day.timeSpent + '/' +
+                       std::to_string(static_cast<int>(day.share * 100));
+            }
+        }
+        return all;
+    };
+    const auto all = overview(std::nullopt);
+    EXPECT_EQ(text(all), "40: 0=1:40/100 12=50/50 13=40/40");
+    EXPECT_EQ(all->viewState().value()->days.back().start, on(20));
+    EXPECT_EQ(text(overview(other.id())), "0: 12=50/100");
+    store.clock->time = store.clock->time + 5s;
+    timers->fire();
+    EXPECT_EQ(text(all), "45: 0=1:40/100 12=50/50 13=45/45");
+    // Midnight, and a journey to the west, with nothing running.
+    store.service->pauseRunningIntervals();
+    store.clock->time = on(21.01);
+    timers->fire();
+    EXPECT_EQ(text(all), "1:00:00: 11=50/1 12=45/1 13=1:00:00/100");
+    calendar->shift = 3h;
+    timers->fire();
+    EXPECT_EQ(text(all), "1:00:15: 12=1:20/2 13=1:00:15/100");
+}
+
+TEST(LocalCalendar, BeginsDaysWhereTheClocksBeginThem) {
+    const auto starts = [](const char* zone, double unixTime, int count) {
+        setenv("TZ", zone, 1);
+        std::string text;
+        for (const base::Date start : base::LocalCalendar().dayStarts(
+                 base::Date(base::Seconds(unixTime) - base::kUnixTimeOfReferenceDate), count)) {
+            text += std::to_string(std::llround(
+                        (start.sinceReferenceDate() + base::kUnixTimeOfReferenceDate).count())) +
+                    ' ';
+        }
+        return text;
+    };
+    // 2026-03-29 has 23 hours in Berlin, and 2026-10-25 has 25.
+    EXPECT_EQ(starts("Europe/Berlin", 1774800000, 2), "1774652400 1774738800 1774821600 ");
+    EXPECT_EQ(starts("Europe/Berlin", 1792900000, 1), "1792879200 1792969200 ");
+    // In Santiago the clocks go from midnight to one o'clock on 2026-09-06.
+    EXPECT_EQ(starts("America/Santiago", 1788710400, 1), "1788667200 1788750000 ");
+    EXPECT_EQ(starts("UTC", 1e300, 1), "");
+    unsetenv("TZ");
+}
+
+}  // namespace hearthmark::presentation
