@@ -74,25 +74,29 @@ TaskDetailViewState::View TaskDetailViewModel::view(const store::Task& task, boo
             continue;
         }
         if (state->isRunning()) {
-            view.runningIntervals.push_back(
-                row<TaskDetailViewState::RunningInterval>(*interval, *interval->id()));
+            view.runningIntervals.push_back({.intervalId = *interval->id(),
+                                             .onDeleteCommand = deleteAction(*interval->id()),
+                                             .totalTimeSpent = timeSpentText(*interval),
+                                             .progress = store::progress(*interval, *clock_)});
         } else {
-            view.nonRunningIntervals.push_back(
-                row<TaskDetailViewState::NonRunningInterval>(*interval, *interval->id()));
+            view.nonRunningIntervals.push_back({.intervalId = *interval->id(),
+                                                .onDeleteCommand = deleteAction(*interval->id()),
+                                                .totalTimeSpent = timeSpentText(*interval)});
         }
     }
     return view;
 }
 
-template <class Row>
-Row TaskDetailViewModel::row(const store::Interval& interval, const base::Uuid& intervalId) {
-    return {.intervalId = intervalId,
-            .onDeleteCommand = livedata::makeAction([weak = weak_from_this(), intervalId] {
-                if (const auto self = weak.lock()) {
-                    self->dataOperationsService_->deleteInterval(intervalId, self->selectedTaskId_);
-                }
-            }),
-            .totalTimeSpent = orDash(store::formattedTimeSpent(interval, *clock_))};
+livedata::Action TaskDetailViewModel::deleteAction(const base::Uuid& intervalId) {
+    return livedata::makeAction([weak = weak_from_this(), intervalId] {
+        if (const auto self = weak.lock()) {
+            self->dataOperationsService_->deleteInterval(intervalId, self->selectedTaskId_);
+        }
+    });
+}
+
+std::string TaskDetailViewModel::timeSpentText(const store::Interval& interval) const {
+    return orDash(store::formattedTimeSpent(interval, *clock_));
 }
 
 livedata::Action TaskDetailViewModel::startAction(base::Seconds maxDuration) {

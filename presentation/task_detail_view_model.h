@@ -45,8 +45,8 @@ class TaskDetailViewModel final : public TaskDetailViewModelProtocol,
  private:
     void rebuild(const store::Tasks& tasks);
     TaskDetailViewState::View view(const store::Task& task, bool canStartFocus);
-    template <class Row>
-    Row row(const store::Interval& interval, const base::Uuid& intervalId);
+    livedata::Action deleteAction(const base::Uuid& intervalId);
+    std::string timeSpentText(const store::Interval& interval) const;
     livedata::Action startAction(base::Seconds maxDuration);
     void startFocus(base::Seconds maxDuration);
 

@@ -22,6 +22,8 @@ struct TaskDetailViewState {
         base::Uuid intervalId;
         livedata::Action onDeleteCommand;
         std::string totalTimeSpent;
+        // Towards its maximum, from 0 to 1.
+        double progress;
 
         bool operator==(const RunningInterval&) const = default;
     };

@@ -20,6 +20,8 @@ struct TaskListViewState {
         // Deletes the whole task; that is wanted.
         livedata::Action onDeleteCommand;
         std::string timeSpent;
+        // Towards its maximum, from 0 to 1.
+        double progress;
 
         bool operator==(const RunningItemInterval&) const = default;
     };

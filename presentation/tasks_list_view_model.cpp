@@ -105,7 +105,8 @@ TaskListViewState::RunningItemInterval TasksListViewModel::runningItemInterval(
                 }
             }),
             .onDeleteCommand = deleteTaskAction(taskId),
-            .timeSpent = orDash(store::formattedTimeSpent(interval, *clock_))};
+            .timeSpent = orDash(store::formattedTimeSpent(interval, *clock_)),
+            .progress = store::progress(interval, *clock_)};
 }
 
 bool TasksListViewModel::isSelected(const base::Uuid& taskId) const {

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "store/time_texts.h"
 
+#include <algorithm>
+#include <cmath>
 #include <cstdint>
 
 #include "store/interval.h"
@@ -30,6 +32,11 @@ base::Seconds timeSpent(const Task& task, const base::Clock& clock) {
         sum += timeSpent(*interval, clock);
     }
     return sum;
+}
+
+double progress(const Interval& interval, const base::Clock& clock) {
+    const double share = timeSpent(interval, clock) / interval.maxDuration();
+    return std::isfinite(share) ? std::clamp(share, 0.0, 1.0) : 0;
 }
 
 std::optional<std::string> formattedDuration(base::Seconds duration) {

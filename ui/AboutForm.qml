@@ -26,6 +26,7 @@ FocusScope {
             spacing: Theme.tightSpacing
 
             Label {
+                width: parent.width
                 text: "Hearthmark"
                 font.pointSize: Theme.title2Size
                 font.weight: Font.DemiBold
@@ -33,10 +34,12 @@ FocusScope {
             }
 
             Label {
+                width: parent.width
                 text: qsTr("Version %1").arg(root.about.version)
             }
 
             Label {
+                width: parent.width
                 text: qsTr("Free software under the MIT licence")
                 color: Theme.colors.secondaryText
             }
@@ -47,6 +50,7 @@ FocusScope {
             spacing: Theme.spacing
 
             Label {
+                width: parent.width
                 text: qsTr("Your tasks are kept in")
                 font.weight: Font.DemiBold
             }
@@ -58,6 +62,7 @@ FocusScope {
             }
 
             PushButton {
+                anchors.left: parent.left
                 text: qsTr("Open Folder")
                 onClicked: root.about.openStoreFolder()
             }
@@ -75,6 +80,7 @@ FocusScope {
             spacing: Theme.spacing
 
             Label {
+                width: parent.width
                 text: qsTr("Made with")
                 font.weight: Font.DemiBold
             }

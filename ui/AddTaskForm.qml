@@ -30,6 +30,7 @@ EditorForm {
         Label {
             id: title
 
+            width: parent.width
             text: qsTr("Add Task")
             font.pointSize: Theme.title2Size
             font.weight: Font.DemiBold

@@ -8,45 +8,51 @@ DeletableRow {
 
     required property string text
     property string symbol
+    property real symbolSize: Theme.symbolSize
+    property real textSize: Theme.bodySize
+    property real bottomPadding: Theme.spacing
 
-    implicitHeight: label.height + 2 * Theme.spacing
+    implicitHeight: label.y + label.height + root.bottomPadding
     Accessible.role: Accessible.ListItem
     Accessible.name: root.text
     Accessible.focusable: true
 
     Rectangle {
-        x: Theme.pageMargin
-        width: Math.min(Theme.pageWidth, root.width - 2 * Theme.pageMargin)
-        height: root.height
+        anchors.fill: parent
         radius: Theme.radius
         color: Theme.colors.window
-
-        Symbol {
-            id: icon
-
-            x: Theme.spacing
-            anchors.verticalCenter: parent.verticalCenter
-            visible: root.symbol.length > 0
-            name: root.symbol
-            color: Theme.colors.secondaryText
-        }
-
-        Label {
-            id: label
-
-            x: icon.visible ? icon.x + icon.width + Theme.spacing : Theme.spacing
-            y: Theme.spacing
-            width: parent.width - x - Theme.spacing
-            text: root.text
-            wrapMode: Text.Wrap
-            maximumLineCount: Theme.noteMaximumLineCount
-            elide: Text.ElideRight
-            Accessible.ignored: true
-        }
 
         FocusRing {
             visible: root.focusVisible
             controlRadius: Theme.radius
         }
+    }
+
+    Symbol {
+        id: icon
+
+        anchors.left: parent.left
+        anchors.leftMargin: Theme.spacing
+        anchors.verticalCenter: label.verticalCenter
+        visible: root.symbol.length > 0
+        name: root.symbol
+        size: root.symbolSize
+        color: Theme.colors.secondaryText
+    }
+
+    Label {
+        id: label
+
+        y: Theme.spacing
+        anchors.left: icon.visible ? icon.right : parent.left
+        anchors.leftMargin: Theme.spacing
+        anchors.right: parent.right
+        anchors.rightMargin: Theme.spacing
+        text: root.text
+        font.pointSize: root.textSize
+        wrapMode: Text.Wrap
+        maximumLineCount: Theme.noteMaximumLineCount
+        elide: Text.ElideRight
+        Accessible.ignored: true
     }
 }

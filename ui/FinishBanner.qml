@@ -23,9 +23,10 @@ FocusScope {
     Row {
         id: content
 
-        x: Theme.wideSpacing
+        anchors.left: parent.left
+        anchors.leftMargin: Theme.wideSpacing
         y: Theme.spacing
-        width: parent.width - x - Theme.spacing
+        width: parent.width - Theme.wideSpacing - Theme.spacing
         spacing: Theme.spacing
 
         Label {

@@ -4,12 +4,13 @@ import QtQuick
 import Hearthmark.Controls
 import Hearthmark.Ui
 
-// The focus of each of the last days as a bar, with today's in words above and, below, the day that
-// is pointed at.
+// The focus of each of the last days as a bar; above them today's in words, beside the day that is
+// pointed at.
 Column {
     id: root
 
     required property OverviewAdapter overview
+    property real barsHeight: Theme.chartHeight
     property FocusBar pointedAt
 
     function point(bar: FocusBar) {
@@ -19,18 +20,32 @@ Column {
             root.pointedAt = null;
     }
 
-    spacing: Theme.spacing
+    spacing: Theme.tightSpacing
 
-    Label {
-        text: qsTr("Today: %1").arg(root.overview?.today ?? "")
-        font.weight: Font.DemiBold
+    Item {
+        width: parent.width
+        height: today.height
+
+        Label {
+            id: today
+
+            anchors.left: parent.left
+            text: qsTr("Today: %1").arg(root.overview?.today ?? "")
+        }
+
+        Label {
+            anchors.right: parent.right
+            text: root.pointedAt?.text ?? qsTr("The last 14 days")
+            color: Theme.colors.secondaryText
+            Accessible.ignored: true
+        }
     }
 
     Row {
         id: bars
 
         width: parent.width
-        height: Theme.chartHeight
+        height: root.barsHeight
         spacing: Theme.tightSpacing
         Accessible.role: Accessible.List
         Accessible.name: qsTr("Focus of the last 14 days")
@@ -51,11 +66,5 @@ Column {
                 onHoveredChanged: root.point(bar)
             }
         }
-    }
-
-    Label {
-        text: root.pointedAt?.text ?? qsTr("The last 14 days")
-        color: Theme.colors.secondaryText
-        Accessible.ignored: true
     }
 }

@@ -40,7 +40,7 @@ FocusScope {
             anchors.verticalCenter: parent.verticalCenter
             symbol: "menu"
             text: qsTr("Application menu")
-            onClicked: menu.popup(menuButton, menuButton.width - Theme.menuWidth, menuButton.height, aboutItem)
+            onClicked: menu.popup(menuButton, menuButton.mirrored ? 0 : menuButton.width - Theme.menuWidth, menuButton.height, aboutItem)
 
             ContextMenu {
                 id: menu

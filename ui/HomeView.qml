@@ -54,6 +54,8 @@ FocusScope {
     }
 
     Rectangle {
+        id: pane
+
         anchors.left: sidebar.right
         anchors.right: parent.right
         anchors.top: banner.bottom
@@ -61,6 +63,7 @@ FocusScope {
         color: Theme.colors.content
 
         Rectangle {
+            anchors.left: parent.left
             width: 1
             height: parent.height
             color: Theme.colors.separator
@@ -79,7 +82,7 @@ FocusScope {
             }
 
             FocusChart {
-                width: Math.min(Theme.chartWidth, parent.parent.width - 2 * Theme.pageMargin)
+                width: Math.min(Theme.chartWidth, pane.width - 2 * Theme.pageMargin)
                 overview: root.home.overview
             }
         }
@@ -102,7 +105,7 @@ FocusScope {
 
         anchors.bottom: parent.bottom
         anchors.bottomMargin: Theme.wideSpacing
-        x: sidebar.width + (parent.width - sidebar.width - width) / 2
+        anchors.horizontalCenter: pane.horizontalCenter
         adapter: root.home.undo
         onVisibleChanged: root.leave(undoBar)
     }

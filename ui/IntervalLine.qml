@@ -9,43 +9,63 @@ DeletableRow {
     required property int index
     required property string timeSpent
     required property string button
+    required property real progress
     required property color textColor
+    property alias progressColor: bar.color
+    property alias trackColor: bar.trackColor
 
     signal buttonTapped
 
-    implicitHeight: Math.max(label.implicitHeight, finish.visible ? finish.implicitHeight : 0) + Theme.tightSpacing
+    implicitHeight: content.height + Theme.spacing + bar.height
     activeFocusOnTab: !finish.visible
     Accessible.role: Accessible.StaticText
     Accessible.name: root.timeSpent
 
-    Symbol {
-        id: clock
+    Item {
+        id: content
 
-        anchors.verticalCenter: parent.verticalCenter
-        name: "clock"
-        color: root.textColor
+        y: Theme.tightSpacing
+        width: parent.width
+        height: Math.max(label.implicitHeight, finish.visible ? finish.implicitHeight : 0)
+
+        Symbol {
+            id: clock
+
+            anchors.left: parent.left
+            anchors.verticalCenter: parent.verticalCenter
+            name: "clock"
+            color: root.textColor
+        }
+
+        Label {
+            id: label
+
+            anchors.left: clock.right
+            anchors.leftMargin: Theme.spacing
+            anchors.verticalCenter: parent.verticalCenter
+            text: root.timeSpent
+            color: root.textColor
+            Accessible.ignored: true
+        }
+
+        PushButton {
+            id: finish
+
+            anchors.right: parent.right
+            anchors.verticalCenter: parent.verticalCenter
+            visible: root.button.length > 0
+            text: root.button
+            Accessible.description: root.timeSpent
+            onClicked: root.buttonTapped()
+        }
     }
 
-    Label {
-        id: label
+    IntervalProgress {
+        id: bar
 
-        anchors.left: clock.right
-        anchors.leftMargin: Theme.spacing
-        anchors.verticalCenter: parent.verticalCenter
-        text: root.timeSpent
-        color: root.textColor
-        Accessible.ignored: true
-    }
-
-    PushButton {
-        id: finish
-
-        anchors.right: parent.right
-        anchors.verticalCenter: parent.verticalCenter
-        visible: root.button.length > 0
-        text: root.button
-        Accessible.description: root.timeSpent
-        onClicked: root.buttonTapped()
+        anchors.bottom: parent.bottom
+        width: parent.width
+        progress: root.progress
     }
 
     FocusRing {

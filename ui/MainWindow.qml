@@ -15,6 +15,8 @@ Window {
     minimumWidth: 640
     minimumHeight: 420
     color: Theme.colors.window
+    LayoutMirroring.enabled: Application.layoutDirection === Qt.RightToLeft
+    LayoutMirroring.childrenInherit: true
 
     // A popup that closes leaves the focus with the window itself.
     function restoreFocus() {

@@ -22,12 +22,12 @@ EditorForm {
         editor.forceActiveFocus(Qt.OtherFocusReason);
     }
 
-    // What the keyboard acts on; with the end of the text, and with a button, all below.
+    // What the keyboard acts on; with the last line of the text, and with a button, all below.
     function revealFocus() {
-        const top = editor.y + editor.inset + editor.cursorRectangle.y;
-        const bottom = top + editor.cursorRectangle.height;
-        const isLastLine = bottom + editor.cursorRectangle.height > editor.y + editor.height;
-        root.revealed(top, isLastLine || !editor.activeFocus ? root.height : bottom);
+        const line = editor.cursorRectangle;
+        const top = editor.y + editor.inset + line.y;
+        const isLastLine = line.y + 2 * line.height > editor.textSize.height;
+        root.revealed(top, isLastLine || !editor.activeFocus ? root.height : top + line.height);
     }
 
     implicitHeight: content.height

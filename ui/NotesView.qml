@@ -57,7 +57,7 @@ FocusScope {
         PushButton {
             id: button
 
-            x: Theme.pageMargin
+            anchors.left: parent.left
             visible: root.adapter.canAddNote
             symbol: "plus"
             text: qsTr("Add Note")
@@ -74,8 +74,7 @@ FocusScope {
             NoteEditor {
                 id: editor
 
-                x: Theme.pageMargin
-                width: Math.min(Theme.pageWidth, content.width - 2 * Theme.pageMargin)
+                width: content.width
                 focus: true
                 adapter: root.adapter
                 onRevealed: (top, bottom) => root.revealed(content.y + editor.y + top, content.y + editor.y + bottom)

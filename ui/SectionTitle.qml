@@ -4,7 +4,7 @@ import Hearthmark.Controls
 
 // The title of a section of the detail pane.
 Label {
-    x: Theme.pageMargin
+    width: parent.width
     topPadding: Theme.wideSpacing
     font.pointSize: Theme.title3Size
     font.weight: Font.DemiBold

@@ -22,6 +22,7 @@ FocusScope {
         Label {
             id: title
 
+            width: parent.width
             text: qsTr("Keyboard Shortcuts")
             font.pointSize: Theme.title2Size
             font.weight: Font.DemiBold
@@ -56,6 +57,7 @@ FocusScope {
                 Label {
                     id: action
 
+                    width: parent.width
                     text: line.modelData[0]
                     Accessible.ignored: true
                 }

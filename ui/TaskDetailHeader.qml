@@ -4,8 +4,8 @@ import QtQuick
 import Hearthmark.Controls
 import Hearthmark.Ui
 
-// What stands above a task's other intervals: its name and time, the buttons that start a focus, and
-// the running intervals.
+// What stands above a task's other intervals: its name and time, its last days, the buttons that start
+// a focus, and the running intervals.
 FocusScope {
     id: root
 
@@ -30,8 +30,7 @@ FocusScope {
         spacing: Theme.spacing
 
         Label {
-            x: Theme.pageMargin
-            width: parent.width - 2 * Theme.pageMargin
+            width: parent.width
             text: root.adapter.taskName
             font.pointSize: Theme.titleSize
             font.weight: Font.DemiBold
@@ -42,15 +41,15 @@ FocusScope {
         }
 
         Label {
-            x: Theme.pageMargin
+            width: parent.width
             text: root.adapter.totalTimeSpent
             font.pointSize: Theme.title3Size
             color: Theme.colors.secondaryText
         }
 
         FocusChart {
-            x: Theme.pageMargin
-            width: Math.min(Theme.chartWidth, parent.width - 2 * Theme.pageMargin)
+            width: parent.width
+            barsHeight: Theme.smallChartHeight
             overview: root.overview
         }
 
@@ -59,7 +58,7 @@ FocusScope {
         }
 
         Row {
-            x: Theme.pageMargin
+            width: parent.width
             spacing: Theme.spacing
 
             PushButton {
@@ -86,14 +85,13 @@ FocusScope {
         Repeater {
             model: root.adapter.runningIntervals
 
-            BoxRow {
+            RunningIntervalRow {
                 id: row
 
                 required property int index
                 required property string timeSpent
 
                 width: content.width
-                symbol: "clock"
                 text: row.timeSpent
                 activeFocusOnTab: true
                 onDeletionRequested: root.adapter.runningIntervals.deleteRow(row.index)

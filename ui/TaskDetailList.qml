@@ -1,13 +1,12 @@
 // SPDX-License-Identifier: MIT
 pragma ComponentBehavior: Bound
 import QtQuick
-import QtQuick.Templates as T
 import Hearthmark.Controls
 import Hearthmark.Ui
 
 // What a task's pane scrolls through: the other intervals, the place of the notes section, and the
 // notes; above them, as its header, the rest.
-ListView {
+HeadedListView {
     id: root
 
     required property TaskDetailAdapter adapter
@@ -17,18 +16,8 @@ ListView {
     // Absent while it is too far out of sight; the notes section itself stays, since a note may be
     // half written in it.
     property Item notesPlace
-    property real shownTopMargin
 
     signal menuRequested(row: DeletableRow, position: point)
-
-    function showTop() {
-        root.contentY = root.originY - root.topMargin;
-    }
-
-    function showRow(row: int) {
-        root.currentIndex = row;
-        root.positionViewAtIndex(row, ListView.Contain);
-    }
 
     function showNotes(top: real, bottom: real) {
         if (!root.notesPlace)
@@ -67,42 +56,14 @@ ListView {
             notes.focusFirst();
     }
 
-    // A header that grows while it is in sight pushes the rows down instead of itself up.
-    function followHeader() {
-        const top = root.originY - root.topMargin;
-        // Where one shrank the toolkit keeps the top itself.
-        const isFollowed = root.topMargin < root.shownTopMargin && root.contentY <= top;
-        if (root.contentY <= root.originY && !isFollowed)
-            root.contentY = Math.max(top, root.contentY - root.topMargin + root.shownTopMargin);
-        root.shownTopMargin = root.topMargin;
-    }
-
     onModelChanged: root.showAnew()
-    onTopMarginChanged: root.followHeader()
 
-    clip: true
-    topMargin: header.height
-    bottomMargin: Theme.pageMargin
-    spacing: Theme.spacing
-    cacheBuffer: Theme.controlHeight * 2
-    boundsBehavior: Flickable.StopAtBounds
-    highlightMoveDuration: 0
-    keyNavigationEnabled: false
-    // No row is current until the keyboard reaches one, else a new row would take the focus away from
-    // the buttons above.
-    currentIndex: -1
+    head: header
     model: root.adapter.rows
-    Accessible.role: Accessible.List
     Accessible.name: qsTr("Intervals and notes")
-    T.ScrollBar.vertical: ScrollBar {}
 
-    delegate: BoxRow {
+    delegate: TaskDetailRow {
         id: row
-
-        required property int index
-        required property int kind
-        readonly property bool isPlace: row.kind === TaskDetailListModel.NotesSection
-        readonly property RowsStop stop: row.index < root.notesRow ? intervalsStop : notesStop
 
         function takePlace() {
             if (row.isPlace)
@@ -115,19 +76,17 @@ ListView {
                 notes.revealFocus();
         }
 
-        width: root.width
-        height: row.isPlace ? notes.height : row.implicitHeight
-        visible: !row.isPlace
-        symbol: row.kind === TaskDetailListModel.Interval ? "clock" : ""
+        x: root.columnX
+        width: root.columnWidth
+        notesHeight: notes.height
+        stop: row.index < root.notesRow ? intervalsStop : notesStop
         onFocused: root.showRow(row.index)
         onDeletionRequested: root.adapter.rows.deleteRow(row.index)
         onMenuRequested: position => root.menuRequested(row, position)
         onHeightChanged: row.followNotes()
         Component.onCompleted: row.takePlace()
-        Keys.onTabPressed: row.stop.leaveForward()
-        Keys.onBacktabPressed: row.stop.leaveBackward()
-        Keys.onUpPressed: root.showRow(root.adapter.rows.rowBefore(row.index))
-        Keys.onDownPressed: root.showRow(root.adapter.rows.rowAfter(row.index))
+        onSteppedUp: root.showRow(root.adapter.rows.rowBefore(row.index))
+        onSteppedDown: root.showRow(root.adapter.rows.rowAfter(row.index))
     }
 
     Connections {
@@ -144,8 +103,9 @@ ListView {
         TaskDetailHeader {
             id: header
 
+            x: root.columnX
             y: root.originY - header.height
-            width: root.width
+            width: root.columnWidth
             adapter: root.adapter
             overview: root.overview
             onReached: root.showTop()
@@ -164,8 +124,9 @@ ListView {
         NotesView {
             id: notes
 
+            x: root.columnX
             y: root.notesPlace ? root.notesPlace.y : header.y - notes.height
-            width: root.width
+            width: root.columnWidth
             height: notes.implicitHeight
             adapter: root.adapter.notes
             onRevealed: (top, bottom) => root.showNotes(top, bottom)

@@ -13,6 +13,7 @@ DeletableRow {
     required property int kind
     required property string text
     required property string timeSpent
+    required property string description
     required property bool isSelected
     required property IntervalListModel intervals
 
@@ -27,7 +28,7 @@ DeletableRow {
     enabled: root.isTask
     Accessible.role: root.isTask ? Accessible.ListItem : root.isHeader ? Accessible.Heading : Accessible.StaticText
     Accessible.name: root.text
-    Accessible.description: root.timeSpent
+    Accessible.description: root.description
     Accessible.focusable: root.isTask
     Accessible.selectable: root.isTask
     Accessible.selected: root.isSelected
@@ -69,6 +70,7 @@ DeletableRow {
         }
 
         Label {
+            width: parent.width
             visible: root.isTask
             text: root.timeSpent
             color: root.detailColor
@@ -83,6 +85,8 @@ DeletableRow {
 
                 width: content.width
                 textColor: root.textColor
+                progressColor: root.isSelected ? Theme.colors.selectedText : Theme.colors.accent
+                trackColor: root.isSelected ? Theme.colors.selectedTrack : Theme.colors.track
                 onFocused: root.focused()
                 onTapped: root.tapped()
                 onButtonTapped: root.intervals.tapButton(line.index)

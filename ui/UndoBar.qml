@@ -30,7 +30,8 @@ FocusScope {
     Row {
         id: content
 
-        x: Theme.wideSpacing
+        anchors.left: parent.left
+        anchors.leftMargin: Theme.wideSpacing
         anchors.verticalCenter: parent.verticalCenter
         spacing: Theme.wideSpacing
 

@@ -37,16 +37,23 @@ QAccessibleInterface* makeInterface(const QString& /*className*/, QObject* objec
     return item != nullptr && QQuickItemPrivate::get(item)->isAccessible ? new Item(item) : nullptr;
 }
 
+bool isRow(const QAccessibleInterface* interface) {
+    return interface != nullptr && (interface->role() == QAccessible::StaticText ||
+                                    interface->role() == QAccessible::ListItem);
+}
+
 bool isTick(QAccessibleEvent& event) {
     if (event.type() == QAccessible::DescriptionChanged) {
         return true;
     }
-    if (event.type() != QAccessible::NameChanged) {
+    const QAccessibleInterface* interface = event.accessibleInterface();
+    if (interface == nullptr) {
         return false;
     }
-    const QAccessibleInterface* interface = event.accessibleInterface();
-    return interface != nullptr && (interface->role() == QAccessible::StaticText ||
-                                    interface->role() == QAccessible::ListItem);
+    if (event.type() == QAccessible::ValueChanged) {
+        return isRow(interface->parent());
+    }
+    return event.type() == QAccessible::NameChanged && isRow(interface);
 }
 
 // A handler stands in for the platform: to pass an event on, it must step aside.

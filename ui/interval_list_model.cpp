@@ -9,6 +9,7 @@ QList<int> IntervalRow::assign(IntervalRow&& next) {
     QList<int> changed;
     assignShown(timeSpent, std::move(next.timeSpent), IntervalListModel::TimeSpentRole, changed);
     assignShown(button, std::move(next.button), IntervalListModel::ButtonRole, changed);
+    assignShown(progress, next.progress, IntervalListModel::ProgressRole, changed);
     onButtonTap = std::move(next.onButtonTap);
     onDelete = std::move(next.onDelete);
     return changed;
@@ -24,13 +25,15 @@ QVariant IntervalListModel::data(const QModelIndex& index, int role) const {
             return row->timeSpent;
         case ButtonRole:
             return row->button;
+        case ProgressRole:
+            return row->progress;
         default:
             return {};
     }
 }
 
 QHash<int, QByteArray> IntervalListModel::roleNames() const {
-    return {{TimeSpentRole, "timeSpent"}, {ButtonRole, "button"}};
+    return {{TimeSpentRole, "timeSpent"}, {ButtonRole, "button"}, {ProgressRole, "progress"}};
 }
 
 void IntervalListModel::tapButton(int row) const {

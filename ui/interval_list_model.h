@@ -17,6 +17,8 @@ struct IntervalRow {
     RowKey key;
     QString timeSpent;
     QString button;
+    // Towards its maximum, from 0 to 1.
+    double progress = 0;
     livedata::Action onButtonTap;
     livedata::Action onDelete;
 };
@@ -28,7 +30,7 @@ class IntervalListModel : public RowListModel<IntervalRow> {
     QML_UNCREATABLE("made by the adapters")
 
  public:
-    enum Role { TimeSpentRole = Qt::UserRole, ButtonRole };
+    enum Role { TimeSpentRole = Qt::UserRole, ButtonRole, ProgressRole };
 
     using RowListModel::RowListModel;
 

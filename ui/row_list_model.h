@@ -27,15 +27,17 @@ class RowListModel : public QAbstractListModel {
         return parent.isValid() ? 0 : static_cast<int>(rows_.size());
     }
 
-    void update(std::vector<Row>&& next) {
+    // Answers whether rows came, went or moved.
+    bool update(std::vector<Row>&& next) {
         if (rows_.empty()) {
             insertAll(std::move(next));
-            return;
+            return !rows_.empty();
         }
-        removeMissing(next);
+        bool isRearranged = removeMissing(next);
         for (std::size_t index = 0; index < next.size(); ++index) {
-            place(index, std::move(next[index]));
+            isRearranged |= place(index, std::move(next[index]));
         }
+        return isRearranged;
     }
 
     // Leaves the model without rows; for a model that only carries them to another one.
@@ -60,7 +62,7 @@ class RowListModel : public QAbstractListModel {
         endInsertRows();
     }
 
-    void removeMissing(const std::vector<Row>& next) {
+    bool removeMissing(const std::vector<Row>& next) {
         std::unordered_set<RowKey, RowKey::Hash> kept;
         kept.reserve(next.size());
         for (const Row& row : next) {
@@ -68,6 +70,7 @@ class RowListModel : public QAbstractListModel {
         }
         const auto isMissing = [&kept](const Row& row) { return !kept.contains(row.key); };
         auto first = std::ranges::find_if(rows_, isMissing);
+        const bool isAnyMissing = first != rows_.end();
         while (first != rows_.end()) {
             const auto last = std::find_if_not(first, rows_.end(), isMissing);
             beginRemoveRows({}, static_cast<int>(first - rows_.begin()),
@@ -76,9 +79,10 @@ class RowListModel : public QAbstractListModel {
             endRemoveRows();
             first = std::find_if(first, rows_.end(), isMissing);
         }
+        return isAnyMissing;
     }
 
-    void place(std::size_t index, Row&& next) {
+    bool place(std::size_t index, Row&& next) {
         const int row = static_cast<int>(index);
         const auto position = rows_.begin() + static_cast<std::ptrdiff_t>(index);
         const auto found = std::find_if(position, rows_.end(), [&next](const Row& candidate) {
@@ -88,9 +92,10 @@ class RowListModel : public QAbstractListModel {
             beginInsertRows({}, row, row);
             rows_.insert(position, std::move(next));
             endInsertRows();
-            return;
+            return true;
         }
-        if (found != position) {
+        const bool isMoved = found != position;
+        if (isMoved) {
             const int from = static_cast<int>(found - rows_.begin());
             beginMoveRows({}, from, from, {}, row);
             std::rotate(position, found, found + 1);
@@ -99,6 +104,7 @@ class RowListModel : public QAbstractListModel {
         if (const QList<int> roles = rows_[index].assign(std::move(next)); !roles.isEmpty()) {
             emit dataChanged(this->index(row), this->index(row), roles);
         }
+        return isMoved;
     }
 
     std::vector<Row> rows_;

@@ -26,6 +26,7 @@ std::vector<IntervalRow> intervalRows(
         rows.push_back({.key = keys.next(interval.intervalId),
                         .timeSpent = toQString(interval.totalTimeSpent),
                         .button = {},
+                        .progress = interval.progress,
                         .onButtonTap = {},
                         .onDelete = interval.onDeleteCommand});
     }

@@ -50,6 +50,7 @@ std::shared_ptr<IntervalListModel> intervalList(
         rows.push_back({.key = keys.next(interval.intervalId),
                         .timeSpent = toQString(interval.timeSpent),
                         .button = toQString(interval.button),
+                        .progress = interval.progress,
                         .onButtonTap = interval.onButtonTap,
                         .onDelete = interval.onDeleteCommand});
     }
@@ -89,6 +90,9 @@ QList<int> TaskListRow::assign(TaskListRow&& next) {
     QList<int> changed;
     assignShown(text, std::move(next.text), TaskListModel::TextRole, changed);
     assignShown(timeSpent, std::move(next.timeSpent), TaskListModel::TimeSpentRole, changed);
+    if (changed.contains(TaskListModel::TimeSpentRole)) {
+        changed.append(TaskListModel::DescriptionRole);
+    }
     assignShown(isSelected, next.isSelected, TaskListModel::IsSelectedRole, changed);
     if (intervals && next.intervals) {
         intervals->update(std::move(*next.intervals).takeRows());
@@ -101,7 +105,18 @@ QList<int> TaskListRow::assign(TaskListRow&& next) {
 }
 
 void TaskListModel::show(const TaskListViewState::View& state) {
-    update(taskListRows(state));
+    runningCount_ = static_cast<int>(state.runningItems.size());
+    taskCount_ = runningCount_ + static_cast<int>(state.nonRunningItems.size());
+    if (update(taskListRows(state))) {
+        emit dataChanged(index(0), index(rowCount() - 1), {DescriptionRole});
+    }
+}
+
+QString TaskListModel::description(int row) const {
+    const int firstSection = std::max(runningCount_, 1) + 1;
+    const int position = row < firstSection ? row : runningCount_ + row - firstSection;
+    //: The time spent on a task, and its place in the list.
+    return tr("%1, %2 of %3").arg(rowAt(row)->timeSpent).arg(position).arg(taskCount_);
 }
 
 QVariant TaskListModel::data(const QModelIndex& index, int role) const {
@@ -116,6 +131,8 @@ QVariant TaskListModel::data(const QModelIndex& index, int role) const {
             return row->text;
         case TimeSpentRole:
             return row->timeSpent;
+        case DescriptionRole:
+            return isTask(index.row()) ? description(index.row()) : QString();
         case IsSelectedRole:
             return row->isSelected;
         case IntervalsRole:
@@ -129,6 +146,7 @@ QHash<int, QByteArray> TaskListModel::roleNames() const {
     return {{KindRole, "kind"},
             {TextRole, "text"},
             {TimeSpentRole, "timeSpent"},
+            {DescriptionRole, "description"},
             {IsSelectedRole, "isSelected"},
             {IntervalsRole, "intervals"}};
 }

@@ -42,7 +42,14 @@ class TaskListModel : public RowListModel<TaskListRow> {
  public:
     enum Kind { Header, Hint, Task };
     Q_ENUM(Kind)
-    enum Role { KindRole = Qt::UserRole, TextRole, TimeSpentRole, IsSelectedRole, IntervalsRole };
+    enum Role {
+        KindRole = Qt::UserRole,
+        TextRole,
+        TimeSpentRole,
+        DescriptionRole,
+        IsSelectedRole,
+        IntervalsRole
+    };
 
     using RowListModel::RowListModel;
 
@@ -63,6 +70,11 @@ class TaskListModel : public RowListModel<TaskListRow> {
 
  private:
     bool isTask(int row) const;
+    // For screen readers: a task's time and its place among all tasks.
+    QString description(int row) const;
+
+    int runningCount_ = 0;
+    int taskCount_ = 0;
 };
 
 }  // namespace hearthmark::ui

@@ -163,6 +163,10 @@ class Program:
             return None
         return wait_for(application, "the application on the accessibility bus")
 
+    def resize(self, width, height):
+        xdotool("search", "--onlyvisible", "--name", "^Hearthmark$", "windowsize", "--sync", width,
+                height)
+
     def find_all(self, name=None, role=None, root=None):
         """Every showing node, in the order of the tree."""
         found = []

@@ -28,7 +28,7 @@ class NotesAndShare(ProgramTest):
             " SELECT 2 * (pk > 2), pk FROM Interval WHERE pk > 1",
             *[("INSERT INTO Note VALUES (NULL, ?, ?, ?, 1)", (new_id(), date, text))
               for date, text in enumerate(notes)])
-        self.program.launch()
+        self.program.launch().resize(900, 760)
         self.select(name)
         return self.program
 
@@ -81,7 +81,7 @@ class NotesAndShare(ProgramTest):
         click(program.find("New", "list item"))
         key("ctrl+shift+n", "h", "a", "l", "f")
         program.press("30:00")
-        wait_for(lambda: program.find("A", "list item").description > "1", "two ticks")
+        wait_for(lambda: program.find("A", "list item").description > "2", "two ticks")
         program.press("Finish")  # which puts a row before the one that was clicked
         self.wait_for_rows("Notes", "Note", "Save", "Discard", "New", "Old")
         key("space", "2")
@@ -112,6 +112,7 @@ class NotesAndShare(ProgramTest):
                      <= place.y + place.height, f"{name!r} on screen")
 
         program = self.show_task("Old", intervals=5)
+        program.resize(900, 620)
         set_clipboard("line\n" * 60)
         for change in ["ctrl+v", "ctrl+z", "ctrl+shift+z", "ctrl+Return"]:
             key("ctrl+shift+n")

@@ -43,7 +43,8 @@ struct Calls {
                                         .intervalId = interval,
                                         .onButtonTap = action("finish " + name),
                                         .onDeleteCommand = action("delete " + name),
-                                        .timeSpent = time}},
+                                        .timeSpent = time,
+                                        .progress = 0}},
                 .taskName = name,
                 .timeSpent = time,
                 .onItemTapped = action("tap " + name)};
@@ -78,7 +79,8 @@ TEST(TaskListModel, TickTouchesOnlyTheTimesOfWhatRuns) {
 
     ASSERT_EQ(changed.size(), 1);
     EXPECT_EQ(changed[0][0].toModelIndex().row(), 1);
-    EXPECT_EQ(changed[0][2].value<QList<int>>(), QList<int>{TaskListModel::TimeSpentRole});
+    EXPECT_EQ(changed[0][2].value<QList<int>>(),
+              (QList<int>{TaskListModel::TimeSpentRole, TaskListModel::DescriptionRole}));
     EXPECT_EQ(lineChanged.size(), 1);
     EXPECT_EQ(moved.size() + inserted.size() + removed.size(), 0);
     EXPECT_EQ(model.index(1).data(TaskListModel::IntervalsRole).value<IntervalListModel*>(),
@@ -157,6 +159,18 @@ TEST(TaskListModel, AnyStateFollowsAnyOther) {
             expected.push_back(QString::fromStdString(item.taskName));
         }
         ASSERT_EQ(shown, expected) << round;
+        QStringList places;
+        for (int row = 0; row < model.rowCount(); ++row) {
+            const QString text = model.index(row).data(TaskListModel::DescriptionRole).toString();
+            if (!text.isEmpty()) {
+                places.append(text);
+            }
+        }
+        for (qsizetype place = 0; place < places.size(); ++place) {
+            ASSERT_TRUE(places[place].endsWith(
+                QStringLiteral(", %1 of %2").arg(place + 1).arg(expected.size())))
+                << places[place].toStdString();
+        }
     }
 }
 

@@ -11,6 +11,7 @@ FocusScope {
     property alias minHeight: editor.minHeight
     property alias accessibleName: editor.accessibleName
     readonly property alias cursorRectangle: editor.cursorRectangle
+    readonly property alias textSize: editor.textSize
     property real maximumHeight: Infinity
     readonly property int inset: 4
 

@@ -8,6 +8,7 @@ Text {
     color: Theme.colors.text
     font.pointSize: Theme.bodySize
     textFormat: Text.PlainText
+    horizontalAlignment: Text.AlignLeft // to the right where the layout is mirrored, whatever the text is
     Accessible.role: Accessible.StaticText
     Accessible.name: root.text
 }

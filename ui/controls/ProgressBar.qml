@@ -24,7 +24,9 @@ T.ProgressBar {
 
     contentItem: Item {
         Rectangle {
-            x: root.indeterminate ? root.sweep * (parent.width - width) : 0
+            readonly property real start: root.indeterminate ? root.sweep * (parent.width - width) : 0
+
+            x: root.mirrored ? parent.width - width - start : start
             width: root.indeterminate ? parent.width / 4 : Math.max(parent.height, root.visualPosition * parent.width)
             height: parent.height
             radius: height / 2

@@ -7,11 +7,12 @@ Image {
 
     required property string name
     required property color color
+    property real size: Theme.symbolSize
 
     source: root.name.length > 0 ? `image://symbols/${root.name}/${root.color.toString().slice(1)}` : ""
-    sourceSize.width: Theme.symbolSize
-    sourceSize.height: Theme.symbolSize
-    width: Theme.symbolSize
-    height: Theme.symbolSize
+    sourceSize.width: root.size
+    sourceSize.height: root.size
+    width: root.size
+    height: root.size
     Accessible.ignored: true
 }

@@ -38,6 +38,8 @@ QtObject {
         menuHighlight: "#ebe7e1"
         scrollBar: "#b3aaa0"
         scrollBarPressed: "#857d72"
+        track: "#e3ddd4"
+        selectedTrack: "#c98a6c"
     }
 
     readonly property ThemeColors dark: ThemeColors {
@@ -68,10 +70,13 @@ QtObject {
         menuHighlight: "#3f3932"
         scrollBar: "#6b635a"
         scrollBarPressed: "#8d8478"
+        track: "#4d463f"
+        selectedTrack: "#c98a6c"
     }
 
     // Points. The desktop's own text size is the body; it is not known where a size in pixels is set.
     readonly property real bodySize: Math.max(9, Application.font.pointSize)
+    readonly property real displaySize: root.bodySize * 2.8
     readonly property real titleSize: root.bodySize * 1.9
     readonly property real title2Size: root.bodySize * 1.5
     readonly property real title3Size: root.bodySize * 1.2
@@ -86,6 +91,8 @@ QtObject {
     readonly property int controlRadius: 6
     readonly property int focusWidth: 2
     readonly property int symbolSize: 16
+    readonly property int largeSymbolSize: 28
+    readonly property int progressHeight: 4
     readonly property int controlHeight: 32
     readonly property int sidebarWidth: 300
     readonly property int sheetWidth: 440
@@ -93,6 +100,7 @@ QtObject {
     readonly property int pageWidth: 640
     readonly property int chartWidth: 360
     readonly property int chartHeight: 64
+    readonly property int smallChartHeight: 36
     readonly property int menuWidth: 200
     readonly property int editorMaximumHeight: 200
     readonly property int noteEditorHeight: 100

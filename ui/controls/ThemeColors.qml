@@ -31,4 +31,8 @@ QtObject {
     required property color menuHighlight
     required property color scrollBar
     required property color scrollBarPressed
+
+    // Of a bar that fills, on a common ground and on selected content.
+    required property color track
+    required property color selectedTrack
 }
