@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <QCoreApplication>
 #include <QGuiApplication>
+#include <QLocale>
 #include <QQuickWindow>
 #include <QStandardPaths>
 #include <chrono>
@@ -57,6 +58,9 @@ int runApplication(int argc, char** argv, const std::filesystem::path& storeDire
         qputenv("QT_QPA_PLATFORM", "xcb;wayland");
     }
     QGuiApplication application(argc, argv);
+    if (QLocale().textDirection() == Qt::RightToLeft) {
+        QGuiApplication::setLayoutDirection(Qt::RightToLeft);
+    }
     ui::prepareAccessibility();
 
     platform::ApplicationObject applicationObject;

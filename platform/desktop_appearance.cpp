@@ -21,6 +21,9 @@ constexpr QLatin1String kPortal("org.freedesktop.portal.Desktop");
 constexpr QLatin1String kPath("/org/freedesktop/portal/desktop");
 constexpr QLatin1String kSettings("org.freedesktop.portal.Settings");
 constexpr QLatin1String kAppearance("org.freedesktop.appearance");
+// GNOME's own, which says it where the portal has no "reduced-motion" yet.
+constexpr QLatin1String kGnomeInterface("org.gnome.desktop.interface");
+constexpr uint kReducedMotion = 1;
 constexpr uint kDark = 1;
 constexpr uint kLight = 2;
 
@@ -53,7 +56,7 @@ DesktopAppearance::DesktopAppearance(std::shared_ptr<services::AppearancePrefere
 void DesktopAppearance::readAll() {
     QDBusMessage call =
         QDBusMessage::createMethodCall(kPortal, kPath, kSettings, QStringLiteral("ReadAll"));
-    call << QStringList{kAppearance};
+    call << QStringList{kAppearance, kGnomeInterface};
     using Answer = QDBusPendingReply<Groups>;
     whenAnswered<Answer>(bus_.asyncCall(call), this, [this](const Answer& reply) {
         if (reply.isError()) {
@@ -78,13 +81,18 @@ void DesktopAppearance::settingChanged(const QString& group, const QString& key,
 void DesktopAppearance::take(const QString& group, const QString& key, const QVariant& value) {
     if (group == kAppearance && key == QLatin1String("color-scheme")) {
         colorScheme_ = value.toUInt();
+    } else if (group == kAppearance && key == QLatin1String("reduced-motion")) {
+        reducedMotion_ = value.toUInt();
+    } else if (group == kGnomeInterface && key == QLatin1String("enable-animations")) {
+        animationsEnabled_ = value.toBool();
     }
 }
 
 void DesktopAppearance::publish() {
     const bool isKnown = colorScheme_ == kDark || colorScheme_ == kLight;
-    const services::Appearance appearance{.isDark =
-                                              isKnown ? colorScheme_ == kDark : isPaletteDark()};
+    const services::Appearance appearance{
+        .isDark = isKnown ? colorScheme_ == kDark : isPaletteDark(),
+        .isStill = reducedMotion_ == kReducedMotion || !animationsEnabled_};
     if (preference_->value() != appearance) {
         preference_->setValue(appearance);
     }

@@ -32,6 +32,9 @@ class DesktopAppearance final : public QObject {
     QDBusConnection bus_;
     // 1 for dark and 2 for light; anything else for no preference.
     uint colorScheme_ = 0;
+    // 1 for less; anything else for no preference.
+    uint reducedMotion_ = 0;
+    bool animationsEnabled_ = true;
 };
 
 }  // namespace hearthmark::platform

@@ -8,6 +8,8 @@ namespace hearthmark::services {
 // How the desktop wants programs to look.
 struct Appearance {
     bool isDark = false;
+    // Nothing on the screen is to move.
+    bool isStill = false;
 
     bool operator==(const Appearance&) const = default;
 };

@@ -30,6 +30,12 @@ Window {
         value: root.home.appearance.isDark
     }
 
+    Binding {
+        target: Theme
+        property: "isStill"
+        value: root.home.appearance.isStill
+    }
+
     onActiveFocusItemChanged: root.restoreFocus()
 
     Shortcut {

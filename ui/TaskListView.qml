@@ -38,7 +38,7 @@ FocusScope {
         spacing: Theme.tightSpacing
         cacheBuffer: Theme.controlHeight * 2
         boundsBehavior: Flickable.StopAtBounds
-        highlightMoveDuration: 0
+        highlightFollowsCurrentItem: false
         keyNavigationEnabled: false
         model: root.adapter.rows
 
@@ -50,6 +50,7 @@ FocusScope {
         Keys.onEnterPressed: root.adapter.rows.tap(list.currentIndex)
         Keys.onSpacePressed: root.adapter.rows.tap(list.currentIndex)
         T.ScrollBar.vertical: ScrollBar {}
+        move: shift
 
         delegate: TaskRow {
             id: row
@@ -61,6 +62,19 @@ FocusScope {
             onDeletionRequested: root.adapter.rows.deleteRow(row.index)
             onMenuRequested: position => menu.openFor(row, position)
             onLineMenuRequested: (line, position) => menu.openFor(line, position)
+        }
+    }
+
+    // Of a task that changes sections, and of those that make room for it.
+    Transition {
+        id: shift
+
+        enabled: !Theme.isStill
+
+        NumberAnimation {
+            property: "y"
+            duration: Theme.motionDuration
+            easing.type: Easing.OutCubic
         }
     }
 

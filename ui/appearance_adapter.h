@@ -17,6 +17,7 @@ class AppearanceAdapter final : public QObject {
     QML_ELEMENT
     QML_UNCREATABLE("made by the home view factory")
     Q_PROPERTY(bool isDark READ isDark NOTIFY changed FINAL)
+    Q_PROPERTY(bool isStill READ isStill NOTIFY changed FINAL)
 
  public:
     explicit AppearanceAdapter(std::shared_ptr<services::AppearancePreference> preference)
@@ -24,6 +25,7 @@ class AppearanceAdapter final : public QObject {
           subscription_(preference_->subscribeDidChange([this] { emit changed(); })) {}
 
     bool isDark() const { return preference_->value().isDark; }
+    bool isStill() const { return preference_->value().isStill; }
 
  signals:
     void changed();

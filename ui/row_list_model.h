@@ -3,7 +3,7 @@
 
 #include <QAbstractListModel>
 #include <algorithm>
-#include <unordered_set>
+#include <unordered_map>
 #include <utility>
 #include <vector>
 
@@ -33,9 +33,14 @@ class RowListModel : public QAbstractListModel {
             insertAll(std::move(next));
             return !rows_.empty();
         }
-        bool isRearranged = removeMissing(next);
+        Places places;
+        places.reserve(next.size());
         for (std::size_t index = 0; index < next.size(); ++index) {
-            isRearranged |= place(index, std::move(next[index]));
+            places.emplace(next[index].key, index);
+        }
+        bool isRearranged = removeMissing(places);
+        for (std::size_t index = 0; index < next.size(); ++index) {
+            isRearranged |= place(index, std::move(next[index]), places);
         }
         return isRearranged;
     }
@@ -53,6 +58,9 @@ class RowListModel : public QAbstractListModel {
     }
 
  private:
+    // Of the next state.
+    using Places = std::unordered_map<RowKey, std::size_t, RowKey::Hash>;
+
     void insertAll(std::vector<Row>&& next) {
         if (next.empty()) {
             return;
@@ -62,13 +70,8 @@ class RowListModel : public QAbstractListModel {
         endInsertRows();
     }
 
-    bool removeMissing(const std::vector<Row>& next) {
-        std::unordered_set<RowKey, RowKey::Hash> kept;
-        kept.reserve(next.size());
-        for (const Row& row : next) {
-            kept.insert(row.key);
-        }
-        const auto isMissing = [&kept](const Row& row) { return !kept.contains(row.key); };
+    bool removeMissing(const Places& places) {
+        const auto isMissing = [&places](const Row& row) { return !places.contains(row.key); };
         auto first = std::ranges::find_if(rows_, isMissing);
         const bool isAnyMissing = first != rows_.end();
         while (first != rows_.end()) {
@@ -82,7 +85,7 @@ class RowListModel : public QAbstractListModel {
         return isAnyMissing;
     }
 
-    bool place(std::size_t index, Row&& next) {
+    bool place(std::size_t index, Row&& next, const Places& places) {
         const int row = static_cast<int>(index);
         const auto position = rows_.begin() + static_cast<std::ptrdiff_t>(index);
         const auto found = std::find_if(position, rows_.end(), [&next](const Row& candidate) {
@@ -95,16 +98,32 @@ class RowListModel : public QAbstractListModel {
             return true;
         }
         const bool isMoved = found != position;
-        if (isMoved) {
+        if (found == position + 1) {
+            // One row that goes down, rather than all below it going up.
+            moveDown(index, std::min(places.at(position->key), rows_.size() - 1));
+        } else if (isMoved) {
             const int from = static_cast<int>(found - rows_.begin());
             beginMoveRows({}, from, from, {}, row);
             std::rotate(position, found, found + 1);
             endMoveRows();
         }
-        if (const QList<int> roles = rows_[index].assign(std::move(next)); !roles.isEmpty()) {
-            emit dataChanged(this->index(row), this->index(row), roles);
-        }
+        assign(index, std::move(next));
         return isMoved;
+    }
+
+    void moveDown(std::size_t from, std::size_t to) {
+        const auto position = rows_.begin() + static_cast<std::ptrdiff_t>(from);
+        const int row = static_cast<int>(from);
+        beginMoveRows({}, row, row, {}, static_cast<int>(to) + 1);
+        std::rotate(position, position + 1, rows_.begin() + static_cast<std::ptrdiff_t>(to) + 1);
+        endMoveRows();
+    }
+
+    void assign(std::size_t index, Row&& next) {
+        if (const QList<int> roles = rows_[index].assign(std::move(next)); !roles.isEmpty()) {
+            const QModelIndex changed = this->index(static_cast<int>(index));
+            emit dataChanged(changed, changed, roles);
+        }
     }
 
     std::vector<Row> rows_;

@@ -25,6 +25,17 @@ T.Popup {
         border.color: Theme.colors.separator
     }
 
+    enter: Transition {
+        enabled: !Theme.isStill
+
+        NumberAnimation {
+            property: "opacity"
+            from: 0
+            to: 1
+            duration: Theme.motionDuration
+        }
+    }
+
     T.Overlay.modal: Rectangle {
         color: Theme.colors.shade
     }

@@ -8,6 +8,7 @@ QtObject {
 
     // As the desktop wants it; the window sets it.
     property bool isDark: false
+    property bool isStill: false
     readonly property ThemeColors colors: root.isDark ? root.dark : root.light
 
     readonly property ThemeColors light: ThemeColors {
@@ -80,6 +81,9 @@ QtObject {
     readonly property real titleSize: root.bodySize * 1.9
     readonly property real title2Size: root.bodySize * 1.5
     readonly property real title3Size: root.bodySize * 1.2
+
+    // Milliseconds.
+    readonly property int motionDuration: 150
 
     readonly property string fixedFamily: "monospace"
 
