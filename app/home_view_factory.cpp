@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "presentation/check_for_updates_view_model.h"
+#include "presentation/focus_announcement_view_model.h"
 #include "presentation/undo_deletion_view_model.h"
 #include "presentation/view_model_factories.h"
 #include "ui/home_adapter.h"
@@ -34,9 +35,13 @@ std::unique_ptr<services::HomeViewProtocol> HomeViewFactory::makeHomeView() {
     const ui::HomeViewSubviewsFactory subviewsFactory(
         dataOperationsService_, liveDataFactory_, clock_, mutableSelectedTaskId_,
         makeTimeKeepingProvider_, ports_.clipboard, ports_.calendar);
+    const auto focusAnnouncement =
+        std::make_shared<presentation::FocusAnnouncementViewModel>(makeTimeKeepingProvider_());
+    focusAnnouncement->startObserving(*liveDataFactory_);
     ui::HomeAdapter::Parts parts{
         .about = std::make_unique<ui::AboutAdapter>(program_),
         .appearance = std::make_unique<ui::AppearanceAdapter>(ports_.appearance),
+        .focusAnnouncement = std::make_unique<ui::FocusAnnouncementAdapter>(focusAnnouncement),
         .undo =
             std::make_unique<ui::UndoAdapter>(std::make_shared<presentation::UndoDeletionViewModel>(
                 dataOperationsService_, makeTimeKeepingProvider_(), clock_)),

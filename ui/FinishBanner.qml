@@ -12,7 +12,7 @@ FocusScope {
 
     height: root.visible ? content.implicitHeight + 2 * Theme.spacing : 0
     visible: root.finishes.presented
-    Accessible.role: Accessible.AlertMessage
+    Accessible.role: Accessible.Notification
     Accessible.name: root.finishes.text
 
     Rectangle {

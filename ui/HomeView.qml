@@ -110,6 +110,10 @@ FocusScope {
         onVisibleChanged: root.leave(undoBar)
     }
 
+    Announcer {
+        adapter: root.home.focusAnnouncement
+    }
+
     AddTaskSheet {
         visible: root.home.addTask !== null
         adapter: root.home.addTask

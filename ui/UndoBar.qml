@@ -12,7 +12,7 @@ FocusScope {
     implicitWidth: content.implicitWidth + Theme.wideSpacing + Theme.spacing
     implicitHeight: content.implicitHeight + 2 * Theme.spacing
     visible: root.adapter.presented
-    Accessible.role: Accessible.AlertMessage
+    Accessible.role: Accessible.Notification
     Accessible.name: root.adapter.text
 
     Shortcut {

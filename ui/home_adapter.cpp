@@ -41,6 +41,7 @@ void HomeAdapter::setShown(bool isShown) {
         taskDetail_->setShown(isShown);
     }
     overview_->setShown(isShown);
+    parts_.focusAnnouncement->setShown(isShown);
 }
 
 void HomeAdapter::finishNewest() const {

@@ -15,6 +15,7 @@
 #include "ui/about_adapter.h"
 #include "ui/add_task_adapter.h"
 #include "ui/appearance_adapter.h"
+#include "ui/focus_announcement_adapter.h"
 #include "ui/home_view_subviews_factory.h"
 #include "ui/task_detail_adapter.h"
 #include "ui/task_list_adapter.h"
@@ -40,6 +41,8 @@ class HomeAdapter final : public QObject {
     Q_PROPERTY(
         hearthmark::ui::UnseenFinishesAdapter* unseenFinishes READ unseenFinishes CONSTANT FINAL)
     Q_PROPERTY(hearthmark::ui::AppearanceAdapter* appearance READ appearance CONSTANT FINAL)
+    Q_PROPERTY(hearthmark::ui::FocusAnnouncementAdapter* focusAnnouncement READ focusAnnouncement
+                   CONSTANT FINAL)
     Q_PROPERTY(hearthmark::ui::UndoAdapter* undo READ undo CONSTANT FINAL)
     Q_PROPERTY(hearthmark::ui::UpdateAdapter* updates READ updates CONSTANT FINAL)
 
@@ -48,6 +51,7 @@ class HomeAdapter final : public QObject {
     struct Parts {
         std::unique_ptr<AboutAdapter> about;
         std::unique_ptr<AppearanceAdapter> appearance;
+        std::unique_ptr<FocusAnnouncementAdapter> focusAnnouncement;
         std::unique_ptr<UndoAdapter> undo;
         std::unique_ptr<UnseenFinishesAdapter> unseenFinishes;
         std::unique_ptr<UpdateAdapter> updates;
@@ -68,6 +72,7 @@ class HomeAdapter final : public QObject {
     AddTaskAdapter* addTask() const { return addTask_.get(); }
     AboutAdapter* about() const { return parts_.about.get(); }
     AppearanceAdapter* appearance() const { return parts_.appearance.get(); }
+    FocusAnnouncementAdapter* focusAnnouncement() const { return parts_.focusAnnouncement.get(); }
     UndoAdapter* undo() const { return parts_.undo.get(); }
     UnseenFinishesAdapter* unseenFinishes() const { return parts_.unseenFinishes.get(); }
     UpdateAdapter* updates() const { return parts_.updates.get(); }

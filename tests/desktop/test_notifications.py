@@ -128,13 +128,13 @@ class Notifications(ProgramTest):
                 until = time.monotonic() + 8
                 while time.monotonic() < until and not shown:
                     asked = time.monotonic()
-                    shown = program.find_all("Interval finished: Letters", "alert")
+                    shown = program.find_all("Interval finished: Letters", "notification")
                     longest = max(longest, time.monotonic() - asked)
                 self.assertTrue(shown)
                 print(f"the window answered within {longest * 1000:.0f} ms")
                 self.assertLess(longest, 1)
                 program.press("Show" if daemon == "hangs" else "Dismiss")
-                wait_for(lambda: not program.find_all(role="alert"), "it to go")
+                wait_for(lambda: not program.find_all(role="notification"), "it to go")
                 self.assertEqual(program.end(), 0)
 
     def test_the_window_shows_it_without_a_bus(self):

@@ -6,6 +6,7 @@ watched, 8 by default."""
 
 import hashlib
 import os
+import re
 import shutil
 import signal
 import subprocess
@@ -123,7 +124,7 @@ class Use(ProgramTest):
             wait_for(lambda: not program.find_all(name), "the sheet to close")
         key("Delete")
         wait_for(lambda: program.rows("SELECT name FROM Task") == [("Two",)], "the deletion")
-        program.find("Task deleted: One", "alert")
+        program.find("Task deleted: One", "notification")
         key("ctrl+z")
         wait_for(lambda: program.rows("SELECT count(*) FROM Interval WHERE task") == [(2,)], "undo")
         program.find("One", "heading")
@@ -182,6 +183,38 @@ class Use(ProgramTest):
         type_text(" typed")
         text = editor.queryText()
         wait_for(lambda: text.getText(0, -1) == "half typed", "the typed text")
+
+    def test_starts_and_finishes_are_announced_and_ticks_are_not(self):
+        import pyatspi
+
+        announced, others = [], []
+
+        def hear(event):
+            if event.type.minor != "showing":
+                if event.source.getRole() != pyatspi.ROLE_NOTIFICATION:
+                    others.append(f"{event.type} {event.source.name}")
+            elif event.detail1 and event.source.getRole() == pyatspi.ROLE_NOTIFICATION:
+                announced.append(event.source.name)
+        self.make_store(("INSERT INTO Task VALUES (1, ?, 0, 'A')", (new_id(),)))
+        program = self.program.launch()
+        press(program.find("A", "list item"))
+        program.find("A", "heading")
+        kinds = ["object:state-changed:showing", "object:property-change", "object:text-changed"]
+        pyatspi.Registry.registerEventListener(hear, *kinds)
+        self.addCleanup(pyatspi.Registry.deregisterEventListener, hear, *kinds)
+        start, finish = "Focus started: A, 30:00", r"Focus finished: A, \d+"
+        # Nobody takes the notification, so the banner speaks too; the last two come quickly.
+        both = rf"{finish}\|Interval finished: A"
+        for keys, text, seconds in zip(
+                ["ctrl+1", "ctrl+f"] * 2, [start, both, start, finish], [3, 3, 0, 0]):
+            key(keys)
+            wait_for(lambda: re.fullmatch(text, "|".join(announced)), f"{text}, not {announced}")
+            time.sleep(0.5)
+            wait_for(lambda: others.clear() or True, "the rest of what the change itself brought")
+            time.sleep(seconds)
+            wait_for(lambda: True, "what came meanwhile")
+            self.assertRegex("|".join(announced + others), f"^{text}$")
+            announced.clear()
 
     def test_only_visible_rows_have_delegates(self):
         self.make_store(
