@@ -8,7 +8,9 @@ namespace hearthmark::ui {
 ShareContainerAdapter::ShareContainerAdapter(
     std::shared_ptr<exporting::ShareContainerViewModelProtocol> viewModel)
     : viewModel_(std::move(viewModel)),
-      subscription_(viewModel_->viewState().subscribeDidChange([this] { show(); })) {}
+      subscription_(viewModel_->viewState().subscribeDidChange([this] { show(); })) {
+    show();
+}
 
 void ShareContainerAdapter::load() {
     viewModel_->load();

@@ -15,7 +15,7 @@ ALLOWED = {folder: set(CORE[: floor + 1]) for floor, folder in enumerate(CORE)}
 ALLOWED["ui"] = {*CORE, "ui"}
 ALLOWED["platform"] = {*CORE, "platform"} - {"presentation"}
 ALLOWED["app"] = {*CORE, "ui", "platform", "app"}
-UNBOUND = ["tests", "benchmarks"]
+UNBOUND = ["tests", "benchmarks", "previews"]
 
 INCLUDE = re.compile(r'^[ \t]*#[ \t]*include[ \t]*([<"])([^>"\n]+)[>"]', re.MULTILINE)
 QT = re.compile(r"Q[A-Z]\w*|Qt\w*/.*|q\w+\.h")

@@ -1,0 +1,66 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <memory>
+#include <optional>
+#include <string>
+
+#include "base/clock.h"
+#include "presentation/tasks_list_view_model.h"
+#include "services/time_keeping.h"
+#include "services/updater.h"
+
+namespace hearthmark::previews {
+
+// 14 May 2026, 10:40 UTC, for ever.
+class StoppedClock final : public base::Clock {
+ public:
+    base::Date now() const override { return base::Date(base::Seconds(800448000)); }
+};
+
+// Timers that never fire.
+class StoppedTimeKeepingProvider final : public services::TimeKeepingProviderProtocol {
+ public:
+    std::shared_ptr<services::TimeKeeping> makeTimer(base::Seconds /*interval*/,
+                                                     services::Repeats /*repeats*/,
+                                                     std::function<void()> /*action*/) override {
+        return std::make_shared<Timer>();
+    }
+
+ private:
+    class Timer final : public services::TimeKeeping {
+     public:
+        void invalidate() override {}
+    };
+};
+
+// An updater that does nothing by itself.
+class FakeUpdater final : public services::Updater {
+ public:
+    void checkForUpdates() override {}
+    void install() override {}
+    void dismiss() override {}
+    livedata::Published<bool>& canCheckForUpdates() override { return canCheck_; }
+    livedata::Published<services::UpdateState>& state() override { return state_; }
+    const std::string& unavailableReason() const override { return unavailableReason_; }
+
+ private:
+    livedata::Published<bool> canCheck_{true};
+    livedata::Published<services::UpdateState> state_;
+    std::string unavailableReason_;
+};
+
+// Tasks that never come.
+class LoadingTaskListViewModel final : public presentation::TaskListViewModelProtocol {
+ public:
+    livedata::Published<std::optional<presentation::TaskListViewState::View>>& viewState()
+        override {
+        return viewState_;
+    }
+    void startObserving() override {}
+
+ private:
+    livedata::Published<std::optional<presentation::TaskListViewState::View>> viewState_;
+};
+
+}  // namespace hearthmark::previews

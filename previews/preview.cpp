@@ -1,0 +1,121 @@
+// SPDX-License-Identifier: MIT
+#include "previews/preview.h"
+
+#include <algorithm>
+
+namespace hearthmark::previews {
+
+namespace {
+
+using services::UpdatePhase;
+
+constexpr auto kRunning = "Prepare the talk on bird migration";
+constexpr auto kIdle = "Tax papers";
+constexpr auto kSentences =
+    "Find out when the swallows left, and from where; then ask again in the autumn. The ringing "
+    "data "
+    "of last year are with the reserve, the weather with the observatory.";
+
+QStringList times(int count, const QString& key) {
+    QStringList keys;
+    keys.fill(key, count);
+    return keys;
+}
+
+services::UpdateState update(UpdatePhase phase, std::int64_t received = 0,
+                             const std::string& message = {}) {
+    return {
+        .phase = phase,
+        .version = "0.2.0",
+        .notes = phase == UpdatePhase::available
+                     ? "The chart shows a month.\nNotes can be edited.\nThe list can be searched."
+                     : "",
+        .size = 4'812'000,
+        .received = received,
+        .message = message};
+}
+
+}  // namespace
+
+QString longWord() {
+    return QStringLiteral("Donaudampfschifffahrtsgesellschaft").repeated(9).left(300);
+}
+
+const std::vector<Preview>& allPreviews() {
+    static const std::vector<Preview> kPreviews{
+        {.name = "tasks-loading", .content = Content::loadingTasks, .size = {300, 420}},
+        {.name = "home-empty", .content = Content::noTasks},
+        {.name = "home-unselected"},
+        {.name = "home-running", .selection = kRunning},
+        {.name = "home-idle", .selection = kIdle},
+        {.name = "home-long-texts",
+         .content = Content::longTexts,
+         .selection = longWord(),
+         .size = {900, 1000}},
+        {.name = "home-many-tasks", .content = Content::manyTasks},
+        {.name = "home-many-tasks-scrolled",
+         .content = Content::manyTasks,
+         .keys = times(20, "Down")},
+        {.name = "home-unselected-dark", .palette = Palette::dark},
+        {.name = "home-running-dark", .selection = kRunning, .palette = Palette::dark},
+        {.name = "home-unselected-right-to-left", .direction = Qt::RightToLeft},
+        {.name = "home-running-right-to-left", .selection = kRunning, .direction = Qt::RightToLeft},
+        {.name = "home-running-200-percent", .selection = kRunning, .scale = 2},
+        {.name = "home-running-smallest", .selection = kRunning, .size = {640, 420}},
+        {.name = "home-undo", .keys = {"Down", "Down", "Delete"}},
+        {.name = "home-finished",
+         .selection = kIdle,
+         .unseenFinishes = {"Tax papers", "Call the landlord about the window"}},
+        {.name = "home-note", .selection = kIdle, .keys = {"Ctrl+Shift+N"}, .typed = kSentences},
+        {.name = "home-menu", .keys = {"Shift+Tab", "Space"}},
+        {.name = "home-delete-menu", .keys = {"Down", "Down", "Menu"}},
+        {.name = "home-delete-menu-right-to-left",
+         .keys = {"Down", "Down", "Menu"},
+         .direction = Qt::RightToLeft},
+        {.name = "add-task-empty", .content = Content::addTask, .size = {640, 420}},
+        {.name = "add-task-long",
+         .content = Content::addTask,
+         .typed = kSentences + longWord(),
+         .size = {640, 420}},
+        {.name = "add-task-dark", .keys = {"Ctrl+N"}, .typed = kIdle, .palette = Palette::dark},
+        {.name = "add-task-right-to-left",
+         .keys = {"Ctrl+N"},
+         .typed = kIdle,
+         .direction = Qt::RightToLeft},
+        {.name = "share-json", .content = Content::share, .size = {640, 420}},
+        {.name = "share-csv",
+         .content = Content::share,
+         .keys = {"Shift+Tab", "Right"},
+         .size = {640, 420}},
+        {.name = "share-loading", .content = Content::loadingShare, .size = {640, 420}},
+        {.name = "share-dark",
+         .content = Content::share,
+         .palette = Palette::dark,
+         .size = {640, 420}},
+        {.name = "about", .keys = {"Shift+Tab", "Space", "Return"}},
+        {.name = "shortcuts", .keys = {"F1"}},
+        {.name = "shortcuts-smallest", .keys = {"F1"}, .size = {640, 420}},
+        {.name = "shortcuts-right-to-left", .keys = {"F1"}, .direction = Qt::RightToLeft},
+        {.name = "update-checking", .update = update(UpdatePhase::checking)},
+        {.name = "update-up-to-date", .update = update(UpdatePhase::upToDate)},
+        {.name = "update-available", .update = update(UpdatePhase::available)},
+        {.name = "update-downloading", .update = update(UpdatePhase::downloading, 1'650'000)},
+        {.name = "update-downloading-right-to-left",
+         .update = update(UpdatePhase::downloading, 1'650'000),
+         .direction = Qt::RightToLeft},
+        {.name = "update-verifying", .update = update(UpdatePhase::verifying)},
+        {.name = "update-handed-over",
+         .update = update(UpdatePhase::handedOver, 0,
+                          "The package lies in /home/you/.cache/Hearthmark/updates.")},
+        {.name = "update-failed",
+         .update = update(UpdatePhase::failed, 0, "The server did not answer in time.")},
+    };
+    return kPreviews;
+}
+
+const Preview* previewNamed(const std::string& name) {
+    const auto found = std::ranges::find(allPreviews(), name, &Preview::name);
+    return found != allPreviews().end() ? &*found : nullptr;
+}
+
+}  // namespace hearthmark::previews

@@ -1,0 +1,56 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QSize>
+#include <QString>
+#include <QStringList>
+#include <string>
+#include <vector>
+
+#include "services/updater.h"
+
+namespace hearthmark::previews {
+
+// What a preview shows: the whole window over a store, and from addTask on a part of it over a
+// fake.
+enum class Content {
+    demoTasks,
+    noTasks,
+    longTexts,
+    manyTasks,
+    addTask,
+    share,
+    loadingShare,
+    loadingTasks
+};
+
+enum class Palette { light, dark };
+
+// One picture: what is in the window, what is then done in it, and how it is drawn.
+struct Preview {
+    std::string name;
+    Content content = Content::demoTasks;
+    // The name of the task that is clicked on; empty for none.
+    QString selection{};
+    // Pressed one after another, and what is typed then.
+    QStringList keys{};
+    QString typed{};
+    // How far an update is, and the tasks whose finish the desktop did not show.
+    services::UpdateState update{};
+    std::vector<std::string> unseenFinishes{};
+    Palette palette = Palette::light;
+    Qt::LayoutDirection direction = Qt::LeftToRight;
+    int scale = 1;
+    QSize size{900, 620};
+};
+
+// All there are, each under a name of its own.
+const std::vector<Preview>& allPreviews();
+
+// Null where none has the name.
+const Preview* previewNamed(const std::string& name);
+
+// Without a blank, so that nothing can be wrapped or cut at a word.
+QString longWord();
+
+}  // namespace hearthmark::previews

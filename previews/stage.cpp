@@ -1,0 +1,214 @@
+// SPDX-License-Identifier: MIT
+#include "previews/stage.h"
+
+#include <QFont>
+#include <QGuiApplication>
+#include <QKeySequence>
+#include <QProcessEnvironment>
+#include <QQmlComponent>
+#include <QQmlEngine>
+#include <QQuickItem>
+#include <QQuickWindow>
+#include <QScreen>
+#include <QStyleHints>
+#include <QTest>
+#include <map>
+#include <utility>
+
+#include "app/home_view_factory.h"
+#include "objectstore/persistent_container.h"
+#include "previews/fakes.h"
+#include "store/data_operations_service.h"
+#include "store/demo_persistent_container_factory.h"
+#include "store/hearthmark_model.h"
+#include "ui/symbol_provider.h"
+
+namespace hearthmark::previews {
+
+namespace {
+
+constexpr qint64 kStepMilliseconds = 100;
+// Longer than any animation of the views that ends.
+constexpr int kSteps = 10;
+constexpr int kManyTasks = 40;
+
+void addTask(const QString& name, base::Date now, objectstore::ManagedObjectContext& context) {
+    const auto task = context.insert<store::Task>();
+    task->setId(base::Uuid::random());
+    task->setCreationDate(now);
+    task->setName(name.toStdString());
+    task->addNotesObject(*store::Note::create(
+        {.creationDate = now, .id = base::Uuid::random(), .text = name.toStdString()}, context));
+}
+
+std::shared_ptr<objectstore::PersistentContainer> makeContainer(Content content, base::Date now) {
+    if (content == Content::noTasks) {
+        auto container = std::make_shared<objectstore::PersistentContainer>(
+            "Empty", store::hearthmarkModel(), std::nullopt);
+        container->loadPersistentStores();
+        return container;
+    }
+    auto container = store::DemoPersistentContainerFactory(now).makeContainer();
+    if (content == Content::longTexts) {
+        addTask(longWord(), now, container->viewContext());
+    }
+    for (int number = 1; content == Content::manyTasks && number <= kManyTasks; ++number) {
+        addTask(QStringLiteral("Chapter %1").arg(number), now, container->viewContext());
+    }
+    container->viewContext().save();
+    return container;
+}
+
+// Null where there is none.
+QQuickItem* taskRowNamed(const QString& name, const QQuickItem& in) {
+    for (QQuickItem* item : in.childItems()) {
+        if (item->property("isTask").toBool() && item->property("text") == name) {
+            return item;
+        }
+        if (QQuickItem* found = taskRowNamed(name, *item)) {
+            return found;
+        }
+    }
+    return nullptr;
+}
+
+void clickTask(const QString& name, QQuickWindow& window) {
+    const QQuickItem* row = taskRowNamed(name, *window.contentItem());
+    if (row == nullptr) {
+        qFatal("There is no task %s in sight", qUtf8Printable(name));
+    }
+    // Where nothing is that a click would use.
+    const QPointF place = row->mapToScene({row->width() / 2, row->height() / 4});
+    QTest::mouseClick(&window, Qt::LeftButton, {}, place.toPoint());
+}
+
+void act(QQuickWindow& window, const Preview& preview) {
+    if (!preview.selection.isEmpty()) {
+        clickTask(preview.selection, window);
+    }
+    for (const QString& key : preview.keys) {
+        const QKeyCombination combination = QKeySequence(key)[0];
+        QTest::keyClick(&window, combination.key(), combination.keyboardModifiers());
+    }
+    for (const QChar each : preview.typed) {
+        QTest::keyClick(&window, each.toLatin1());
+    }
+}
+
+}  // namespace
+
+void prepareEnvironment() {
+    for (const QString& name : QProcessEnvironment::systemEnvironment().keys()) {
+        if (name.startsWith(QLatin1String("QT_")) || name.startsWith(QLatin1String("QSG_"))) {
+            qunsetenv(qPrintable(name));
+        }
+    }
+    qputenv("QT_QPA_PLATFORM", "offscreen:configfile=" HEARTHMARK_PREVIEW_SCREENS);
+    qputenv("FONTCONFIG_FILE", HEARTHMARK_PREVIEW_FONTS);
+    qputenv("LC_ALL", "C.UTF-8");
+    qputenv("TZ", "UTC");
+    QQuickWindow::setGraphicsApi(QSGRendererInterface::Software);
+}
+
+Stage::Stage() {
+    QGuiApplication::setFont(QFont(QStringLiteral("DejaVu Sans"), 10));
+    QGuiApplication::setQuitOnLastWindowClosed(false);
+    QGuiApplication::styleHints()->setCursorFlashTime(0);
+    animations_.install();
+}
+
+void Stage::Animations::proceed() {
+    milliseconds_ += kStepMilliseconds;
+    advance();
+}
+
+QImage Stage::picture(const Preview& preview) {
+    QGuiApplication::setLayoutDirection(preview.direction);
+    return preview.content < Content::addTask ? pictureOfHome(preview) : pictureOfPart(preview);
+}
+
+QImage Stage::pictureOfHome(const Preview& preview) {
+    const auto clock = std::make_shared<StoppedClock>();
+    const auto container = makeContainer(preview.content, clock->now());
+    const auto liveDataFactory = std::make_shared<store::LiveDataProvidingFactory>(container);
+    const auto service = std::make_shared<store::DataOperationsService>(
+        *liveDataFactory, container, clock, base::FatalErrorHandler());
+    const auto unseenFinishes = std::make_shared<services::UnseenFinishes>();
+    std::vector<services::NotificationContent> finishes;
+    for (const std::string& name : preview.unseenFinishes) {
+        finishes.push_back({.title = name, .body = "Interval finished", .taskId = {}});
+    }
+    unseenFinishes->setValue(std::move(finishes));
+    const auto updater = std::make_shared<FakeUpdater>();
+    const auto appearance = std::make_shared<services::AppearancePreference>(
+        services::Appearance{.isDark = preview.palette == Palette::dark});
+    const auto view =
+        app::HomeViewFactory(service, liveDataFactory, clock,
+                             std::make_shared<presentation::SelectedTaskId>(std::nullopt),
+                             [] { return std::make_shared<StoppedTimeKeepingProvider>(); },
+                             {.clipboard = nullptr,
+                              .updater = updater,
+                              .unseenFinishes = unseenFinishes,
+                              .appearance = appearance,
+                              .calendar = std::make_shared<base::LocalCalendar>()},
+                             {.version = "0.1.0",
+                              .storeFolder = "/home/you/.local/share/Hearthmark",
+                              .openStoreFolder = [] { return true; }},
+                             {.windowShouldClose = [] { return true; }, .quit = [] {}})
+            .makeHomeView();
+    // The only one there is.
+    auto& window = dynamic_cast<QQuickWindow&>(*QGuiApplication::allWindows().constFirst());
+    show(window, preview);
+    updater->state().setValue(preview.update);
+    settle();
+    return window.grabWindow();
+}
+
+QImage Stage::pictureOfPart(const Preview& preview) {
+    const auto texts = std::make_shared<exporting::FakeShareContainerViewModel>();
+    if (preview.content == Content::loadingShare) {
+        texts->viewState().setValue(std::nullopt);
+    }
+    ui::AddTaskAdapter addTask(std::make_shared<presentation::FakeAddTaskViewModel>());
+    ui::ShareContainerAdapter share(texts);
+    ui::TaskListAdapter tasks(std::make_shared<LoadingTaskListViewModel>());
+    const std::map<Content, std::pair<QString, QObject*>> adapters{
+        {Content::addTask, {"addTask", &addTask}},
+        {Content::share, {"share", &share}},
+        {Content::loadingShare, {"share", &share}},
+        {Content::loadingTasks, {"tasks", &tasks}}};
+    const auto& [property, adapter] = adapters.at(preview.content);
+    QQmlEngine engine;
+    QQmlEngine::setObjectOwnership(adapter, QQmlEngine::CppOwnership);
+    engine.addImportPath(QStringLiteral("qrc:/qt/qml"));
+    engine.addImageProvider(QStringLiteral("symbols"), new ui::SymbolProvider);
+    QQmlComponent component(&engine, QUrl("qrc:/qt/qml/Hearthmark/Previews/PartWindow.qml"));
+    const std::unique_ptr<QQuickWindow> window(qobject_cast<QQuickWindow*>(
+        component.createWithInitialProperties({{"isDark", preview.palette == Palette::dark},
+                                               {property, QVariant::fromValue(adapter)}})));
+    if (!window) {
+        qFatal("A part cannot be shown: %s", qUtf8Printable(component.errorString()));
+    }
+    show(*window, preview);
+    return window->grabWindow();
+}
+
+void Stage::show(QQuickWindow& window, const Preview& preview) {
+    QScreen* screen = QGuiApplication::screens().at(preview.scale - 1);
+    window.setScreen(screen);
+    window.setGeometry(QRect(screen->geometry().topLeft(), preview.size));
+    window.show();
+    window.requestActivate();
+    settle();
+    act(window, preview);
+    settle();
+}
+
+void Stage::settle() {
+    for (int step = 0; step < kSteps; ++step) {
+        QTest::qWait(1);
+        animations_.proceed();
+    }
+}
+
+}  // namespace hearthmark::previews
