@@ -12,9 +12,8 @@ using services::UpdatePhase;
 constexpr auto kRunning = "Prepare the talk on bird migration";
 constexpr auto kIdle = "Tax papers";
 constexpr auto kSentences =
-    "Find out when the swallows left, and from where; then ask again in the autumn. The ringing "
-    "data "
-    "of last year are with the reserve, the weather with the observatory.";
+    "Find out when the swallows left, and from where; then ask again in the autumn. The data of "
+    "last year are with the reserve, the weather with the observatory.";
 
 QStringList times(int count, const QString& key) {
     QStringList keys;

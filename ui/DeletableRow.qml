@@ -10,7 +10,9 @@ Item {
     // The Delete key asks no question, so the row that it would delete is marked, unless the person has
     // just clicked on it.
     property bool clicked: false
-    readonly property bool focusVisible: root.activeFocus && !root.clicked
+    // Marked too while its menu is open.
+    property bool menuOpen: false
+    readonly property bool focusVisible: root.menuOpen || root.activeFocus && !root.clicked
     readonly property alias hovered: area.containsMouse
 
     signal focused

@@ -22,6 +22,13 @@ ContextMenu {
 
     onRowChanged: root.closeWithoutRow()
 
+    Binding {
+        target: root.row
+        property: "menuOpen"
+        value: true
+        when: root.visible
+    }
+
     ContextMenuItem {
         id: deleteItem
 

@@ -49,6 +49,7 @@ FocusScope {
 
         FocusChart {
             width: parent.width
+            topPadding: Theme.spacing
             barsHeight: Theme.smallChartHeight
             overview: root.overview
         }

@@ -10,9 +10,13 @@ FocusScope {
 
     required property TaskListAdapter adapter
 
+    // The first task with what stands above it.
     function showRow(row: int) {
         list.currentIndex = row;
-        list.positionViewAtIndex(row, ListView.Contain);
+        if (root.adapter.rows.taskBefore(row) === row)
+            list.contentY = list.originY - list.topMargin;
+        else
+            list.positionViewAtIndex(row, ListView.Contain);
     }
 
     // The current row follows its task when that changes sections, but not before the layout.
@@ -35,7 +39,6 @@ FocusScope {
         clip: true
         topMargin: Theme.tightSpacing
         bottomMargin: Theme.spacing
-        spacing: Theme.tightSpacing
         cacheBuffer: Theme.controlHeight * 2
         boundsBehavior: Flickable.StopAtBounds
         highlightFollowsCurrentItem: false

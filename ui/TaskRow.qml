@@ -18,6 +18,8 @@ DeletableRow {
     required property IntervalListModel intervals
 
     readonly property bool isTask: root.kind === TaskListModel.Task
+    // The list cuts off what is outside of its rows.
+    readonly property int ringRoom: Theme.focusWidth + 1
     readonly property bool isHeader: root.kind === TaskListModel.Header
     readonly property color textColor: root.isSelected ? Theme.colors.selectedText : Theme.colors.text
     readonly property color detailColor: root.isSelected ? Theme.colors.selectedText : Theme.colors.secondaryText
@@ -38,6 +40,8 @@ DeletableRow {
         anchors.fill: parent
         anchors.leftMargin: Theme.spacing
         anchors.rightMargin: Theme.spacing
+        anchors.topMargin: root.ringRoom
+        anchors.bottomMargin: root.ringRoom
         z: -1
         visible: root.isTask
         radius: Theme.radius
@@ -53,7 +57,7 @@ DeletableRow {
         id: content
 
         x: Theme.wideSpacing
-        y: Theme.spacing
+        y: root.ringRoom + Theme.spacing
         width: root.width - 2 * content.x
         spacing: 2
 
