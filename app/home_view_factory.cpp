@@ -7,6 +7,7 @@
 #include "presentation/focus_announcement_view_model.h"
 #include "presentation/undo_deletion_view_model.h"
 #include "presentation/view_model_factories.h"
+#include "services/in_step_time_keeping_provider.h"
 #include "ui/home_adapter.h"
 #include "ui/home_view.h"
 
@@ -32,9 +33,11 @@ std::unique_ptr<services::HomeViewProtocol> HomeViewFactory::makeHomeView() {
     const presentation::HomeVMFactory homeVMFactory(
         dataOperationsService_,
         std::make_shared<presentation::SelectedTaskIdPublisher>(*mutableSelectedTaskId_));
+    const auto inStep =
+        std::make_shared<services::InStepTimeKeepingProvider>(makeTimeKeepingProvider_());
     const ui::HomeViewSubviewsFactory subviewsFactory(
         dataOperationsService_, liveDataFactory_, clock_, mutableSelectedTaskId_,
-        makeTimeKeepingProvider_, ports_.clipboard, ports_.calendar);
+        [inStep] { return inStep; }, ports_.clipboard, ports_.calendar);
     const auto focusAnnouncement =
         std::make_shared<presentation::FocusAnnouncementViewModel>(makeTimeKeepingProvider_());
     focusAnnouncement->startObserving(*liveDataFactory_);

@@ -12,6 +12,8 @@ namespace hearthmark::presentation {
 namespace {
 
 constexpr base::Seconds kCalendarTick{60};
+// A few seconds are no full bar, even where they are all there is.
+constexpr base::Seconds kLeastScale{3600};
 
 }  // namespace
 
@@ -70,7 +72,7 @@ void FocusOverviewViewModel::rebuild(const store::Tasks& tasks) {
         }
     }
     // What has no text, since a file may hold any number, has no bar either.
-    base::Seconds longest{0};
+    base::Seconds longest = kLeastScale;
     for (const base::Seconds each : spent) {
         if (store::formattedDuration(each)) {
             longest = std::max(longest, each);
@@ -79,10 +81,9 @@ void FocusOverviewViewModel::rebuild(const store::Tasks& tasks) {
     FocusOverviewViewState::View view;
     for (std::size_t day = 0; day < spent.size(); ++day) {
         const auto text = store::formattedDuration(spent[day]);
-        const bool hasBar = text && longest > base::Seconds(0);
         view.days.push_back({.start = starts[day],
                              .timeSpent = orDash(text),
-                             .share = hasBar ? spent[day] / longest : 0});
+                             .share = text ? spent[day] / longest : 0});
     }
     view.today = view.days.back().timeSpent;
     viewState_.setValue(std::move(view));

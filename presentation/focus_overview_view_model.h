@@ -27,7 +27,7 @@ struct FocusOverviewViewState {
     struct Day {
         base::Date start;
         std::string timeSpent;
-        // Of the longest of the days, from 0 to 1.
+        // Of the longest of the days, or of an hour where that is more; from 0 to 1.
         double share;
 
         bool operator==(const Day&) const = default;

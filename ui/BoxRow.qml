@@ -11,6 +11,8 @@ DeletableRow {
     property real symbolSize: Theme.symbolSize
     property real textSize: Theme.bodySize
     property real bottomPadding: Theme.spacing
+    // Where it does not fit it gets smaller instead of going on in the next line.
+    property bool isOneLine: false
 
     implicitHeight: label.y + label.height + root.bottomPadding
     Accessible.role: Accessible.ListItem
@@ -50,7 +52,9 @@ DeletableRow {
         anchors.rightMargin: Theme.spacing
         text: root.text
         font.pointSize: root.textSize
-        wrapMode: Text.Wrap
+        fontSizeMode: root.isOneLine ? Text.HorizontalFit : Text.FixedSize
+        minimumPointSize: Theme.bodySize
+        wrapMode: root.isOneLine ? Text.NoWrap : Text.Wrap
         maximumLineCount: Theme.noteMaximumLineCount
         elide: Text.ElideRight
         Accessible.ignored: true

@@ -28,7 +28,8 @@ Item {
     }
 
     function requestMenu() {
-        root.menuRequested(Qt.point(Theme.wideSpacing, root.height));
+        const x = root.LayoutMirroring.enabled ? root.width - Theme.menuWidth - Theme.wideSpacing : Theme.wideSpacing;
+        root.menuRequested(Qt.point(x, root.height + Theme.tightSpacing));
     }
 
     function press(mouse) {

@@ -71,6 +71,14 @@ FocusScope {
         }
     }
 
+    Rectangle {
+        anchors.bottom: list.top
+        width: parent.width
+        height: 1
+        visible: !list.atTop
+        color: Theme.colors.separator
+    }
+
     TaskListView {
         id: list
 

@@ -16,7 +16,7 @@ DeletableRow {
 
     signal buttonTapped
 
-    implicitHeight: content.height + Theme.spacing + bar.height
+    implicitHeight: content.y + content.height + Theme.spacing + bar.height
     activeFocusOnTab: !finish.visible
     Accessible.role: Accessible.StaticText
     Accessible.name: root.timeSpent

@@ -11,6 +11,7 @@ BoxRow {
     symbol: "clock"
     symbolSize: Theme.largeSymbolSize
     textSize: Theme.displaySize
+    isOneLine: true
     bottomPadding: 2 * Theme.spacing + bar.height
 
     IntervalProgress {

@@ -58,7 +58,7 @@ FocusScope {
         Rectangle {
             anchors.top: tabs.bottom
             anchors.bottom: buttons.top
-            anchors.topMargin: Theme.spacing
+            anchors.topMargin: Theme.wideSpacing
             anchors.bottomMargin: Theme.wideSpacing
             width: parent.width
             radius: Theme.radius

@@ -71,6 +71,11 @@ FocusScope {
             }
         }
 
+        Item {
+            width: parent.width
+            height: Theme.spacing
+        }
+
         PushButton {
             anchors.right: parent.right
             focus: true

@@ -52,8 +52,10 @@ HeadedListView {
             return;
         if (root.count > 1)
             root.currentIndex = root.adapter.rows.rowNearest(root.notesRow);
-        else
+        else if (root.activeFocus)
             notes.focusFirst();
+        else
+            root.currentIndex = -1;
     }
 
     onModelChanged: root.showAnew()

@@ -9,6 +9,7 @@ FocusScope {
     id: root
 
     required property TaskListAdapter adapter
+    readonly property alias atTop: list.atYBeginning
 
     // The first task with what stands above it.
     function showRow(row: int) {

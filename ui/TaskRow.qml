@@ -19,14 +19,14 @@ DeletableRow {
 
     readonly property bool isTask: root.kind === TaskListModel.Task
     // The list cuts off what is outside of its rows.
-    readonly property int ringRoom: Theme.focusWidth + 1
+    readonly property int ringRoom: Theme.tightSpacing
     readonly property bool isHeader: root.kind === TaskListModel.Header
     readonly property color textColor: root.isSelected ? Theme.colors.selectedText : Theme.colors.text
     readonly property color detailColor: root.isSelected ? Theme.colors.selectedText : Theme.colors.secondaryText
 
     signal lineMenuRequested(line: DeletableRow, position: point)
 
-    implicitHeight: content.height + 2 * content.y
+    implicitHeight: content.y + content.height + (root.isHeader ? Theme.tightSpacing : content.y)
     enabled: root.isTask
     Accessible.role: root.isTask ? Accessible.ListItem : root.isHeader ? Accessible.Heading : Accessible.StaticText
     Accessible.name: root.text
@@ -63,6 +63,7 @@ DeletableRow {
 
         Label {
             width: parent.width
+            topPadding: root.isHeader ? Theme.spacing : 0
             text: root.text
             font.pointSize: root.isHeader ? Theme.title2Size : Theme.title3Size
             font.weight: root.isHeader ? Font.DemiBold : Font.Normal

@@ -11,7 +11,12 @@ namespace hearthmark::ui {
 
 namespace {
 
-class Item final : public QAccessibleQuickItem {
+// What a row offers besides being pressed; see DeletableRow.qml.
+constexpr auto kRequestMenu = "requestMenu";
+
+// Also lets assistive programs write into the editors, open the rows' menus and ask how far a
+// progress bar is.
+class Item final : public QAccessibleQuickItem, public QAccessibleEditableTextInterface {
  public:
     explicit Item(QQuickItem* item) : QAccessibleQuickItem(item) {
         QObject::connect(item, &QQuickItem::enabledChanged, item, [item] {
@@ -28,6 +33,50 @@ class Item final : public QAccessibleQuickItem {
         const bool isText = role() == QAccessible::StaticText || role() == QAccessible::Heading;
         state.disabled = item()->isEnabled() || isText ? 0 : 1;
         return state;
+    }
+
+    void* interface_cast(QAccessible::InterfaceType type) override {
+        if (type == QAccessible::EditableTextInterface && role() == QAccessible::EditableText) {
+            return static_cast<QAccessibleEditableTextInterface*>(this);
+        }
+        if (type == QAccessible::ValueInterface && role() == QAccessible::ProgressBar) {
+            return static_cast<QAccessibleValueInterface*>(this);
+        }
+        return QAccessibleQuickItem::interface_cast(type);
+    }
+
+    QStringList actionNames() const override {
+        QStringList names = QAccessibleQuickItem::actionNames();
+        if (hasMenu()) {
+            names.append(showMenuAction());
+        }
+        return names;
+    }
+
+    void doAction(const QString& name) override {
+        if (name == showMenuAction() && hasMenu()) {
+            QMetaObject::invokeMethod(item(), kRequestMenu);
+        } else {
+            QAccessibleQuickItem::doAction(name);
+        }
+    }
+
+    void insertText(int offset, const QString& text) override {
+        QMetaObject::invokeMethod(item(), "insert", Q_ARG(int, offset), Q_ARG(QString, text));
+    }
+
+    void deleteText(int start, int end) override {
+        QMetaObject::invokeMethod(item(), "remove", Q_ARG(int, start), Q_ARG(int, end));
+    }
+
+    void replaceText(int start, int end, const QString& text) override {
+        deleteText(start, end);
+        insertText(start, text);
+    }
+
+ private:
+    bool hasMenu() const {
+        return item()->isEnabled() && item()->metaObject()->indexOfMethod("requestMenu()") >= 0;
     }
 };
 

@@ -44,7 +44,10 @@ void HomeView::show(const std::string& activationToken) {
 }
 
 void HomeView::hide() {
+    const QPoint place = window_->framePosition();
     window_->setVisible(false);
+    // Else the window manager looks for a place anew.
+    window_->setFramePosition(place);
 }
 
 void HomeView::requestAttention() {

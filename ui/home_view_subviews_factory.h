@@ -27,7 +27,7 @@ class HomeViewSubviewsFactory {
     using TimeKeepingProviderMaker =
         std::function<std::shared_ptr<services::TimeKeepingProviderProtocol>()>;
 
-    // Each view that keeps time is given a provider of its own.
+    // Asked once for each view that keeps time.
     HomeViewSubviewsFactory(
         std::shared_ptr<store::DataOperationsServiceProtocol> dataOperationsService,
         std::shared_ptr<const store::LiveDataProvidingFactoryProtocol> liveDataFactory,

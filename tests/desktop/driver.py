@@ -268,16 +268,22 @@ def is_showing(node):
     return node is not None and node.getState().contains(pyatspi.STATE_SHOWING)
 
 
+def has_focus(node):
+    import pyatspi
+
+    return node.getState().contains(pyatspi.STATE_FOCUSED)
+
+
 def extents(node):
     import pyatspi
 
     return node.queryComponent().getExtents(pyatspi.DESKTOP_COORDS)
 
 
-def press(node):
+def press(node, name="Press"):
     action = node.queryAction()
     names = [action.getName(index) for index in range(action.nActions)]
-    action.doAction(names.index("Press"))
+    action.doAction(names.index(name))
 
 
 def click(node, button=1):

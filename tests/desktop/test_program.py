@@ -14,7 +14,7 @@ import sys
 import time
 import unittest
 
-from driver import (Desktop, ProgramTest, click, extents, key, lines_of, new_id, now, press, serve,
+from driver import (Desktop, ProgramTest, click, clipboard, extents, has_focus, key, lines_of, new_id, now, press, serve,
                     type_text, wait_for, xdotool)
 
 WATCHED_SECONDS = 8
@@ -117,6 +117,17 @@ class Use(ProgramTest):
             key("ctrl+f")
             wait_for(lambda: program.section_of("One") == "Not running", "its end")
             self.assertEqual(program.rows("SELECT max(maxDuration) FROM Interval"), [(maximum,)])
+        key("ctrl+shift+n")
+        program.find("Note", "text")
+        type_text("By hand.")
+        key("ctrl+Return")
+        program.find("By hand.", "list item")
+        wait_for(lambda: key("Tab") or time.sleep(0.2) or has_focus(program.find("One", "list item")),
+                 "the way round to the list")
+        key("ctrl+e")
+        program.find("JSON", "list")
+        key("ctrl+c")
+        wait_for(lambda: b'"One"' in clipboard(), "the copy")
         for keys, name in [("ctrl+e", "JSON"), ("F1", "Keyboard Shortcuts")]:
             key(keys)
             program.find(name)
@@ -134,6 +145,41 @@ class Use(ProgramTest):
         wait_for(lambda: not program.find_all("One"), "the placeholder of a task that is gone")
         self.assertFalse(program.is_enabled("30:00"))
         key("ctrl+q")
+        self.assertEqual(program.finished()[0], 0)
+
+    def test_accessibility_bus_alone(self):
+        program = self.program.launch()
+
+        def write(name, text):
+            program.find(name, "text").queryEditableText().insertText(0, text, len(text))
+
+        for name in ["One", "Two"]:
+            program.press("Add Task")
+            write("Task name", name)
+            program.press("Save")
+        press(program.find("One", "list item"))
+        program.find("One", "heading")
+        program.press("30:00")
+        bar = program.find("Progress", "progress bar").queryValue()
+        self.assertEqual((bar.minimumValue, bar.maximumValue), (0, 1))
+        wait_for(lambda: 0 < bar.currentValue < 0.01, "progress")
+        program.press("Add Note")
+        write("Note", "All by voice.")
+        program.press("Save")
+        program.find("All by voice.", "list item")
+        program.press("Finish")
+        program.press("Share")
+        press(program.find("CSV", "page tab"))
+        program.press("Copy")
+        wait_for(lambda: b"One" in clipboard(), "the copy")
+        press(program.find("One", "list item"), "ShowMenu")
+        program.press("Delete", "menu item")
+        wait_for(lambda: program.rows("SELECT name FROM Task") == [("Two",)], "the deletion")
+        program.press("Undo")
+        wait_for(lambda: program.rows("SELECT text FROM Note WHERE task") == [("All by voice.",)],
+                 "its return")
+        program.press("Application menu")
+        program.press("Quit", "menu item")
         self.assertEqual(program.finished()[0], 0)
 
     def test_follows_the_desktop_from_dark_to_light(self):
@@ -277,6 +323,8 @@ class Restarts(ProgramTest):
 
     def test_a_second_start_shows_the_window_of_the_first(self):
         program = self.program.launch()
+        xdotool("search", "--onlyvisible", "--name", "^Hearthmark$", "windowmove", "--sync", 33, 44)
+        place = tuple(extents(program.find("Add Task")))
         key("alt+F4")
         wait_for(lambda: not program.find_all("Add Task"), "the window to hide")
         self.assertIsNone(program.process.poll())
@@ -284,7 +332,7 @@ class Restarts(ProgramTest):
         second = subprocess.run([program.binary], env=program.environment(), timeout=5, check=False)
         self.assertEqual(second.returncode, 0)
         self.assertLess(time.monotonic() - before, 1)
-        program.find("Add Task")
+        wait_for(lambda: tuple(extents(program.find("Add Task"))) == place, "it at its place")
         silent = subprocess.run(
             [program.binary], env=program.environment(DBUS_SESSION_BUS_ADDRESS="disabled:"), timeout=5,
             capture_output=True, text=True, check=False)

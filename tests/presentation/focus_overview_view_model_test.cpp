@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cmath>
 #include <cstdlib>
 
 #include "support/test_store.h"
@@ -48,7 +49,7 @@ TEST(FocusOverviewViewModel, CountsEachIntervalOnTheLocalDayOfItsCreation) {
     add(one, 7, 100s);
     add(one, 20, 30s);
     add(other, 19.9, 50s);
-    add(other, 21, 1h);  // tomorrow
+    add(other, 21, 2h);  // tomorrow
     store.service->deleteInterval(add(one, 20, 1h), *one.id());
     store.addInterval(one, IntervalState::running(on(20.5)), 10s, 0s, on(20.25));
 
@@ -64,7 +65,7 @@ TEST(FocusOverviewViewModel, CountsEachIntervalOnTheLocalDayOfItsCreation) {
         for (const FocusOverviewViewState::Day& day : view.days) {
             if (day.share > 0) {
                 all += ' ' + std::to_string(&day - view.days.data()) + '=' + day.timeSpent + '/' +
-                       std::to_string(static_cast<int>(day.share * 100));
+                       std::to_string(std::lround(day.share * 3600));
             }
         }
         return all;
@@ -72,18 +73,19 @@ TEST(FocusOverviewViewModel, CountsEachIntervalOnTheLocalDayOfItsCreation) {
     const auto all = overview(std::nullopt);
     EXPECT_EQ(text(all), "40: 0=1:40/100 12=50/50 13=40/40");
     EXPECT_EQ(all->viewState().value()->days.back().start, on(20));
-    EXPECT_EQ(text(overview(other.id())), "0: 12=50/100");
+    EXPECT_EQ(text(overview(other.id())), "0: 12=50/50");
     store.clock->time = store.clock->time + 5s;
     timers->fire();
     EXPECT_EQ(text(all), "45: 0=1:40/100 12=50/50 13=45/45");
-    // Midnight, and a journey to the west, with nothing running.
+    // An hour is the least that fills the chart. Midnight, and a journey to the west, with nothing
+    // running.
     store.service->pauseRunningIntervals();
     store.clock->time = on(21.01);
     timers->fire();
-    EXPECT_EQ(text(all), "1:00:00: 11=50/1 12=45/1 13=1:00:00/100");
+    EXPECT_EQ(text(all), "2:00:00: 11=50/25 12=45/23 13=2:00:00/3600");
     calendar->shift = 3h;
     timers->fire();
-    EXPECT_EQ(text(all), "1:00:15: 12=1:20/2 13=1:00:15/100");
+    EXPECT_EQ(text(all), "2:00:15: 12=1:20/40 13=2:00:15/3600");
 }
 
 TEST(LocalCalendar, BeginsDaysWhereTheClocksBeginThem) {

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <gtest/gtest.h>
 
+#include "services/in_step_time_keeping_provider.h"
 #include "services/interval_time_keeper_service.h"
 #include "services/running_interval_visiting_service.h"
 #include "support/test_store.h"
@@ -34,6 +35,39 @@ TEST(TimerServices, FinishOnceASecondAndStampOnceAMinuteWhileTheyLive) {
     store.clock->time = at(1100);
     timers->fire();
     EXPECT_EQ(interval.intervalState(), store::IntervalState::finished());
+}
+
+TEST(InStepTimeKeepingProvider, FiresAllOfOneIntervalTogetherWhateverTheyDo) {
+    const auto timers = std::make_shared<tests::FakeTimeKeepingProvider>();
+    InStepTimeKeepingProvider provider(timers);
+    std::string fired;
+    std::map<char, std::shared_ptr<TimeKeeping>> handles;
+    const auto add = [&](char name, base::Seconds interval, const std::function<void()>& then) {
+        handles[name] = provider.makeTimer(interval, Repeats::yes, [&fired, name, then] {
+            fired += name;
+            then();
+        });
+    };
+    add('a', 1s, [&] { handles['b']->invalidate(); });
+    add('b', 1s, [] {});
+    add('c', 1s, [&] {
+        handles['c']->invalidate();
+        add('d', 1s, [] {});
+    });
+    add('m', 60s, [] {});
+    EXPECT_EQ(timers->validTimers(), 2);
+    timers->fire();
+    EXPECT_EQ(std::exchange(fired, ""), "acm") << "one that goes or comes meanwhile does not fire";
+    timers->fire();
+    EXPECT_EQ(std::exchange(fired, ""), "adm");
+    for (auto& [name, handle] : handles) {
+        handle->invalidate();
+        handle->invalidate();
+    }
+    EXPECT_EQ(timers->validTimers(), 0);
+    add('e', 1s, [] {});
+    timers->fire();
+    EXPECT_EQ(fired, "e");
 }
 
 }  // namespace hearthmark::services

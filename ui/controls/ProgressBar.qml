@@ -27,7 +27,7 @@ T.ProgressBar {
             readonly property real start: root.indeterminate ? root.sweep * (parent.width - width) : 0
 
             x: root.mirrored ? parent.width - width - start : start
-            width: root.indeterminate ? parent.width / 4 : Math.max(parent.height, root.visualPosition * parent.width)
+            width: root.indeterminate ? parent.width / 4 : Math.max(parent.height, root.position * parent.width)
             height: parent.height
             radius: height / 2
             color: Theme.colors.accent

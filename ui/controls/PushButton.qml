@@ -16,7 +16,7 @@ BasicButton {
         return root.isPrimary ? Theme.colors.accentText : Theme.colors.text;
     }
 
-    implicitWidth: implicitContentWidth + leftPadding + rightPadding
+    implicitWidth: Math.ceil(implicitContentWidth) + leftPadding + rightPadding
     implicitHeight: Math.max(Theme.controlHeight, implicitContentHeight + topPadding + bottomPadding)
     horizontalPadding: 14
     verticalPadding: 5

@@ -5,9 +5,9 @@ import QtQuick.Templates as T
 T.ScrollBar {
     id: root
 
-    implicitWidth: 8
-    implicitHeight: 8
-    padding: 2
+    implicitWidth: 6
+    implicitHeight: 6
+    padding: 1
     minimumSize: 0.06
     visible: root.size < 1
     Accessible.ignored: true

@@ -34,7 +34,7 @@ T.TabButton {
 
     background: Rectangle {
         radius: Theme.controlRadius
-        color: root.checked ? Theme.colors.content : root.hovered ? Theme.colors.separator : "transparent"
+        color: root.checked ? Theme.colors.button : root.hovered ? Theme.colors.separator : "transparent"
         border.width: root.checked ? 1 : 0
         border.color: Theme.colors.buttonBorder
 

@@ -56,8 +56,8 @@ ListView {
 
         required property string line
 
-        x: Theme.wideSpacing
-        width: root.width - 2 * Theme.wideSpacing
+        x: Theme.spacing
+        width: root.width - 2 * Theme.spacing
         text: label.line
         font.family: root.fontFamily
         wrapMode: Text.Wrap

@@ -105,7 +105,7 @@ QtObject {
     readonly property int chartWidth: 360
     readonly property int chartHeight: 64
     readonly property int smallChartHeight: 36
-    readonly property int menuWidth: 200
+    readonly property int menuWidth: 240
     readonly property int editorMaximumHeight: 200
     readonly property int noteEditorHeight: 100
     // Each line of a text takes its time, and a text may be a megabyte.
