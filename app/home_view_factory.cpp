@@ -33,7 +33,7 @@ std::unique_ptr<services::HomeViewProtocol> HomeViewFactory::makeHomeView() {
     const presentation::HomeVMFactory homeVMFactory(
         dataOperationsService_,
         std::make_shared<presentation::SelectedTaskIdPublisher>(*mutableSelectedTaskId_));
-    const auto inStep =
+    std::shared_ptr<services::TimeKeepingProviderProtocol> inStep =
         std::make_shared<services::InStepTimeKeepingProvider>(makeTimeKeepingProvider_());
     const ui::HomeViewSubviewsFactory subviewsFactory(
         dataOperationsService_, liveDataFactory_, clock_, mutableSelectedTaskId_,

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+pragma ComponentBehavior: Bound
 import QtQuick
 import Hearthmark.Controls
 
@@ -11,10 +12,13 @@ DeletableRow {
     property real symbolSize: Theme.symbolSize
     property real textSize: Theme.bodySize
     property real bottomPadding: Theme.spacing
+    // With the mouse; the key of copying copies what is marked, or all.
+    property bool isSelectable: false
+    readonly property Item body: selectables.count > 0 ? selectables.itemAt(0) : label
     // Where it does not fit it gets smaller instead of going on in the next line.
     property bool isOneLine: false
 
-    implicitHeight: label.y + label.height + root.bottomPadding
+    implicitHeight: root.body.y + root.body.height + root.bottomPadding
     Accessible.role: Accessible.ListItem
     Accessible.name: root.text
     Accessible.focusable: true
@@ -50,13 +54,41 @@ DeletableRow {
         anchors.leftMargin: Theme.spacing
         anchors.right: parent.right
         anchors.rightMargin: Theme.spacing
-        text: root.text
+        visible: !root.isSelectable
+        text: root.isSelectable ? "" : root.text
         font.pointSize: root.textSize
         fontSizeMode: root.isOneLine ? Text.HorizontalFit : Text.FixedSize
         minimumPointSize: Theme.bodySize
         wrapMode: root.isOneLine ? Text.NoWrap : Text.Wrap
-        maximumLineCount: Theme.noteMaximumLineCount
-        elide: Text.ElideRight
         Accessible.ignored: true
+    }
+
+    // At most one; it takes more than a label.
+    Repeater {
+        id: selectables
+
+        model: root.isSelectable ? 1 : 0
+
+        ReadOnlyText {
+            id: selectable
+
+            x: Theme.spacing
+            y: Theme.spacing
+            width: root.width - 2 * Theme.spacing
+            text: root.text
+            selectByMouse: true
+            Accessible.ignored: true
+
+            TapHandler {
+                gesturePolicy: TapHandler.DragThreshold
+                onPressedChanged: root.takeFocus()
+            }
+
+            Shortcut {
+                sequence: "Ctrl+C"
+                enabled: root.activeFocus
+                onActivated: selectable.copyMarkedOrAll()
+            }
+        }
     }
 }

@@ -32,9 +32,13 @@ Item {
         root.menuRequested(Qt.point(x, root.height + Theme.tightSpacing));
     }
 
-    function press(mouse) {
+    function takeFocus() {
         root.forceActiveFocus(Qt.MouseFocusReason);
         root.clicked = true;
+    }
+
+    function press(mouse) {
+        root.takeFocus();
         if (mouse.button === Qt.RightButton)
             root.menuRequested(Qt.point(mouse.x, mouse.y));
     }

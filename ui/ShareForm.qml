@@ -73,7 +73,7 @@ FocusScope {
                 anchors.margins: Theme.focusWidth
                 visible: tabs.currentIndex === ShareContainerAdapter.Json
                 focus: visible
-                model: root.adapter?.jsonLines ?? null
+                lines: root.adapter?.jsonLines ?? null
                 Accessible.name: qsTr("JSON")
             }
 
@@ -84,7 +84,7 @@ FocusScope {
                 anchors.margins: Theme.focusWidth
                 visible: tabs.currentIndex === ShareContainerAdapter.Csv
                 focus: visible
-                model: root.adapter?.csvLines ?? null
+                lines: root.adapter?.csvLines ?? null
                 Accessible.name: qsTr("CSV")
             }
         }

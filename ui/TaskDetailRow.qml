@@ -23,6 +23,7 @@ BoxRow {
     height: root.isPlace ? root.notesHeight : root.implicitHeight
     visible: !root.isPlace
     symbol: root.kind === TaskDetailListModel.Interval ? "clock" : ""
+    isSelectable: root.kind === TaskDetailListModel.Note
     Keys.onTabPressed: root.stop.leaveForward()
     Keys.onBacktabPressed: root.stop.leaveBackward()
     Keys.onUpPressed: root.steppedUp()

@@ -63,7 +63,7 @@ FocusScope {
 
                 anchors.fill: parent
                 anchors.margins: Theme.focusWidth
-                model: root.updates.notes
+                lines: root.updates.notes
                 fontFamily: title.font.family
                 Accessible.name: qsTr("What is new")
             }

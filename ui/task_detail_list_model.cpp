@@ -12,6 +12,31 @@ namespace hearthmark::ui {
 using presentation::NotesViewState;
 using presentation::TaskDetailViewState;
 
+namespace {
+
+// Each line of a text takes its time, and a note may be a megabyte. The exports have all of it.
+constexpr qsizetype kMostLines = 500;
+constexpr qsizetype kMostCharacters = 20'000;
+
+QString shownNote(const std::string& note) {
+    QString text = toQString(note);
+    qsizetype end = 0;
+    for (qsizetype line = 0; line < kMostLines && end >= 0 && end < kMostCharacters; ++line) {
+        end = text.indexOf(QLatin1Char('\n'), end + 1);
+    }
+    if (end < 0) {
+        end = text.size();
+    }
+    const qsizetype shown = std::min(end, kMostCharacters);
+    if (shown < text.size()) {
+        text.truncate(shown);
+        text += QChar(0x2026);
+    }
+    return text;
+}
+
+}  // namespace
+
 QList<int> TaskDetailRow::assign(TaskDetailRow&& next) {
     QList<int> changed;
     assignShown(text, std::move(next.text), TaskDetailListModel::TextRole, changed);
@@ -36,7 +61,7 @@ void TaskDetailListModel::showNotes(const NotesViewState::View& state) {
     RowKeys keys;
     for (const NotesViewState::CommittedNote& note : state.committedNotes) {
         notes_.push_back({.key = keys.next(note.id, Note),
-                          .text = toQString(note.noteText),
+                          .text = shownNote(note.noteText),
                           .onDelete = note.onDeleteCommand});
     }
     show({rows().begin(), rows().begin() + notesRow()});

@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "ui/text_lines_model.h"
 
-#include <QString>
+#include <QClipboard>
+#include <QGuiApplication>
 #include <algorithm>
 
 namespace hearthmark::ui {
@@ -39,6 +40,8 @@ void TextLinesModel::setText(std::string_view text) {
         }
     }
     bounds_.push_back(text.size());
+    selectionBegin_ = {};
+    selectionEnd_ = {};
     endResetModel();
 }
 
@@ -47,19 +50,92 @@ int TextLinesModel::rowCount(const QModelIndex& parent) const {
 }
 
 QVariant TextLinesModel::data(const QModelIndex& index, int role) const {
-    if (role != LineRole || !checkIndex(index, CheckIndexOption::IndexIsValid)) {
+    if (!checkIndex(index, CheckIndexOption::IndexIsValid)) {
         return {};
     }
-    const auto row = static_cast<std::size_t>(index.row());
-    std::string_view line = text_.substr(bounds_[row], bounds_[row + 1] - bounds_[row]);
+    switch (role) {
+        case LineRole:
+            return shownLine(index.row());
+        case SelectedFromRole:
+            return selectedPart(index.row()).first;
+        case SelectedToRole:
+            return selectedPart(index.row()).second;
+        default:
+            return {};
+    }
+}
+
+QHash<int, QByteArray> TextLinesModel::roleNames() const {
+    return {{LineRole, "line"}, {SelectedFromRole, "selectedFrom"}, {SelectedToRole, "selectedTo"}};
+}
+
+void TextLinesModel::beginSelection(int row, int column) {
+    select({row, column}, {row, column});
+}
+
+void TextLinesModel::moveSelection(int row, int column) {
+    select(selectionBegin_, {row, column});
+}
+
+void TextLinesModel::selectAll() {
+    if (const int last = rowCount() - 1; last >= 0) {
+        select({}, {last, static_cast<int>(shownLine(last).size())});
+    }
+}
+
+bool TextLinesModel::copySelection() const {
+    const QString text = selectedText();
+    if (!text.isEmpty()) {
+        QGuiApplication::clipboard()->setText(text);
+    }
+    return !text.isEmpty();
+}
+
+QString TextLinesModel::selectedText() const {
+    QString text;
+    const auto [first, last] = std::minmax(selectionBegin_, selectionEnd_);
+    for (int row = first.row; row <= last.row && row < rowCount(); ++row) {
+        const auto [from, to] = selectedPart(row);
+        text += shownLine(row).mid(from, to - from);
+        if (row < last.row && lineAt(row).ends_with('\n')) {
+            text += '\n';
+        }
+    }
+    return text;
+}
+
+std::string_view TextLinesModel::lineAt(int row) const {
+    const auto index = static_cast<std::size_t>(row);
+    return text_.substr(bounds_[index], bounds_[index + 1] - bounds_[index]);
+}
+
+QString TextLinesModel::shownLine(int row) const {
+    std::string_view line = lineAt(row);
     if (line.ends_with('\n')) {
         line.remove_suffix(1);
     }
     return QString::fromUtf8(line.data(), static_cast<qsizetype>(line.size()));
 }
 
-QHash<int, QByteArray> TextLinesModel::roleNames() const {
-    return {{LineRole, "line"}};
+std::pair<int, int> TextLinesModel::selectedPart(int row) const {
+    const auto [first, last] = std::minmax(selectionBegin_, selectionEnd_);
+    if (row < first.row || row > last.row) {
+        return {0, 0};
+    }
+    const int length = static_cast<int>(shownLine(row).size());
+    return {row == first.row ? std::min(first.column, length) : 0,
+            row == last.row ? std::min(last.column, length) : length};
+}
+
+void TextLinesModel::select(Place from, Place to) {
+    const int first = std::min({selectionBegin_.row, selectionEnd_.row, from.row, to.row});
+    const int last = std::max({selectionBegin_.row, selectionEnd_.row, from.row, to.row});
+    selectionBegin_ = from;
+    selectionEnd_ = to;
+    if (rowCount() > 0) {
+        emit dataChanged(index(std::max(first, 0)), index(std::min(last, rowCount() - 1)),
+                         {SelectedFromRole, SelectedToRole});
+    }
 }
 
 }  // namespace hearthmark::ui

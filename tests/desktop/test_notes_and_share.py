@@ -130,7 +130,8 @@ class NotesAndShare(ProgramTest):
         program = self.show_task(name, "", None, name=name, intervals=2)
         program.rows(f"VACUUM INTO '{program.data}/Hearthmark.sqlite'")
         subprocess.run([EXPORT_WRITER, program.data, program.data], check=True)
-        for copy in [lambda: program.press("Copy"), lambda: key("ctrl+c")]:
+        for copy in [lambda: program.press("Copy"), lambda: key("ctrl+c"),
+                     lambda: key("ctrl+a", "ctrl+c", "Escape")]:
             for tab in ["JSON", "CSV"]:
                 program.press("Share")
                 press(program.find(tab, "page tab"))

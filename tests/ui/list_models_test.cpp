@@ -11,6 +11,7 @@
 #include "base/uuid.h"
 #include "livedata/block.h"
 #include "presentation/task_list_view_state.h"
+#include "ui/task_detail_list_model.h"
 #include "ui/task_list_model.h"
 
 namespace hearthmark::ui {
@@ -171,6 +172,34 @@ TEST(TaskListModel, AnyStateFollowsAnyOther) {
                 QStringLiteral(", %1 of %2").arg(place + 1).arg(expected.size())))
                 << places[place].toStdString();
         }
+    }
+}
+
+TEST(TaskDetailListModel, ShowsTheBeginningOfANoteThatIsTooLong) {
+    const auto repeated = [](int count, const std::string& part) {
+        std::string text;
+        for (int each = 0; each < count; ++each) {
+            text += part;
+        }
+        return text;
+    };
+    TaskDetailListModel model;
+    for (const auto& [note, shown] : std::vector<std::pair<std::string, std::string>>{
+             {"", ""},
+             {repeated(499, "a\n") + "b", repeated(499, "a\n") + "b"},
+             {repeated(501, "a\n"), repeated(499, "a\n") + "a…"},
+             {repeated(20'000, "é"), repeated(20'000, "é")},
+             {repeated(30'000, "é"), repeated(20'000, "é") + "…"}}) {
+        model.showNotes({.canAddNote = true,
+                         .onAddNoteTapped = nullptr,
+                         .committedNotes = {{.id = base::Uuid::random(),
+                                             .noteText = note,
+                                             .onDeleteCommand = nullptr}},
+                         .pendingNote = {}});
+        EXPECT_EQ(
+            model.index(1).data(TaskDetailListModel::TextRole).toString().toStdString() == shown,
+            true)
+            << note.size();
     }
 }
 

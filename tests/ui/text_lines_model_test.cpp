@@ -36,4 +36,31 @@ TEST(TextLinesModel, EndsALineAtALineFeedAndBetweenCharactersAfter2000Bytes) {
     EXPECT_EQ(model.rowCount(), 3) << "also where there are no characters";
 }
 
+TEST(TextLinesModel, SelectsAcrossLinesInBothDirections) {
+    struct Row {
+        std::pair<int, int> from;
+        std::pair<int, int> to;
+        std::string selected;
+    };
+    TextLinesModel model;
+    const std::string text = "one\n\ntwé\n" + std::string(2001, 'x');
+    model.setText(text);
+    ASSERT_EQ(model.rowCount(), 5);
+    for (const Row& row : std::vector<Row>{{{0, 1}, {0, 1}, ""},
+                                           {{0, 1}, {0, 3}, "ne"},
+                                           {{0, 3}, {2, 0}, "\n\n"},
+                                           {{2, 2}, {0, 2}, "e\n\ntw"},
+                                           {{3, 1999}, {4, 1}, "xx"},
+                                           {{2, 2}, {9, 9}, "é\n" + std::string(2001, 'x')}}) {
+        model.beginSelection(row.from.first, row.from.second);
+        model.moveSelection(row.to.first, row.to.second);
+        EXPECT_EQ(model.selectedText().toStdString(), row.selected);
+    }
+    model.selectAll();
+    EXPECT_EQ(model.selectedText().toStdString(), text);
+    EXPECT_EQ(model.index(2).data(TextLinesModel::SelectedToRole), 3);
+    model.beginSelection(0, 0);
+    EXPECT_EQ(model.index(2).data(TextLinesModel::SelectedToRole), 0);
+}
+
 }  // namespace hearthmark::ui

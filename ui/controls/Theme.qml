@@ -108,7 +108,6 @@ QtObject {
     readonly property int menuWidth: 240
     readonly property int editorMaximumHeight: 200
     readonly property int noteEditorHeight: 100
-    // Each line of a text takes its time, and a text may be a megabyte.
+    // Each line of a text takes its time, and a name may be a megabyte.
     readonly property int nameMaximumLineCount: 100
-    readonly property int noteMaximumLineCount: 500
 }
