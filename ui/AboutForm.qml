@@ -12,8 +12,6 @@ FocusScope {
     signal closed
 
     implicitHeight: content.height
-    Accessible.role: Accessible.Dialog
-    Accessible.name: qsTr("About Hearthmark")
 
     Column {
         id: content

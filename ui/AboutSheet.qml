@@ -9,6 +9,8 @@ Sheet {
 
     required property AboutAdapter about
 
+    title: qsTr("About Hearthmark")
+
     contentItem: AboutForm {
         focus: true
         about: root.about

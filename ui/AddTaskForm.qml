@@ -16,8 +16,6 @@ EditorForm {
     }
 
     implicitHeight: content.height
-    Accessible.role: Accessible.Dialog
-    Accessible.name: title.text
     onVisibleChanged: root.reset()
     onSaveRequested: root.saved(editor.textDocument)
 
@@ -28,8 +26,6 @@ EditorForm {
         spacing: Theme.wideSpacing
 
         Label {
-            id: title
-
             width: parent.width
             text: qsTr("Add Task")
             font.pointSize: Theme.title2Size

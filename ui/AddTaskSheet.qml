@@ -14,6 +14,8 @@ Sheet {
         root.close();
     }
 
+    title: qsTr("Add Task")
+
     contentItem: AddTaskForm {
         focus: true
         onSaved: name => root.save(name)

@@ -33,6 +33,7 @@ ContextMenu {
         id: deleteItem
 
         text: qsTr("Delete")
+        isDestructive: true
         onTriggered: root.row.deletionRequested()
     }
 }

@@ -27,8 +27,6 @@ FocusScope {
         tabs.currentIndex = ShareContainerAdapter.Json;
     }
 
-    Accessible.role: Accessible.Dialog
-    Accessible.name: qsTr("Share")
     onVisibleChanged: root.reset()
     Keys.onPressed: event => root.copyOnControl(event)
 
@@ -43,6 +41,7 @@ FocusScope {
             id: tabs
 
             anchors.horizontalCenter: parent.horizontalCenter
+            Accessible.name: qsTr("Format")
 
             TabButton {
                 symbol: "tray.and.arrow.down.fill"

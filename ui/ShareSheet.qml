@@ -11,6 +11,7 @@ Sheet {
 
     property ShareContainerAdapter adapter
 
+    title: qsTr("Share")
     preferredWidth: Theme.wideSheetWidth
     height: (parent?.height ?? 0) - 2 * Theme.pageMargin
     closePolicy: T.Popup.CloseOnEscape | T.Popup.CloseOnPressOutside

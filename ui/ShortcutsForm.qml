@@ -10,8 +10,6 @@ FocusScope {
     signal closed
 
     implicitHeight: content.height
-    Accessible.role: Accessible.Dialog
-    Accessible.name: title.text
 
     Column {
         id: content
@@ -20,8 +18,6 @@ FocusScope {
         spacing: Theme.spacing
 
         Label {
-            id: title
-
             width: parent.width
             text: qsTr("Keyboard Shortcuts")
             font.pointSize: Theme.title2Size

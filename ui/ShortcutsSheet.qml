@@ -6,6 +6,8 @@ import Hearthmark.Controls
 Sheet {
     id: root
 
+    title: qsTr("Keyboard Shortcuts")
+
     contentItem: ShortcutsForm {
         focus: true
         onClosed: root.close()

@@ -10,8 +10,6 @@ FocusScope {
     required property UpdateAdapter updates
 
     implicitHeight: content.height
-    Accessible.role: Accessible.Dialog
-    Accessible.name: title.text
     Keys.onReturnPressed: root.updates.accept()
     Keys.onEnterPressed: root.updates.accept()
 

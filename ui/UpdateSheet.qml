@@ -9,6 +9,7 @@ Sheet {
 
     required property UpdateAdapter updates
 
+    title: root.updates.title
     visible: root.updates.presented
     onClosed: root.updates.dismiss()
 

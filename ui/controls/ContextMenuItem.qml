@@ -6,6 +6,9 @@ T.MenuItem {
     id: root
 
     property string shortcutText
+    // Takes something away.
+    property bool isDestructive: false
+    readonly property color textColor: root.isDestructive ? Theme.colors.danger : Theme.colors.text
 
     function press() {
         if (root.enabled)
@@ -24,7 +27,7 @@ T.MenuItem {
 
     contentItem: Label {
         text: root.text
-        color: root.enabled ? Theme.colors.text : Theme.colors.disabledText
+        color: root.enabled ? root.textColor : Theme.colors.disabledText
         verticalAlignment: Text.AlignVCenter
         Accessible.ignored: true
 

@@ -3,11 +3,19 @@ import QtQuick
 import QtQuick.Templates as T
 
 // A modal sheet over the window. Only its own controls and the Escape key close it: a click outside
-// must not lose a half-typed text.
-T.Popup {
+// must not lose a half-typed text. Its title is what assistive programs call it.
+T.Dialog {
     id: root
 
     property real preferredWidth: Theme.sheetWidth
+    readonly property Transition fade: Transition {
+        NumberAnimation {
+            property: "opacity"
+            from: 0
+            to: 1
+            duration: Theme.motionDuration
+        }
+    }
 
     parent: T.Overlay.overlay
     anchors.centerIn: parent
@@ -25,16 +33,8 @@ T.Popup {
         border.color: Theme.colors.separator
     }
 
-    enter: Transition {
-        enabled: !Theme.isStill
-
-        NumberAnimation {
-            property: "opacity"
-            from: 0
-            to: 1
-            duration: Theme.motionDuration
-        }
-    }
+    // A popup does not ask whether its transition is enabled.
+    enter: Theme.isStill ? null : root.fade
 
     T.Overlay.modal: Rectangle {
         color: Theme.colors.shade

@@ -28,6 +28,7 @@ QtObject {
         accentHovered: "#9b3c16"
         accentPressed: "#863311"
         accentText: "#ffffff"
+        danger: "#a61b1b"
         focus: "#1f5fbf"
 
         button: "#fffefc"
@@ -60,6 +61,7 @@ QtObject {
         accentHovered: "#c0501f"
         accentPressed: "#9b3c16"
         accentText: "#ffffff"
+        danger: "#ff9d8f"
         focus: "#7db1ff"
 
         button: "#3a352f"

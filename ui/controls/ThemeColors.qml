@@ -20,6 +20,7 @@ QtObject {
     required property color accentHovered
     required property color accentPressed
     required property color accentText
+    required property color danger
     required property color focus
 
     required property color button
