@@ -9,7 +9,7 @@ namespace hearthmark::base {
 
 namespace {
 
-// The longest that a change of the clocks takes out of a night.
+// The longest that a change of the clocks takes out of a night, or puts in.
 constexpr std::time_t kLongestGap = 10800;
 constexpr std::time_t kGapStep = 900;
 
@@ -40,6 +40,15 @@ std::optional<std::time_t> dayStart(const std::tm& day, int daysAfter) {
             break;
         }
         start += kGapStep;
+    }
+    // Where they go back over midnight there are two, and the day begins at the first.
+    for (std::time_t repeated = 0; repeated < kLongestGap; repeated += kGapStep) {
+        const std::time_t earlier = start - kGapStep;
+        std::tm local{};
+        if (localtime_r(&earlier, &local) == nullptr || isBefore(local, noon)) {
+            break;
+        }
+        start = earlier;
     }
     return start;
 }

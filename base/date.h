@@ -32,7 +32,9 @@ class Date {
     Seconds sinceReferenceDate_;
 };
 
-// From 1970-01-01T00:00:00Z, from where other programs count, to where a Date does.
-constexpr Seconds kUnixTimeOfReferenceDate{978307200};
+// The day, in UTC, from whose first moment a Date counts.
+constexpr std::chrono::sys_days kReferenceDay{std::chrono::year{2001} / 1 / 1};
+// From 1970-01-01T00:00:00Z, from where other programs count, to there.
+constexpr Seconds kUnixTimeOfReferenceDate = kReferenceDay.time_since_epoch();
 
 }  // namespace hearthmark::base

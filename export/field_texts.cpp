@@ -20,7 +20,6 @@ constexpr double kBeyondCalendar = 1e18;
 constexpr std::int64_t kYearsOfCycle = 400;
 constexpr std::int64_t kDaysOfCycle = 146'097;
 constexpr std::int64_t kSecondsOfDay = 86'400;
-constexpr std::chrono::sys_days kReferenceDay{std::chrono::year(2001) / 1 / 1};
 
 struct Division {
     std::int64_t quotient;
@@ -71,7 +70,7 @@ void appendDateTime(std::string& text, base::Date date) {
     const auto [days, secondOfDay] =
         divideFlooring(static_cast<std::int64_t>(sinceReference), kSecondsOfDay);
     const auto [cycles, dayOfCycle] = divideFlooring(days, kDaysOfCycle);
-    const std::chrono::year_month_day day(kReferenceDay + std::chrono::days(dayOfCycle));
+    const std::chrono::year_month_day day(base::kReferenceDay + std::chrono::days(dayOfCycle));
     const std::int64_t year = static_cast<int>(day.year()) + cycles * kYearsOfCycle;
 
     text += year < 0 ? "-" : "";

@@ -7,7 +7,6 @@
 #include <QGuiApplication>
 #include <QMap>
 #include <QPalette>
-#include <QStringList>
 #include <QVariantMap>
 #include <utility>
 
@@ -20,12 +19,6 @@ namespace {
 constexpr QLatin1String kPortal("org.freedesktop.portal.Desktop");
 constexpr QLatin1String kPath("/org/freedesktop/portal/desktop");
 constexpr QLatin1String kSettings("org.freedesktop.portal.Settings");
-constexpr QLatin1String kAppearance("org.freedesktop.appearance");
-// GNOME's own, which says it where the portal has no "reduced-motion" yet.
-constexpr QLatin1String kGnomeInterface("org.gnome.desktop.interface");
-constexpr uint kReducedMotion = 1;
-constexpr uint kDark = 1;
-constexpr uint kLight = 2;
 
 using Groups = QMap<QString, QVariantMap>;
 
@@ -56,7 +49,7 @@ DesktopAppearance::DesktopAppearance(std::shared_ptr<services::AppearancePrefere
 void DesktopAppearance::readAll() {
     QDBusMessage call =
         QDBusMessage::createMethodCall(kPortal, kPath, kSettings, QStringLiteral("ReadAll"));
-    call << QStringList{kAppearance, kGnomeInterface};
+    call << PortalSettings::groups();
     using Answer = QDBusPendingReply<Groups>;
     whenAnswered<Answer>(bus_.asyncCall(call), this, [this](const Answer& reply) {
         if (reply.isError()) {
@@ -65,7 +58,7 @@ void DesktopAppearance::readAll() {
         const Groups groups = reply.value();
         for (auto group = groups.begin(); group != groups.end(); ++group) {
             for (auto value = group->begin(); value != group->end(); ++value) {
-                take(group.key(), value.key(), value.value());
+                settings_.take(group.key(), value.key(), value.value());
             }
         }
         publish();
@@ -74,25 +67,12 @@ void DesktopAppearance::readAll() {
 
 void DesktopAppearance::settingChanged(const QString& group, const QString& key,
                                        const QDBusVariant& value) {
-    take(group, key, value.variant());
+    settings_.take(group, key, value.variant());
     publish();
 }
 
-void DesktopAppearance::take(const QString& group, const QString& key, const QVariant& value) {
-    if (group == kAppearance && key == QLatin1String("color-scheme")) {
-        colorScheme_ = value.toUInt();
-    } else if (group == kAppearance && key == QLatin1String("reduced-motion")) {
-        reducedMotion_ = value.toUInt();
-    } else if (group == kGnomeInterface && key == QLatin1String("enable-animations")) {
-        animationsEnabled_ = value.toBool();
-    }
-}
-
 void DesktopAppearance::publish() {
-    const bool isKnown = colorScheme_ == kDark || colorScheme_ == kLight;
-    const services::Appearance appearance{
-        .isDark = isKnown ? colorScheme_ == kDark : isPaletteDark(),
-        .isStill = reducedMotion_ == kReducedMotion || !animationsEnabled_};
+    const services::Appearance appearance = settings_.appearance(isPaletteDark());
     if (preference_->value() != appearance) {
         preference_->setValue(appearance);
     }

@@ -5,9 +5,9 @@
 #include <QDBusVariant>
 #include <QObject>
 #include <QString>
-#include <QVariant>
 #include <memory>
 
+#include "platform/portal_settings.h"
 #include "services/appearance.h"
 
 namespace hearthmark::platform {
@@ -25,16 +25,11 @@ class DesktopAppearance final : public QObject {
 
  private:
     void readAll();
-    void take(const QString& group, const QString& key, const QVariant& value);
     void publish();
 
     std::shared_ptr<services::AppearancePreference> preference_;
     QDBusConnection bus_;
-    // 1 for dark and 2 for light; anything else for no preference.
-    uint colorScheme_ = 0;
-    // 1 for less; anything else for no preference.
-    uint reducedMotion_ = 0;
-    bool animationsEnabled_ = true;
+    PortalSettings settings_;
 };
 
 }  // namespace hearthmark::platform

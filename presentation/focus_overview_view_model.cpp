@@ -42,31 +42,37 @@ void FocusOverviewViewModel::startObserving() {
                 self->rebuild(tasks);
             }
         });
+    renewDays();
     liveTasks_->startObserving(*liveDataFactory_);
     timer_ = timeKeepingProvider_->makeTimer(kCalendarTick, services::Repeats::yes, [weak] {
         if (const auto self = weak.lock()) {
+            self->renewDays();
             self->rebuild(self->liveTasks_->tasks());
         }
     });
 }
 
+void FocusOverviewViewModel::renewDays() {
+    starts_ = calendar_->dayStarts(clock_->now(), kOverviewDays);
+}
+
 void FocusOverviewViewModel::rebuild(const store::Tasks& tasks) {
-    const base::Date now = clock_->now();
-    const std::vector<base::Date> starts = calendar_->dayStarts(now, kOverviewDays);
-    if (starts.empty()) {
+    if (starts_.empty()) {
         viewState_.setValue(FocusOverviewViewState::View{.today = orDash({}), .days = {}});
         return;
     }
-    std::vector<base::Seconds> spent(starts.size() - 1, base::Seconds(0));
+    const base::Date now = clock_->now();
+    std::vector<base::Seconds> spent(starts_.size() - 1, base::Seconds(0));
     for (const store::Task& task : tasks) {
-        if (taskId_ && task.id() != taskId_) {
+        const auto& latest = task.intervalSummary().latestCreation;
+        if ((taskId_ && task.id() != taskId_) || !latest || *latest < starts_.front()) {
             continue;
         }
         for (const store::Interval* interval : task.intervals()) {
             const auto& created = interval->creationDate();
-            if (created && *created >= starts.front() && *created < starts.back()) {
-                const auto next = std::ranges::upper_bound(starts, *created, std::ranges::less());
-                spent[static_cast<std::size_t>(next - starts.begin()) - 1] +=
+            if (created && *created >= starts_.front() && *created < starts_.back()) {
+                const auto next = std::ranges::upper_bound(starts_, *created, std::ranges::less());
+                spent[static_cast<std::size_t>(next - starts_.begin()) - 1] +=
                     interval->totalDuration(now);
             }
         }
@@ -81,7 +87,7 @@ void FocusOverviewViewModel::rebuild(const store::Tasks& tasks) {
     FocusOverviewViewState::View view;
     for (std::size_t day = 0; day < spent.size(); ++day) {
         const auto text = store::formattedDuration(spent[day]);
-        view.days.push_back({.start = starts[day],
+        view.days.push_back({.start = starts_[day],
                              .timeSpent = orDash(text),
                              .share = text ? spent[day] / longest : 0});
     }

@@ -66,6 +66,8 @@ class FocusOverviewViewModel final : public std::enable_shared_from_this<FocusOv
 
  private:
     void rebuild(const store::Tasks& tasks);
+    // Where now may be of another day than before.
+    void renewDays();
 
     livedata::Published<std::optional<FocusOverviewViewState::View>> viewState_;
     std::shared_ptr<const store::LiveDataProvidingFactoryProtocol> liveDataFactory_;
@@ -74,6 +76,8 @@ class FocusOverviewViewModel final : public std::enable_shared_from_this<FocusOv
     std::shared_ptr<const base::Calendar> calendar_;
     std::optional<base::Uuid> taskId_;
     std::shared_ptr<LiveTasks> liveTasks_;
+    // Where each day begins, and tomorrow.
+    std::vector<base::Date> starts_;
     // For midnight, and for a change of the time zone.
     std::shared_ptr<services::TimeKeeping> timer_;
 };

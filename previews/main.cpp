@@ -2,7 +2,7 @@
 //
 // Usage: hearthmark_previews DIRECTORY [NAME...]
 // Draws the window in all its states, or in those named, to DIRECTORY/NAME.png, and where it draws
-// all, also all of them on DIRECTORY/contact-sheet.png.
+// all, also all of them on DIRECTORY/contact-sheet.png. Fails where a view complains.
 #include <QDir>
 #include <QGuiApplication>
 #include <cstdlib>
@@ -14,6 +14,14 @@
 using namespace hearthmark;
 
 namespace {
+
+bool gHasComplaint = false;
+
+void noteComplaint(QtMsgType /*type*/, const QMessageLogContext& /*context*/,
+                   const QString& message) {
+    gHasComplaint |= message.contains(QLatin1String("qrc:/"));
+    std::cerr << message.toStdString() << std::endl;
+}
 
 int fail(const QString& message) {
     std::cerr << message.toStdString() << std::endl;
@@ -67,5 +75,7 @@ int main(int argc, char** argv) {
         wanted.push_back(*preview);
     }
     const bool isAll = wanted.empty();
-    return draw(directory, isAll ? previews::allPreviews() : wanted, isAll);
+    qInstallMessageHandler(&noteComplaint);
+    const int result = draw(directory, isAll ? previews::allPreviews() : wanted, isAll);
+    return gHasComplaint ? EXIT_FAILURE : result;
 }

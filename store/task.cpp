@@ -50,6 +50,10 @@ const Task::IntervalSummary& Task::intervalSummary() const {
             } else {
                 summary.settledDuration += interval->duration();
             }
+            const auto& created = interval->creationDate();
+            if (created && (!summary.latestCreation || *summary.latestCreation < *created)) {
+                summary.latestCreation = created;
+            }
         }
         intervalSummary_ = std::move(summary);
     }

@@ -49,6 +49,8 @@ class Task final : public objectstore::ManagedObject,
         std::vector<const Interval*> running;
         // The sum of the durations of those that do not run.
         base::Seconds settledDuration{0};
+        // Of the creation dates.
+        std::optional<base::Date> latestCreation;
     };
 
     // Worked out when first asked for after a change of the intervals and then remembered, so that

@@ -12,11 +12,14 @@ DeletableRow {
     property real symbolSize: Theme.symbolSize
     property real textSize: Theme.bodySize
     property real bottomPadding: Theme.spacing
-    // With the mouse; the key of copying copies what is marked, or all.
+    // With the mouse.
     property bool isSelectable: false
     readonly property Item body: selectables.count > 0 ? selectables.itemAt(0) : label
     // Where it does not fit it gets smaller instead of going on in the next line.
     property bool isOneLine: false
+
+    // The whole text is to be copied, of which this may show a part.
+    signal copied
 
     implicitHeight: root.body.y + root.body.height + root.bottomPadding
     Accessible.role: Accessible.ListItem
@@ -69,26 +72,13 @@ DeletableRow {
 
         model: root.isSelectable ? 1 : 0
 
-        ReadOnlyText {
-            id: selectable
-
+        MarkableText {
             x: Theme.spacing
             y: Theme.spacing
             width: root.width - 2 * Theme.spacing
             text: root.text
-            selectByMouse: true
-            Accessible.ignored: true
-
-            TapHandler {
-                gesturePolicy: TapHandler.DragThreshold
-                onPressedChanged: root.takeFocus()
-            }
-
-            Shortcut {
-                sequence: "Ctrl+C"
-                enabled: root.activeFocus
-                onActivated: selectable.copyMarkedOrAll()
-            }
+            row: root
+            onAllCopied: root.copied()
         }
     }
 }

@@ -10,6 +10,8 @@ Item {
     // The Delete key asks no question, so the row that it would delete is marked, unless the person has
     // just clicked on it.
     property bool clicked: false
+    // Then the Delete key means that, and does nothing.
+    property bool isTextMarked: false
     // Marked too while its menu is open.
     property bool menuOpen: false
     readonly property bool focusVisible: root.menuOpen || root.activeFocus && !root.clicked
@@ -25,6 +27,11 @@ Item {
             root.focused();
         else
             root.clicked = false;
+    }
+
+    function pressDelete() {
+        if (!root.isTextMarked)
+            root.deletionRequested();
     }
 
     function requestMenu() {
@@ -56,7 +63,7 @@ Item {
     }
 
     onActiveFocusChanged: root.changeFocus()
-    Keys.onDeletePressed: root.deletionRequested()
+    Keys.onDeletePressed: root.pressDelete()
     Keys.onMenuPressed: root.requestMenu()
     Keys.onPressed: event => root.pressKey(event)
 

@@ -10,8 +10,8 @@ Window {
     required property HomeAdapter home
 
     title: "Hearthmark"
-    width: Math.min(900, Screen.desktopAvailableWidth)
-    height: Math.min(620, Screen.desktopAvailableHeight)
+    width: 900
+    height: 620
     minimumWidth: 640
     minimumHeight: 420
     color: Theme.colors.window

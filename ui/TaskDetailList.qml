@@ -83,6 +83,7 @@ HeadedListView {
         notesHeight: notes.height
         stop: row.index < root.notesRow ? intervalsStop : notesStop
         onFocused: root.showRow(row.index)
+        onCopied: root.adapter.rows.copyRow(row.index)
         onDeletionRequested: root.adapter.rows.deleteRow(row.index)
         onMenuRequested: position => root.menuRequested(row, position)
         onHeightChanged: row.followNotes()

@@ -11,13 +11,19 @@ FocusScope {
     required property TaskListAdapter adapter
     readonly property alias atTop: list.atYBeginning
 
-    // The first task with what stands above it.
     function showRow(row: int) {
         list.currentIndex = row;
-        if (root.adapter.rows.taskBefore(row) === row)
-            list.contentY = list.originY - list.topMargin;
-        else
+        // Before there is room for it, it would come to stand at the top.
+        if (list.height > 0)
             list.positionViewAtIndex(row, ListView.Contain);
+    }
+
+    // The first task with what stands above it.
+    function stepUp() {
+        const row = root.adapter.rows.taskBefore(list.currentIndex);
+        root.showRow(row);
+        if (root.adapter.rows.taskBefore(row) === row)
+            list.contentY = list.originY;
     }
 
     // The current row follows its task when that changes sections, but not before the layout.
@@ -38,7 +44,6 @@ FocusScope {
         visible: root.adapter.loaded
         focus: true
         clip: true
-        topMargin: Theme.tightSpacing
         bottomMargin: Theme.spacing
         cacheBuffer: Theme.controlHeight * 2
         boundsBehavior: Flickable.StopAtBounds
@@ -48,7 +53,7 @@ FocusScope {
 
         Accessible.role: Accessible.List
         Accessible.name: qsTr("Tasks")
-        Keys.onUpPressed: root.showRow(root.adapter.rows.taskBefore(list.currentIndex))
+        Keys.onUpPressed: root.stepUp()
         Keys.onDownPressed: root.showRow(root.adapter.rows.taskAfter(list.currentIndex))
         Keys.onReturnPressed: root.adapter.rows.tap(list.currentIndex)
         Keys.onEnterPressed: root.adapter.rows.tap(list.currentIndex)
@@ -69,7 +74,8 @@ FocusScope {
         }
     }
 
-    // Of a task that changes sections, and of those that make room for it.
+    // Of a task that changes sections. Those that make room for it jump: gliding, they would not follow
+    // its height when that changes on the way.
     Transition {
         id: shift
 

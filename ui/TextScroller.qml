@@ -104,8 +104,10 @@ ListView {
         required property int selectedFrom
         required property int selectedTo
 
+        // Selecting, too, is told as a change of the text.
         function markSelection() {
-            label.select(label.selectedFrom, label.selectedTo);
+            if (label.selectionStart !== label.selectedFrom || label.selectionEnd !== label.selectedTo)
+                label.select(label.selectedFrom, label.selectedTo);
         }
 
         x: Theme.spacing

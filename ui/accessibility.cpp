@@ -11,9 +11,6 @@ namespace hearthmark::ui {
 
 namespace {
 
-// What a row offers besides being pressed; see DeletableRow.qml.
-constexpr auto kRequestMenu = "requestMenu";
-
 // Also lets assistive programs write into the editors, open the rows' menus and ask how far a
 // progress bar is.
 class Item final : public QAccessibleQuickItem, public QAccessibleEditableTextInterface {
@@ -55,7 +52,7 @@ class Item final : public QAccessibleQuickItem, public QAccessibleEditableTextIn
 
     void doAction(const QString& name) override {
         if (name == showMenuAction() && hasMenu()) {
-            QMetaObject::invokeMethod(item(), kRequestMenu);
+            item()->metaObject()->method(menuMethod()).invoke(item());
         } else {
             QAccessibleQuickItem::doAction(name);
         }
@@ -66,7 +63,8 @@ class Item final : public QAccessibleQuickItem, public QAccessibleEditableTextIn
     }
 
     void deleteText(int start, int end) override {
-        QMetaObject::invokeMethod(item(), "remove", Q_ARG(int, start), Q_ARG(int, end));
+        const int last = end < 0 ? characterCount() : end;  // as assistive programs mean it
+        QMetaObject::invokeMethod(item(), "remove", Q_ARG(int, start), Q_ARG(int, last));
     }
 
     void replaceText(int start, int end, const QString& text) override {
@@ -75,9 +73,9 @@ class Item final : public QAccessibleQuickItem, public QAccessibleEditableTextIn
     }
 
  private:
-    bool hasMenu() const {
-        return item()->isEnabled() && item()->metaObject()->indexOfMethod("requestMenu()") >= 0;
-    }
+    // Of DeletableRow.qml; negative for other items.
+    int menuMethod() const { return item()->metaObject()->indexOfMethod("requestMenu()"); }
+    bool hasMenu() const { return item()->isEnabled() && menuMethod() >= 0; }
 };
 
 // Asked with the most derived class first, and so before the toolkit's own.

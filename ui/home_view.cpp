@@ -5,6 +5,7 @@
 #include <QEvent>
 #include <QQmlComponent>
 #include <QQuickWindow>
+#include <QScreen>
 #include <utility>
 
 #include "ui/symbol_provider.h"
@@ -24,6 +25,7 @@ HomeView::HomeView(std::unique_ptr<HomeAdapter> adapter, WindowShouldClose windo
     if (!window_) {
         qFatal("The main window cannot be made: %s", qUtf8Printable(component.errorString()));
     }
+    window_->resize(window_->size().boundedTo(window_->screen()->availableSize()));
     connect(window_.get(), &QWindow::visibleChanged, adapter_.get(), &HomeAdapter::setShown);
     QCoreApplication::instance()->installEventFilter(this);
 }
@@ -45,9 +47,12 @@ void HomeView::show(const std::string& activationToken) {
 
 void HomeView::hide() {
     const QPoint place = window_->framePosition();
+    const bool isFree = window_->windowStates() == Qt::WindowNoState;
     window_->setVisible(false);
-    // Else the window manager looks for a place anew.
-    window_->setFramePosition(place);
+    if (isFree) {
+        // Else the window manager looks for a place anew.
+        window_->setFramePosition(place);
+    }
 }
 
 void HomeView::requestAttention() {

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "ui/task_detail_list_model.h"
 
+#include <QClipboard>
+#include <QGuiApplication>
 #include <algorithm>
 #include <utility>
 
@@ -18,21 +20,21 @@ namespace {
 constexpr qsizetype kMostLines = 500;
 constexpr qsizetype kMostCharacters = 20'000;
 
-QString shownNote(const std::string& note) {
-    QString text = toQString(note);
-    qsizetype end = 0;
-    for (qsizetype line = 0; line < kMostLines && end >= 0 && end < kMostCharacters; ++line) {
-        end = text.indexOf(QLatin1Char('\n'), end + 1);
+QString shownNote(const QString& note) {
+    qsizetype end = -1;
+    for (qsizetype line = 0; line < kMostLines; ++line) {
+        end = note.indexOf(QLatin1Char('\n'), end + 1);
+        if (end < 0) {
+            end = note.size();
+            break;
+        }
     }
-    if (end < 0) {
-        end = text.size();
+    end = std::min(end, kMostCharacters);
+    if (end == note.size()) {
+        return note;
     }
-    const qsizetype shown = std::min(end, kMostCharacters);
-    if (shown < text.size()) {
-        text.truncate(shown);
-        text += QChar(0x2026);
-    }
-    return text;
+    const bool isInCharacter = end > 0 && note[end - 1].isHighSurrogate();
+    return note.left(isInCharacter ? end - 1 : end) + QChar(0x2026);
 }
 
 }  // namespace
@@ -40,6 +42,7 @@ QString shownNote(const std::string& note) {
 QList<int> TaskDetailRow::assign(TaskDetailRow&& next) {
     QList<int> changed;
     assignShown(text, std::move(next.text), TaskDetailListModel::TextRole, changed);
+    wholeText = std::move(next.wholeText);
     onDelete = std::move(next.onDelete);
     return changed;
 }
@@ -51,6 +54,7 @@ void TaskDetailListModel::showIntervals(const TaskDetailViewState::View& state) 
     for (const TaskDetailViewState::NonRunningInterval& interval : state.nonRunningIntervals) {
         intervals.push_back({.key = keys.next(interval.intervalId, Interval),
                              .text = toQString(interval.totalTimeSpent),
+                             .wholeText = {},
                              .onDelete = interval.onDeleteCommand});
     }
     show(std::move(intervals));
@@ -61,7 +65,8 @@ void TaskDetailListModel::showNotes(const NotesViewState::View& state) {
     RowKeys keys;
     for (const NotesViewState::CommittedNote& note : state.committedNotes) {
         notes_.push_back({.key = keys.next(note.id, Note),
-                          .text = shownNote(note.noteText),
+                          .text = shownNote(toQString(note.noteText)),
+                          .wholeText = toQString(note.noteText),
                           .onDelete = note.onDeleteCommand});
     }
     show({rows().begin(), rows().begin() + notesRow()});
@@ -69,8 +74,10 @@ void TaskDetailListModel::showNotes(const NotesViewState::View& state) {
 
 void TaskDetailListModel::show(std::vector<TaskDetailRow> intervals) {
     std::vector<TaskDetailRow> next = std::move(intervals);
-    next.push_back(
-        {.key = {.kind = NotesSection, .id = {}, .ordinal = 0}, .text = {}, .onDelete = {}});
+    next.push_back({.key = {.kind = NotesSection, .id = {}, .ordinal = 0},
+                    .text = {},
+                    .wholeText = {},
+                    .onDelete = {}});
     next.insert(next.end(), notes_.begin(), notes_.end());
     update(std::move(next));
     emit shown();
@@ -98,6 +105,12 @@ QHash<int, QByteArray> TaskDetailListModel::roleNames() const {
 void TaskDetailListModel::deleteRow(int row) const {
     if (const TaskDetailRow* deleted = rowAt(row)) {
         run(deleted->onDelete);
+    }
+}
+
+void TaskDetailListModel::copyRow(int row) const {
+    if (const TaskDetailRow* copied = rowAt(row)) {
+        QGuiApplication::clipboard()->setText(copied->wholeText);
     }
 }
 

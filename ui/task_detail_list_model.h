@@ -20,7 +20,9 @@ struct TaskDetailRow {
 
     // Its kind is one of TaskDetailListModel::Kind.
     RowKey key;
+    // Of a long note its beginning.
     QString text;
+    QString wholeText;
     // Absent for the place of the notes section.
     livedata::Action onDelete;
 };
@@ -48,6 +50,8 @@ class TaskDetailListModel : public RowListModel<TaskDetailRow> {
     QHash<int, QByteArray> roleNames() const override;
 
     Q_INVOKABLE void deleteRow(int row) const;
+    // To the clipboard.
+    Q_INVOKABLE void copyRow(int row) const;
 
     // The row of the notes section; the notes come after it.
     int notesRow() const;

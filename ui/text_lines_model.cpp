@@ -128,14 +128,15 @@ std::pair<int, int> TextLinesModel::selectedPart(int row) const {
 }
 
 void TextLinesModel::select(Place from, Place to) {
+    if (!checkIndex(index(from.row), CheckIndexOption::IndexIsValid) ||
+        !checkIndex(index(to.row), CheckIndexOption::IndexIsValid)) {
+        return;
+    }
     const int first = std::min({selectionBegin_.row, selectionEnd_.row, from.row, to.row});
     const int last = std::max({selectionBegin_.row, selectionEnd_.row, from.row, to.row});
     selectionBegin_ = from;
     selectionEnd_ = to;
-    if (rowCount() > 0) {
-        emit dataChanged(index(std::max(first, 0)), index(std::min(last, rowCount() - 1)),
-                         {SelectedFromRole, SelectedToRole});
-    }
+    emit dataChanged(index(first), index(last), {SelectedFromRole, SelectedToRole});
 }
 
 }  // namespace hearthmark::ui

@@ -33,7 +33,8 @@ class TextLinesModel : public QAbstractListModel {
     QVariant data(const QModelIndex& index, int role) const override;
     QHash<int, QByteArray> roleNames() const override;
 
-    // A selection goes from where it begins to where it was moved last, in either direction.
+    // Places that do not exist change nothing. A selection goes from where it begins to where it
+    // was moved last, in either direction.
     Q_INVOKABLE void beginSelection(int row, int column);
     Q_INVOKABLE void moveSelection(int row, int column);
     Q_INVOKABLE void selectAll();

@@ -2,8 +2,11 @@
 #include <gtest/gtest.h>
 
 #include <array>
+#include <cmath>
+#include <cstdlib>
 #include <ctime>
 
+#include "base/calendar.h"
 #include "base/clock.h"
 #include "base/text.h"
 #include "base/uuid.h"
@@ -61,6 +64,30 @@ TEST(Uuid, ReadsOneFormInEitherLetterCaseAndWritesUpperCase) {
 TEST(SystemClock, CountsFromTheFirstMomentOf2001InUtc) {
     const auto unixTime = static_cast<double>(std::time(nullptr));
     EXPECT_NEAR(SystemClock().now().sinceReferenceDate().count(), unixTime - 978307200, 5);
+}
+
+TEST(LocalCalendar, BeginsDaysWhereTheClocksBeginThem) {
+    const auto starts = [](const char* zone, double unixTime, int count) {
+        setenv("TZ", zone, 1);
+        std::string text;
+        for (const Date start :
+             LocalCalendar().dayStarts(Date(Seconds(unixTime) - kUnixTimeOfReferenceDate), count)) {
+            text += std::to_string(std::llround(
+                        (start.sinceReferenceDate() + kUnixTimeOfReferenceDate).count())) +
+                    ' ';
+        }
+        return text;
+    };
+    // 2026-03-29 has 23 hours in Berlin, and 2026-10-25 has 25.
+    EXPECT_EQ(starts("Europe/Berlin", 1774800000, 2), "1774652400 1774738800 1774821600 ");
+    EXPECT_EQ(starts("Europe/Berlin", 1792900000, 1), "1792879200 1792969200 ");
+    // In Santiago the clocks go from midnight to one o'clock on 2026-09-06.
+    EXPECT_EQ(starts("America/Santiago", 1788710400, 1), "1788667200 1788750000 ");
+    // In Ponta Delgada they go back from one o'clock to midnight on 2024-10-27.
+    EXPECT_EQ(starts("Atlantic/Azores", 1730030400, 1), "1729987200 1730077200 ");
+    EXPECT_EQ(starts("UTC", 1e300, 1), "");
+    unsetenv("TZ");
+    tzset();
 }
 
 }  // namespace hearthmark::base

@@ -76,6 +76,26 @@ class NotesAndShare(ProgramTest):
         program.find("Add Note")
         self.assertEqual(program.rows("SELECT * FROM Note"), [])
 
+    def test_marked_text_is_copied_and_not_deleted(self):
+        long = "\n".join(map(str, range(600)))
+        program = self.show_task(long, "Marked words")
+        place = extents(program.find("Marked words", "list item"))
+        for x in [9, 30, 50]:
+            xdotool("mousemove", place.x + x, place.y + 14, *["mousedown", 1][:2 if x == 9 else 0])
+        xdotool("mouseup", 1)
+        key("ctrl+c")
+        wait_for(lambda: 0 < len(clipboard()) < 12 and clipboard() in b"Marked words", "the mark")
+        key("Delete")
+        click(wait_for(lambda: [row for row in program.find_all(role="list item")
+                                if row.name.startswith("0\n1\n")], "the long note")[0])
+        key("ctrl+c")
+        wait_for(lambda: clipboard() == long.encode(), "all of the note, of which a part is shown")
+        key("Delete")
+        wait_for(lambda: program.rows("SELECT text FROM Note WHERE task = 1") == [("Marked words",)],
+                 "the deletion of what is not marked")
+        program.process.terminate()
+        self.assertEqual(program.finished(), (0, ""))
+
     def test_a_half_typed_note_outlives_all_but_its_pane(self):
         program = self.show_task("Old", "New")
         click(program.find("New", "list item"))

@@ -14,6 +14,7 @@
 #include <optional>
 
 #include "platform/instance_lock.h"
+#include "platform/portal_settings.h"
 #include "platform/time_keeping_provider.h"
 #include "support/test_store.h"
 
@@ -92,6 +93,39 @@ TEST(InstanceLock, TellsWhyItFailed) {
     const InstanceLock lock("/dev/null/Hearthmark");
     EXPECT_EQ(lock.state(), InstanceLock::State::failed);
     EXPECT_EQ(lock.error(), std::errc::not_a_directory);
+}
+
+TEST(PortalSettings, AreDarkAndStillAsTheDesktopPrefers) {
+    struct Row {
+        const char* group;
+        const char* key;
+        QVariant value;
+        services::Appearance expected;
+    };
+    PortalSettings settings;
+    for (const Row& row : std::vector<Row>{
+             {"org.freedesktop.appearance", "color-scheme", 0U, {.isDark = true}},
+             {"org.freedesktop.appearance", "color-scheme", 2U, {.isDark = false}},
+             {"org.gnome.desktop.interface", "color-scheme", "prefer-dark", {.isDark = false}},
+             {"org.freedesktop.appearance", "color-scheme", 1U, {.isDark = true}},
+             {"org.freedesktop.appearance",
+              "reduced-motion",
+              1U,
+              {.isDark = true, .isStill = true}},
+             {"org.gnome.desktop.interface",
+              "enable-animations",
+              true,
+              {.isDark = true, .isStill = true}},
+             {"org.freedesktop.appearance", "reduced-motion", 0U, {.isDark = true}},
+             {"org.gnome.desktop.interface",
+              "enable-animations",
+              false,
+              {.isDark = true, .isStill = true}}}) {
+        EXPECT_TRUE(PortalSettings::groups().contains(row.group));
+        settings.take(row.group, row.key, row.value);
+        constexpr bool kIsPaletteDark = true;
+        EXPECT_EQ(settings.appearance(kIsPaletteDark), row.expected) << row.key;
+    }
 }
 
 }  // namespace

@@ -4,7 +4,6 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
-#include <cstdlib>
 
 #include "support/test_store.h"
 
@@ -86,27 +85,6 @@ TEST(FocusOverviewViewModel, CountsEachIntervalOnTheLocalDayOfItsCreation) {
     calendar->shift = 3h;
     timers->fire();
     EXPECT_EQ(text(all), "2:00:15: 12=1:20/40 13=2:00:15/3600");
-}
-
-TEST(LocalCalendar, BeginsDaysWhereTheClocksBeginThem) {
-    const auto starts = [](const char* zone, double unixTime, int count) {
-        setenv("TZ", zone, 1);
-        std::string text;
-        for (const base::Date start : base::LocalCalendar().dayStarts(
-                 base::Date(base::Seconds(unixTime) - base::kUnixTimeOfReferenceDate), count)) {
-            text += std::to_string(std::llround(
-                        (start.sinceReferenceDate() + base::kUnixTimeOfReferenceDate).count())) +
-                    ' ';
-        }
-        return text;
-    };
-    // 2026-03-29 has 23 hours in Berlin, and 2026-10-25 has 25.
-    EXPECT_EQ(starts("Europe/Berlin", 1774800000, 2), "1774652400 1774738800 1774821600 ");
-    EXPECT_EQ(starts("Europe/Berlin", 1792900000, 1), "1792879200 1792969200 ");
-    // In Santiago the clocks go from midnight to one o'clock on 2026-09-06.
-    EXPECT_EQ(starts("America/Santiago", 1788710400, 1), "1788667200 1788750000 ");
-    EXPECT_EQ(starts("UTC", 1e300, 1), "");
-    unsetenv("TZ");
 }
 
 }  // namespace hearthmark::presentation

@@ -188,6 +188,9 @@ TEST(TaskDetailListModel, ShowsTheBeginningOfANoteThatIsTooLong) {
              {"", ""},
              {repeated(499, "a\n") + "b", repeated(499, "a\n") + "b"},
              {repeated(501, "a\n"), repeated(499, "a\n") + "a…"},
+             {std::string("\n") + repeated(500, "a\n"),
+              std::string("\n") + repeated(498, "a\n") + "a…"},
+             {repeated(19'999, "a") + "🍅", repeated(19'999, "a") + "…"},
              {repeated(20'000, "é"), repeated(20'000, "é")},
              {repeated(30'000, "é"), repeated(20'000, "é") + "…"}}) {
         model.showNotes({.canAddNote = true,
@@ -196,10 +199,8 @@ TEST(TaskDetailListModel, ShowsTheBeginningOfANoteThatIsTooLong) {
                                              .noteText = note,
                                              .onDeleteCommand = nullptr}},
                          .pendingNote = {}});
-        EXPECT_EQ(
-            model.index(1).data(TaskDetailListModel::TextRole).toString().toStdString() == shown,
-            true)
-            << note.size();
+        const QString text = model.index(1).data(TaskDetailListModel::TextRole).toString();
+        EXPECT_TRUE(text.toStdString() == shown) << note.size();
     }
 }
 

@@ -51,13 +51,19 @@ TEST(TextLinesModel, SelectsAcrossLinesInBothDirections) {
                                            {{0, 3}, {2, 0}, "\n\n"},
                                            {{2, 2}, {0, 2}, "e\n\ntw"},
                                            {{3, 1999}, {4, 1}, "xx"},
-                                           {{2, 2}, {9, 9}, "é\n" + std::string(2001, 'x')}}) {
+                                           {{2, 2}, {4, 9}, "é\n" + std::string(2001, 'x')},
+                                           {{2, 2}, {5, 0}, ""},
+                                           {{2, 2}, {-1, 0}, ""}}) {
         model.beginSelection(row.from.first, row.from.second);
         model.moveSelection(row.to.first, row.to.second);
         EXPECT_EQ(model.selectedText().toStdString(), row.selected);
     }
     model.selectAll();
     EXPECT_EQ(model.selectedText().toStdString(), text);
+    TextLinesModel empty;
+    empty.beginSelection(-1, 0);
+    empty.selectAll();
+    EXPECT_EQ(empty.selectedText(), "");
     EXPECT_EQ(model.index(2).data(TextLinesModel::SelectedToRole), 3);
     model.beginSelection(0, 0);
     EXPECT_EQ(model.index(2).data(TextLinesModel::SelectedToRole), 0);

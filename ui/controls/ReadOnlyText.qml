@@ -5,15 +5,6 @@ import QtQuick
 TextEdit {
     id: root
 
-    function copyMarkedOrAll() {
-        const isMarked = root.selectedText.length > 0;
-        if (!isMarked)
-            root.selectAll();
-        root.copy();
-        if (!isMarked)
-            root.deselect();
-    }
-
     readOnly: true
     activeFocusOnPress: false
     persistentSelection: true
