@@ -105,6 +105,17 @@ TEST(TaskListModel, TaskThatStartsMovesAndTakesItsNewActions) {
     model.show({{calls.running(b, "B", "0", base::Uuid::random())}, {calls.idle(a, "A")}});
     EXPECT_EQ(texts(model), (std::vector<QString>{"Running", "B", "Not running", "A"}));
     EXPECT_EQ(moved.size(), 1);
+    // What finishes goes down past the others, which stay.
+    model.show({{calls.running(a, "A", "0", base::Uuid::random())}, {calls.idle(b, "B")}});
+    moved.clear();
+    const auto c = base::Uuid::random();
+    const auto d = base::Uuid::random();
+    model.show({{calls.running(a, "A", "0", base::Uuid::random())},
+                {calls.idle(b, "B"), calls.idle(c, "C"), calls.idle(d, "D")}});
+    model.show(
+        {{}, {calls.idle(b, "B"), calls.idle(c, "C"), calls.idle(d, "D"), calls.idle(a, "A")}});
+    EXPECT_EQ(moved.size(), 1);
+    model.show({{calls.running(b, "B", "0", base::Uuid::random())}, {calls.idle(a, "A")}});
     model.tap(1);
     model.deleteRow(1);
     model.index(1).data(TaskListModel::IntervalsRole).value<IntervalListModel*>()->tapButton(0);
