@@ -33,11 +33,10 @@ std::unique_ptr<services::HomeViewProtocol> HomeViewFactory::makeHomeView() {
     const presentation::HomeVMFactory homeVMFactory(
         dataOperationsService_,
         std::make_shared<presentation::SelectedTaskIdPublisher>(*mutableSelectedTaskId_));
-    std::shared_ptr<services::TimeKeepingProviderProtocol> inStep =
-        std::make_shared<services::InStepTimeKeepingProvider>(makeTimeKeepingProvider_());
     const ui::HomeViewSubviewsFactory subviewsFactory(
         dataOperationsService_, liveDataFactory_, clock_, mutableSelectedTaskId_,
-        [inStep] { return inStep; }, ports_.clipboard, ports_.calendar);
+        std::make_shared<services::InStepTimeKeepingProvider>(makeTimeKeepingProvider_()),
+        ports_.clipboard, ports_.calendar);
     const auto focusAnnouncement =
         std::make_shared<presentation::FocusAnnouncementViewModel>(makeTimeKeepingProvider_());
     focusAnnouncement->startObserving(*liveDataFactory_);

@@ -10,6 +10,7 @@
 #include "presentation/selected_task_id.h"
 #include "services/appearance.h"
 #include "services/home_view_factory_protocol.h"
+#include "services/time_keeping.h"
 #include "services/unseen_finishes.h"
 #include "services/updater.h"
 #include "store/data_operations_service_protocol.h"
@@ -37,7 +38,8 @@ class HomeViewFactory final : public services::HomeViewFactoryProtocol {
         std::function<bool()> windowShouldClose;
         std::function<void()> quit;
     };
-    using TimeKeepingProviderMaker = ui::HomeViewSubviewsFactory::TimeKeepingProviderMaker;
+    using TimeKeepingProviderMaker =
+        std::function<std::shared_ptr<services::TimeKeepingProviderProtocol>()>;
 
     HomeViewFactory(std::shared_ptr<store::DataOperationsServiceProtocol> dataOperationsService,
                     std::shared_ptr<const store::LiveDataProvidingFactoryProtocol> liveDataFactory,

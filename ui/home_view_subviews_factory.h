@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <functional>
 #include <memory>
 #include <optional>
 
@@ -24,16 +23,13 @@ namespace hearthmark::ui {
 // value.
 class HomeViewSubviewsFactory {
  public:
-    using TimeKeepingProviderMaker =
-        std::function<std::shared_ptr<services::TimeKeepingProviderProtocol>()>;
-
-    // Asked once for each view that keeps time.
+    // All views keep their time by the one provider.
     HomeViewSubviewsFactory(
         std::shared_ptr<store::DataOperationsServiceProtocol> dataOperationsService,
         std::shared_ptr<const store::LiveDataProvidingFactoryProtocol> liveDataFactory,
         std::shared_ptr<const base::Clock> clock,
         std::shared_ptr<presentation::SelectedTaskId> mutableSelectedTaskId,
-        TimeKeepingProviderMaker makeTimeKeepingProvider,
+        std::shared_ptr<services::TimeKeepingProviderProtocol> timeKeepingProvider,
         std::shared_ptr<exporting::Clipboard> clipboard,
         std::shared_ptr<const base::Calendar> calendar);
 
@@ -48,7 +44,7 @@ class HomeViewSubviewsFactory {
     std::shared_ptr<const store::LiveDataProvidingFactoryProtocol> liveDataFactory_;
     std::shared_ptr<const base::Clock> clock_;
     std::shared_ptr<presentation::SelectedTaskId> mutableSelectedTaskId_;
-    TimeKeepingProviderMaker makeTimeKeepingProvider_;
+    std::shared_ptr<services::TimeKeepingProviderProtocol> timeKeepingProvider_;
     std::shared_ptr<exporting::Clipboard> clipboard_;
     std::shared_ptr<const base::Calendar> calendar_;
 };

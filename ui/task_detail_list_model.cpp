@@ -64,9 +64,10 @@ void TaskDetailListModel::showNotes(const NotesViewState::View& state) {
     notes_.clear();
     RowKeys keys;
     for (const NotesViewState::CommittedNote& note : state.committedNotes) {
+        const QString wholeText = toQString(note.noteText);
         notes_.push_back({.key = keys.next(note.id, Note),
-                          .text = shownNote(toQString(note.noteText)),
-                          .wholeText = toQString(note.noteText),
+                          .text = shownNote(wholeText),
+                          .wholeText = wholeText,
                           .onDelete = note.onDeleteCommand});
     }
     show({rows().begin(), rows().begin() + notesRow()});
