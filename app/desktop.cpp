@@ -29,7 +29,7 @@ constexpr auto kLook = 1s;
 
 Desktop::Desktop(const std::filesystem::path& storeDirectory,
                  platform::AppcastUpdater::Configuration updates,
-                 const base::FatalErrorHandler& fatal)
+                 std::shared_ptr<const base::Clock> clock, const base::FatalErrorHandler& fatal)
     : unseenFinishes_(std::make_shared<services::UnseenFinishes>()),
       updater_(std::make_shared<platform::AppcastUpdater>(std::move(updates))),
       statusBar_(std::make_shared<platform::SystemStatusBar>(platform::SystemStatusBar::Handlers{
@@ -49,7 +49,7 @@ Desktop::Desktop(const std::filesystem::path& storeDirectory,
               .playSound = &platform::playCompletionSound})),
       appearance_(std::make_shared<services::AppearancePreference>()),
       desktopAppearance_(appearance_),
-      tasksApp_(environment(storeDirectory, fatal)),
+      tasksApp_(environment(storeDirectory, std::move(clock), fatal)),
       unseenFinishesSubscription_(unseenFinishes_->subscribeDidChange(
           [this] { statusBar_->setNeedsAttention(!unseenFinishes_->value().empty()); })) {
     const auto showCanCheck = [this] {
@@ -67,13 +67,14 @@ Desktop::Desktop(const std::filesystem::path& storeDirectory,
 }
 
 TasksApp::Environment Desktop::environment(const std::filesystem::path& storeDirectory,
+                                           std::shared_ptr<const base::Clock> clock,
                                            const base::FatalErrorHandler& fatal) {
     const QString storeFolder = QString::fromStdString(storeDirectory.string());
     return {
         .persistentContainerFactory =
             std::make_unique<store::PersistentContainerFactory>(storeDirectory, fatal),
         .makeTimeKeepingProvider = [] { return std::make_shared<platform::TimeKeepingProvider>(); },
-        .clock = std::make_shared<base::SystemClock>(),
+        .clock = std::move(clock),
         .sleepMonitor = std::make_shared<platform::LogindSleepMonitor>(),
         .notificationCenter = notificationCenter_,
         .statusBarPorts = {.statusBar = statusBar_,

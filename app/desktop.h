@@ -6,6 +6,7 @@
 #include <memory>
 
 #include "app/tasks_app.h"
+#include "base/clock.h"
 #include "base/fatal_error.h"
 #include "livedata/subscription.h"
 #include "platform/appcast_updater.h"
@@ -24,7 +25,8 @@ class Desktop final : public QObject {
 
  public:
     Desktop(const std::filesystem::path& storeDirectory,
-            platform::AppcastUpdater::Configuration updates, const base::FatalErrorHandler& fatal);
+            platform::AppcastUpdater::Configuration updates,
+            std::shared_ptr<const base::Clock> clock, const base::FatalErrorHandler& fatal);
 
     // Called once.
     void launch();
@@ -33,6 +35,7 @@ class Desktop final : public QObject {
 
  private:
     TasksApp::Environment environment(const std::filesystem::path& storeDirectory,
+                                      std::shared_ptr<const base::Clock> clock,
                                       const base::FatalErrorHandler& fatal);
     void terminate();
     void sayOnceThatItKeepsRunning();
