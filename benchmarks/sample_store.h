@@ -30,6 +30,10 @@ std::filesystem::path sampleStore(std::int64_t intervals);
 // The same for one task of so many intervals, with a note for every tenth.
 std::filesystem::path singleTaskStore(std::int64_t intervals, const std::string& name);
 
+// Fills a new store in the directory with ten years of use up to now: 2,000 tasks, 40,000 intervals
+// and 10,000 notes.
+void makeTenYearStore(const std::filesystem::path& directory);
+
 // What the program holds of a store, without view models.
 struct OpenedStore {
     explicit OpenedStore(const std::filesystem::path& directory);

@@ -1,0 +1,183 @@
+# SPDX-License-Identifier: MIT
+"""Measures whole programs on a display of their own and prints figures and ratios; nothing passes or
+fails.
+
+Usage: whole_process.py HEARTHMARK BARE_WINDOW TEN_YEAR_STORE [SECONDS] [STARTS]
+SECONDS is how long each steady state is watched, 60 by default; STARTS how often each program is
+started, 7 by default."""
+
+import os
+import select
+import shutil
+import signal
+import statistics
+import subprocess
+import sys
+import tempfile
+import time
+
+from driver import Desktop, key
+
+OTHERS = ["ktimetracker", "gtimelog", "gnome-clocks"]
+IDLE_SECONDS = 1.0
+PATIENCE = 60.0  # seconds
+
+
+class Windows:
+    """Tells when the window manager has mapped the first window or unmapped the last one, as soon as
+    it says so."""
+
+    def __init__(self):
+        look = ["xprop", "-root", "_NET_CLIENT_LIST"]
+        while b"window id" not in subprocess.check_output(look):
+            time.sleep(0.05)  # the window manager is still coming up
+        self.process = subprocess.Popen([look[0], "-spy", *look[1:]], stdout=subprocess.PIPE)
+        self.lines = self.process.stdout.fileno()
+        self.wait(lambda line: b"window id" in line)
+
+    def wait(self, is_awaited):
+        deadline = time.monotonic() + PATIENCE
+        line = b""
+        while not is_awaited(line):
+            if not select.select([self.lines], [], [], deadline - time.monotonic())[0]:
+                raise TimeoutError(f"waited {PATIENCE} s in vain for a window to come or go")
+            line = os.read(self.lines, 4096).splitlines()[-1]
+        return time.monotonic()
+
+    def wait_for_one(self):
+        return self.wait(lambda line: b"0x" in line)
+
+    def wait_for_none(self):
+        self.wait(lambda line: line and b"0x" not in line)
+
+    def close(self):
+        self.process.terminate()
+        self.process.wait()
+
+
+def threads(pid):
+    return [f"/proc/{pid}/task/{each}" for each in os.listdir(f"/proc/{pid}/task")]
+
+
+def processor_time(pid):
+    """Milliseconds, as the scheduler has counted them."""
+    total = 0
+    for thread in threads(pid):
+        with open(thread + "/schedstat", encoding="ascii") as file:
+            total += int(file.read().split()[0])
+    return total / 1e6
+
+
+def wake_ups(pid):
+    total = 0
+    for thread in threads(pid):
+        with open(thread + "/status", encoding="ascii") as file:
+            total += sum(int(line.split()[1]) for line in file if line.startswith("voluntary"))
+    return total
+
+
+def proportional_memory(pid):
+    """MiB; what several processes share is divided among them."""
+    with open(f"/proc/{pid}/smaps_rollup", encoding="ascii") as file:
+        return next(int(line.split()[1]) for line in file if line.startswith("Pss:")) / 1024
+
+
+def wait_until_idle(pid):
+    """The processor time by when nothing more happens."""
+    before = processor_time(pid)
+    while True:
+        time.sleep(IDLE_SECONDS)
+        after = processor_time(pid)
+        if after - before < 5 * IDLE_SECONDS:
+            return after
+        before = after
+
+
+class Subject:
+    """A program to be measured, on data of its own."""
+
+    def __init__(self, name, command, data=None):
+        self.name = name
+        self.command = command
+        self.data = data or tempfile.mkdtemp(prefix="hearthmark-benchmark-")
+        self.mapped, self.processor, self.memory = [], [], []
+
+    def start(self):
+        environment = {**os.environ, "XDG_DATA_HOME": self.data, "HOME": self.data}
+        return subprocess.Popen(self.command, env=environment, stdin=subprocess.DEVNULL,
+                                stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
+
+    def measure_start(self, windows):
+        begun = time.monotonic()
+        process = self.start()
+        self.mapped.append((windows.wait_for_one() - begun) * 1000)
+        self.processor.append(wait_until_idle(process.pid))
+        self.memory.append(proportional_memory(process.pid))
+        process.send_signal(signal.SIGTERM)
+        process.wait()
+        windows.wait_for_none()
+
+    def figures(self):
+        return [statistics.median(each) for each in (self.mapped, self.processor, self.memory)]
+
+
+def print_starts(subjects):
+    bare = subjects[0].figures()
+    print(f"{'':28}{'exec to window':>16}{'CPU until idle':>16}{'PSS':>12}   as many times the bare window")
+    for subject in subjects:
+        mapped, processor, memory = subject.figures()
+        ratios = "".join(f"{each / base:8.2f}" for each, base in zip(subject.figures(), bare))
+        print(f"{subject.name:28}{mapped:13.0f} ms{processor:13.0f} ms{memory:8.1f} MiB{ratios}")
+
+
+def watch(pid, seconds):
+    processor, woken = processor_time(pid), wake_ups(pid)
+    time.sleep(seconds)
+    return ((processor_time(pid) - processor) / seconds, (wake_ups(pid) - woken) / seconds)
+
+
+def print_steady(name, subject, seconds):
+    process = subject.start()
+    time.sleep(1)
+    states = {"idle": lambda: None, "running, window visible": lambda: key("Return", "ctrl+1"),
+              "running, window hidden": lambda: key("alt+F4")}
+    for state, reach in states.items():
+        reach()
+        wait_until_idle(process.pid)
+        processor, woken = watch(process.pid, seconds)
+        print(f"{name:16}{state:28}{processor:8.2f} ms of CPU a second{woken:8.2f} wake-ups a second")
+    process.terminate()
+    process.wait()
+
+
+def main():
+    hearthmark, bare, ten_year_store = sys.argv[1:4]
+    seconds = float(sys.argv[4]) if len(sys.argv) > 4 else 60
+    starts = int(sys.argv[5]) if len(sys.argv) > 5 else 7
+    # What assistive programs cost is theirs.
+    desktop = Desktop()
+    os.environ.pop("QT_LINUX_ACCESSIBILITY_ALWAYS_ON")
+    windows = Windows()
+    empty = Subject("Hearthmark, empty", [hearthmark])
+    full = Subject("Hearthmark, ten years", [hearthmark])
+    subprocess.run([ten_year_store, full.data], check=True)
+    subjects = [Subject("bare window", [bare]), empty, full]
+    for other in OTHERS:
+        if shutil.which(other):
+            subjects.append(Subject(other, [other]))
+        else:
+            print(f"{other} is not installed and is not compared with")
+    for _ in range(starts):
+        for subject in subjects:
+            subject.measure_start(windows)
+    print_starts(subjects)
+    windows.close()
+    print_steady("empty", empty, seconds)
+    print_steady("ten years", full, seconds)
+    for subject in subjects:
+        shutil.rmtree(subject.data)
+    desktop.close()
+
+
+if __name__ == "__main__":
+    main()
