@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "base/uuid.h"
 
+#include <array>
 #include <boost/uuid/random_generator.hpp>
 #include <boost/uuid/uuid_hash.hpp>
 #include <cstdint>
@@ -15,14 +16,18 @@ constexpr bool isHyphenPlace(std::size_t place) {
     return place == 8 || place == 13 || place == 18 || place == 23;
 }
 
-// The value of a hexadecimal digit, or -1.
-constexpr int hexValue(char digit) {
-    if (digit >= '0' && digit <= '9') {
-        return digit - '0';
+constexpr std::uint8_t kNoDigit = 0xFF;
+
+// The value of each character as a hexadecimal digit.
+constexpr auto kHexValues = [] {
+    std::array<std::uint8_t, 256> values{};
+    values.fill(kNoDigit);
+    for (std::uint8_t value = 0; value < 16; ++value) {
+        values.at(static_cast<unsigned char>("0123456789ABCDEF"[value])) = value;
+        values.at(static_cast<unsigned char>("0123456789abcdef"[value])) = value;
     }
-    const char lower = static_cast<char>(digit | 0x20);
-    return lower >= 'a' && lower <= 'f' ? lower - 'a' + 10 : -1;
-}
+    return values;
+}();
 
 }  // namespace
 
@@ -46,8 +51,8 @@ std::optional<Uuid> Uuid::fromText(std::string_view text) {
             }
             continue;
         }
-        const int value = hexValue(text[place]);
-        if (value < 0) {
+        const std::uint8_t value = kHexValues[static_cast<unsigned char>(text[place])];
+        if (value == kNoDigit) {
             return std::nullopt;
         }
         auto& byte = bytes.data[digits++ / 2];

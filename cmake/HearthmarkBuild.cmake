@@ -7,6 +7,11 @@ set(CMAKE_CXX_EXTENSIONS OFF)
 set(CMAKE_CXX_VISIBILITY_PRESET hidden)
 set(CMAKE_VISIBILITY_INLINES_HIDDEN ON)
 
+# A third smaller than with CMake's own -O3, which no benchmark shows to be faster.
+set(CMAKE_CXX_FLAGS_RELEASE "-O2 -DNDEBUG")
+add_compile_options(-ffunction-sections -fdata-sections)
+add_link_options(-Wl,--gc-sections)
+
 add_library(hearthmark_warnings INTERFACE)
 target_compile_options(hearthmark_warnings INTERFACE -Wall -Wextra -Wpedantic -Wconversion -Wshadow)
 if(HEARTHMARK_SANITIZE)
@@ -20,6 +25,13 @@ function(hearthmark_add_floor folder)
     add_library(Hearthmark::${folder} ALIAS hearthmark_${folder})
     target_include_directories(hearthmark_${folder} PUBLIC "${PROJECT_SOURCE_DIR}")
     target_link_libraries(hearthmark_${folder} PRIVATE hearthmark_warnings)
+endfunction()
+
+# Of code that waits for a person or for the desktop its size is what counts: what is mapped is memory.
+function(hearthmark_prefer_size)
+    foreach(target ${ARGN})
+        target_compile_options(${target} PRIVATE $<$<CONFIG:Release>:-Os>)
+    endforeach()
 endfunction()
 
 # The QML compiler's output does not keep to our warnings.

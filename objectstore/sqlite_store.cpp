@@ -18,6 +18,9 @@ namespace hearthmark::objectstore {
 
 namespace {
 
+// Nobody else uses a connection, so SQLite need not lock it at each call.
+constexpr int kOneThread = SQLITE_OPEN_NOMUTEX;
+
 // How long a statement waits for a lock that another program holds on the file.
 constexpr int kBusyTimeoutMilliseconds = 5000;
 
@@ -85,7 +88,7 @@ std::string fileUri(const std::filesystem::path& file, std::string_view query) {
 void inspectFile(const std::filesystem::path& file, const Model& model) {
     const std::string uri = fileUri(file, hasWriteAheadLog(file) ? "mode=ro" : "immutable=1");
     translatingErrors("open " + file.string(), [&] {
-        SQLite::Database database(uri, SQLite::OPEN_READONLY | SQLite::OPEN_URI,
+        SQLite::Database database(uri, SQLite::OPEN_READONLY | SQLite::OPEN_URI | kOneThread,
                                   kBusyTimeoutMilliseconds);
         const auto number = [&database](const std::string& name) {
             const std::string statement = "PRAGMA " + name;
@@ -120,7 +123,7 @@ class SqliteStore::Connection {
  public:
     Connection(const std::string& name, int flags)
         : database_(translatingErrors("open " + name, [&] {
-              return SQLite::Database(name, flags, kBusyTimeoutMilliseconds);
+              return SQLite::Database(name, flags | kOneThread, kBusyTimeoutMilliseconds);
           })) {}
 
     SQLite::Database& database() { return database_; }

@@ -78,6 +78,9 @@ void AppcastUpdater::checkForUpdates() {
         return;
     }
     canCheckForUpdates_.setValue(false);
+    if (!network_) {
+        network_ = std::make_unique<QNetworkAccessManager>();
+    }
     item_ = {};
     received_ = 0;
     show(UpdatePhase::checking);
@@ -85,7 +88,7 @@ void AppcastUpdater::checkForUpdates() {
     feed_.setData({});
     feed_.open(QIODevice::WriteOnly);
     transfer_ = std::make_unique<HttpsTransfer>(
-        network_,
+        *network_,
         HttpsTransfer::Request{.address = configuration_.feed,
                                .largestSize = kLargestFeed,
                                .patience = configuration_.patience},
@@ -119,7 +122,7 @@ void AppcastUpdater::install() {
     }
     show(UpdatePhase::downloading);
     transfer_ = std::make_unique<HttpsTransfer>(
-        network_,
+        *network_,
         HttpsTransfer::Request{.address = item_.package,
                                .largestSize = item_.size,
                                .patience = configuration_.patience},

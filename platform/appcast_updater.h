@@ -62,7 +62,8 @@ class AppcastUpdater final : public services::Updater {
     std::string unavailableReason_;
     livedata::Published<bool> canCheckForUpdates_;
     livedata::Published<services::UpdateState> state_;
-    QNetworkAccessManager network_;
+    // Made for the first check: most runs of the program never look for an update.
+    std::unique_ptr<QNetworkAccessManager> network_;
     QBuffer feed_;
     AppcastItem item_;
     qint64 received_ = 0;

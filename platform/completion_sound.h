@@ -4,7 +4,8 @@
 namespace hearthmark::platform {
 
 // Plays the desktop's sound for something that is complete. Returns at once; a machine that cannot
-// play it stays silent. The libraries for it go when it has been heard.
+// play it stays silent. The libraries for it
+// are loaded by the first call.
 void playCompletionSound();
 
 }  // namespace hearthmark::platform

@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: MIT
 import QtQuick
-import QtQuick.Templates as T
 import Hearthmark.Controls
 
 // A list with an item above its rows that scrolls along with them and may change its height. Unlike the
@@ -48,5 +47,8 @@ ListView {
     // the head.
     currentIndex: -1
     Accessible.role: Accessible.List
-    T.ScrollBar.vertical: ScrollBar {}
+
+    ScrollBar {
+        flickable: root
+    }
 }

@@ -3,14 +3,13 @@ import QtQuick
 import Hearthmark.Controls
 import Hearthmark.Ui
 
-// The column of the task list, with the application menu above it and "Add Task" below.
+// The column of the task list, with the button of the application menu above it and "Add Task" below.
 FocusScope {
     id: root
 
     required property HomeAdapter home
 
-    signal aboutRequested
-    signal shortcutsRequested
+    signal menuRequested(button: Item)
 
     Rectangle {
         anchors.fill: parent
@@ -40,34 +39,7 @@ FocusScope {
             anchors.verticalCenter: parent.verticalCenter
             symbol: "menu"
             text: qsTr("Application menu")
-            onClicked: menu.popup(menuButton, menuButton.mirrored ? 0 : menuButton.width - Theme.menuWidth, menuButton.height, aboutItem)
-
-            ContextMenu {
-                id: menu
-
-                ContextMenuItem {
-                    id: aboutItem
-
-                    text: qsTr("About Hearthmark")
-                    onTriggered: root.aboutRequested()
-                }
-
-                CheckForUpdatesView {
-                    updates: root.home.updates
-                }
-
-                ContextMenuItem {
-                    text: qsTr("Keyboard Shortcuts")
-                    shortcutText: "F1"
-                    onTriggered: root.shortcutsRequested()
-                }
-
-                ContextMenuItem {
-                    text: qsTr("Quit")
-                    shortcutText: "Ctrl+Q"
-                    onTriggered: root.home.quit()
-                }
-            }
+            onClicked: root.menuRequested(menuButton)
         }
     }
 

@@ -5,7 +5,7 @@ import Hearthmark.Controls
 import Hearthmark.Ui
 
 // The task list beside the selected task's detail, above both what was not noticed yet, and over
-// all the sheets.
+// all what pops up.
 FocusScope {
     id: root
 
@@ -29,7 +29,7 @@ FocusScope {
 
     Shortcut {
         sequences: ["F1", "Ctrl+?"]
-        onActivated: shortcuts.open()
+        onActivated: (popups.part() as HomePopups).openShortcuts()
     }
 
     FinishBanner {
@@ -49,8 +49,7 @@ FocusScope {
         width: Theme.sidebarWidth
         focus: true
         home: root.home
-        onAboutRequested: about.open()
-        onShortcutsRequested: shortcuts.open()
+        onMenuRequested: button => (popups.part() as HomePopups).openMenu(button)
     }
 
     Rectangle {
@@ -114,23 +113,13 @@ FocusScope {
         adapter: root.home.focusAnnouncement
     }
 
-    AddTaskSheet {
-        visible: root.home.addTask !== null
-        adapter: root.home.addTask
-        onClosed: root.home.dismissAddSheet()
-    }
+    LazyPart {
+        id: popups
 
-    AboutSheet {
-        id: about
-
-        about: root.home.about
-    }
-
-    ShortcutsSheet {
-        id: shortcuts
-    }
-
-    UpdateSheet {
-        updates: root.home.updates
+        file: Qt.resolvedUrl("HomePopups.qml")
+        given: ({
+                home: root.home
+            })
+        wanted: root.home.addTask !== null || root.home.updates.presented
     }
 }

@@ -64,16 +64,16 @@ Item {
         visible: root.adapter.loaded
         adapter: root.adapter
         overview: root.overview
-        onMenuRequested: (row, position) => menu.openFor(row, position)
+        onMenuRequested: (row, position) => (popups.part() as TaskDetailPopups).openMenu(row, position)
     }
 
-    DeleteMenu {
-        id: menu
-    }
+    LazyPart {
+        id: popups
 
-    ShareSheet {
-        visible: root.adapter.share !== null
-        adapter: root.adapter.share
-        onClosed: root.adapter.dismissShareSheet()
+        file: Qt.resolvedUrl("TaskDetailPopups.qml")
+        given: ({
+                adapter: root.adapter
+            })
+        wanted: root.adapter.share !== null
     }
 }

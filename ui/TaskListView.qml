@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 pragma ComponentBehavior: Bound
 import QtQuick
-import QtQuick.Templates as T
 import Hearthmark.Controls
 import Hearthmark.Ui
 
@@ -58,8 +57,11 @@ FocusScope {
         Keys.onReturnPressed: root.adapter.rows.tap(list.currentIndex)
         Keys.onEnterPressed: root.adapter.rows.tap(list.currentIndex)
         Keys.onSpacePressed: root.adapter.rows.tap(list.currentIndex)
-        T.ScrollBar.vertical: ScrollBar {}
         move: shift
+
+        ScrollBar {
+            flickable: list
+        }
 
         delegate: TaskRow {
             id: row
@@ -69,8 +71,8 @@ FocusScope {
             onFocused: root.showRow(row.index)
             onTapped: root.tapRow(row.index)
             onDeletionRequested: root.adapter.rows.deleteRow(row.index)
-            onMenuRequested: position => menu.openFor(row, position)
-            onLineMenuRequested: (line, position) => menu.openFor(line, position)
+            onMenuRequested: position => (menu.part() as DeleteMenu).openFor(row, position)
+            onLineMenuRequested: (line, position) => (menu.part() as DeleteMenu).openFor(line, position)
         }
     }
 
@@ -97,7 +99,9 @@ FocusScope {
         }
     }
 
-    DeleteMenu {
+    LazyPart {
         id: menu
+
+        file: Qt.resolvedUrl("DeleteMenu.qml")
     }
 }

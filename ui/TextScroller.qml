@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 pragma ComponentBehavior: Bound
 import QtQuick
-import QtQuick.Templates as T
 import Hearthmark.Controls
 import Hearthmark.Ui
 
@@ -95,7 +94,10 @@ ListView {
     Accessible.role: Accessible.List
     model: root.lines
     Keys.onPressed: event => root.pressKey(event)
-    T.ScrollBar.vertical: ScrollBar {}
+
+    ScrollBar {
+        flickable: root
+    }
 
     delegate: ReadOnlyText {
         id: label

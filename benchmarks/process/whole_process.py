@@ -6,6 +6,7 @@ Usage: whole_process.py HEARTHMARK BARE_WINDOW TEN_YEAR_STORE [SECONDS] [STARTS]
 SECONDS is how long each steady state is watched, 60 by default; STARTS how often each program is
 started, 7 by default."""
 
+import contextlib
 import os
 import select
 import shutil
@@ -16,7 +17,7 @@ import sys
 import tempfile
 import time
 
-from driver import Desktop, key
+from driver import Desktop, Program, key, type_text
 
 OTHERS = ["ktimetracker", "gtimelog", "gnome-clocks"]
 IDLE_SECONDS = 1.0
@@ -55,25 +56,34 @@ class Windows:
         self.process.wait()
 
 
-def threads(pid):
-    return [f"/proc/{pid}/task/{each}" for each in os.listdir(f"/proc/{pid}/task")]
+def of_threads(pid, read):
+    """What the function reads in the directory of each thread."""
+    found = {}
+    for thread in os.listdir(f"/proc/{pid}/task"):
+        with contextlib.suppress(FileNotFoundError):  # it has just ended
+            found[thread] = read(f"/proc/{pid}/task/{thread}")
+    return found
 
 
-def processor_time(pid):
-    """Milliseconds, as the scheduler has counted them."""
-    total = 0
-    for thread in threads(pid):
+def processor_times(pid):
+    """Milliseconds of each thread, as the scheduler has counted them."""
+    def read(thread):
         with open(thread + "/schedstat", encoding="ascii") as file:
-            total += int(file.read().split()[0])
-    return total / 1e6
+            return int(file.read().split()[0]) / 1e6
+    return of_threads(pid, read)
 
 
 def wake_ups(pid):
-    total = 0
-    for thread in threads(pid):
+    """Of each thread: how often it was given a processor after it had waited."""
+    def read(thread):
         with open(thread + "/status", encoding="ascii") as file:
-            total += sum(int(line.split()[1]) for line in file if line.startswith("voluntary"))
-    return total
+            return next(int(line.split()[1]) for line in file if line.startswith("voluntary"))
+    return of_threads(pid, read)
+
+
+def growth(before, after):
+    """Of the threads that are still there."""
+    return sum(value - before.get(thread, 0) for thread, value in after.items())
 
 
 def proportional_memory(pid):
@@ -84,12 +94,12 @@ def proportional_memory(pid):
 
 def wait_until_idle(pid):
     """The processor time by when nothing more happens."""
-    before = processor_time(pid)
+    before = processor_times(pid)
     while True:
         time.sleep(IDLE_SECONDS)
-        after = processor_time(pid)
-        if after - before < 5 * IDLE_SECONDS:
-            return after
+        after = processor_times(pid)
+        if growth(before, after) < 5 * IDLE_SECONDS:
+            return sum(after.values())
         before = after
 
 
@@ -131,21 +141,37 @@ def print_starts(subjects):
 
 
 def watch(pid, seconds):
-    processor, woken = processor_time(pid), wake_ups(pid)
+    processor, woken = processor_times(pid), wake_ups(pid)
     time.sleep(seconds)
-    return ((processor_time(pid) - processor) / seconds, (wake_ups(pid) - woken) / seconds)
+    return (growth(processor, processor_times(pid)) / seconds, growth(woken, wake_ups(pid)) / seconds)
 
 
-def print_steady(name, subject, seconds):
-    process = subject.start()
+def start_focus(subject):
+    key("ctrl+n")
     time.sleep(1)
-    states = {"idle": lambda: None, "running, window visible": lambda: key("Return", "ctrl+1"),
-              "running, window hidden": lambda: key("alt+F4")}
-    for state, reach in states.items():
+    type_text("Letters")
+    key("ctrl+Return")
+    time.sleep(1)
+    key("Return", "ctrl+1")
+    running = Program(None, subject.data).rows("SELECT count(*) FROM RawIntervalState WHERE state = 1")
+    if running != [(1,)]:
+        raise RuntimeError(f"{subject.name}: no focus was started")
+
+
+def print_steady(subject, windows, seconds):
+    process = subject.start()
+    windows.wait_for_one()
+
+    def hide():
+        key("alt+F4")
+        windows.wait_for_none()
+    for state, reach in [("nothing running", lambda: None),
+                         ("running, window visible", lambda: start_focus(subject)),
+                         ("running, window hidden", hide)]:
         reach()
         wait_until_idle(process.pid)
         processor, woken = watch(process.pid, seconds)
-        print(f"{name:16}{state:28}{processor:8.2f} ms of CPU a second{woken:8.2f} wake-ups a second")
+        print(f"{subject.name:28}{state:28}{processor:8.2f} ms of CPU and{woken:6.2f} wake-ups a second")
     process.terminate()
     process.wait()
 
@@ -171,9 +197,9 @@ def main():
         for subject in subjects:
             subject.measure_start(windows)
     print_starts(subjects)
+    for subject in (empty, full):
+        print_steady(subject, windows, seconds)
     windows.close()
-    print_steady("empty", empty, seconds)
-    print_steady("ten years", full, seconds)
     for subject in subjects:
         shutil.rmtree(subject.data)
     desktop.close()

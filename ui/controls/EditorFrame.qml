@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: MIT
 import QtQuick
-import QtQuick.Templates as T
 
 // An expanding editor in its rounded field. Beyond maximumHeight the text scrolls under the cursor.
 FocusScope {
@@ -18,7 +17,7 @@ FocusScope {
     function showCursor() {
         const top = editor.cursorRectangle.y;
         const bottom = top + editor.cursorRectangle.height;
-        flickable.contentY = Math.max(bottom - flickable.height, Math.min(top, flickable.contentY));
+        scroller.contentY = Math.max(bottom - scroller.height, Math.min(top, scroller.contentY));
     }
 
     implicitHeight: Math.min(root.maximumHeight, editor.height + 2 * root.inset)
@@ -32,7 +31,7 @@ FocusScope {
     }
 
     Flickable {
-        id: flickable
+        id: scroller
 
         anchors.fill: parent
         anchors.margins: root.inset
@@ -41,14 +40,17 @@ FocusScope {
         // What has nothing to scroll leaves the wheel to what is around it.
         interactive: contentHeight > height
         clip: interactive
-        T.ScrollBar.vertical: ScrollBar {}
 
         ExpandingTextView {
             id: editor
 
-            width: flickable.width
+            width: scroller.width
             focus: true
             onCursorRectangleChanged: root.showCursor()
+        }
+
+        ScrollBar {
+            flickable: scroller
         }
     }
 }

@@ -12,14 +12,18 @@ FocusScope {
     readonly property alias textSize: editor.textSize
     property real minHeight
 
-    function openMenu() {
-        menu.popup(root, editor.cursorRectangle.x, editor.cursorRectangle.y + editor.cursorRectangle.height);
+    function openMenu(x: real, y: real) {
+        (menu.part() as EditorMenu).popup(root, x, y);
+    }
+
+    function openMenuByKey() {
+        root.openMenu(editor.cursorRectangle.x, editor.cursorRectangle.y + editor.cursorRectangle.height);
     }
 
     function openMenuOnShift(event) {
         event.accepted = event.key === Qt.Key_F10 && event.modifiers === Qt.ShiftModifier;
         if (event.accepted)
-            root.openMenu();
+            root.openMenuByKey();
     }
 
     implicitHeight: Math.max(root.minHeight, root.textSize.height)
@@ -34,53 +38,22 @@ FocusScope {
         focus: true
         activeFocusOnTab: true
         Accessible.name: editor.accessibleName
-        Keys.onMenuPressed: root.openMenu()
+        Keys.onMenuPressed: root.openMenuByKey()
         Keys.onPressed: event => root.openMenuOnShift(event)
 
         MouseArea {
             anchors.fill: parent
             acceptedButtons: Qt.RightButton
-            onPressed: mouse => menu.popup(root, mouse.x, mouse.y)
+            onPressed: mouse => root.openMenu(mouse.x, mouse.y)
         }
     }
 
-    ContextMenu {
+    LazyPart {
         id: menu
 
-        ContextMenuItem {
-            text: qsTr("Undo")
-            shortcutText: "Ctrl+Z"
-            enabled: editor.canUndo
-            onTriggered: editor.undo()
-        }
-        ContextMenuItem {
-            text: qsTr("Redo")
-            shortcutText: "Ctrl+Shift+Z"
-            enabled: editor.canRedo
-            onTriggered: editor.redo()
-        }
-        ContextMenuItem {
-            text: qsTr("Cut")
-            shortcutText: "Ctrl+X"
-            enabled: editor.selectedText.length > 0
-            onTriggered: editor.cut()
-        }
-        ContextMenuItem {
-            text: qsTr("Copy")
-            shortcutText: "Ctrl+C"
-            enabled: editor.selectedText.length > 0
-            onTriggered: editor.copy()
-        }
-        ContextMenuItem {
-            text: qsTr("Paste")
-            shortcutText: "Ctrl+V"
-            enabled: editor.canPaste
-            onTriggered: editor.paste()
-        }
-        ContextMenuItem {
-            text: qsTr("Select All")
-            shortcutText: "Ctrl+A"
-            onTriggered: editor.selectAll()
-        }
+        file: Qt.resolvedUrl("EditorMenu.qml")
+        given: ({
+                editor: editor
+            })
     }
 }

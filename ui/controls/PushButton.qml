@@ -16,20 +16,11 @@ BasicButton {
         return root.isPrimary ? Theme.colors.accentText : Theme.colors.text;
     }
 
-    implicitWidth: Math.ceil(implicitContentWidth) + leftPadding + rightPadding
-    implicitHeight: Math.max(Theme.controlHeight, implicitContentHeight + topPadding + bottomPadding)
-    horizontalPadding: 14
-    verticalPadding: 5
-    spacing: Theme.spacing
+    implicitWidth: Math.ceil(content.implicitWidth) + 28
+    implicitHeight: Math.max(Theme.controlHeight, content.implicitHeight + 10)
 
-    contentItem: SymbolLabel {
-        symbol: root.symbol
-        text: root.text
-        color: root.textColor
-        spacing: root.spacing
-    }
-
-    background: Rectangle {
+    Rectangle {
+        anchors.fill: parent
         radius: Theme.controlRadius
         border.width: root.isPrimary ? 0 : 1
         border.color: root.enabled ? Theme.colors.buttonBorder : Theme.colors.separator
@@ -46,5 +37,15 @@ BasicButton {
         FocusRing {
             visible: root.activeFocus
         }
+    }
+
+    SymbolLabel {
+        id: content
+
+        anchors.fill: parent
+        symbol: root.symbol
+        text: root.text
+        color: root.textColor
+        spacing: Theme.spacing
     }
 }

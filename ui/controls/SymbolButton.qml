@@ -10,20 +10,19 @@ BasicButton {
     implicitWidth: Theme.controlHeight
     implicitHeight: Theme.controlHeight
 
-    contentItem: Item {
-        Symbol {
-            anchors.centerIn: parent
-            name: root.symbol
-            color: root.enabled ? Theme.colors.text : Theme.colors.disabledText
-        }
-    }
-
-    background: Rectangle {
+    Rectangle {
+        anchors.fill: parent
         radius: Theme.controlRadius
         color: root.down ? Theme.colors.buttonPressed : root.hovered ? Theme.colors.separator : "transparent"
 
         FocusRing {
             visible: root.activeFocus
         }
+    }
+
+    Symbol {
+        anchors.centerIn: parent
+        name: root.symbol
+        color: root.enabled ? Theme.colors.text : Theme.colors.disabledText
     }
 }
