@@ -11,7 +11,7 @@
 #include <memory>
 
 #include "app/desktop.h"
-#include "base/clock.h"
+#include "app/program_clock.h"
 #include "base/fatal_error.h"
 #include "objectstore/store_error.h"
 #include "platform/appcast_updater.h"
@@ -74,7 +74,7 @@ int runApplication(int argc, char** argv, const std::filesystem::path& storeDire
         fatal(store::unresolvedLoadError({error.message() + ": " + storeDirectory.string(),
                                           error.value(), error.value(), "lock"}));
     }
-    app::Desktop desktop(storeDirectory, updates(), std::make_shared<base::SystemClock>(), fatal);
+    app::Desktop desktop(storeDirectory, updates(), app::makeProgramClock(), fatal);
     QObject::connect(&applicationObject, &platform::ApplicationObject::activationRequested,
                      &desktop, &app::Desktop::activate);
     desktop.launch();

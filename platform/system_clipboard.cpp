@@ -8,6 +8,12 @@
 
 namespace hearthmark::platform {
 
+SystemClipboard::SystemClipboard() {
+    // Each editor would ask at each change what there is to paste, and the toolkit waits five
+    // seconds for the answer of a program that hangs. Nobody else listens.
+    QGuiApplication::clipboard()->blockSignals(true);
+}
+
 void SystemClipboard::setString(const std::string& text) {
     auto data = std::make_unique<QMimeData>();
     // As bytes, since a detour through the toolkit's text would mend what is not UTF-8.

@@ -9,6 +9,8 @@ namespace hearthmark::platform {
 // where the desktop has a clipboard manager. Requires a QGuiApplication.
 class SystemClipboard final : public exporting::Clipboard {
  public:
+    SystemClipboard();
+
     void setString(const std::string& text) override;
 };
 

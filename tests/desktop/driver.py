@@ -66,9 +66,9 @@ class Desktop:
         os.environ["DBUS_SESSION_BUS_ADDRESS"] = self.start_bus("session.conf", [
             "/usr/share/dbus-1/services/org.a11y.Bus.service"])
         # Started before the program, which looks for it only once.
-        subprocess.run(["dbus-send", "--session", "--print-reply", "--dest=org.a11y.Bus",
-                        "/org/a11y/bus", "org.a11y.Bus.GetAddress"], check=True,
-                       stdout=subprocess.DEVNULL)
+        self.accessibility_bus = subprocess.check_output(
+            ["dbus-send", "--session", "--print-reply=literal", "--dest=org.a11y.Bus",
+             "/org/a11y/bus", "org.a11y.Bus.GetAddress"], text=True).strip()
         self._start(["openbox"])
 
     def start_bus(self, name, services=()):
@@ -248,14 +248,21 @@ class ProgramTest(unittest.TestCase):
                                  " JOIN RawIntervalState r ON r.interval = i.pk")[0]
 
 
-def serve(address, name, path, xml, answer, get_property=None):
-    """A connection of its own to the bus that has the name, with one object whose calls go to the
-    function. They come while somebody waits by wait_for()."""
+def connect(address):
+    """A connection of its own to the bus."""
     from gi.repository import Gio  # not before there is a bus
 
     flags = Gio.DBusConnectionFlags
-    bus = Gio.DBusConnection.new_for_address_sync(
+    return Gio.DBusConnection.new_for_address_sync(
         address, flags.AUTHENTICATION_CLIENT | flags.MESSAGE_BUS_CONNECTION, None, None)
+
+
+def serve(address, name, path, xml, answer, get_property=None):
+    """A connection that has the name, with one object whose calls go to the function. They come while
+    somebody waits by wait_for()."""
+    from gi.repository import Gio
+
+    bus = connect(address)
     bus.register_object(path, Gio.DBusNodeInfo.new_for_xml(xml).interfaces[0], answer, get_property,
                         None)
     Gio.bus_own_name_on_connection(bus, name, 0, None, None)

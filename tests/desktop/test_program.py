@@ -280,14 +280,6 @@ class Use(ProgramTest):
 
 
 class Restarts(ProgramTest):
-    def test_a_resumed_interval_finishes_at_its_maximum(self):
-        self.make_store(*self.task_with_interval(state=0, duration=1797.0))
-        program = self.program.launch()
-        self.assertEqual(self.interval()[1], 1)
-        wait_for(lambda: self.interval()[1] == 2, "the interval to finish", 5)
-        wait_for(lambda: program.section_of("Planted") == "Not running", "the row to follow")
-        self.assertTrue(1800 <= self.interval()[0] <= 1801.2, self.interval())
-
     def test_every_normal_end_pauses_and_the_next_launch_resumes(self):
         self.make_store(*self.task_with_interval(state=0, duration=100.0))
         spent = 100.0

@@ -9,58 +9,19 @@ import time
 import unittest
 from collections import Counter
 
-from driver import Desktop, ProgramTest, key, press, serve, wait_for
-
-ITEM, WATCHER = "org.kde.StatusNotifierItem", "org.kde.StatusNotifierWatcher"
-MENU = "com.canonical.dbusmenu"
-WATCHER_XML = f"""<node><interface name="{WATCHER}">
-    <method name="RegisterStatusNotifierItem"><arg type="s" direction="in"/></method>
-    <property name="IsStatusNotifierHostRegistered" type="b" access="read"/></interface></node>"""
+from driver import Desktop, ProgramTest, press, wait_for
+from players import ITEM, MENU, Panel
 
 
 def setUpModule():
     unittest.addModuleCleanup(Desktop().close)
 
 
-class Panel:
-    """A panel on a bus connection of its own: takes items and notes what they tell."""
-
-    def __init__(self):
-        from gi.repository import GLib  # not before there is a bus
-        self.variant = GLib.Variant
-        self.item = None
-        self.told = []  # when, which signal, with what
-        self.bus = serve(os.environ["DBUS_SESSION_BUS_ADDRESS"], WATCHER, "/StatusNotifierWatcher",
-                         WATCHER_XML, self._register, lambda *_: GLib.Variant("b", True))
-        for interface in (ITEM, MENU):
-            self.bus.signal_subscribe(None, interface, None, None, None, 0, self._note)
-
-    def _register(self, _bus, sender, _path, _interface, _method, arguments, invocation):
-        assert arguments.unpack() == (sender,), "the item stands under its unique name"
-        self.item = sender
-        invocation.return_value(None)
-
-    def _note(self, _bus, _sender, _path, _interface, signal, arguments):
-        self.told.append((time.monotonic(), signal, arguments.unpack()))
-
-    def call(self, interface, method, signature, *arguments):
-        path = "/StatusNotifierItem" + ("/Menu" if interface == MENU else "")
-        target = "org.freedesktop.DBus.Properties" if method == "Get" else interface
-        return self.bus.call_sync(self.item, path, target, method,
-                                  self.variant(signature, arguments), None, 0, 5000).unpack()
-
-    def get(self, name):
-        return self.call(ITEM, "Get", "(ss)", ITEM, name)[0]
-
-    def labels(self):
-        return [told[0] for _, signal, told in self.told if signal == "XAyatanaNewLabel"]
-
-
 class StatusItem(ProgramTest):
     def setUp(self):
         super().setUp()
         self.panel = Panel()
-        self.addCleanup(lambda: self.panel.bus.close_sync())
+        self.addCleanup(self.panel.bus.close_sync)
 
     def launch(self):
         self.program.launch()
@@ -93,17 +54,6 @@ class StatusItem(ProgramTest):
         panel.call(ITEM, "Activate", "(ii)", 0, 0)
         wait_for(lambda: panel.get("Status") == "Active", "it to go")
         self.assertEqual(panel.get("XAyatanaLabel"), "Hearthmark!")
-
-    def test_a_click_shows_the_hidden_window_also_in_a_panel_that_came_later(self):
-        program = self.program.launch()
-        for _ in range(2):
-            wait_for(lambda: self.panel.item, "the item")
-            # Again until the window has the keyboard.
-            wait_for(lambda: key("alt+F4") or not program.find_all("Add Task"), "it to hide")
-            self.panel.call(ITEM, "Activate", "(ii)", 0, 0)
-            program.find("Add Task")
-            self.panel.bus.close_sync()
-            self.panel = Panel()
 
     def test_the_menu_follows_the_title_and_quits(self):
         self.make_store(*self.task_with_interval(state=0, duration=100.0))

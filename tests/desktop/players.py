@@ -1,0 +1,178 @@
+# SPDX-License-Identifier: MIT
+"""The other ends of what the program says to the desktop, each on a bus connection of its own. Calls
+come to them while somebody waits by wait_for()."""
+
+import contextlib
+import os
+import select
+import threading
+import time
+
+from driver import connect, serve, wait_for
+
+NOTIFICATIONS, NOTIFICATIONS_PATH = "org.freedesktop.Notifications", "/org/freedesktop/Notifications"
+NOTIFICATIONS_XML = f"""<node><interface name="{NOTIFICATIONS}">
+    <method name="GetCapabilities"><arg type="as" direction="out"/></method>
+    <method name="Notify"><arg type="s" direction="in"/><arg type="u" direction="in"/>
+    <arg type="s" direction="in"/><arg type="s" direction="in"/><arg type="s" direction="in"/>
+    <arg type="as" direction="in"/><arg type="a{{sv}}" direction="in"/><arg type="i" direction="in"/>
+    <arg type="u" direction="out"/></method></interface></node>"""
+
+ITEM, WATCHER = "org.kde.StatusNotifierItem", "org.kde.StatusNotifierWatcher"
+MENU = "com.canonical.dbusmenu"
+WATCHER_XML = f"""<node><interface name="{WATCHER}">
+    <method name="RegisterStatusNotifierItem"><arg type="s" direction="in"/></method>
+    <property name="IsStatusNotifierHostRegistered" type="b" access="read"/></interface></node>"""
+
+LOGIND, LOGIND_PATH, LOGIND_MANAGER = (
+    "org.freedesktop.login1", "/org/freedesktop/login1", "org.freedesktop.login1.Manager")
+LOGIND_XML = f"""<node><interface name="{LOGIND_MANAGER}"><method name="Inhibit">
+    <arg type="s" direction="in"/><arg type="s" direction="in"/><arg type="s" direction="in"/>
+    <arg type="s" direction="in"/><arg type="h" direction="out"/></method></interface></node>"""
+
+
+class Daemon:
+    """Takes notifications, unless it refuses, or hangs for five seconds."""
+
+    def __init__(self, manner="takes"):
+        from gi.repository import GLib  # not before there is a bus
+        self.glib, self.variant = GLib, GLib.Variant
+        self.manner = manner
+        self.called = self.answered = False
+        self.taken = []  # when, and the arguments
+        self.bus = serve(os.environ["DBUS_SESSION_BUS_ADDRESS"], NOTIFICATIONS, NOTIFICATIONS_PATH,
+                         NOTIFICATIONS_XML, self._answer)
+
+    def _answer(self, _bus, _sender, _path, _interface, *call):
+        self.called = True
+        if self.manner == "hangs":
+            self.glib.timeout_add_seconds(5, self._take, *call)
+        elif self.manner == "refuses":
+            call[-1].return_dbus_error("org.freedesktop.Notifications.Error.ExcessNotifications", "")
+        else:
+            self._take(*call)
+
+    def _take(self, method, arguments, invocation):
+        self.answered = True
+        if method == "GetCapabilities":
+            invocation.return_value(self.variant("(as)", (["actions", "body", "body-markup", "sound"],)))
+        else:
+            self.taken.append((time.monotonic(), arguments.unpack()))
+            invocation.return_value(self.variant("(u)", (len(self.taken),)))
+        return self.glib.SOURCE_REMOVE
+
+    def emit(self, name, signature, *arguments):
+        self.bus.emit_signal(None, NOTIFICATIONS_PATH, NOTIFICATIONS, name,
+                             self.variant(signature, arguments))
+
+
+class Panel:
+    """Takes items and notes what they tell."""
+
+    def __init__(self):
+        from gi.repository import GLib  # not before there is a bus
+        self.variant = GLib.Variant
+        self.item = None
+        self.told = []  # when, which signal, with what
+        self.bus = serve(os.environ["DBUS_SESSION_BUS_ADDRESS"], WATCHER, "/StatusNotifierWatcher",
+                         WATCHER_XML, self._register, lambda *_: GLib.Variant("b", True))
+        for interface in (ITEM, MENU):
+            self.bus.signal_subscribe(None, interface, None, None, None, 0, self._note)
+
+    def _register(self, _bus, sender, _path, _interface, _method, arguments, invocation):
+        assert arguments.unpack() == (sender,), "the item stands under its unique name"
+        self.item = sender
+        invocation.return_value(None)
+
+    def _note(self, _bus, _sender, _path, _interface, signal, arguments):
+        self.told.append((time.monotonic(), signal, arguments.unpack()))
+
+    def call(self, interface, method, signature, *arguments):
+        path = "/StatusNotifierItem" + ("/Menu" if interface == MENU else "")
+        target = "org.freedesktop.DBus.Properties" if method == "Get" else interface
+        return self.bus.call_sync(self.item, path, target, method,
+                                  self.variant(signature, arguments), None, 0, 5000).unpack()
+
+    def get(self, name):
+        return self.call(ITEM, "Get", "(ss)", ITEM, name)[0]
+
+    def labels(self):
+        return [told[0] for _, signal, told in self.told if signal == "XAyatanaNewLabel"]
+
+
+class Logind:
+    """Notes who delays sleep, and tells of it."""
+
+    def __init__(self):
+        from gi.repository import Gio, GLib  # not before there is a bus
+        self.gio, self.variant = Gio, GLib.Variant
+        self.lock = None  # closed at its other end when the program lets go
+        self.bus = serve(os.environ["DBUS_SYSTEM_BUS_ADDRESS"], LOGIND, LOGIND_PATH, LOGIND_XML,
+                         self._inhibit)
+
+    def _inhibit(self, _bus, _sender, _path, _interface, _method, arguments, invocation):
+        what, who, _why, mode = arguments.unpack()
+        assert (what, who, mode) == ("sleep", "Hearthmark", "delay")
+        self.lock, theirs = os.pipe()
+        descriptors = self.gio.UnixFDList.new()
+        descriptors.append(theirs)
+        os.close(theirs)
+        invocation.return_value_with_unix_fd_list(self.variant("(h)", (0,)), descriptors)
+
+    def is_delayed(self):
+        return self.lock is not None and not select.select([self.lock], [], [], 0)[0]
+
+    def tell(self, is_starting):
+        self.bus.emit_signal(None, LOGIND_PATH, LOGIND_MANAGER, "PrepareForSleep",
+                             self.variant("(b)", (is_starting,)))
+
+
+def start_session_bus(desktop, name):
+    """A session bus that may die, since the accessibility bus to which it leads stays."""
+    from gi.repository import GLib
+
+    address = os.environ["DBUS_SESSION_BUS_ADDRESS"] = desktop.start_bus(name)
+    answer = GLib.Variant("(s)", (desktop.accessibility_bus,))
+    serve(address, "org.a11y.Bus", "/org/a11y/bus",
+          """<node><interface name="org.a11y.Bus"><method name="GetAddress">
+          <arg type="s" direction="out"/></method></interface></node>""",
+          lambda *call: call[-1].return_value(answer))
+    return desktop.processes[-1]
+
+
+class Questions(threading.Thread):
+    """Asks the program for its windows, which its main thread answers, until it is told to end, and
+    notes how long that took. What others kept the thread off the processor is not its fault."""
+
+    def __init__(self, accessibility_bus, process):
+        super().__init__(daemon=True)
+        self.bus, bus = connect(accessibility_bus), "org.freedesktop.DBus"
+        self.process = process
+        self.name = wait_for(lambda: next(
+            name for name in self._ask(bus, "ListNames", "()")[0] if name[0] == ":" and process.pid
+            in self._ask(bus, "GetConnectionUnixProcessID", "(s)", name)), "its connection")
+        self.ended = threading.Event()
+        self.seconds = []
+
+    def _ask(self, interface, method, signature, *arguments, to=None):
+        from gi.repository import GLib
+        return self.bus.call_sync(to or interface, "/org/a11y/atspi/accessible/root", interface, method,
+                                  GLib.Variant(signature, arguments), None, 0, 20000, None).unpack()
+
+    def _seconds(self):
+        with open(f"/proc/{self.process.pid}/schedstat", encoding="ascii") as file:
+            return time.monotonic() - int(file.read().split()[1]) / 1e9
+
+    def run(self):
+        with contextlib.suppress(Exception):  # the program ended, as the test may want
+            while not self.ended.wait(0.01):
+                asked = self._seconds()
+                self._ask("org.a11y.atspi.Accessible", "GetChildren", "()", to=self.name)
+                self.seconds.append(self._seconds() - asked)
+
+    def end(self):
+        """Whether all were answered."""
+        is_asking = self.is_alive()
+        self.ended.set()
+        self.join()
+        return is_asking

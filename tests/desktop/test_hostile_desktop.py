@@ -1,0 +1,250 @@
+# SPDX-License-Identifier: MIT
+"""A desktop whose parts fail while the program runs: the window goes on answering, and the store stays
+right. Usage: test_hostile_desktop.py BINARY [unittest arguments]"""
+
+import contextlib
+import ctypes
+import os
+import signal
+import subprocess
+import sys
+import time
+import unittest
+
+from driver import (Desktop, ProgramTest, clipboard, key, lines_of, new_id, now, press, type_text,
+                    wait_for)
+from players import Daemon, ITEM, Logind, Panel, Questions, start_session_bus
+
+HOUR, DAY = 3600, 86400
+PATIENCE = 0.1  # seconds
+
+
+def setUpModule():
+    global DESKTOP
+    DESKTOP = Desktop()
+    unittest.addModuleCleanup(DESKTOP.close)
+    import pyatspi  # looks for the accessibility bus on the session bus of the moment
+    pyatspi.Registry.getDesktop(0)
+
+
+class HostileDesktop(ProgramTest):
+    def setUp(self):
+        super().setUp()
+        self.bus = start_session_bus(DESKTOP, self.id())
+        self.clock = os.environ["HEARTHMARK_CLOCK_OFFSET"] = os.path.join(self.program.data, "clock")
+        self.set_clock(0)
+
+    def set_clock(self, offset):
+        self.offset = offset
+        with open(self.clock + ".new", "w", encoding="utf-8") as file:
+            file.write(str(offset))
+        os.rename(file.name, self.clock)
+
+    @contextlib.contextmanager
+    def answering(self, part):
+        self.program.tree()
+        questions = Questions(DESKTOP.accessibility_bus, self.program.process)
+        questions.start()
+        yield
+        self.assertTrue(questions.end() or self.program.process.poll(), "no answer at all")
+        print(f"{part}: {len(questions.seconds)} answers, the longest took"
+              f" {max(questions.seconds) * 1000:.0f} ms", flush=True)
+        self.assertLess(max(questions.seconds), PATIENCE)
+
+    def begin(self, *spent, **environment):
+        """Launches with a task for each, whose interval has lasted so many seconds and goes on."""
+        program = self.program
+        if not os.path.exists(program.file):
+            self.make_store()
+        program.plant(*(statement for name, seconds, *limit in spent for statement in (
+            ("INSERT INTO Task VALUES (NULL, ?, 0, ?)", (new_id(), name)),
+            ("INSERT INTO Interval VALUES (NULL, ?, ?, ?, ?, last_insert_rowid())",
+             (new_id(), now(), seconds, *(limit or [1800]))),
+            "INSERT INTO RawIntervalState VALUES (NULL, 0, NULL, NULL, last_insert_rowid())")))
+        program.start(**environment)
+        wait_for(lambda: program.rows("SELECT 1 FROM RawIntervalState WHERE state = 1"), "the start")
+        return program
+
+    def intervals(self):
+        """The time spent on each task, and when its running stretch began."""
+        return {name: (spent, started) for name, spent, started in self.program.rows(
+            "SELECT name, duration, started FROM Task t JOIN Interval i ON task = t.pk"
+            " JOIN RawIntervalState ON interval = i.pk")}
+
+    def quit(self, *finished):
+        """What runs has then lasted until now; all else is as it was. What finished did so in time."""
+        before, ended = self.intervals(), now() + self.offset
+        self.assertEqual(self.program.end(), 0)
+        after = self.intervals()
+        self.assertEqual(before.keys(), after.keys())
+        for task, (spent, started) in before.items():
+            self.assertAlmostEqual(after[task][0], spent + max(0, ended - (started or ended)),
+                                   delta=0.5 if started else 0)
+        for task in finished:
+            self.assertTrue(1800 <= after[task][0] < 1802, after[task])
+        self.assertEqual(self.program.rows("PRAGMA integrity_check"), [("ok",)])
+
+    def test_the_session_bus_dies(self):
+        daemon = Daemon("hangs")
+        program = self.begin(("Before", 1797), ("After", 1790), ("On", 100))
+        with self.answering("the session bus dies"):
+            wait_for(lambda: daemon.called, "the first finish")
+            self.bus.kill()
+            for text in ("Before", "After (and 1 before it)"):
+                program.find("Interval finished: " + text, "notification")
+            program.add_task("New")
+            program.press("Dismiss")
+        self.quit("Before", "After")
+
+    def test_the_notification_daemon_hangs_or_refuses_or_is_not_there(self):
+        for manner in ("hangs", "refuses", "nobody"):
+            start_session_bus(DESKTOP, manner)
+            daemon = Daemon(manner) if manner != "nobody" else None
+            program = self.begin((manner, 1798), (f"{manner}, on", 100))
+            with self.answering(f"notification daemon: {manner}"):
+                program.find(f"Interval finished: {manner}", "notification")
+                program.press("Show" if daemon else "Dismiss")
+                wait_for(lambda: not program.find_all(role="notification"), "it to go")
+                wait_for(lambda: manner != "hangs" or daemon.answered, "its late answer")
+            self.quit(manner)
+        self.begin(("no bus", 1798), DBUS_SESSION_BUS_ADDRESS="disabled:")
+        wait_for(lambda: lines_of("a8431a", 600) > 20, "the banner, seen")
+        self.quit("no bus")
+
+    def test_the_panel_comes_late_and_starts_anew(self):
+        program = self.begin(("On", 100))
+        with self.answering("the panel comes late and starts anew"):
+            time.sleep(2.5)  # until it is looked for elsewhere
+            for _ in range(3):
+                panel = Panel()
+                wait_for(lambda: len(panel.labels()) == 2, "two seconds")
+                wait_for(lambda: key("alt+F4") or not program.find_all("Add Task"), "it to hide")
+                panel.call(ITEM, "Activate", "(ii)", 0, 0)
+                program.find("Add Task")
+                panel.bus.close_sync()
+        self.quit()
+
+    def test_the_clipboard_is_taken_by_a_program_that_hangs_and_dies(self):
+        x11 = ctypes.CDLL("libX11.so.6")
+        x11.XOpenDisplay.restype = ctypes.c_void_p
+        program = self.begin(("On", 100))
+        press(program.find("On", "list item"))
+        with self.answering("the clipboard is taken by a program that hangs and dies"):
+            for _ in range(2):
+                program.press("Share")
+                program.press("Copy")
+                wait_for(lambda: not program.find_all("Copy") and b"On" in clipboard(), "the copy")
+                key("ctrl+shift+n")
+                editor = program.find("Note", "text")
+                display = ctypes.c_void_p(x11.XOpenDisplay(None))
+                x11.XSetSelectionOwner(
+                    display, x11.XInternAtom(display, b"CLIPBOARD", 0), x11.XCreateSimpleWindow(
+                        display, x11.XDefaultRootWindow(display), 0, 0, 1, 1, 0, 0, 0), 0)
+                x11.XSync(display, 0)
+                key("x", "shift+F10")
+                program.find("Paste", "menu item")
+                key("Escape")
+                x11.XCloseDisplay(display)
+                key("ctrl+v", "y")
+                wait_for(lambda: editor.queryText().getText(0, -1) == "xy", "what was typed")
+                program.press("Discard")
+        self.quit()
+
+    def assert_shown(self, task):
+        time.sleep(1.2)
+        shown = self.program.find(task, "list item").description.split(",")[0].split(":")
+        spent, started = self.intervals()[task]
+        seconds = spent + max(0, now() + self.offset - started)
+        self.assertAlmostEqual(sum(int(part) * 60 ** place for place, part in enumerate(shown[::-1])),
+                               seconds - 1, delta=1.5)
+        for node in self.program.find_all():
+            self.assertNotRegex(f"{node.name} {node.description}", r"-\d")
+
+    def test_the_clock_jumps(self):
+        program = self.begin(("Endless", 100, 0), ("Half an hour", 100))
+        press(program.find("Endless", "list item"))
+        before, written = self.intervals(), os.stat(program.file + "-wal").st_mtime_ns
+        with self.answering("the clock jumps a day back, and by minutes"):
+            for offset in (-DAY, 0, -60, 60, -120, 120, -180, 180, 0):
+                self.set_clock(offset)
+                self.assert_shown("Endless")
+        self.assertEqual((self.intervals(), os.stat(program.file + "-wal").st_mtime_ns),
+                         (before, written))
+        with self.answering("the clock jumps a day forth"):
+            self.set_clock(DAY)
+            wait_for(lambda: self.intervals()["Half an hour"][1] is None, "its end")
+            self.assertAlmostEqual(self.intervals()["Half an hour"][0],
+                                   now() + DAY - before["Half an hour"][1] + 100, delta=1.5)
+            for offset in (DAY, 0):
+                self.set_clock(offset)
+                self.assert_shown("Endless")
+        self.quit()  # and started tomorrow, as it seems
+        self.set_clock(DAY)
+        self.begin()
+        self.set_clock(0)
+        self.assert_shown("Endless")
+        self.quit()
+
+    def test_the_machine_sleeps_for_an_hour(self):
+        os.environ["DBUS_SYSTEM_BUS_ADDRESS"] = DESKTOP.start_bus("system.conf")
+        self.addCleanup(os.environ.__setitem__, "DBUS_SYSTEM_BUS_ADDRESS", "disabled:")
+        logind = Logind()
+        self.begin(("On", 100))
+        wait_for(logind.is_delayed, "the delay")
+        before, (_, started) = self.interval(), self.intervals()["On"]
+        with self.answering("the machine sleeps"):
+            logind.tell(True)
+            asleep = now()
+            wait_for(lambda: not logind.is_delayed(), "the program to let it sleep")
+            stamp = self.interval()[3]
+            self.assertAlmostEqual(stamp, asleep, delta=0.5)
+            self.set_clock(HOUR)
+            time.sleep(2.2)  # ticks come before the signal
+            self.assertEqual(self.interval(), (*before[:3], stamp))
+            logind.tell(False)
+            wait_for(logind.is_delayed, "the delay of the next sleep")
+            spent, resumed = self.intervals()["On"]
+            self.assertAlmostEqual(spent, 100 + stamp - started, delta=0.001)
+            self.assertAlmostEqual(resumed, now() + HOUR, delta=0.5)
+            self.assert_shown("On")
+        self.quit()
+
+    def test_the_disk_fills(self):
+        daemon, program, added = Daemon(), self.program, []
+
+        def start(room):
+            # A signal would end it at the first write that fails.
+            program.process = subprocess.Popen(
+                ["prlimit", f"--fsize={room}:", "env", "--ignore-signal=XFSZ", program.binary],
+                env=program.environment(), stderr=subprocess.PIPE)
+
+        def stored():
+            return [name for name, in program.rows("SELECT name FROM Task")]
+
+        self.make_store()
+        for room in (100_000, 0):
+            start(room)
+            with self.answering("the disk fills") if room else contextlib.nullcontext():
+                while room and program.process.poll() is None:
+                    program.press("Add Task")
+                    program.find("Task name")
+                    type_text(name := f"Task {len(added)}")
+                    key("ctrl+Return")
+                    wait_for(lambda: program.process.poll() or name in stored(), "it, or the end")
+                    added += [name] * (program.process.poll() is None)
+            wait_for(lambda: program.process.poll(), "the end")
+            status, errors = program.finished()
+            self.assertEqual(status, -signal.SIGABRT)
+            self.assertIn("Fatal error: Unresolved error", errors)
+            self.assertEqual(daemon.taken.pop()[1][3], "Hearthmark has stopped")
+            self.assertEqual(program.rows("PRAGMA integrity_check"), [("ok",)])
+            self.assertEqual(stored(), added)
+        self.assertGreater(len(added), 3)
+        start("unlimited")
+        program.find(added[-1], "list item")
+        self.quit()
+
+
+if __name__ == "__main__":
+    ProgramTest.binary = os.path.abspath(sys.argv.pop(1))
+    unittest.main(verbosity=2)
