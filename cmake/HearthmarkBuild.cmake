@@ -15,7 +15,10 @@ add_link_options(-Wl,--gc-sections)
 add_library(hearthmark_warnings INTERFACE)
 target_compile_options(hearthmark_warnings INTERFACE -Wall -Wextra -Wpedantic -Wconversion -Wshadow)
 if(HEARTHMARK_SANITIZE)
-    add_compile_options(-fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
+    # Optimised a little and with lines alone, since it is built for every change; assertions are on.
+    add_compile_options(-O1 -gline-tables-only -fno-omit-frame-pointer -D_GLIBCXX_ASSERTIONS
+        -fsanitize=address,undefined,fuzzer-no-link -fno-sanitize-recover=all
+        -fsanitize-coverage-allowlist=${PROJECT_SOURCE_DIR}/tests/fuzz/explored.txt)
     add_link_options(-fsanitize=address,undefined)
 endif()
 
@@ -28,15 +31,13 @@ function(hearthmark_add_floor folder)
 endfunction()
 
 # Of code that waits for a person or for the desktop its size is what counts: what is mapped is memory.
-function(hearthmark_prefer_size)
-    foreach(target ${ARGN})
-        target_compile_options(${target} PRIVATE $<$<CONFIG:Release>:-Os>)
-    endforeach()
+function(hearthmark_prefer_size target)
+    target_compile_options(${target} PRIVATE $<$<CONFIG:Release>:-Os>)
 endfunction()
 
-# The QML compiler's output does not keep to our warnings.
+# The QML compiler's output does not keep to our warnings, and there is much of it.
 function(hearthmark_silence_generated_code target)
     get_target_property(sources ${target} SOURCES)
     list(FILTER sources INCLUDE REGEX "qmlcache|qmltyperegistrations")
-    set_source_files_properties(${sources} TARGET_DIRECTORY ${target} PROPERTIES COMPILE_OPTIONS -w)
+    set_source_files_properties(${sources} TARGET_DIRECTORY ${target} PROPERTIES COMPILE_OPTIONS "-w;$<$<BOOL:${HEARTHMARK_SANITIZE}>:-O0>")
 endfunction()

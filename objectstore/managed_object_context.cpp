@@ -6,6 +6,7 @@
 #include <deque>
 #include <iterator>
 #include <limits>
+#include <unordered_set>
 #include <utility>
 
 #include "objectstore/entity_description.h"
@@ -62,14 +63,19 @@ struct ManagedObjectContext::Record {
     ObjectHandles inserted;
     ObjectHandles removed;
     RowKey lastKey = 0;
+    // Where references of the file lead though there is no row: a new one would take over what
+    // belonged to another.
+    std::unordered_set<RowKey> missing;
 
     RowKey nextKey() {
-        if (lastKey < std::numeric_limits<RowKey>::max()) {
-            return ++lastKey;
+        while (lastKey < std::numeric_limits<RowKey>::max()) {
+            if (!missing.contains(++lastKey)) {
+                return lastKey;
+            }
         }
         // Another program has used the last key there is: take the first free one.
         RowKey key = 1;
-        while (current->find(key) != nullptr ||
+        while (current->find(key) != nullptr || missing.contains(key) ||
                std::ranges::find(inserted, key, &ManagedObject::key) != inserted.end()) {
             ++key;
         }
@@ -130,9 +136,11 @@ void ManagedObjectContext::loadRows(Record& record) {
         for (const ReferenceDescription& reference : references) {
             if (const auto key = row.integer(column++)) {
                 // A key that leads nowhere stays in the file and reads as absent.
-                if (ManagedObject* parent =
-                        this->record(reference.destination()).current->find(*key)) {
+                Record& destination = this->record(reference.destination());
+                if (ManagedObject* parent = destination.current->find(*key)) {
                     reference.link(*object, parent);
+                } else {
+                    destination.missing.insert(*key);
                 }
             }
         }

@@ -124,7 +124,10 @@ class SqliteStore::Connection {
     Connection(const std::string& name, int flags)
         : database_(translatingErrors("open " + name, [&] {
               return SQLite::Database(name, flags | kOneThread, kBusyTimeoutMilliseconds);
-          })) {}
+          })) {
+        // Else the name of a column that is missing reads as a text, in every row.
+        sqlite3_db_config(database_.getHandle(), SQLITE_DBCONFIG_DQS_DML, 0, nullptr);
+    }
 
     SQLite::Database& database() { return database_; }
 
@@ -185,8 +188,16 @@ void SqliteStore::read(const EntityDescription& entity,
         const std::unique_ptr<sqlite3_stmt, int (*)(sqlite3_stmt*)> statement(raw,
                                                                               &sqlite3_finalize);
         const RowReader row(raw);
+        std::optional<RowKey> last;
         int result = SQLITE_ROW;
         while ((result = sqlite3_step(raw)) == SQLITE_ROW) {
+            // Another program may have put a table or a view in the place of ours.
+            const std::optional<RowKey> key = row.integer(0);
+            if (!key || (last && *key <= *last)) {
+                throw StoreError("The rows of " + entity.name() + " have no keys of their own",
+                                 SQLITE_CORRUPT, SQLITE_CORRUPT, text);
+            }
+            last = key;
             visit(row);
         }
         if (result != SQLITE_DONE) {

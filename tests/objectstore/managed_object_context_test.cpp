@@ -186,42 +186,6 @@ TEST_F(ManagedObjectContextTest, LeavesNothingOfASaveThatFails) {
     EXPECT_EQ(store.sql("SELECT name FROM Task"), "a");
 }
 
-TEST_F(ManagedObjectContextTest, ReadsDamagedColumnsAsAbsentAndLeavesThemInTheFile) {
-    store.addInterval(task, IntervalState::running(at(5)));
-    struct Row {
-        const char* damage = nullptr;
-        std::optional<IntervalState> state;
-        double duration = 0;
-        bool hasTask = true;
-    };
-    const IntervalState running = IntervalState::running(at(5));
-    const auto rows = std::to_array<Row>({
-        {"UPDATE RawIntervalState SET visited = 9e999", running, 0, true},
-        {"UPDATE RawIntervalState SET visited = 'yesterday'", running, 0, true},
-        {"UPDATE RawIntervalState SET started = -9e999", {}, 0, true},
-        {"UPDATE RawIntervalState SET started = NULL", {}, 0, true},
-        {"UPDATE RawIntervalState SET started = 5, visited = NULL, state = 3", {}, 0, true},
-        // 1 in the lowest 16 bits.
-        {"UPDATE RawIntervalState SET state = 65537", {}, 0, true},
-        {"UPDATE RawIntervalState SET state = 'running'", {}, 0, true},
-        {"UPDATE RawIntervalState SET state = 1; UPDATE Interval SET duration = x'00'", running, 0,
-         true},
-        {"UPDATE Interval SET duration = 7, id = 'none', task = 99", running, 7, false},
-        {"UPDATE Interval SET task = 'first'", running, 7, false},
-        {"UPDATE RawIntervalState SET interval = 99", {}, 7, false},
-    });
-    for (const Row& row : rows) {
-        store.reopen(row.damage);
-        const auto& interval = store.first<Interval>();
-        EXPECT_EQ(interval.intervalState(), row.state) << row.damage;
-        EXPECT_EQ(interval.duration(), base::Seconds(row.duration)) << row.damage;
-        EXPECT_EQ(interval.task() != nullptr, row.hasTask) << row.damage;
-    }
-    store.first<Interval>().setMaxDuration(3s);
-    store.service->pauseRunningIntervals();
-    EXPECT_EQ(store.sql("SELECT task, maxDuration, id FROM Interval"), "first|3.0|none");
-}
-
 TEST_F(ManagedObjectContextTest, CopesWithTwoRawStatesOfOneInterval) {
     store.addInterval(task, IntervalState::running(at(5)));
     store.reopen("INSERT INTO RawIntervalState (state, interval) VALUES (2, 1)");

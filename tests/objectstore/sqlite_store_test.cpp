@@ -57,14 +57,19 @@ TEST(SqliteStore, LeavesAFileThatItRefusesByteForByteAsItWas) {
         std::function<void(const fs::path&)> damage;
         int error;
     };
-    const auto pragma = [](const char* text) {
+    const auto change = [](const char* text) {
         return [text](const fs::path& file) { tests::sql(file, text); };
     };
     const auto rows = std::to_array<Row>({
         {"garbage", [](const auto& file) { write(file, 0, "garbage"); }, 26},
-        {"another application", pragma("PRAGMA application_id = 77"), 26},
-        {"newer", pragma("PRAGMA user_version = 2"), 20},
-        {"unknown", pragma("PRAGMA user_version = 0"), 20},
+        {"another application", change("PRAGMA application_id = 77"), 26},
+        {"newer", change("PRAGMA user_version = 2"), 20},
+        {"unknown", change("PRAGMA user_version = 0"), 20},
+        {"a column that is missing", change("ALTER TABLE Note RENAME COLUMN text TO t"), 1},
+        {"a key that is missing",
+         change("ALTER TABLE Task RENAME TO t; CREATE VIEW Task AS "
+                "SELECT NULL AS pk, id, creationDate, name FROM t"),
+         11},
         {"cut", [](const auto& file) { fs::resize_file(file, fs::file_size(file) / 2); }, 11},
         {"cut short", [](const auto& file) { fs::resize_file(file, 50); }, 26},
         {"a zeroed page",

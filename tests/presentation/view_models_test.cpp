@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include "presentation/view_model_factories.h"
+#include "support/shown_text.h"
 #include "support/test_store.h"
 
 namespace hearthmark::presentation {
@@ -30,39 +31,9 @@ class ViewModelTest : public testing::Test {
         return model;
     }
 
-    // As text: "*" marks the selected task, "|" parts the running from the others.
-    static std::string text(TaskListViewModelProtocol& model) {
-        std::string text;
-        const auto row = [&text](const auto& item) {
-            text += (item.isSelected ? "*" : "") + item.taskName + ' ' + item.timeSpent + ' ';
-        };
-        for (const auto& item : model.viewState().value().value().runningItems) {
-            row(item);
-            for (const auto& interval : item.intervalViewStates) {
-                text += '(' + interval.timeSpent + ' ' + interval.button + ") ";
-            }
-        }
-        text += "|";
-        for (const auto& item : model.viewState().value().value().nonRunningItems) {
-            text += ' ';
-            row(item);
-            text += item.button;
-        }
-        return text;
-    }
-    // "+" says that a focus may start, "|" parts the running from the others.
-    static std::string text(TaskDetailViewModelProtocol& model) {
-        const TaskDetailViewState::View& view = model.viewState().value().value();
-        std::string text =
-            (view.canStartFocus ? "+" : "") + view.taskName + ' ' + view.totalTimeSpent;
-        for (const auto& row : view.runningIntervals) {
-            text += ' ' + row.totalTimeSpent;
-        }
-        text += " |";
-        for (const auto& row : view.nonRunningIntervals) {
-            text += ' ' + row.totalTimeSpent;
-        }
-        return text;
+    template <class ViewModel>
+    static std::string text(ViewModel& model) {
+        return tests::text(model.viewState().value().value());
     }
     // Kept during the call, as the adapter does: an action may replace the state that holds it.
     static void call(livedata::Action action) { (*std::exchange(action, nullptr))(); }

@@ -68,6 +68,8 @@ TEST(InStepTimeKeepingProvider, FiresAllOfOneIntervalTogetherWhateverTheyDo) {
     add('e', 1s, [] {});
     timers->fire();
     EXPECT_EQ(fired, "e");
+    handles['e']->invalidate();
+    timers->timers.clear();  // they hold what holds them
 }
 
 }  // namespace hearthmark::services

@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include <QAbstractItemModelTester>
+#include <QCoreApplication>
 #include <QSignalSpy>
 #include <algorithm>
 #include <map>
@@ -19,7 +20,15 @@ namespace {
 
 using presentation::TaskListViewState;
 
+// What is deleted later is deleted when this goes, the last of a test.
 struct Calls {
+    Calls() = default;
+    Calls(const Calls&) = delete;
+    Calls& operator=(const Calls&) = delete;
+    ~Calls() { QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete); }
+
+    int argc = 0;
+    QCoreApplication application{argc, nullptr};
     std::vector<std::string> made;
 
     livedata::Action action(std::string name) {
