@@ -1,7 +1,8 @@
 #!/usr/bin/env bash
 # SPDX-License-Identifier: MIT
 # Installs what is missing and checks form and substance of the C++, QML and shell sources. Every
-# check runs, and one finding makes the whole fail.
+# check runs, and one finding makes the whole fail. With LINT_SINCE, a commit, clang-tidy looks only at
+# what changed since, unless its own configuration did.
 set -euo pipefail
 cd "$(dirname "$0")"
 
@@ -24,11 +25,27 @@ check_format() {
     sources_named -name '*.h' -o -name '*.cpp' | xargs -0 clang-format --dry-run --Werror
 }
 
+# What changed, and what includes a header that did.
+changed_cpp() {
+    git diff -z --name-only --diff-filter=d "$LINT_SINCE" -- '*.cpp'
+    git diff --name-only --diff-filter=d "$LINT_SINCE" -- '*.h' | while read -r header; do
+        git grep -zlF -e "#include \"$header\"" -e "#include \"${header#tests/}\"" -- '*.cpp' || true
+    done
+}
+
+cpp_to_check() {
+    if [ -n "${LINT_SINCE:-}" ] && git diff --quiet "$LINT_SINCE" -- .clang-tidy; then
+        changed_cpp | sort -zu
+    else
+        sources_named -name '*.cpp'
+    fi
+}
+
 # Headers are checked with the sources that include them. The count of suppressed findings in system
 # headers, which each process writes, is no news.
 check_cpp() {
-    sources_named -name '*.cpp' |
-        xargs -0 -n 1 -P "$(nproc)" clang-tidy --quiet -p build/release \
+    cpp_to_check |
+        xargs -0 -r -n 1 -P "$(nproc)" clang-tidy --quiet -p build/release \
             2> >(grep -v -E '^[0-9]+ warnings?( and [0-9]+ errors?)? generated\.$' >&2)
 }
 
