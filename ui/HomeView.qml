@@ -5,7 +5,7 @@ import Hearthmark.Controls
 import Hearthmark.Ui
 
 // The task list beside the selected task's detail, above both what was not noticed yet, and over
-// all what pops up.
+// all that pops up.
 FocusScope {
     id: root
 

@@ -11,7 +11,8 @@ HeadedListView {
 
     required property TaskDetailAdapter adapter
     required property OverviewAdapter overview
-    readonly property int notesRow: root.adapter.rows.notesRow
+    readonly property TaskDetailListModel rows: root.adapter.rows
+    readonly property int notesRow: root.rows.notesRow
 
     // Absent while it is too far out of sight; the notes section itself stays, since a note may be
     // half written in it.
@@ -29,6 +30,7 @@ HeadedListView {
 
     // With no row of the new task under the keyboard, else one would be deleted by a key meant for the old.
     function showAnew() {
+        root.changeModel(root.rows);
         root.currentIndex = -1;
         if (root.activeFocus)
             header.forceActiveFocus(Qt.OtherFocusReason);
@@ -58,13 +60,12 @@ HeadedListView {
             root.currentIndex = -1;
     }
 
-    onModelChanged: root.showAnew()
+    onRowsChanged: root.showAnew()
 
     head: header
-    model: root.adapter.rows
     Accessible.name: qsTr("Intervals and notes")
 
-    delegate: TaskDetailRow {
+    rowDelegate: TaskDetailRow {
         id: row
 
         function takePlace() {

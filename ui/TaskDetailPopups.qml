@@ -6,7 +6,8 @@ import Hearthmark.Ui
 Item {
     id: root
 
-    required property TaskDetailAdapter adapter
+    // Its adapter is another one for each task.
+    required property TaskDetailView view
 
     function openMenu(row: DeletableRow, position: point) {
         menu.openFor(row, position);
@@ -17,8 +18,8 @@ Item {
     }
 
     ShareSheet {
-        visible: root.adapter.share !== null
-        adapter: root.adapter.share
-        onClosed: root.adapter.dismissShareSheet()
+        visible: root.view.adapter.share !== null
+        adapter: root.view.adapter.share
+        onClosed: root.view.adapter.dismissShareSheet()
     }
 }

@@ -72,7 +72,7 @@ Item {
 
         file: Qt.resolvedUrl("TaskDetailPopups.qml")
         given: ({
-                adapter: root.adapter
+                view: root
             })
         wanted: root.adapter.share !== null
     }

@@ -15,6 +15,14 @@ ListView {
     readonly property real lineStep: Theme.controlHeight
     readonly property real pageStep: root.height - root.lineStep
 
+    // A list keeps a connection for each model that follows another of its kind, and each makes the next
+    // change slower. A model of another kind ends them, but takes the delegate along.
+    function changeModel() {
+        root.model = nothing;
+        root.model = root.lines;
+        root.delegate = lineOfText;
+    }
+
     function scrollBy(distance: real) {
         const bottom = root.originY + root.contentHeight + root.bottomMargin - root.height;
         root.contentY = Math.max(root.originY - root.topMargin, Math.min(root.contentY + distance, bottom));
@@ -92,34 +100,42 @@ ListView {
     topMargin: Theme.spacing
     bottomMargin: Theme.spacing
     Accessible.role: Accessible.List
-    model: root.lines
+    onLinesChanged: root.changeModel()
     Keys.onPressed: event => root.pressKey(event)
 
     ScrollBar {
         flickable: root
     }
 
-    delegate: ReadOnlyText {
-        id: label
+    ObjectModel {
+        id: nothing
+    }
 
-        required property string line
-        required property int selectedFrom
-        required property int selectedTo
+    Component {
+        id: lineOfText
 
-        // Selecting, too, is told as a change of the text.
-        function markSelection() {
-            if (label.selectionStart !== label.selectedFrom || label.selectionEnd !== label.selectedTo)
-                label.select(label.selectedFrom, label.selectedTo);
+        ReadOnlyText {
+            id: label
+
+            required property string line
+            required property int selectedFrom
+            required property int selectedTo
+
+            // Selecting, too, is told as a change of the text.
+            function markSelection() {
+                if (label.selectionStart !== label.selectedFrom || label.selectionEnd !== label.selectedTo)
+                    label.select(label.selectedFrom, label.selectedTo);
+            }
+
+            x: Theme.spacing
+            width: root.width - 2 * Theme.spacing
+            enabled: false // mouse and keys are for the whole, not for a line
+            text: label.line
+            font.family: root.fontFamily
+            onSelectedFromChanged: label.markSelection()
+            onSelectedToChanged: label.markSelection()
+            onTextChanged: label.markSelection()
         }
-
-        x: Theme.spacing
-        width: root.width - 2 * Theme.spacing
-        enabled: false // mouse and keys are for the whole, not for a line
-        text: label.line
-        font.family: root.fontFamily
-        onSelectedFromChanged: label.markSelection()
-        onSelectedToChanged: label.markSelection()
-        onTextChanged: label.markSelection()
     }
 
     MouseArea {

@@ -21,6 +21,8 @@ from driver import Desktop, Program, key, type_text
 
 OTHERS = ["ktimetracker", "gtimelog", "gnome-clocks"]
 IDLE_SECONDS = 1.0
+# A program that has just started still looks round for a panel, and a window that is shown for its place.
+SETTLING_SECONDS = 10.0
 PATIENCE = 60.0  # seconds
 
 
@@ -131,13 +133,19 @@ class Subject:
         return [statistics.median(each) for each in (self.mapped, self.processor, self.memory)]
 
 
+def ratios(subject, base):
+    return "".join(f"{each / other:8.2f}" for each, other in zip(subject.figures(), base.figures()))
+
+
 def print_starts(subjects):
-    bare = subjects[0].figures()
+    bare, empty, _, *others = subjects
     print(f"{'':28}{'exec to window':>16}{'CPU until idle':>16}{'PSS':>12}   as many times the bare window")
     for subject in subjects:
         mapped, processor, memory = subject.figures()
-        ratios = "".join(f"{each / base:8.2f}" for each, base in zip(subject.figures(), bare))
-        print(f"{subject.name:28}{mapped:13.0f} ms{processor:13.0f} ms{memory:8.1f} MiB{ratios}")
+        print(f"{subject.name:28}{mapped:13.0f} ms{processor:13.0f} ms{memory:8.1f} MiB"
+              + ratios(subject, bare))
+    for other in others:
+        print(f"{empty.name} / {other.name:36}{'':16}" + ratios(empty, other))
 
 
 def watch(pid, seconds):
@@ -169,7 +177,7 @@ def print_steady(subject, windows, seconds):
                          ("running, window visible", lambda: start_focus(subject)),
                          ("running, window hidden", hide)]:
         reach()
-        wait_until_idle(process.pid)
+        time.sleep(SETTLING_SECONDS)
         processor, woken = watch(process.pid, seconds)
         print(f"{subject.name:28}{state:28}{processor:8.2f} ms of CPU and{woken:6.2f} wake-ups a second")
     process.terminate()

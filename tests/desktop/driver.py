@@ -121,8 +121,11 @@ class Program:
         return self
 
     def launch(self):
+        import pyatspi
+
         self.start()
-        self.tree()
+        wait_for(lambda: any(window.getState().contains(pyatspi.STATE_ACTIVE) for window in self.tree()),
+                 "the window to have the keyboard")
         return self
 
     def end(self, number=signal.SIGTERM, seconds=10):

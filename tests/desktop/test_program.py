@@ -124,10 +124,13 @@ class Use(ProgramTest):
         program.find("By hand.", "list item")
         wait_for(lambda: key("Tab") or time.sleep(0.2) or has_focus(program.find("One", "list item")),
                  "the way round to the list")
-        key("ctrl+e")
-        program.find("JSON", "list")
-        key("ctrl+c")
-        wait_for(lambda: b'"One"' in clipboard(), "the copy")
+        for task, step, other in [("One", "Up", "Two"), ("Two", "Down", "One")]:
+            key("ctrl+e")
+            program.find("JSON", "list")
+            key("ctrl+c")
+            wait_for(lambda: f'"{task}"'.encode() in clipboard(), "the copy")
+            key(step, "Return")
+            program.find(other, "heading")
         for keys, name in [("ctrl+e", "JSON"), ("F1", "Keyboard Shortcuts")]:
             key(keys)
             program.find(name)
