@@ -186,14 +186,4 @@ TEST_F(ManagedObjectContextTest, LeavesNothingOfASaveThatFails) {
     EXPECT_EQ(store.sql("SELECT name FROM Task"), "a");
 }
 
-TEST_F(ManagedObjectContextTest, CopesWithTwoRawStatesOfOneInterval) {
-    store.addInterval(task, IntervalState::running(at(5)));
-    store.reopen("INSERT INTO RawIntervalState (state, interval) VALUES (2, 1)");
-    EXPECT_EQ(store.first<Interval>().intervalState(), IntervalState::finished());
-    EXPECT_EQ(store.first<RawIntervalState>().interval(), nullptr);
-    store.context().remove(store.first<Task>());
-    EXPECT_EQ(save(), "TIR");
-    EXPECT_EQ(store.sql("SELECT interval FROM RawIntervalState"), "NULL");
-}
-
 }  // namespace hearthmark::objectstore

@@ -19,9 +19,8 @@ class DataOperationsServiceTest : public testing::Test {
     void countSaves() {
         connection = store.context().connectObserver([this](const auto&) { ++saves; });
     }
-    Interval& addIntervalWithoutTask(base::Date started, std::optional<base::Date> visited = {}) {
-        Interval& interval =
-            store.addInterval(task, IntervalState::running(started, visited), 0s, 5s);
+    Interval& addIntervalWithoutTask(base::Date started) {
+        Interval& interval = store.addInterval(task, IntervalState::running(started), 0s, 5s);
         store.service->deleteInterval(*interval.id(), *task.id());
         return interval;
     }
@@ -38,19 +37,6 @@ class DataOperationsServiceTest : public testing::Test {
     int saves = 0;
     boost::signals2::scoped_connection connection;
 };
-
-TEST_F(DataOperationsServiceTest, CreatesAndDeletesATaskWithAllThatBelongsToIt) {
-    store.service->createTask("second");
-    EXPECT_EQ(store.sql("SELECT pk, name, creationDate, length(id) FROM Task"),
-              "1|first|100.0|36 2|second|1000.0|36");
-    store.addInterval(task, IntervalState::finished());
-    store.service->addNote({at(5), id, "text"}, *task.id());
-    EXPECT_EQ(store.sql("SELECT text, creationDate, task FROM Note"), "text|5.0|1");
-    store.service->deleteTask(*task.id());
-    EXPECT_EQ(store.sql("SELECT pk FROM Task; SELECT pk FROM Interval; SELECT pk FROM Note; "
-                        "SELECT pk FROM RawIntervalState"),
-              "2");
-}
 
 TEST_F(DataOperationsServiceTest, BringsBackWhatWasDeletedAsItWas) {
     const auto everything = [this] {
@@ -107,26 +93,6 @@ TEST_F(DataOperationsServiceTest, BringsBackWhatWasDeletedAsItWas) {
     store.service->deleteTask(taskId);
     store.service->undo(*deletion);
     EXPECT_EQ(store.sql("SELECT count(*) FROM Task"), "0");
-}
-
-TEST_F(DataOperationsServiceTest, FinishesOneOfTwoIntervalsThatRunSideBySide) {
-    store.service->addInterval({at(990), 0s, id, 1800s, IntervalState::running(at(991))},
-                               *task.id());
-    store.addInterval(task, IntervalState::running(at(993)));
-    store.service->finishInterval(id, *task.id());
-    EXPECT_EQ(states(), "2|NULL|NULL|9.0 1|993.0|NULL|0.0");
-    EXPECT_EQ(store.sql("SELECT creationDate, maxDuration, task, id FROM Interval WHERE pk = 1"),
-              "990.0|1800.0|1|" + id.text());
-}
-
-TEST_F(DataOperationsServiceTest, LeavesWhatItTakesOutOfATaskInTheStore) {
-    addIntervalWithoutTask(at(900));
-    store.service->addNote({at(5), id, "text"}, *task.id());
-    store.service->deleteNote(id, *task.id());
-    EXPECT_TRUE(task.intervals().empty() && task.notes().empty());
-    EXPECT_EQ(store.sql("SELECT task FROM Interval; SELECT text, task FROM Note"),
-              "NULL text|NULL");
-    EXPECT_EQ(states(), "1|900.0|NULL|0.0");
 }
 
 TEST_F(DataOperationsServiceTest, TouchesNothingForAnIdThatMatchesNothing) {
@@ -197,42 +163,6 @@ TEST_F(DataOperationsServiceTest, FindsWhatRunsWhileASaveIsStillBeingTold) {
     store.addInterval(task, IntervalState::running(at(0)), 0s, 6s);
     EXPECT_EQ(saves, 2);
     EXPECT_EQ(states(), "2|NULL|NULL|1000.0 2|NULL|NULL|1000.0");
-}
-
-TEST_F(DataOperationsServiceTest, StampsWhatRunsAndNothingElse) {
-    store.addInterval(task, IntervalState::running(at(900), at(910)));
-    store.addInterval(task, IntervalState::paused());
-    addIntervalWithoutTask(at(800));
-    store.service->markRunningIntervalsVisited(at(950));
-    EXPECT_EQ(states(), "1|900.0|950.0|0.0 0|NULL|NULL|0.0 1|800.0|950.0|0.0");
-}
-
-TEST_F(DataOperationsServiceTest, CountsNoTimeBetweenQuitAndLaunch) {
-    store.addInterval(task, IntervalState::running(at(400), at(960)), 5s);
-    store.addInterval(task, IntervalState::running(at(2000)), 7s);
-    addIntervalWithoutTask(at(990));
-    store.service->pauseRunningIntervals();
-    EXPECT_EQ(states(), "0|NULL|960.0|605.0 0|NULL|NULL|7.0 0|NULL|NULL|10.0");
-    const auto launch = [this](base::Date now) {
-        store.reopen();
-        store.clock->time = now;
-        store.service->finishIntervalsLeftRunning();
-        store.service->resumePausedIntervals();
-    };
-    launch(at(4600));
-    EXPECT_EQ(states(), "1|4600.0|960.0|605.0 1|4600.0|NULL|7.0 0|NULL|NULL|10.0");
-    // After a crash: the stamp lies before the start and adds nothing.
-    launch(at(9000));
-    EXPECT_EQ(states(), "2|NULL|960.0|605.0 2|NULL|NULL|7.0 0|NULL|NULL|10.0");
-}
-
-TEST_F(DataOperationsServiceTest, ClosesWhatACrashLeftRunningAtItsStamp) {
-    store.addInterval(task, IntervalState::running(at(400), at(520)), 5s);
-    store.addInterval(task, IntervalState::running(at(400)), 6s);
-    addIntervalWithoutTask(at(400), at(520));
-    store.service->finishIntervalsLeftRunning();
-    store.service->resumePausedIntervals();
-    EXPECT_EQ(states(), "2|NULL|520.0|125.0 2|NULL|NULL|6.0 1|400.0|520.0|0.0");
 }
 
 using DataOperationsServiceDeathTest = DataOperationsServiceTest;
