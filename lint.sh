@@ -25,12 +25,26 @@ check_format() {
     sources_named -name '*.h' -o -name '*.cpp' | xargs -0 clang-format --dry-run --Werror
 }
 
-# What changed, and what includes a header that did.
+# What changed, and what includes a header that did, also by way of others.
 changed_cpp() {
+    local headers all=""
     git diff -z --name-only --diff-filter=d "$LINT_SINCE" -- '*.cpp'
-    git diff --name-only --diff-filter=d "$LINT_SINCE" -- '*.h' | while read -r header; do
-        git grep -zlF -e "#include \"$header\"" -e "#include \"${header#tests/}\"" -- '*.cpp' || true
+    git ls-files -zo --exclude-standard -- '*.cpp'
+    headers=$(git diff --name-only --diff-filter=d "$LINT_SINCE" -- '*.h')
+    while [ -n "$headers" ]; do
+        all+=$headers$'\n'
+        headers=$(includers_of "$headers" '*.h' | tr '\0' '\n' | sort -u |
+            grep -vxF -f <(echo "$all") || true)
     done
+    includers_of "$all" '*.cpp'
+}
+
+includers_of() {
+    local header
+    while read -r header; do
+        [ -z "$header" ] ||
+            git grep -zlF -e "#include \"$header\"" -e "#include \"${header#tests/}\"" -- "$2" || true
+    done <<<"$1"
 }
 
 cpp_to_check() {

@@ -38,9 +38,14 @@ for fuzzer in "${fuzzers[@]}"; do
     running+=($!)
 done
 for index in "${!fuzzers[@]}"; do
-    wait "${running[$index]}" || failed+=("${fuzzers[$index]}")
+    log="build/asan/corpus/${fuzzers[$index]}.log"
     echo "== ${fuzzers[$index]}"
-    tail -n 40 "build/asan/corpus/${fuzzers[$index]}.log"
+    if wait "${running[$index]}"; then
+        tail -n 5 "$log"
+    else
+        failed+=("${fuzzers[$index]}")
+        cat "$log"
+    fi
 done
 
 if [ "${#failed[@]}" -gt 0 ]; then

@@ -35,7 +35,7 @@ function(hearthmark_prefer_size target)
     target_compile_options(${target} PRIVATE $<$<CONFIG:Release>:-Os>)
 endfunction()
 
-# The QML compiler's output does not keep to our warnings, and there is much of it.
+# The QML compiler's output does not keep to our warnings, and takes long to optimise.
 function(hearthmark_silence_generated_code target)
     get_target_property(sources ${target} SOURCES)
     list(FILTER sources INCLUDE REGEX "qmlcache|qmltyperegistrations")

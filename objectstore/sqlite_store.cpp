@@ -18,9 +18,6 @@ namespace hearthmark::objectstore {
 
 namespace {
 
-// Nobody else uses a connection, so SQLite need not lock it at each call.
-constexpr int kOneThread = SQLITE_OPEN_NOMUTEX;
-
 // How long a statement waits for a lock that another program holds on the file.
 constexpr int kBusyTimeoutMilliseconds = 5000;
 
@@ -88,7 +85,8 @@ std::string fileUri(const std::filesystem::path& file, std::string_view query) {
 void inspectFile(const std::filesystem::path& file, const Model& model) {
     const std::string uri = fileUri(file, hasWriteAheadLog(file) ? "mode=ro" : "immutable=1");
     translatingErrors("open " + file.string(), [&] {
-        SQLite::Database database(uri, SQLite::OPEN_READONLY | SQLite::OPEN_URI | kOneThread,
+        SQLite::Database database(uri,
+                                  SQLite::OPEN_READONLY | SQLite::OPEN_URI | SQLite::OPEN_NOMUTEX,
                                   kBusyTimeoutMilliseconds);
         const auto number = [&database](const std::string& name) {
             const std::string statement = "PRAGMA " + name;
@@ -119,11 +117,12 @@ void inspectFile(const std::filesystem::path& file, const Model& model) {
 
 }  // namespace
 
+// Used by one thread, so SQLite need not lock it at each call.
 class SqliteStore::Connection {
  public:
     Connection(const std::string& name, int flags)
         : database_(translatingErrors("open " + name, [&] {
-              return SQLite::Database(name, flags | kOneThread, kBusyTimeoutMilliseconds);
+              return SQLite::Database(name, flags | SQLite::OPEN_NOMUTEX, kBusyTimeoutMilliseconds);
           })) {
         // Else the name of a column that is missing reads as a text, in every row.
         sqlite3_db_config(database_.getHandle(), SQLITE_DBCONFIG_DQS_DML, 0, nullptr);

@@ -4,24 +4,15 @@ import Hearthmark.Controls
 
 // A list with an item above its rows that scrolls along with them and may change its height. Unlike the
 // toolkit's own header, it stays made however far away it is.
-ListView {
+FreshListView {
     id: root
 
     required property Item head
-    required property Component rowDelegate
     property real shownTopMargin
 
     // Of what stands in the list.
     readonly property real columnWidth: Math.min(Theme.pageWidth, root.width - 2 * Theme.pageMargin)
     readonly property real columnX: root.LayoutMirroring.enabled ? root.width - Theme.pageMargin - root.columnWidth : Theme.pageMargin
-
-    // A list keeps a connection for each model that follows another of its kind, and each makes the next
-    // change slower. A model of another kind ends them, but takes the delegate along.
-    function changeModel(rows: QtObject) {
-        root.model = nothing;
-        root.model = rows;
-        root.delegate = root.rowDelegate;
-    }
 
     function showTop() {
         root.contentY = root.originY - root.topMargin;
@@ -59,9 +50,5 @@ ListView {
 
     ScrollBar {
         flickable: root
-    }
-
-    ObjectModel {
-        id: nothing
     }
 }

@@ -30,7 +30,7 @@ HeadedListView {
 
     // With no row of the new task under the keyboard, else one would be deleted by a key meant for the old.
     function showAnew() {
-        root.changeModel(root.rows);
+        root.changeModel(root.rows, rowDelegate);
         root.currentIndex = -1;
         if (root.activeFocus)
             header.forceActiveFocus(Qt.OtherFocusReason);
@@ -65,32 +65,36 @@ HeadedListView {
     head: header
     Accessible.name: qsTr("Intervals and notes")
 
-    rowDelegate: TaskDetailRow {
-        id: row
+    Component {
+        id: rowDelegate
 
-        function takePlace() {
-            if (row.isPlace)
-                root.notesPlace = row;
+        TaskDetailRow {
+            id: row
+
+            function takePlace() {
+                if (row.isPlace)
+                    root.notesPlace = row;
+            }
+
+            // An editor that grows, or goes, takes what has the focus along.
+            function followNotes() {
+                if (root.notesPlace === row)
+                    notes.revealFocus();
+            }
+
+            x: root.columnX
+            width: root.columnWidth
+            notesHeight: notes.height
+            stop: row.index < root.notesRow ? intervalsStop : notesStop
+            onFocused: root.showRow(row.index)
+            onCopied: root.adapter.rows.copyRow(row.index)
+            onDeletionRequested: root.adapter.rows.deleteRow(row.index)
+            onMenuRequested: position => root.menuRequested(row, position)
+            onHeightChanged: row.followNotes()
+            Component.onCompleted: row.takePlace()
+            onSteppedUp: root.showRow(root.adapter.rows.rowBefore(row.index))
+            onSteppedDown: root.showRow(root.adapter.rows.rowAfter(row.index))
         }
-
-        // An editor that grows, or goes, takes what has the focus along.
-        function followNotes() {
-            if (root.notesPlace === row)
-                notes.revealFocus();
-        }
-
-        x: root.columnX
-        width: root.columnWidth
-        notesHeight: notes.height
-        stop: row.index < root.notesRow ? intervalsStop : notesStop
-        onFocused: root.showRow(row.index)
-        onCopied: root.adapter.rows.copyRow(row.index)
-        onDeletionRequested: root.adapter.rows.deleteRow(row.index)
-        onMenuRequested: position => root.menuRequested(row, position)
-        onHeightChanged: row.followNotes()
-        Component.onCompleted: row.takePlace()
-        onSteppedUp: root.showRow(root.adapter.rows.rowBefore(row.index))
-        onSteppedDown: root.showRow(root.adapter.rows.rowAfter(row.index))
     }
 
     Connections {

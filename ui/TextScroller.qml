@@ -6,7 +6,7 @@ import Hearthmark.Ui
 
 // A long text as a list of its lines, of which only those that are visible are laid out. The keyboard
 // scrolls it, the mouse marks a part of it.
-ListView {
+FreshListView {
     id: root
 
     property TextLinesModel lines
@@ -14,14 +14,6 @@ ListView {
     property string fontFamily: Theme.fixedFamily
     readonly property real lineStep: Theme.controlHeight
     readonly property real pageStep: root.height - root.lineStep
-
-    // A list keeps a connection for each model that follows another of its kind, and each makes the next
-    // change slower. A model of another kind ends them, but takes the delegate along.
-    function changeModel() {
-        root.model = nothing;
-        root.model = root.lines;
-        root.delegate = lineOfText;
-    }
 
     function scrollBy(distance: real) {
         const bottom = root.originY + root.contentHeight + root.bottomMargin - root.height;
@@ -100,15 +92,11 @@ ListView {
     topMargin: Theme.spacing
     bottomMargin: Theme.spacing
     Accessible.role: Accessible.List
-    onLinesChanged: root.changeModel()
+    onLinesChanged: root.changeModel(root.lines, lineOfText)
     Keys.onPressed: event => root.pressKey(event)
 
     ScrollBar {
         flickable: root
-    }
-
-    ObjectModel {
-        id: nothing
     }
 
     Component {

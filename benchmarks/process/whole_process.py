@@ -44,7 +44,10 @@ class Windows:
         while not is_awaited(line):
             if not select.select([self.lines], [], [], deadline - time.monotonic())[0]:
                 raise TimeoutError(f"waited {PATIENCE} s in vain for a window to come or go")
-            line = os.read(self.lines, 4096).splitlines()[-1]
+            told = os.read(self.lines, 4096)
+            if not told:
+                raise RuntimeError("the display has gone")
+            line = told.splitlines()[-1]
         return time.monotonic()
 
     def wait_for_one(self):

@@ -3,17 +3,17 @@
 right. Usage: test_hostile_desktop.py BINARY [unittest arguments]"""
 
 import contextlib
-import ctypes
 import os
 import signal
 import subprocess
 import sys
+import tempfile
 import time
 import unittest
 
 from driver import (Desktop, ProgramTest, clipboard, key, lines_of, new_id, now, press, type_text,
                     wait_for)
-from players import Daemon, ITEM, Logind, Panel, Questions, start_session_bus
+from players import Daemon, ITEM, Logind, Panel, Questions, hanging_clipboard, start_session_bus
 
 HOUR, DAY = 3600, 86400
 PATIENCE = 0.1  # seconds
@@ -21,6 +21,7 @@ PATIENCE = 0.1  # seconds
 
 def setUpModule():
     global DESKTOP
+    tempfile.tempdir = "/dev/shm" if os.path.isdir("/dev/shm") else None  # no waiting for a disk
     DESKTOP = Desktop()
     unittest.addModuleCleanup(DESKTOP.close)
     import pyatspi  # looks for the accessibility bus on the session bus of the moment
@@ -73,13 +74,13 @@ class HostileDesktop(ProgramTest):
 
     def quit(self, *finished):
         """What runs has then lasted until now; all else is as it was. What finished did so in time."""
-        before, ended = self.intervals(), now() + self.offset
+        before, asked = self.intervals(), now() + self.offset
         self.assertEqual(self.program.end(), 0)
-        after = self.intervals()
+        after, ended = self.intervals(), now() + self.offset
         self.assertEqual(before.keys(), after.keys())
         for task, (spent, started) in before.items():
-            self.assertAlmostEqual(after[task][0], spent + max(0, ended - (started or ended)),
-                                   delta=0.5 if started else 0)
+            least, most = (spent + max(0, at - (started or at)) for at in (asked, ended))
+            self.assertTrue(least <= after[task][0] <= most, (task, least, after[task][0], most))
         for task in finished:
             self.assertTrue(1800 <= after[task][0] < 1802, after[task])
         self.assertEqual(self.program.rows("PRAGMA integrity_check"), [("ok",)])
@@ -97,7 +98,7 @@ class HostileDesktop(ProgramTest):
         self.quit("Before", "After")
 
     def test_the_notification_daemon_hangs_or_refuses_or_is_not_there(self):
-        for manner in ("hangs", "refuses", "nobody"):
+        for manner in ("hangs", "refuses", "refuses what it is to show", "nobody"):
             start_session_bus(DESKTOP, manner)
             daemon = Daemon(manner) if manner != "nobody" else None
             program = self.begin((manner, 1798), (f"{manner}, on", 100))
@@ -117,7 +118,7 @@ class HostileDesktop(ProgramTest):
             time.sleep(2.5)  # until it is looked for elsewhere
             for _ in range(3):
                 panel = Panel()
-                wait_for(lambda: len(panel.labels()) == 2, "two seconds")
+                wait_for(lambda: len(panel.labels()) >= 2, "two seconds")
                 wait_for(lambda: key("alt+F4") or not program.find_all("Add Task"), "it to hide")
                 panel.call(ITEM, "Activate", "(ii)", 0, 0)
                 program.find("Add Task")
@@ -125,8 +126,6 @@ class HostileDesktop(ProgramTest):
         self.quit()
 
     def test_the_clipboard_is_taken_by_a_program_that_hangs_and_dies(self):
-        x11 = ctypes.CDLL("libX11.so.6")
-        x11.XOpenDisplay.restype = ctypes.c_void_p
         program = self.begin(("On", 100))
         press(program.find("On", "list item"))
         with self.answering("the clipboard is taken by a program that hangs and dies"):
@@ -136,15 +135,10 @@ class HostileDesktop(ProgramTest):
                 wait_for(lambda: not program.find_all("Copy") and b"On" in clipboard(), "the copy")
                 key("ctrl+shift+n")
                 editor = program.find("Note", "text")
-                display = ctypes.c_void_p(x11.XOpenDisplay(None))
-                x11.XSetSelectionOwner(
-                    display, x11.XInternAtom(display, b"CLIPBOARD", 0), x11.XCreateSimpleWindow(
-                        display, x11.XDefaultRootWindow(display), 0, 0, 1, 1, 0, 0, 0), 0)
-                x11.XSync(display, 0)
-                key("x", "shift+F10")
-                program.find("Paste", "menu item")
-                key("Escape")
-                x11.XCloseDisplay(display)
+                with hanging_clipboard():
+                    key("x", "shift+F10")
+                    program.find("Paste", "menu item")
+                    key("Escape")
                 key("ctrl+v", "y")
                 wait_for(lambda: editor.queryText().getText(0, -1) == "xy", "what was typed")
                 program.press("Discard")
@@ -152,11 +146,12 @@ class HostileDesktop(ProgramTest):
 
     def assert_shown(self, task):
         time.sleep(1.2)
-        shown = self.program.find(task, "list item").description.split(",")[0].split(":")
         spent, started = self.intervals()[task]
-        seconds = spent + max(0, now() + self.offset - started)
-        self.assertAlmostEqual(sum(int(part) * 60 ** place for place, part in enumerate(shown[::-1])),
-                               seconds - 1, delta=1.5)
+        def is_right():
+            shown = self.program.find(task, "list item").description.split(",")[0].split(":")
+            seconds = sum(int(part) * 60 ** place for place, part in enumerate(shown[::-1]))
+            return 0 <= spent + max(0, now() + self.offset - started) - seconds <= 2
+        wait_for(is_right, "its time")
         for node in self.program.find_all():
             self.assertNotRegex(f"{node.name} {node.description}", r"-\d")
 
@@ -178,7 +173,7 @@ class HostileDesktop(ProgramTest):
             for offset in (DAY, 0):
                 self.set_clock(offset)
                 self.assert_shown("Endless")
-        self.quit()  # and started tomorrow, as it seems
+        self.quit()  # and started again by a clock that is a day ahead
         self.set_clock(DAY)
         self.begin()
         self.set_clock(0)
@@ -197,7 +192,7 @@ class HostileDesktop(ProgramTest):
             asleep = now()
             wait_for(lambda: not logind.is_delayed(), "the program to let it sleep")
             stamp = self.interval()[3]
-            self.assertAlmostEqual(stamp, asleep, delta=0.5)
+            self.assertTrue(asleep <= stamp <= now())
             self.set_clock(HOUR)
             time.sleep(2.2)  # ticks come before the signal
             self.assertEqual(self.interval(), (*before[:3], stamp))
@@ -207,7 +202,12 @@ class HostileDesktop(ProgramTest):
             self.assertAlmostEqual(spent, 100 + stamp - started, delta=0.001)
             self.assertAlmostEqual(resumed, now() + HOUR, delta=0.5)
             self.assert_shown("On")
-        self.quit()
+            logind.tell(True)
+            wait_for(lambda: not logind.is_delayed(), "the program to let it sleep")
+        spent, _, started, stamp = self.interval()
+        self.program.end(signal.SIGKILL)
+        self.program.launch().end()
+        self.assertEqual(self.interval()[:2], (spent + stamp - started, 2))
 
     def test_the_disk_fills(self):
         daemon, program, added = Daemon(), self.program, []

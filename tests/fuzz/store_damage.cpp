@@ -46,6 +46,15 @@ const Texts kForeignSchemas{
     "CREATE TRIGGER a BEFORE UPDATE ON RawIntervalState BEGIN SELECT RAISE(ABORT, ''); END",
     "PRAGMA user_version = 2"};
 
+std::string hex(const std::string& bytes) {
+    std::string digits;
+    for (const char byte : bytes) {
+        digits += "0123456789ABCDEF"[static_cast<unsigned char>(byte) / 16];
+        digits += "0123456789ABCDEF"[static_cast<unsigned char>(byte) % 16];
+    }
+    return digits;
+}
+
 // Draws zeros where the bytes have ended.
 struct Dice {
     std::string take(std::size_t count) {
@@ -69,7 +78,7 @@ struct Dice {
             case 1:
                 return std::to_string(number<std::int64_t>());
             case 2:
-                return std::string("'").append(take(below(24))).append("'");
+                return "CAST(x'" + hex(take(below(24))) + "' AS TEXT)";
             default:
                 return oneOf(kValues);
         }

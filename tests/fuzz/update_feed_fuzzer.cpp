@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 //
 // Reads feeds as the updater does: what can be installed is described in full, and is of a version
-// higher than the program's, and what was cut off is not read.
+// higher than the program's.
 #include <QVersionNumber>
 #include <cstdlib>
 
@@ -18,12 +18,11 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     bool holds = isFound ? version > QVersionNumber(1, 2) && !item.version.contains('/')
                          : item.version.isEmpty();
     if (verdict == AppcastVerdict::newer) {
+        // Once installed it is not offered again.
         holds = holds && item.package.isValid() && item.package.scheme() == "https" &&
-                item.size > 0 && item.size <= 200'000'000 && !item.signature.isEmpty();
+                item.size > 0 && item.size <= 200'000'000 && !item.signature.isEmpty() &&
+                readAppcast(feed, item.version).verdict < AppcastVerdict::newer;
     }
-    // Once installed it is not offered again.
-    holds = holds && (!isFound || readAppcast(feed, item.version).verdict < AppcastVerdict::newer ||
-                      verdict < AppcastVerdict::newer);
     if (!holds) {
         std::abort();
     }

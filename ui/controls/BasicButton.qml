@@ -8,7 +8,8 @@ Item {
 
     property string text
     readonly property alias hovered: area.containsMouse
-    readonly property bool down: area.pressed && area.containsMouse
+    readonly property bool down: root.spaceHeld || area.pressed && area.containsMouse
+    property bool spaceHeld: false
 
     signal clicked
 
@@ -18,10 +19,19 @@ Item {
     }
 
     // Ctrl+Enter belongs to the form that the button stands on.
-    function pressByKey(event) {
+    function pressByEnter(event) {
         event.accepted = !(event.modifiers & Qt.ControlModifier);
         if (event.accepted && !event.isAutoRepeat)
             root.press();
+    }
+
+    // The space bar acts when it is let go, else what opens would take its repetitions.
+    function releaseKey(event) {
+        event.accepted = root.spaceHeld && event.key === Qt.Key_Space;
+        if (event.accepted && !event.isAutoRepeat) {
+            root.spaceHeld = false;
+            root.press();
+        }
     }
 
     activeFocusOnTab: true
@@ -30,9 +40,11 @@ Item {
     Accessible.name: root.text
     Accessible.focusable: root.enabled
     Accessible.onPressAction: root.press()
-    Keys.onReturnPressed: event => root.pressByKey(event)
-    Keys.onEnterPressed: event => root.pressByKey(event)
-    Keys.onSpacePressed: event => root.pressByKey(event)
+    onActiveFocusChanged: root.spaceHeld = false
+    Keys.onReturnPressed: event => root.pressByEnter(event)
+    Keys.onEnterPressed: event => root.pressByEnter(event)
+    Keys.onSpacePressed: root.spaceHeld = true
+    Keys.onReleased: event => root.releaseKey(event)
 
     MouseArea {
         id: area

@@ -10,6 +10,8 @@ Loader {
     // What it is made with.
     property var given: ({})
     property bool wanted: false
+    // Before, the other properties need not have their values.
+    property bool isComplete: false
 
     function part(): QtObject {
         if (!root.item)
@@ -18,10 +20,11 @@ Loader {
     }
 
     function makeIfWanted() {
-        if (root.wanted)
+        if (root.isComplete && root.wanted)
             root.part();
     }
 
     onWantedChanged: root.makeIfWanted()
-    Component.onCompleted: root.makeIfWanted()
+    onIsCompleteChanged: root.makeIfWanted()
+    Component.onCompleted: root.isComplete = true
 }

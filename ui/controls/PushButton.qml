@@ -16,8 +16,11 @@ BasicButton {
         return root.isPrimary ? Theme.colors.accentText : Theme.colors.text;
     }
 
-    implicitWidth: Math.ceil(content.implicitWidth) + 28
-    implicitHeight: Math.max(Theme.controlHeight, content.implicitHeight + 10)
+    readonly property int horizontalPadding: 14
+    readonly property int verticalPadding: 5
+
+    implicitWidth: Math.ceil(content.implicitWidth) + 2 * root.horizontalPadding
+    implicitHeight: Math.max(Theme.controlHeight, content.implicitHeight + 2 * root.verticalPadding)
 
     Rectangle {
         anchors.fill: parent
