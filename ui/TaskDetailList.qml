@@ -14,8 +14,7 @@ HeadedListView {
     readonly property TaskDetailListModel rows: root.adapter.rows
     readonly property int notesRow: root.rows.notesRow
 
-    // Absent while it is too far out of sight; the notes section itself stays, since a note may be
-    // half written in it.
+    // Absent while it is too far out of sight; the notes section stays, since one may be half written.
     property Item notesPlace
 
     signal menuRequested(row: DeletableRow, position: point)
@@ -24,8 +23,7 @@ HeadedListView {
         if (!root.notesPlace)
             root.positionViewAtIndex(root.notesRow, ListView.Contain);
         root.forceLayout();
-        const wanted = Math.max(notes.y + bottom + Theme.spacing - root.height, root.contentY);
-        root.contentY = Math.min(notes.y + top, wanted);
+        root.contentY = Math.min(notes.y + top, Math.max(notes.y + bottom + Theme.spacing - root.height, root.contentY));
     }
 
     // With no row of the new task under the keyboard, else one would be deleted by a key meant for the old.
@@ -53,7 +51,7 @@ HeadedListView {
         if (root.currentIndex !== root.notesRow)
             return;
         if (root.count > 1)
-            root.currentIndex = root.adapter.rows.rowNearest(root.notesRow);
+            root.currentIndex = root.rows.rowNearest(root.notesRow);
         else if (root.activeFocus)
             notes.focusFirst();
         else
@@ -87,13 +85,13 @@ HeadedListView {
             notesHeight: notes.height
             stop: row.index < root.notesRow ? intervalsStop : notesStop
             onFocused: root.showRow(row.index)
-            onCopied: root.adapter.rows.copyRow(row.index)
-            onDeletionRequested: root.adapter.rows.deleteRow(row.index)
+            onCopied: root.rows.copyRow(row.index)
+            onDeletionRequested: root.rows.deleteRow(row.index)
             onMenuRequested: position => root.menuRequested(row, position)
             onHeightChanged: row.followNotes()
             Component.onCompleted: row.takePlace()
-            onSteppedUp: root.showRow(root.adapter.rows.rowBefore(row.index))
-            onSteppedDown: root.showRow(root.adapter.rows.rowAfter(row.index))
+            onSteppedUp: root.showRow(root.rows.rowBefore(row.index))
+            onSteppedDown: root.showRow(root.rows.rowAfter(row.index))
         }
     }
 
