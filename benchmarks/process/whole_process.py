@@ -10,7 +10,6 @@ import contextlib
 import os
 import select
 import shutil
-import signal
 import statistics
 import subprocess
 import sys
@@ -128,7 +127,7 @@ class Subject:
         self.mapped.append((windows.wait_for_one() - begun) * 1000)
         self.processor.append(wait_until_idle(process.pid))
         self.memory.append(proportional_memory(process.pid))
-        process.send_signal(signal.SIGTERM)
+        process.terminate()
         process.wait()
         windows.wait_for_none()
 
