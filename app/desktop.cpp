@@ -8,10 +8,12 @@
 #include <chrono>
 #include <utility>
 
+#include "platform/autostart_entry.h"
 #include "platform/completion_sound.h"
 #include "platform/logind_sleep_monitor.h"
 #include "platform/open_with_desktop.h"
 #include "platform/program_windows.h"
+#include "platform/startup_sequence.h"
 #include "platform/system_clipboard.h"
 #include "platform/time_keeping_provider.h"
 #include "store/persistent_container_factory.h"
@@ -27,7 +29,7 @@ constexpr auto kLook = 1s;
 
 }  // namespace
 
-Desktop::Desktop(const std::filesystem::path& storeDirectory,
+Desktop::Desktop(const std::shared_ptr<const store::StoreBackups>& backups,
                  platform::AppcastUpdater::Configuration updates,
                  std::shared_ptr<const base::Clock> clock, const base::FatalErrorHandler& fatal)
     : unseenFinishes_(std::make_shared<services::UnseenFinishes>()),
@@ -49,7 +51,7 @@ Desktop::Desktop(const std::filesystem::path& storeDirectory,
               .playSound = &platform::playCompletionSound})),
       appearance_(std::make_shared<services::AppearancePreference>()),
       desktopAppearance_(appearance_),
-      tasksApp_(environment(storeDirectory, std::move(clock), fatal)),
+      tasksApp_(environment(backups, std::move(clock), fatal)),
       unseenFinishesSubscription_(unseenFinishes_->subscribeDidChange(
           [this] { statusBar_->setNeedsAttention(!unseenFinishes_->value().empty()); })) {
     const auto showCanCheck = [this] {
@@ -66,39 +68,59 @@ Desktop::Desktop(const std::filesystem::path& storeDirectory,
     });
 }
 
-TasksApp::Environment Desktop::environment(const std::filesystem::path& storeDirectory,
-                                           std::shared_ptr<const base::Clock> clock,
-                                           const base::FatalErrorHandler& fatal) {
-    const QString storeFolder = QString::fromStdString(storeDirectory.string());
+TasksApp::Environment Desktop::environment(
+    const std::shared_ptr<const store::StoreBackups>& backups,
+    std::shared_ptr<const base::Clock> clock, const base::FatalErrorHandler& fatal) {
+    const QString storeFolder = QString::fromStdString(backups->storeDirectory().string());
     return {
         .persistentContainerFactory =
-            std::make_unique<store::PersistentContainerFactory>(storeDirectory, fatal),
+            std::make_unique<store::PersistentContainerFactory>(backups, fatal),
         .makeTimeKeepingProvider = [] { return std::make_shared<platform::TimeKeepingProvider>(); },
         .clock = std::move(clock),
         .sleepMonitor = std::make_shared<platform::LogindSleepMonitor>(),
         .notificationCenter = notificationCenter_,
         .statusBarPorts = {.statusBar = statusBar_,
-                           .applicationWindows = std::make_shared<platform::ProgramWindows>()},
+                           .applicationWindows = std::make_shared<platform::ProgramWindows>(
+                               [this] { tasksApp_.makeWindow(); })},
         .homeViewPorts = {.clipboard = std::make_shared<platform::SystemClipboard>(),
                           .updater = updater_,
+                          .startAtLogin = std::make_shared<platform::AutostartEntry>(),
                           .unseenFinishes = unseenFinishes_,
                           .appearance = appearance_,
-                          .calendar = std::make_shared<base::LocalCalendar>()},
+                          .calendar = std::make_shared<base::LocalCalendar>(),
+                          .backups = backups},
         .program = {.version = QCoreApplication::applicationVersion(),
                     .storeFolder = storeFolder,
                     .openStoreFolder =
                         [storeFolder] { return platform::openWithDesktop(storeFolder); }},
         .fatal = fatal,
         .quit = &QCoreApplication::quit,
+        .restartRestored = [] { QCoreApplication::exit(kRestartRestored); },
         .didHide = [this] { sayOnceThatItKeepsRunning(); }};
 }
 
-void Desktop::launch() {
-    tasksApp_.launch();
+void Desktop::launch(TasksApp::FirstWindow firstWindow) {
+    tasksApp_.launch(firstWindow);
 }
 
 void Desktop::activate(const QString& activationToken) {
     tasksApp_.activate(activationToken.toStdString());
+    platform::endStartupSequence(activationToken.toStdString());
+}
+
+void Desktop::perform(platform::ApplicationAction action, const QString& activationToken) {
+    switch (action) {
+        case platform::ApplicationAction::addTask:
+            tasksApp_.addTask(activationToken.toStdString());
+            break;
+        case platform::ApplicationAction::startShortFocus:
+            tasksApp_.startShortFocus(activationToken.toStdString());
+            break;
+        case platform::ApplicationAction::quit:
+            QCoreApplication::quit();
+            break;
+    }
+    platform::endStartupSequence(activationToken.toStdString());
 }
 
 void Desktop::terminate() {

@@ -2,7 +2,6 @@
 #pragma once
 
 #include <QObject>
-#include <filesystem>
 #include <memory>
 
 #include "app/tasks_app.h"
@@ -10,11 +9,13 @@
 #include "base/fatal_error.h"
 #include "livedata/subscription.h"
 #include "platform/appcast_updater.h"
+#include "platform/application_object.h"
 #include "platform/desktop_appearance.h"
 #include "platform/desktop_notification_center.h"
 #include "platform/system_status_bar.h"
 #include "services/appearance.h"
 #include "services/unseen_finishes.h"
+#include "store/store_backups.h"
 
 namespace hearthmark::app {
 
@@ -24,17 +25,23 @@ class Desktop final : public QObject {
     Q_OBJECT
 
  public:
-    Desktop(const std::filesystem::path& storeDirectory,
+    // What the event loop answers when the program is to begin anew, with the backup that lies
+    // ready in the place of its store.
+    static constexpr int kRestartRestored = 3;
+
+    Desktop(const std::shared_ptr<const store::StoreBackups>& backups,
             platform::AppcastUpdater::Configuration updates,
             std::shared_ptr<const base::Clock> clock, const base::FatalErrorHandler& fatal);
 
     // Called once.
-    void launch();
+    void launch(TasksApp::FirstWindow firstWindow);
     // Brings the window to the front. Requires launch() to have been called.
     void activate(const QString& activationToken);
+    // As the person chose from the desktop entry. Requires the same.
+    void perform(platform::ApplicationAction action, const QString& activationToken);
 
  private:
-    TasksApp::Environment environment(const std::filesystem::path& storeDirectory,
+    TasksApp::Environment environment(const std::shared_ptr<const store::StoreBackups>& backups,
                                       std::shared_ptr<const base::Clock> clock,
                                       const base::FatalErrorHandler& fatal);
     void terminate();

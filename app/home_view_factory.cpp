@@ -5,6 +5,7 @@
 
 #include "presentation/check_for_updates_view_model.h"
 #include "presentation/focus_announcement_view_model.h"
+#include "presentation/restore_backup_view_model.h"
 #include "presentation/undo_deletion_view_model.h"
 #include "presentation/view_model_factories.h"
 #include "services/in_step_time_keeping_provider.h"
@@ -44,6 +45,10 @@ std::unique_ptr<services::HomeViewProtocol> HomeViewFactory::makeHomeView() {
         .about = std::make_unique<ui::AboutAdapter>(program_),
         .appearance = std::make_unique<ui::AppearanceAdapter>(ports_.appearance),
         .focusAnnouncement = std::make_unique<ui::FocusAnnouncementAdapter>(focusAnnouncement),
+        .restore = std::make_unique<ui::RestoreAdapter>(
+            std::make_shared<presentation::RestoreBackupViewModel>(
+                ports_.backups, dataOperationsService_, actions_.restartRestored)),
+        .startAtLogin = std::make_unique<ui::StartAtLoginAdapter>(ports_.startAtLogin),
         .undo =
             std::make_unique<ui::UndoAdapter>(std::make_shared<presentation::UndoDeletionViewModel>(
                 dataOperationsService_, makeTimeKeepingProvider_(), clock_)),

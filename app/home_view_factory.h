@@ -10,11 +10,13 @@
 #include "presentation/selected_task_id.h"
 #include "services/appearance.h"
 #include "services/home_view_factory_protocol.h"
+#include "services/start_at_login.h"
 #include "services/time_keeping.h"
 #include "services/unseen_finishes.h"
 #include "services/updater.h"
 #include "store/data_operations_service_protocol.h"
 #include "store/live_data.h"
+#include "store/store_backups.h"
 #include "ui/about_adapter.h"
 #include "ui/home_view_subviews_factory.h"
 
@@ -28,15 +30,19 @@ class HomeViewFactory final : public services::HomeViewFactoryProtocol {
     struct Ports {
         std::shared_ptr<exporting::Clipboard> clipboard;
         std::shared_ptr<services::Updater> updater;
+        std::shared_ptr<services::StartAtLogin> startAtLogin;
         std::shared_ptr<services::UnseenFinishes> unseenFinishes;
         std::shared_ptr<services::AppearancePreference> appearance;
         std::shared_ptr<const base::Calendar> calendar;
+        std::shared_ptr<const store::StoreBackups> backups;
     };
     // What the views need of the application.
     struct Actions {
         // Answers whether a window may close.
         std::function<bool()> windowShouldClose;
         std::function<void()> quit;
+        // Quits, puts the backup that lies ready into the place of the store, and starts anew.
+        std::function<void()> restartRestored;
     };
     using TimeKeepingProviderMaker =
         std::function<std::shared_ptr<services::TimeKeepingProviderProtocol>()>;

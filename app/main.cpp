@@ -1,17 +1,24 @@
 // SPDX-License-Identifier: MIT
+#include <unistd.h>
+
 #include <QCoreApplication>
 #include <QGuiApplication>
 #include <QLocale>
 #include <QQuickWindow>
 #include <QStandardPaths>
+#include <cerrno>
 #include <chrono>
 #include <cstdlib>
 #include <filesystem>
 #include <iostream>
 #include <memory>
+#include <string>
+#include <string_view>
+#include <system_error>
 
 #include "app/desktop.h"
 #include "app/program_clock.h"
+#include "base/calendar.h"
 #include "base/fatal_error.h"
 #include "objectstore/store_error.h"
 #include "platform/appcast_updater.h"
@@ -19,8 +26,10 @@
 #include "platform/fatal_notification.h"
 #include "platform/instance_lock.h"
 #include "platform/running_instance.h"
+#include "platform/start_by_bus.h"
 #include "platform/termination_signals.h"
 #include "store/persistent_container_factory.h"
+#include "store/store_backups.h"
 #include "ui/accessibility.h"
 
 using namespace hearthmark;
@@ -45,9 +54,16 @@ platform::AppcastUpdater::Configuration updates() {
             .patience = std::chrono::seconds(HEARTHMARK_UPDATE_PATIENCE)};
 }
 
-int runApplication(int argc, char** argv, const std::filesystem::path& storeDirectory,
-                   const platform::InstanceLock& lock,
-                   const platform::TerminationSignals& terminationSignals) {
+// What has to be there before the toolkit is, and outlives it.
+struct Process {
+    const platform::TerminationSignals& terminationSignals;
+    const platform::InstanceLock& lock;
+    app::TasksApp::FirstWindow firstWindow;
+    std::shared_ptr<const base::Clock> clock;
+    std::shared_ptr<const store::StoreBackups> backups;
+};
+
+int runApplication(int argc, char** argv, const Process& process) {
     // A few words are repainted each second: the software scene graph takes less than half the
     // memory.
     QQuickWindow::setGraphicsApi(QSGRendererInterface::Software);
@@ -69,27 +85,60 @@ int runApplication(int argc, char** argv, const std::filesystem::path& storeDire
     applicationObject.registerOnSessionBus();
 
     const base::FatalErrorHandler fatal(&platform::notifyOfFatalError);
-    if (lock.state() == platform::InstanceLock::State::failed) {
-        const std::error_code error = lock.error();
-        fatal(store::unresolvedLoadError({error.message() + ": " + storeDirectory.string(),
-                                          error.value(), error.value(), "lock"}));
+    if (process.lock.state() == platform::InstanceLock::State::failed) {
+        const std::error_code error = process.lock.error();
+        const std::string directory = process.backups->storeDirectory();
+        fatal(store::unresolvedLoadError(
+            {error.message() + ": " + directory, error.value(), error.value(), "lock"}));
     }
-    app::Desktop desktop(storeDirectory, updates(), app::makeProgramClock(), fatal);
+    app::Desktop desktop(process.backups, updates(), process.clock, fatal);
     QObject::connect(&applicationObject, &platform::ApplicationObject::activationRequested,
                      &desktop, &app::Desktop::activate);
-    desktop.launch();
-    const auto signalNotifier = terminationSignals.listen(&QCoreApplication::quit);
+    QObject::connect(&applicationObject, &platform::ApplicationObject::actionRequested, &desktop,
+                     &app::Desktop::perform);
+    desktop.launch(process.firstWindow);
+    const auto signalNotifier = process.terminationSignals.listen(&QCoreApplication::quit);
     return QGuiApplication::exec();
+}
+
+// Whatever becomes of the restore, the program goes on, with the store that there is.
+int restartRestored(int argc, char** argv, const store::StoreBackups& backups) {
+    try {
+        backups.completeRestore();
+    } catch (const objectstore::StoreError& error) {
+        const QCoreApplication application(argc, argv);
+        const std::string message =
+            std::string("Hearthmark could not restore the backup: ") + error.what();
+        std::cerr << message << std::endl;
+        platform::notifyOfFatalError(message);
+    }
+    std::string program = std::filesystem::read_symlink("/proc/self/exe");
+    // Where it was upgraded meanwhile, its successor stands there.
+    constexpr std::string_view kReplaced = " (deleted)";
+    if (program.ends_with(kReplaced)) {
+        program.erase(program.size() - kReplaced.size());
+    }
+    ::execv(program.c_str(), argv);
+    std::cerr << program << ": " << std::generic_category().message(errno) << std::endl;
+    return EXIT_FAILURE;
 }
 
 }  // namespace
 
 int main(int argc, char** argv) {
     const platform::TerminationSignals terminationSignals;
+    const auto firstWindow = platform::takeStartByBus() ? app::TasksApp::FirstWindow::whenAskedFor
+                                                        : app::TasksApp::FirstWindow::atOnce;
     const std::filesystem::path storeDirectory = store::storeDirectory();
     const platform::InstanceLock lock(storeDirectory);
     if (lock.state() == platform::InstanceLock::State::heldByAnother) {
         return showRunningInstance(argc, argv);
     }
-    return runApplication(argc, argv, storeDirectory, lock, terminationSignals);
+    const std::shared_ptr<const base::Clock> clock = app::makeProgramClock();
+    const auto backups = std::make_shared<const store::StoreBackups>(
+        storeDirectory, clock, std::make_shared<base::LocalCalendar>());
+    const int result =
+        runApplication(argc, argv, {terminationSignals, lock, firstWindow, clock, backups});
+    return result == app::Desktop::kRestartRestored ? restartRestored(argc, argv, *backups)
+                                                    : result;
 }

@@ -34,7 +34,8 @@ TasksApp::TasksApp(const Environment& environment)
         environment.homeViewPorts, environment.program,
         HomeViewFactory::Actions{
             .windowShouldClose = [this] { return appDelegate_.windowShouldClose(); },
-            .quit = environment.quit});
+            .quit = environment.quit,
+            .restartRestored = environment.restartRestored});
     const auto intervalsProvider = std::make_shared<services::StatusBarService::IntervalsProvider>(
         container, store::Interval::fetchRequest().sortDescriptor);
     intervalsProvider->startObserving();
@@ -50,7 +51,7 @@ TasksApp::TasksApp(const Environment& environment)
     environment.notificationCenter->setDelegate(appDelegate_);
     unseenFinishesSubscription_ = environment.homeViewPorts.unseenFinishes->subscribeDidChange(
         [this, unseen = environment.homeViewPorts.unseenFinishes.get()] {
-            if (!unseen->value().empty()) {
+            if (homeView_ && !unseen->value().empty()) {
                 homeView_->requestAttention();
             }
         });
@@ -85,18 +86,40 @@ void TasksApp::addQuitHook() {
         });
 }
 
-void TasksApp::launch() {
+void TasksApp::launch(FirstWindow firstWindow) {
     appDelegate_.applicationDidFinishLaunching({});
-    homeView_ = homeViewFactory_->makeHomeView();
-    homeView_->show({});
+    if (firstWindow == FirstWindow::atOnce) {
+        show({});
+    }
 }
 
 void TasksApp::terminate() {
     appDelegate_.applicationWillTerminate({});
 }
 
-void TasksApp::activate(const std::string& activationToken) {
+void TasksApp::makeWindow() {
+    if (!homeView_) {
+        homeView_ = homeViewFactory_->makeHomeView();
+    }
+}
+
+void TasksApp::show(const std::string& activationToken) {
+    makeWindow();
     homeView_->show(activationToken);
+}
+
+void TasksApp::activate(const std::string& activationToken) {
+    show(activationToken);
+}
+
+void TasksApp::addTask(const std::string& activationToken) {
+    show(activationToken);
+    homeView_->displayAddSheet();
+}
+
+void TasksApp::startShortFocus(const std::string& activationToken) {
+    show(activationToken);
+    homeView_->startShortFocus();
 }
 
 void TasksApp::showTask(const std::optional<base::Uuid>& taskId,
@@ -104,11 +127,11 @@ void TasksApp::showTask(const std::optional<base::Uuid>& taskId,
     if (taskId) {
         selectedTaskId_->setValue(taskId);
     }
-    homeView_->show(activationToken);
+    show(activationToken);
 }
 
 void TasksApp::checkForUpdates() {
-    homeView_->show({});
+    show({});
     updater_->checkForUpdates();
 }
 

@@ -32,6 +32,7 @@ namespace hearthmark::app {
 // intervals at launch and at quit. Everything it builds lives as long as it does.
 class TasksApp {
  public:
+    enum class FirstWindow { atOnce, whenAskedFor };
     // What differs between the program and a test of it.
     struct Environment {
         std::unique_ptr<store::PersistentContainerFactoryProtocol> persistentContainerFactory;
@@ -44,6 +45,8 @@ class TasksApp {
         ui::AboutAdapter::Program program;
         base::FatalErrorHandler fatal;
         std::function<void()> quit;
+        // Quits and starts anew, with the backup that lies ready in the place of the store.
+        std::function<void()> restartRestored;
         // The person has closed the window, and the program lives on.
         std::function<void()> didHide;
     };
@@ -53,20 +56,28 @@ class TasksApp {
     TasksApp(const TasksApp&) = delete;
     TasksApp& operator=(const TasksApp&) = delete;
 
-    // Runs the launch hook, then makes the main window and shows it. Called once.
-    void launch();
+    // Runs the launch hook, then shows the main window, unless it is to wait until it is asked for:
+    // then it is not even made. Called once.
+    void launch(FirstWindow firstWindow);
 
     // Runs the quit hook. Called once, when the event loop has ended.
     void terminate();
 
+    // Makes the main window, if it is not there yet.
+    void makeWindow();
+
     // Each brings the main window to the front, and requires launch() to have been called.
     void activate(const std::string& activationToken);
+    void addTask(const std::string& activationToken);
+    // On the selected task; where none is selected or no focus can start, none starts.
+    void startShortFocus(const std::string& activationToken);
     void showTask(const std::optional<base::Uuid>& taskId, const std::string& activationToken);
     void checkForUpdates();
 
  private:
     void addLaunchHook();
     void addQuitHook();
+    void show(const std::string& activationToken);
 
     AppDelegate appDelegate_;
     std::shared_ptr<services::AwakeClock> clock_;
@@ -79,7 +90,7 @@ class TasksApp {
     std::shared_ptr<services::SleepService> sleepService_;
     std::shared_ptr<services::Updater> updater_;
     std::shared_ptr<presentation::SelectedTaskId> selectedTaskId_;
-    // The one window; made at launch.
+    // The one window; made when it is first shown.
     std::unique_ptr<services::HomeViewProtocol> homeView_;
     livedata::Subscription unseenFinishesSubscription_;
 };

@@ -53,24 +53,43 @@ std::optional<std::time_t> dayStart(const std::tm& day, int daysAfter) {
     return start;
 }
 
-}  // namespace
-
-std::vector<Date> LocalCalendar::dayStarts(Date now, int count) const {
+// By the machine's time zone as it is now.
+std::optional<std::tm> brokenDown(Date date) {
     tzset();
     const double seconds =
-        std::floor((now.sinceReferenceDate() + kUnixTimeOfReferenceDate).count());
+        std::floor((date.sinceReferenceDate() + kUnixTimeOfReferenceDate).count());
     // The years that every calendar function can count.
     if (!(std::abs(seconds) < 1e11)) {
-        return {};
+        return std::nullopt;
     }
     const auto time = static_cast<std::time_t>(seconds);
-    std::tm today{};
-    if (localtime_r(&time, &today) == nullptr) {
+    std::tm local{};
+    return localtime_r(&time, &local) != nullptr ? std::optional(local) : std::nullopt;
+}
+
+}  // namespace
+
+std::optional<LocalTime> LocalCalendar::localTime(Date date) const {
+    const auto local = brokenDown(date);
+    if (!local) {
+        return std::nullopt;
+    }
+    constexpr int kFirstYear = 1900;
+    const std::chrono::year_month_day day{std::chrono::year(local->tm_year + kFirstYear),
+                                          std::chrono::month(unsigned(local->tm_mon) + 1),
+                                          std::chrono::day(unsigned(local->tm_mday))};
+    return LocalTime{day, std::chrono::hours(local->tm_hour) + std::chrono::minutes(local->tm_min) +
+                              std::chrono::seconds(local->tm_sec)};
+}
+
+std::vector<Date> LocalCalendar::dayStarts(Date now, int count) const {
+    const auto today = brokenDown(now);
+    if (!today) {
         return {};
     }
     std::vector<Date> starts;
     for (int day = 1 - count; day <= 1; ++day) {
-        const auto start = dayStart(today, day);
+        const auto start = dayStart(*today, day);
         if (!start) {
             return {};
         }

@@ -1,11 +1,21 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <chrono>
+#include <optional>
 #include <vector>
 
 #include "base/date.h"
 
 namespace hearthmark::base {
+
+// What the calendar and the clock on the wall show, in whole seconds.
+struct LocalTime {
+    std::chrono::year_month_day day;
+    std::chrono::seconds sinceMidnight;
+
+    friend bool operator==(const LocalTime&, const LocalTime&) = default;
+};
 
 // Knows when the days begin.
 class Calendar {
@@ -16,12 +26,16 @@ class Calendar {
     // tomorrow: `count` + 1 moments, oldest first. Empty where `now` is out of the calendar's
     // range.
     virtual std::vector<Date> dayStarts(Date now, int count) const = 0;
+
+    // Absent where `date` is out of the calendar's range.
+    virtual std::optional<LocalTime> localTime(Date date) const = 0;
 };
 
 // The days of the machine's time zone, which is looked up anew at each call.
 class LocalCalendar final : public Calendar {
  public:
     std::vector<Date> dayStarts(Date now, int count) const override;
+    std::optional<LocalTime> localTime(Date date) const override;
 };
 
 }  // namespace hearthmark::base

@@ -190,7 +190,7 @@ class Encoder {
 std::string JSONShareSerializer::serialize(const store::Task& task) const {
     try {
         Encoder encoder;
-        encoder.write(TaskForJSON(task));
+        encoder.write(taskForJSON(task));
         return std::move(encoder).text();
     } catch (const EncodingError&) {
         return {};  // told to nobody: the sheet shows an empty text

@@ -1,32 +1,44 @@
 // SPDX-License-Identifier: MIT
 #include "export/task_for_json.h"
 
+#include "store/interval.h"
 #include "store/note.h"
 #include "store/raw_interval_state.h"
 
 namespace hearthmark::exporting {
 
-IntervalForJSON::IntervalForJSON(const store::Interval& interval)
-    : id(interval.id()),
-      creationDate(interval.creationDate()),
-      duration(interval.duration()),
-      maxDuration(interval.maxDuration()) {
-    if (const store::RawIntervalState* raw = interval.rawState()) {
-        state = {.started = raw->started(), .state = raw->state()};
+namespace {
+
+std::optional<IntervalStateForJSON> stateForJSON(const store::Interval& interval) {
+    const store::RawIntervalState* raw = interval.rawState();
+    if (raw == nullptr) {
+        return std::nullopt;
     }
+    return IntervalStateForJSON{.started = raw->started(), .state = raw->state()};
 }
 
-TaskForJSON::TaskForJSON(const store::Task& task)
-    : id(task.id()), creationDate(task.creationDate()), name(task.name()) {
-    intervals.reserve(task.intervals().size());
+}  // namespace
+
+TaskForJSON taskForJSON(const store::Task& task) {
+    TaskForJSON made{.id = task.id(),
+                     .creationDate = task.creationDate(),
+                     .name = task.name(),
+                     .intervals = {},
+                     .notes = {}};
+    made.intervals.reserve(task.intervals().size());
     for (const store::Interval* interval : task.intervals()) {
-        intervals.emplace_back(*interval);
+        made.intervals.push_back({.id = interval->id(),
+                                  .creationDate = interval->creationDate(),
+                                  .duration = interval->duration(),
+                                  .maxDuration = interval->maxDuration(),
+                                  .state = stateForJSON(*interval)});
     }
-    notes.reserve(task.notes().size());
+    made.notes.reserve(task.notes().size());
     for (const store::Note* note : task.notes()) {
-        notes.push_back(
+        made.notes.push_back(
             {.id = note->id(), .creationDate = note->creationDate(), .text = note->text()});
     }
+    return made;
 }
 
 }  // namespace hearthmark::exporting

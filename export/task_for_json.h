@@ -8,7 +8,6 @@
 
 #include "base/date.h"
 #include "base/uuid.h"
-#include "store/interval.h"
 #include "store/task.h"
 
 // What a JSON document of a task says, taken from the store at one moment. The members are the keys
@@ -22,8 +21,6 @@ struct IntervalStateForJSON {
 };
 
 struct IntervalForJSON {
-    explicit IntervalForJSON(const store::Interval& interval);
-
     std::optional<base::Uuid> id;
     std::optional<base::Date> creationDate;
     base::Seconds duration;
@@ -38,13 +35,13 @@ struct NoteForJSON {
 };
 
 struct TaskForJSON {
-    explicit TaskForJSON(const store::Task& task);
-
     std::optional<base::Uuid> id;
     std::optional<base::Date> creationDate;
     std::optional<std::string> name;
     std::vector<IntervalForJSON> intervals;
     std::vector<NoteForJSON> notes;
 };
+
+TaskForJSON taskForJSON(const store::Task& task);
 
 }  // namespace hearthmark::exporting

@@ -19,6 +19,10 @@ const std::string& columnName(const EntityDescription& entity, std::size_t colum
                                : entity.references()[column - attributes].name;
 }
 
+std::string declarationOf(const AttributeDescription& attribute) {
+    return identifier(attribute.name) + ' ' + attribute.declaration;
+}
+
 }  // namespace
 
 std::vector<std::string> creationStatements(const Model& model) {
@@ -27,7 +31,7 @@ std::vector<std::string> creationStatements(const Model& model) {
         std::string table =
             "CREATE TABLE " + identifier(entity->name()) + " (pk INTEGER PRIMARY KEY";
         for (const AttributeDescription& attribute : entity->attributes()) {
-            table += ", " + identifier(attribute.name) + ' ' + attribute.declaration;
+            table += ", " + declarationOf(attribute);
         }
         std::vector<std::string> indexes;
         for (const ReferenceDescription& reference : entity->references()) {
@@ -42,6 +46,11 @@ std::vector<std::string> creationStatements(const Model& model) {
         statements.insert(statements.end(), indexes.begin(), indexes.end());
     }
     return statements;
+}
+
+std::string additionStatement(const EntityDescription& entity,
+                              const AttributeDescription& attribute) {
+    return "ALTER TABLE " + identifier(entity.name()) + " ADD COLUMN " + declarationOf(attribute);
 }
 
 std::string selection(const EntityDescription& entity) {

@@ -10,27 +10,15 @@
 
 #include "objectstore/entity_description.h"
 #include "objectstore/row_reader.h"
+#include "objectstore/sqlite_file.h"
 #include "objectstore/sqlite_schema.h"
+#include "objectstore/store_copy.h"
 #include "objectstore/store_error.h"
 #include "objectstore/store_file.h"
 
 namespace hearthmark::objectstore {
 
 namespace {
-
-// How long a statement waits for a lock that another program holds on the file.
-constexpr int kBusyTimeoutMilliseconds = 5000;
-
-// Runs `work` and turns what SQLite reports into a StoreError that names the statement.
-template <class Work>
-auto translatingErrors(std::string_view statement, const Work& work) {
-    try {
-        return work();
-    } catch (const SQLite::Exception& error) {
-        throw StoreError(error.what(), error.getErrorCode(), error.getExtendedErrorCode(),
-                         std::string(statement));
-    }
-}
 
 void execute(SQLite::Database& database, const std::string& statement) {
     translatingErrors(statement, [&] { database.exec(statement); });
@@ -50,68 +38,32 @@ void createSchema(SQLite::Database& database, const Model& model) {
     transaction.commit();
 }
 
+// Brings a file of an older version along.
+void upgradeSchema(SQLite::Database& database, const Model& model) {
+    const std::string version = "PRAGMA user_version";
+    translatingErrors(version, [&] {
+        if (database.execAndGet(version).getInt() >= model.version) {
+            return;
+        }
+        SQLite::Transaction transaction(database, SQLite::TransactionBehavior::IMMEDIATE);
+        for (const EntityDescription* entity : model.entities) {
+            for (const AttributeDescription& attribute : entity->attributes()) {
+                if (!hasColumn(database, "main", entity->name(), attribute.name)) {
+                    execute(database, additionStatement(*entity, attribute));
+                }
+            }
+        }
+        execute(database, pragma("user_version", model.version));
+        transaction.commit();
+    });
+}
+
 void createFile(const std::filesystem::path& file, const Model& model) {
     createStoreFile(file, [&model](const std::filesystem::path& draft) {
         translatingErrors("open " + draft.string(), [&] {
             SQLite::Database database(draft.string(), SQLite::OPEN_READWRITE);
             createSchema(database, model);
         });
-    });
-}
-
-// Percent-encodes what has a meaning in a URI.
-std::string fileUri(const std::filesystem::path& file, std::string_view query) {
-    static constexpr std::string_view kHexDigits = "0123456789ABCDEF";
-    std::string uri = "file:";
-    for (const char c : file.string()) {
-        if (c == '%' || c == '?' || c == '#') {
-            uri += '%';
-            uri += kHexDigits[static_cast<unsigned char>(c) >> 4U];
-            uri += kHexDigits[static_cast<unsigned char>(c) & 0xFU];
-        } else {
-            uri += c;
-        }
-    }
-    return uri.append("?").append(query);
-}
-
-[[noreturn]] void refuse(const std::filesystem::path& file, const std::string& reason, int code,
-                         std::string statement) {
-    throw StoreError(reason + ": " + file.string(), code, code, std::move(statement));
-}
-
-// Looks before anything writes. Without a write-ahead log the file is read as immutable, which
-// takes no lock and makes no file beside it; with one, its frames belong to the content.
-void inspectFile(const std::filesystem::path& file, const Model& model) {
-    const std::string uri = fileUri(file, hasWriteAheadLog(file) ? "mode=ro" : "immutable=1");
-    translatingErrors("open " + file.string(), [&] {
-        SQLite::Database database(uri,
-                                  SQLite::OPEN_READONLY | SQLite::OPEN_URI | SQLite::OPEN_NOMUTEX,
-                                  kBusyTimeoutMilliseconds);
-        const auto number = [&database](const std::string& name) {
-            const std::string statement = "PRAGMA " + name;
-            return translatingErrors(statement,
-                                     [&] { return database.execAndGet(statement).getInt(); });
-        };
-        if (number("application_id") != model.applicationId) {
-            refuse(file, "The file belongs to another application", SQLITE_NOTADB,
-                   "PRAGMA application_id");
-        }
-        const int version = number("user_version");
-        if (version > model.version) {
-            refuse(file, "The file was written by a newer version of this program", SQLITE_MISMATCH,
-                   "PRAGMA user_version");
-        }
-        if (version < model.version) {
-            refuse(file, "The file has a format that this program does not know", SQLITE_MISMATCH,
-                   "PRAGMA user_version");
-        }
-        const std::string check = "PRAGMA integrity_check(1)";
-        const std::string finding =
-            translatingErrors(check, [&] { return database.execAndGet(check).getString(); });
-        if (finding != "ok") {
-            refuse(file, "The file is corrupt (" + finding + ')', SQLITE_CORRUPT, check);
-        }
     });
 }
 
@@ -151,7 +103,7 @@ SqliteStore::SqliteStore(const std::optional<std::filesystem::path>& file, const
         return;
     }
     if (storeFileExists(*file)) {
-        inspectFile(*file, model);
+        checkStore(*file, model);
     } else {
         createFile(*file, model);
     }
@@ -169,6 +121,7 @@ SqliteStore::SqliteStore(const std::optional<std::filesystem::path>& file, const
     });
     execute(database, "PRAGMA synchronous = FULL");
     execute(database, "PRAGMA foreign_keys = ON");
+    upgradeSchema(database, model);
 }
 
 SqliteStore::~SqliteStore() = default;

@@ -5,6 +5,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <array>
 #include <cerrno>
 #include <string>
 #include <system_error>
@@ -17,6 +18,8 @@ namespace {
 
 constexpr mode_t kFileMode = 0600;
 constexpr mode_t kDirectoryMode = 0700;
+// What SQLite calls the files that it keeps beside its own.
+constexpr std::array kJournals{"-wal", "-shm", "-journal"};
 
 [[noreturn]] void fail(const std::string& call, const std::filesystem::path& path) {
     const int error = errno;
@@ -98,14 +101,38 @@ void createStoreFile(const std::filesystem::path& file,
         moveFile(sibling(file, "-wal"), sibling(file, "-wal.orphaned"));
     }
     const std::filesystem::path draft = sibling(file, ".new");
-    if (::unlink(draft.c_str()) != 0 && errno != ENOENT) {
-        fail("unlink", draft);
-    }
+    removeStoreFile(draft);
     { const Descriptor made(draft, O_CREAT | O_EXCL | O_WRONLY); }
-    fill(draft);
-    Descriptor(draft, O_RDONLY).flush(draft);
-    moveFile(draft, file);
-    flushDirectory(directory);
+    try {
+        fill(draft);
+        Descriptor(draft, O_RDONLY).flush(draft);
+        moveStoreFile(draft, file);
+    } catch (...) {
+        // On a full disk they take what others need.
+        ::unlink(draft.c_str());
+        for (const char* suffix : kJournals) {
+            ::unlink(sibling(draft, suffix).c_str());
+        }
+        throw;
+    }
+}
+
+void moveStoreFile(const std::filesystem::path& from, const std::filesystem::path& to) {
+    moveFile(from, to);
+    flushDirectory(to.parent_path());
+}
+
+void removeStoreFile(const std::filesystem::path& file) {
+    if (::unlink(file.c_str()) != 0 && errno != ENOENT) {
+        fail("unlink", file);
+    }
+}
+
+void removeJournals(const std::filesystem::path& file) {
+    for (const char* suffix : kJournals) {
+        removeStoreFile(sibling(file, suffix));
+    }
+    flushDirectory(file.parent_path());
 }
 
 }  // namespace hearthmark::objectstore

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <QDBusContext>
 #include <QObject>
 #include <QString>
 #include <QStringList>
@@ -12,9 +13,13 @@ namespace hearthmark::platform {
 inline constexpr auto kApplicationId = "org.hearthmark.Hearthmark";
 inline constexpr auto kApplicationObjectPath = "/org/hearthmark/Hearthmark";
 
+// What the desktop entry offers besides the window.
+enum class ApplicationAction { addTask, startShortFocus, quit };
+
 // This process as others on the session bus see it: org.freedesktop.Application, by which a second
-// start asks for the window of the first.
-class ApplicationObject final : public QObject {
+// start asks for the window of the first, and the desktop for what its entry offers. Calls that
+// came before the event loop runs are answered by it.
+class ApplicationObject final : public QObject, protected QDBusContext {
     Q_OBJECT
     Q_CLASSINFO("D-Bus Interface", "org.freedesktop.Application")
 
@@ -38,6 +43,7 @@ class ApplicationObject final : public QObject {
  signals:
     // The token may be empty.
     void activationRequested(const QString& activationToken);
+    void actionRequested(ApplicationAction action, const QString& activationToken);
 };
 
 }  // namespace hearthmark::platform

@@ -13,8 +13,9 @@
 #include <array>
 #include <cstdlib>
 #include <string>
-#include <string_view>
 #include <utility>
+
+#include "platform/x11.h"
 
 namespace hearthmark::platform {
 
@@ -27,25 +28,6 @@ constexpr int kFontSize = 13;
 
 constexpr uint32_t kRequestDock = 0;
 constexpr std::array<uint32_t, 2> kEmbedding{0, 1};  // the protocol's version; to be mapped
-
-struct Freeing {
-    void operator()(void* reply) const { std::free(reply); }  // NOLINT(*-no-malloc): xcb's own
-};
-template <class Reply>
-using ReplyPointer = std::unique_ptr<Reply, Freeing>;
-
-xcb_connection_t* connection() {
-    const auto* const x11 = qGuiApp->nativeInterface<QNativeInterface::QX11Application>();
-    return x11 != nullptr ? x11->connection() : nullptr;
-}
-
-xcb_atom_t atomOf(std::string_view name) {
-    const ReplyPointer<xcb_intern_atom_reply_t> reply(xcb_intern_atom_reply(
-        connection(),
-        xcb_intern_atom(connection(), 0, static_cast<uint16_t>(name.size()), name.data()),
-        nullptr));
-    return reply ? reply->atom : xcb_atom_t{XCB_ATOM_NONE};
-}
 
 int screenNumber() {
     char* host = nullptr;
@@ -61,10 +43,10 @@ int screenNumber() {
 }  // namespace
 
 struct DockedStatusWindow::Atoms {
-    xcb_atom_t manager = atomOf("MANAGER");
-    xcb_atom_t tray = atomOf("_NET_SYSTEM_TRAY_S" + std::to_string(screenNumber()));
-    xcb_atom_t opcode = atomOf("_NET_SYSTEM_TRAY_OPCODE");
-    xcb_atom_t embedding = atomOf("_XEMBED_INFO");
+    xcb_atom_t manager = x11Atom("MANAGER");
+    xcb_atom_t tray = x11Atom("_NET_SYSTEM_TRAY_S" + std::to_string(screenNumber()));
+    xcb_atom_t opcode = x11Atom("_NET_SYSTEM_TRAY_OPCODE");
+    xcb_atom_t embedding = x11Atom("_XEMBED_INFO");
 };
 
 // Paints itself in the room that the tray gives it.
@@ -134,7 +116,7 @@ class DockedStatusWindow::Window final : public QRasterWindow {
 };
 
 bool DockedStatusWindow::isPossible() {
-    return connection() != nullptr;
+    return x11Connection() != nullptr;
 }
 
 DockedStatusWindow::DockedStatusWindow(std::function<void()> activate)
@@ -157,8 +139,8 @@ void DockedStatusWindow::setContent(const QString& title, const StatusIconState&
 
 // The window appears when the tray has taken it, never by itself on the screen.
 void DockedStatusWindow::dock() {
-    const ReplyPointer<xcb_get_selection_owner_reply_t> owner(xcb_get_selection_owner_reply(
-        connection(), xcb_get_selection_owner(connection(), atoms_->tray), nullptr));
+    const X11Reply<xcb_get_selection_owner_reply_t> owner(xcb_get_selection_owner_reply(
+        x11Connection(), xcb_get_selection_owner(x11Connection(), atoms_->tray), nullptr));
     if (!owner || owner->owner == XCB_WINDOW_NONE) {
         return;  // the tray makes itself known when it starts
     }
@@ -166,7 +148,7 @@ void DockedStatusWindow::dock() {
     window_->setContent(title_, icon_);
     window_->create();
     windowId_ = static_cast<xcb_window_t>(window_->winId());
-    xcb_change_property(connection(), XCB_PROP_MODE_REPLACE, windowId_, atoms_->embedding,
+    xcb_change_property(x11Connection(), XCB_PROP_MODE_REPLACE, windowId_, atoms_->embedding,
                         atoms_->embedding, 32, kEmbedding.size(), kEmbedding.data());
     xcb_client_message_event_t request{};
     request.response_type = XCB_CLIENT_MESSAGE;
@@ -176,13 +158,13 @@ void DockedStatusWindow::dock() {
     request.data.data32[0] = XCB_CURRENT_TIME;
     request.data.data32[1] = kRequestDock;
     request.data.data32[2] = windowId_;
-    xcb_send_event(connection(), 0, owner->owner, XCB_EVENT_MASK_NO_EVENT,
+    xcb_send_event(x11Connection(), 0, owner->owner, XCB_EVENT_MASK_NO_EVENT,
                    reinterpret_cast<const char*>(&request));
-    xcb_flush(connection());
+    xcb_flush(x11Connection());
 }
 
 void DockedStatusWindow::reparented(quint32 parent) {
-    const xcb_screen_iterator_t screens = xcb_setup_roots_iterator(xcb_get_setup(connection()));
+    const xcb_screen_iterator_t screens = xcb_setup_roots_iterator(xcb_get_setup(x11Connection()));
     for (xcb_screen_iterator_t screen = screens; screen.rem > 0; xcb_screen_next(&screen)) {
         if (screen.data->root == parent) {
             // The server saved the window of a tray that has gone.

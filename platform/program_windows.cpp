@@ -4,6 +4,7 @@
 #include <QGuiApplication>
 #include <QPointer>
 #include <QWindow>
+#include <utility>
 
 namespace hearthmark::platform {
 
@@ -37,7 +38,11 @@ class ProgramWindow final : public services::ApplicationWindow {
 
 }  // namespace
 
+ProgramWindows::ProgramWindows(std::function<void()> makeWindows)
+    : makeWindows_(std::move(makeWindows)) {}
+
 std::vector<std::shared_ptr<services::ApplicationWindow>> ProgramWindows::windows() const {
+    makeWindows_();
     std::vector<std::shared_ptr<services::ApplicationWindow>> windows;
     for (QWindow* const window : QGuiApplication::topLevelWindows()) {
         if (window->type() == Qt::Window) {

@@ -43,6 +43,8 @@ bool activateRunningInstance() {
         QLatin1String(kApplicationId), QLatin1String(kApplicationObjectPath),
         QStringLiteral("org.freedesktop.Application"), QStringLiteral("Activate"));
     activate << platformData();
+    // Where the other one is not on this bus, the bus would start yet another.
+    activate.setAutoStartService(false);
     const QDeadlineTimer deadline(kPatience);
     while (!deadline.hasExpired()) {
         const QDBusMessage reply =

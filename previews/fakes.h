@@ -1,21 +1,29 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <chrono>
 #include <memory>
 #include <optional>
 #include <string>
 
 #include "base/clock.h"
 #include "presentation/tasks_list_view_model.h"
+#include "services/start_at_login.h"
 #include "services/time_keeping.h"
 #include "services/updater.h"
 
 namespace hearthmark::previews {
 
-// 14 May 2026, 10:40 UTC, for ever.
+// 14 May 2026, 10:40 UTC, for ever, or the same time of an earlier day.
 class StoppedClock final : public base::Clock {
  public:
-    base::Date now() const override { return base::Date(base::Seconds(800448000)); }
+    explicit StoppedClock(std::chrono::days ago = {})
+        : now_(base::Date(base::Seconds(800448000)) + -base::Seconds(ago)) {}
+
+    base::Date now() const override { return now_; }
+
+ private:
+    base::Date now_;
 };
 
 // Timers that never fire.
@@ -48,6 +56,17 @@ class FakeUpdater final : public services::Updater {
     livedata::Published<bool> canCheck_{true};
     livedata::Published<services::UpdateState> state_;
     std::string unavailableReason_;
+};
+
+// On, and it stays so.
+class FakeStartAtLogin final : public services::StartAtLogin {
+ public:
+    livedata::Published<services::StartAtLoginState>& state() override { return state_; }
+    void refresh() override {}
+    void toggle() override {}
+
+ private:
+    livedata::Published<services::StartAtLoginState> state_{{.isOn = true}};
 };
 
 // Tasks that never come.

@@ -38,6 +38,7 @@ struct Preview {
     // How far an update is, and the tasks whose finish the desktop did not show.
     services::UpdateState update{};
     std::vector<std::string> unseenFinishes{};
+    bool hasBackups = false;
     Palette palette = Palette::light;
     Qt::LayoutDirection direction = Qt::LeftToRight;
     int scale = 1;

@@ -11,6 +11,7 @@
 #include <QQuickWindow>
 #include <QScreen>
 #include <QStyleHints>
+#include <QTemporaryDir>
 #include <QTest>
 #include <map>
 #include <utility>
@@ -57,6 +58,27 @@ std::shared_ptr<objectstore::PersistentContainer> makeContainer(Content content,
     }
     container->viewContext().save();
     return container;
+}
+
+// Three days of backups, of which the oldest is damaged, beside a store that has changed since.
+std::shared_ptr<const store::StoreBackups> makeBackups(const std::filesystem::path& directory) {
+    const auto container = std::make_shared<objectstore::PersistentContainer>(
+        "Hearthmark", store::hearthmarkModel(), directory);
+    container->loadPersistentStores();
+    objectstore::ManagedObjectContext& context = container->viewContext();
+    std::shared_ptr<const store::StoreBackups> backups;
+    for (const int ago : {4, 1, 0}) {
+        const auto clock = std::make_shared<StoppedClock>(std::chrono::days(ago));
+        addTask(QStringLiteral("A task"), clock->now(), context);
+        context.save();
+        backups = std::make_shared<store::StoreBackups>(directory, clock,
+                                                        std::make_shared<base::LocalCalendar>());
+        backups->keepDaily();
+    }
+    std::filesystem::resize_file(backups->all().back().file, 100);
+    context.remove(*context.objects<store::Task>().begin());
+    context.save();
+    return backups;
 }
 
 // Null where there is none.
@@ -142,19 +164,27 @@ QImage Stage::pictureOfHome(const Preview& preview) {
     const auto updater = std::make_shared<FakeUpdater>();
     const auto appearance = std::make_shared<services::AppearancePreference>(
         services::Appearance{.isDark = preview.palette == Palette::dark});
+    const QTemporaryDir directory;
+    const auto backups = preview.hasBackups ? makeBackups(directory.path().toStdString())
+                                            : std::make_shared<const store::StoreBackups>(
+                                                  directory.path().toStdString(), clock,
+                                                  std::make_shared<base::LocalCalendar>());
     const auto view =
-        app::HomeViewFactory(service, liveDataFactory, clock,
-                             std::make_shared<presentation::SelectedTaskId>(std::nullopt),
-                             [] { return std::make_shared<StoppedTimeKeepingProvider>(); },
-                             {.clipboard = nullptr,
-                              .updater = updater,
-                              .unseenFinishes = unseenFinishes,
-                              .appearance = appearance,
-                              .calendar = std::make_shared<base::LocalCalendar>()},
-                             {.version = "0.1.0",
-                              .storeFolder = "/home/you/.local/share/Hearthmark",
-                              .openStoreFolder = [] { return true; }},
-                             {.windowShouldClose = [] { return true; }, .quit = [] {}})
+        app::HomeViewFactory(
+            service, liveDataFactory, clock,
+            std::make_shared<presentation::SelectedTaskId>(std::nullopt),
+            [] { return std::make_shared<StoppedTimeKeepingProvider>(); },
+            {.clipboard = nullptr,
+             .updater = updater,
+             .startAtLogin = std::make_shared<FakeStartAtLogin>(),
+             .unseenFinishes = unseenFinishes,
+             .appearance = appearance,
+             .calendar = std::make_shared<base::LocalCalendar>(),
+             .backups = backups},
+            {.version = "0.1.0",
+             .storeFolder = "/home/you/.local/share/Hearthmark",
+             .openStoreFolder = [] { return true; }},
+            {.windowShouldClose = [] { return true; }, .quit = [] {}, .restartRestored = [] {}})
             .makeHomeView();
     // The only one there is.
     auto& window = dynamic_cast<QQuickWindow&>(*QGuiApplication::allWindows().constFirst());

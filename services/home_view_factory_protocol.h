@@ -15,6 +15,10 @@ class HomeViewProtocol {
     // lets it take the focus; it may be empty.
     virtual void show(const std::string& activationToken) = 0;
     virtual void hide() = 0;
+    // As the buttons in it. The focus is one on the selected task; where none can start, nothing
+    // happens.
+    virtual void displayAddSheet() = 0;
+    virtual void startShortFocus() = 0;
     // Has the desktop point the window out, without giving it the focus.
     virtual void requestAttention() = 0;
 };

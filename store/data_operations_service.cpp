@@ -101,7 +101,7 @@ void DataOperationsService::deleteNote(const base::Uuid& noteId, const base::Uui
 
 void DataOperationsService::undo(const Deletion& deletion) {
     if (const auto* deleted = std::get_if<DeletedTask>(&deletion)) {
-        putBack(*deleted);
+        putBack(*deleted, context());
     } else if (const auto* interval = std::get_if<TakenInterval>(&deletion)) {
         if (Task* owner = task(interval->taskId)) {
             owner->addIntervalsObject(*interval->interval);
@@ -112,35 +112,6 @@ void DataOperationsService::undo(const Deletion& deletion) {
         }
     }
     save();
-}
-
-void DataOperationsService::putBack(const DeletedTask& deleted) {
-    const auto owner = context().insert<Task>();
-    owner->setId(deleted.id);
-    owner->setCreationDate(deleted.creationDate);
-    owner->setName(deleted.name);
-    for (const DeletedTask::Interval& each : deleted.intervals) {
-        const auto interval = context().insert<Interval>();
-        interval->setId(each.id);
-        interval->setCreationDate(each.creationDate);
-        interval->setDuration(each.duration);
-        interval->setMaxDuration(each.maxDuration);
-        if (each.rawState) {
-            const auto rawState = context().insert<RawIntervalState>();
-            rawState->setState(each.rawState->state);
-            rawState->setStarted(each.rawState->started);
-            rawState->setVisited(each.rawState->visited);
-            interval->setRawState(rawState.get());
-        }
-        owner->addIntervalsObject(*interval);
-    }
-    for (const DeletedTask::Note& each : deleted.notes) {
-        const auto note = context().insert<Note>();
-        note->setId(each.id);
-        note->setCreationDate(each.creationDate);
-        note->setText(each.text);
-        owner->addNotesObject(*note);
-    }
 }
 
 void DataOperationsService::finishDueIntervals() {

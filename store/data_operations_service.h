@@ -45,7 +45,6 @@ class DataOperationsService final : public DataOperationsServiceProtocol {
     Task* task(const base::Uuid& taskId) const;
     void save();
     void saveDeletion(Deletion deletion);
-    void putBack(const DeletedTask& deleted);
 
     std::shared_ptr<objectstore::PersistentContainer> persistentContainer_;
     std::shared_ptr<const base::Clock> clock_;

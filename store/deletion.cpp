@@ -3,6 +3,7 @@
 
 #include <algorithm>
 
+#include "objectstore/managed_object_context.h"
 #include "store/interval.h"
 #include "store/note.h"
 #include "store/raw_interval_state.h"
@@ -49,6 +50,35 @@ DeletedTask deletedTask(const Task& task) {
             {.id = note->id(), .creationDate = note->creationDate(), .text = note->text()});
     }
     return deleted;
+}
+
+void putBack(const DeletedTask& deleted, objectstore::ManagedObjectContext& context) {
+    const auto owner = context.insert<Task>();
+    owner->setId(deleted.id);
+    owner->setCreationDate(deleted.creationDate);
+    owner->setName(deleted.name);
+    for (const DeletedTask::Interval& each : deleted.intervals) {
+        const auto interval = context.insert<Interval>();
+        interval->setId(each.id);
+        interval->setCreationDate(each.creationDate);
+        interval->setDuration(each.duration);
+        interval->setMaxDuration(each.maxDuration);
+        if (each.rawState) {
+            const auto rawState = context.insert<RawIntervalState>();
+            rawState->setState(each.rawState->state);
+            rawState->setStarted(each.rawState->started);
+            rawState->setVisited(each.rawState->visited);
+            interval->setRawState(rawState.get());
+        }
+        owner->addIntervalsObject(*interval);
+    }
+    for (const DeletedTask::Note& each : deleted.notes) {
+        const auto note = context.insert<Note>();
+        note->setId(each.id);
+        note->setCreationDate(each.creationDate);
+        note->setText(each.text);
+        owner->addNotesObject(*note);
+    }
 }
 
 }  // namespace hearthmark::store

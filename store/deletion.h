@@ -11,6 +11,10 @@
 #include "base/date.h"
 #include "base/uuid.h"
 
+namespace hearthmark::objectstore {
+class ManagedObjectContext;
+}
+
 namespace hearthmark::store {
 
 class Interval;
@@ -55,6 +59,9 @@ struct DeletedTask {
 
 // Before it is deleted: afterwards it has no intervals and notes.
 DeletedTask deletedTask(const Task& task);
+
+// As new objects, which are not saved yet.
+void putBack(const DeletedTask& deleted, objectstore::ManagedObjectContext& context);
 
 // An interval or a note that was taken out of its task's set. It lives on in the store.
 struct TakenInterval {

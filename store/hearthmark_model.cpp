@@ -12,7 +12,7 @@ namespace {
 
 // "Hthm" in ASCII.
 constexpr std::int32_t kApplicationId = 0x4874686d;
-// Goes up with every change of a table, together with a way to bring older files along.
+// Goes up with every new attribute.
 constexpr std::int32_t kVersion = 1;
 
 }  // namespace

@@ -34,11 +34,31 @@ std::filesystem::path homeDirectory() {
     return account != nullptr ? account->pw_dir : "/";
 }
 
+std::string adviceOf(const StoreBackups& backups) {
+    const auto backup = backups.newestGood();
+    const std::string setAside = backups.setAsideCommand();
+    if (!backup) {
+        return "\nThere is no good backup. This command sets aside what is there, for a new "
+               "beginning:"
+               "\n    " +
+               setAside;
+    }
+    return "\nThe newest good backup is " + backup->file.string() +
+           ". This command restores it, and sets aside what is there:\n    " + setAside + " && " +
+           backups.restoreCommand(*backup);
+}
+
 }  // namespace
 
 PersistentContainerFactory::PersistentContainerFactory(std::filesystem::path directory,
                                                        base::FatalErrorHandler fatal)
     : directory_(std::move(directory)), fatal_(std::move(fatal)) {}
+
+PersistentContainerFactory::PersistentContainerFactory(std::shared_ptr<const StoreBackups> backups,
+                                                       base::FatalErrorHandler fatal)
+    : directory_(backups->storeDirectory()),
+      backups_(std::move(backups)),
+      fatal_(std::move(fatal)) {}
 
 std::shared_ptr<objectstore::PersistentContainer> PersistentContainerFactory::makeContainer()
     const {
@@ -47,7 +67,10 @@ std::shared_ptr<objectstore::PersistentContainer> PersistentContainerFactory::ma
     try {
         container->loadPersistentStores();
     } catch (const objectstore::StoreError& error) {
-        fatal_(unresolvedLoadError(error));
+        fatal_(unresolvedLoadError(error) + (backups_ ? adviceOf(*backups_) : ""));
+    }
+    if (backups_) {
+        backups_->keepDaily();
     }
     return container;
 }

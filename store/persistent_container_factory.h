@@ -8,6 +8,7 @@
 #include "base/fatal_error.h"
 #include "objectstore/persistent_container.h"
 #include "objectstore/store_error.h"
+#include "store/store_backups.h"
 
 namespace hearthmark::store {
 
@@ -20,15 +21,20 @@ class PersistentContainerFactoryProtocol {
 };
 
 // The one of the running program: the store file in a directory. A store that cannot be loaded ends
-// the program; there is no retry and no substitute.
+// the program, with the newest good backup named in its message; there is no retry and no
+// substitute. One that can is backed up, before anything changes it.
 class PersistentContainerFactory final : public PersistentContainerFactoryProtocol {
  public:
+    // Without backups none is made, and none is named.
     PersistentContainerFactory(std::filesystem::path directory, base::FatalErrorHandler fatal);
+    PersistentContainerFactory(std::shared_ptr<const StoreBackups> backups,
+                               base::FatalErrorHandler fatal);
 
     std::shared_ptr<objectstore::PersistentContainer> makeContainer() const override;
 
  private:
     std::filesystem::path directory_;
+    std::shared_ptr<const StoreBackups> backups_;
     base::FatalErrorHandler fatal_;
 };
 

@@ -9,8 +9,17 @@ Item {
 
     required property HomeAdapter home
 
-    // Below the button that asks for it, flush with its outer side.
+    property Item menuButton
+
     function openMenu(button: Item) {
+        root.menuButton = button;
+        root.home.startAtLogin.refresh();
+        root.showMenu();
+    }
+
+    // Below the button that asks for it, flush with its outer side.
+    function showMenu() {
+        const button = root.menuButton;
         menu.popup(button, button.LayoutMirroring.enabled ? 0 : button.width - Theme.menuWidth, button.height, aboutItem);
     }
 
@@ -32,6 +41,15 @@ Item {
             updates: root.home.updates
         }
 
+        StartAtLoginView {
+            startAtLogin: root.home.startAtLogin
+        }
+
+        ContextMenuItem {
+            text: qsTr("Restore from a backup…")
+            onTriggered: restore.open()
+        }
+
         ContextMenuItem {
             text: qsTr("Keyboard Shortcuts")
             shortcutText: "F1"
@@ -45,6 +63,15 @@ Item {
         }
     }
 
+    // The menu comes back with the reason.
+    Connections {
+        target: root.home.startAtLogin
+
+        function onFailed() {
+            root.showMenu();
+        }
+    }
+
     AddTaskSheet {
         visible: root.home.addTask !== null
         adapter: root.home.addTask
@@ -55,6 +82,12 @@ Item {
         id: about
 
         about: root.home.about
+    }
+
+    RestoreSheet {
+        id: restore
+
+        adapter: root.home.restore
     }
 
     ShortcutsSheet {

@@ -76,8 +76,8 @@ FocusScope {
         }
     }
 
-    // Of a task that changes sections. Those that make room for it jump: gliding, they would not follow
-    // its height when that changes on the way.
+    // Of a task that changes sections. Whatever makes room for it jumps, headers too: gliding, they would
+    // not follow its height when that changes on the way.
     Transition {
         id: shift
 
@@ -85,7 +85,7 @@ FocusScope {
 
         NumberAnimation {
             property: "y"
-            duration: Theme.motionDuration
+            duration: (shift.ViewTransition.item as TaskRow)?.isTask ? Theme.motionDuration : 0
             easing.type: Easing.OutCubic
         }
     }

@@ -3,6 +3,7 @@
 
 #include <QAccessible>
 #include <QQuickItem>
+#include <QVariant>
 // Qt 6.4 offers no public way to report a state of an item.
 #include <private/qaccessiblequickitem_p.h>
 #include <private/qquickitem_p.h>
@@ -11,8 +12,8 @@ namespace hearthmark::ui {
 
 namespace {
 
-// Also lets assistive programs write into the editors, open the rows' menus and ask how far a
-// progress bar is.
+// Also tells what can be checked, and lets assistive programs write into the editors, open the
+// rows' menus and ask how far a progress bar is.
 class Item final : public QAccessibleQuickItem, public QAccessibleEditableTextInterface {
  public:
     explicit Item(QQuickItem* item) : QAccessibleQuickItem(item) {
@@ -24,11 +25,21 @@ class Item final : public QAccessibleQuickItem, public QAccessibleEditableTextIn
         });
     }
 
+    // The platform tells of no menu item that it can be checked.
+    QAccessible::Role role() const override {
+        const QAccessible::Role role = QAccessibleQuickItem::role();
+        return role == QAccessible::MenuItem && checked().isValid() ? QAccessible::CheckBox : role;
+    }
+
     QAccessible::State state() const override {
         QAccessible::State state = QAccessibleQuickItem::state();
         // A text is never used, so it is not disabled either.
         const bool isText = role() == QAccessible::StaticText || role() == QAccessible::Heading;
         state.disabled = item()->isEnabled() || isText ? 0 : 1;
+        if (const QVariant isChecked = checked(); isChecked.isValid()) {
+            state.checkable = 1;
+            state.checked = isChecked.toBool() ? 1 : 0;
+        }
         return state;
     }
 
@@ -73,6 +84,9 @@ class Item final : public QAccessibleQuickItem, public QAccessibleEditableTextIn
     }
 
  private:
+    // Of a menu item that can be checked; invalid for other items. What the item says itself the
+    // template overwrites.
+    QVariant checked() const { return item()->property("isChecked"); }
     // Of DeletableRow.qml; negative for other items.
     int menuMethod() const { return item()->metaObject()->indexOfMethod("requestMenu()"); }
     bool hasMenu() const { return item()->isEnabled() && menuMethod() >= 0; }

@@ -34,6 +34,12 @@ void HomeAdapter::dismissAddSheet() {
     replaceAdapter<AddTaskAdapter>(addTask_, nullptr, [this] { emit addTaskChanged(); });
 }
 
+void HomeAdapter::startShortFocus() {
+    if (taskDetail_) {
+        taskDetail_->startShortFocus();
+    }
+}
+
 void HomeAdapter::setShown(bool isShown) {
     isShown_ = isShown;
     taskList_->setShown(isShown);

@@ -17,6 +17,8 @@
 #include "ui/appearance_adapter.h"
 #include "ui/focus_announcement_adapter.h"
 #include "ui/home_view_subviews_factory.h"
+#include "ui/restore_adapter.h"
+#include "ui/start_at_login_adapter.h"
 #include "ui/task_detail_adapter.h"
 #include "ui/task_list_adapter.h"
 #include "ui/undo_adapter.h"
@@ -43,6 +45,8 @@ class HomeAdapter final : public QObject {
     Q_PROPERTY(hearthmark::ui::AppearanceAdapter* appearance READ appearance CONSTANT FINAL)
     Q_PROPERTY(hearthmark::ui::FocusAnnouncementAdapter* focusAnnouncement READ focusAnnouncement
                    CONSTANT FINAL)
+    Q_PROPERTY(hearthmark::ui::RestoreAdapter* restore READ restore CONSTANT FINAL)
+    Q_PROPERTY(hearthmark::ui::StartAtLoginAdapter* startAtLogin READ startAtLogin CONSTANT FINAL)
     Q_PROPERTY(hearthmark::ui::UndoAdapter* undo READ undo CONSTANT FINAL)
     Q_PROPERTY(hearthmark::ui::UpdateAdapter* updates READ updates CONSTANT FINAL)
 
@@ -52,6 +56,8 @@ class HomeAdapter final : public QObject {
         std::unique_ptr<AboutAdapter> about;
         std::unique_ptr<AppearanceAdapter> appearance;
         std::unique_ptr<FocusAnnouncementAdapter> focusAnnouncement;
+        std::unique_ptr<RestoreAdapter> restore;
+        std::unique_ptr<StartAtLoginAdapter> startAtLogin;
         std::unique_ptr<UndoAdapter> undo;
         std::unique_ptr<UnseenFinishesAdapter> unseenFinishes;
         std::unique_ptr<UpdateAdapter> updates;
@@ -73,12 +79,16 @@ class HomeAdapter final : public QObject {
     AboutAdapter* about() const { return parts_.about.get(); }
     AppearanceAdapter* appearance() const { return parts_.appearance.get(); }
     FocusAnnouncementAdapter* focusAnnouncement() const { return parts_.focusAnnouncement.get(); }
+    RestoreAdapter* restore() const { return parts_.restore.get(); }
+    StartAtLoginAdapter* startAtLogin() const { return parts_.startAtLogin.get(); }
     UndoAdapter* undo() const { return parts_.undo.get(); }
     UnseenFinishesAdapter* unseenFinishes() const { return parts_.unseenFinishes.get(); }
     UpdateAdapter* updates() const { return parts_.updates.get(); }
 
     Q_INVOKABLE void displayAddSheet();
     Q_INVOKABLE void dismissAddSheet();
+    // On the selected task; where none is selected or no focus can start, nothing.
+    void startShortFocus();
     // Of all tasks' running intervals; where none runs, nothing.
     Q_INVOKABLE void finishNewest() const;
     Q_INVOKABLE void quit();

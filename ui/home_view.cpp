@@ -1,14 +1,15 @@
 // SPDX-License-Identifier: MIT
 #include "ui/home_view.h"
 
-#include <QCoreApplication>
 #include <QEvent>
+#include <QGuiApplication>
 #include <QQmlComponent>
 #include <QQuickWindow>
 #include <QScreen>
 #include <utility>
 
 #include "ui/symbol_provider.h"
+#include "ui/window_icon.h"
 
 namespace hearthmark::ui {
 
@@ -26,8 +27,13 @@ HomeView::HomeView(std::unique_ptr<HomeAdapter> adapter, WindowShouldClose windo
         qFatal("The main window cannot be made: %s", qUtf8Printable(component.errorString()));
     }
     window_->resize(window_->size().boundedTo(window_->screen()->availableSize()));
+    // A panel takes the icon also from a window that it shows already.
+    connect(
+        window_.get(), &QQuickWindow::frameSwapped, this,
+        [] { QGuiApplication::setWindowIcon(windowIcon()); },
+        static_cast<Qt::ConnectionType>(Qt::QueuedConnection | Qt::SingleShotConnection));
     connect(window_.get(), &QWindow::visibleChanged, adapter_.get(), &HomeAdapter::setShown);
-    QCoreApplication::instance()->installEventFilter(this);
+    QGuiApplication::instance()->installEventFilter(this);
 }
 
 HomeView::~HomeView() = default;
@@ -53,6 +59,14 @@ void HomeView::hide() {
         // Else the window manager looks for a place anew.
         window_->setFramePosition(place);
     }
+}
+
+void HomeView::displayAddSheet() {
+    adapter_->displayAddSheet();
+}
+
+void HomeView::startShortFocus() {
+    adapter_->startShortFocus();
 }
 
 void HomeView::requestAttention() {

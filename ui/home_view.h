@@ -26,6 +26,8 @@ class HomeView final : public QObject, public services::HomeViewProtocol {
 
     void show(const std::string& activationToken) override;
     void hide() override;
+    void displayAddSheet() override;
+    void startShortFocus() override;
     void requestAttention() override;
 
     bool eventFilter(QObject* watched, QEvent* event) override;

@@ -7,6 +7,7 @@
 #include "export/csv_task_share_serializer.h"
 #include "export/json_share_serializer.h"
 #include "platform/appcast_updater.h"
+#include "platform/autostart_entry.h"
 #include "platform/time_keeping_provider.h"
 #include "ui/home_adapter.h"
 
@@ -103,16 +104,19 @@ void measure(std::int64_t intervals, const std::string& name) {
     const OpenedStore opened(singleTaskStore(intervals, name));
     const store::Task& task = newestTask(opened);
     const auto view =
-        app::HomeViewFactory(opened.service, opened.liveDataFactory, opened.clock,
-                             std::make_shared<presentation::SelectedTaskId>(task.id()),
-                             [] { return std::make_shared<platform::TimeKeepingProvider>(); },
-                             {.clipboard = nullptr,
-                              .updater = std::make_shared<platform::AppcastUpdater>(
-                                  platform::AppcastUpdater::Configuration{}),
-                              .unseenFinishes = std::make_shared<services::UnseenFinishes>(),
-                              .appearance = std::make_shared<services::AppearancePreference>(),
-                              .calendar = std::make_shared<base::LocalCalendar>()},
-                             {}, {.windowShouldClose = [] { return true; }, .quit = [] {}})
+        app::HomeViewFactory(
+            opened.service, opened.liveDataFactory, opened.clock,
+            std::make_shared<presentation::SelectedTaskId>(task.id()),
+            [] { return std::make_shared<platform::TimeKeepingProvider>(); },
+            {.clipboard = nullptr,
+             .updater = std::make_shared<platform::AppcastUpdater>(
+                 platform::AppcastUpdater::Configuration{}),
+             .startAtLogin = std::make_shared<platform::AutostartEntry>(),
+             .unseenFinishes = std::make_shared<services::UnseenFinishes>(),
+             .appearance = std::make_shared<services::AppearancePreference>(),
+             .calendar = std::make_shared<base::LocalCalendar>(),
+             .backups = nullptr},
+            {}, {.windowShouldClose = [] { return true; }, .quit = [] {}, .restartRestored = [] {}})
             .makeHomeView();
     view->show({});
     auto& window = dynamic_cast<QQuickWindow&>(*QGuiApplication::allWindows().constFirst());

@@ -4,6 +4,7 @@ accessibility bus and the keyboard."""
 
 import contextlib
 import os
+import re
 import shutil
 import signal
 import sqlite3
@@ -13,7 +14,14 @@ import time
 import unittest
 import uuid
 
+from gi.repository import Gio, GLib
+
 EPOCH = 978307200  # 2001-01-01T00:00:00Z, from where the store counts
+# What a planted row means that does not name its columns, whatever else its table may have.
+COLUMNS = {"Task": "Task (pk, id, creationDate, name)",
+           "Interval": "Interval (pk, id, creationDate, duration, maxDuration, task)",
+           "RawIntervalState": "RawIntervalState (pk, state, started, visited, interval)",
+           "Note": "Note (pk, id, creationDate, text, task)"}
 
 
 def now():
@@ -26,8 +34,6 @@ def new_id():
 
 def wait_for(probe, what, seconds=10.0):
     """The first true value of the probe; probes of a changing tree may fail on the way."""
-    from gi.repository import GLib
-
     deadline = time.monotonic() + seconds
     while True:
         # What the accessibility library remembers of the tree is renewed by events.
@@ -151,7 +157,9 @@ class Program:
     def plant(self, *statements):
         with sqlite3.connect(self.file) as database:
             for statement in statements:
-                database.execute(*statement if isinstance(statement, tuple) else (statement,))
+                text, *values = statement if isinstance(statement, tuple) else (statement,)
+                database.execute(re.sub(r"(?<=INTO )(\w+)(?= VALUES)", lambda table: COLUMNS[table[0]],
+                                        text), *values)
         database.close()
 
     # The accessibility tree.
@@ -239,12 +247,10 @@ class ProgramTest(unittest.TestCase):
         self.program.launch().end()
         self.program.plant(*statements)
 
-    def task_with_interval(self, state, duration=0.0, maximum=1800.0, started=None, visited=None,
-                           task=1):
-        return [("INSERT OR IGNORE INTO Task VALUES (1, ?, 0, 'Planted')", (new_id(),)),
-                ("INSERT INTO Interval VALUES (1, ?, 0, ?, ?, ?)",
-                 (new_id(), duration, maximum, task)),
-                ("INSERT INTO RawIntervalState VALUES (1, ?, ?, ?, 1)", (state, started, visited))]
+    def task_with_interval(self, state, duration=0.0):
+        return [("INSERT INTO Task VALUES (1, ?, 0, 'Planted')", (new_id(),)),
+                ("INSERT INTO Interval VALUES (1, ?, 0, ?, 1800, 1)", (new_id(), duration)),
+                ("INSERT INTO RawIntervalState VALUES (1, ?, NULL, NULL, 1)", (state,))]
 
     def interval(self):
         return self.program.rows("SELECT i.duration, r.state, r.started, r.visited FROM Interval i"
@@ -253,8 +259,6 @@ class ProgramTest(unittest.TestCase):
 
 def connect(address):
     """A connection of its own to the bus."""
-    from gi.repository import Gio  # not before there is a bus
-
     flags = Gio.DBusConnectionFlags
     return Gio.DBusConnection.new_for_address_sync(
         address, flags.AUTHENTICATION_CLIENT | flags.MESSAGE_BUS_CONNECTION, None, None)
@@ -263,8 +267,6 @@ def connect(address):
 def serve(address, name, path, xml, answer, get_property=None):
     """A connection that has the name, with one object whose calls go to the function. They come while
     somebody waits by wait_for()."""
-    from gi.repository import Gio
-
     bus = connect(address)
     bus.register_object(path, Gio.DBusNodeInfo.new_for_xml(xml).interfaces[0], answer, get_property,
                         None)

@@ -9,6 +9,8 @@ import select
 import threading
 import time
 
+from gi.repository import Gio, GLib
+
 from driver import connect, serve, wait_for
 
 NOTIFICATIONS, NOTIFICATIONS_PATH = "org.freedesktop.Notifications", "/org/freedesktop/Notifications"
@@ -37,8 +39,6 @@ class Daemon:
     seconds."""
 
     def __init__(self, manner="takes"):
-        from gi.repository import GLib  # not before there is a bus
-        self.glib, self.variant = GLib, GLib.Variant
         self.manner = manner
         self.called = self.answered = False
         self.taken = []  # when, and the arguments
@@ -48,7 +48,7 @@ class Daemon:
     def _answer(self, _bus, _sender, _path, _interface, *call):
         self.called = True
         if self.manner == "hangs":
-            self.glib.timeout_add_seconds(5, self._take, *call)
+            GLib.timeout_add_seconds(5, self._take, *call)
         elif self.manner == "refuses" or "show" in self.manner and call[0] == "Notify":
             call[-1].return_dbus_error("org.freedesktop.Notifications.Error.ExcessNotifications", "")
         else:
@@ -57,23 +57,21 @@ class Daemon:
     def _take(self, method, arguments, invocation):
         self.answered = True
         if method == "GetCapabilities":
-            invocation.return_value(self.variant("(as)", (["actions", "body", "body-markup", "sound"],)))
+            invocation.return_value(GLib.Variant("(as)", (["actions", "body", "body-markup", "sound"],)))
         else:
             self.taken.append((time.monotonic(), arguments.unpack()))
-            invocation.return_value(self.variant("(u)", (len(self.taken),)))
-        return self.glib.SOURCE_REMOVE
+            invocation.return_value(GLib.Variant("(u)", (len(self.taken),)))
+        return GLib.SOURCE_REMOVE
 
     def emit(self, name, signature, *arguments):
         self.bus.emit_signal(None, NOTIFICATIONS_PATH, NOTIFICATIONS, name,
-                             self.variant(signature, arguments))
+                             GLib.Variant(signature, arguments))
 
 
 class Panel:
     """Takes items and notes what they tell."""
 
     def __init__(self):
-        from gi.repository import GLib  # not before there is a bus
-        self.variant = GLib.Variant
         self.item = None
         self.told = []  # when, which signal, with what
         self.bus = serve(os.environ["DBUS_SESSION_BUS_ADDRESS"], WATCHER, "/StatusNotifierWatcher",
@@ -93,7 +91,7 @@ class Panel:
         path = "/StatusNotifierItem" + ("/Menu" if interface == MENU else "")
         target = "org.freedesktop.DBus.Properties" if method == "Get" else interface
         return self.bus.call_sync(self.item, path, target, method,
-                                  self.variant(signature, arguments), None, 0, 5000).unpack()
+                                  GLib.Variant(signature, arguments), None, 0, 5000).unpack()
 
     def get(self, name):
         return self.call(ITEM, "Get", "(ss)", ITEM, name)[0]
@@ -106,8 +104,6 @@ class Logind:
     """Notes who delays sleep, and tells of it."""
 
     def __init__(self):
-        from gi.repository import Gio, GLib  # not before there is a bus
-        self.gio, self.variant = Gio, GLib.Variant
         self.lock = None  # closed at its other end when the program lets go
         self.bus = serve(os.environ["DBUS_SYSTEM_BUS_ADDRESS"], LOGIND, LOGIND_PATH, LOGIND_XML,
                          self._inhibit)
@@ -116,23 +112,21 @@ class Logind:
         what, who, _why, mode = arguments.unpack()
         assert (what, who, mode) == ("sleep", "Hearthmark", "delay")
         self.lock, theirs = os.pipe()
-        descriptors = self.gio.UnixFDList.new()
+        descriptors = Gio.UnixFDList.new()
         descriptors.append(theirs)
         os.close(theirs)
-        invocation.return_value_with_unix_fd_list(self.variant("(h)", (0,)), descriptors)
+        invocation.return_value_with_unix_fd_list(GLib.Variant("(h)", (0,)), descriptors)
 
     def is_delayed(self):
         return self.lock is not None and not select.select([self.lock], [], [], 0)[0]
 
     def tell(self, is_starting):
         self.bus.emit_signal(None, LOGIND_PATH, LOGIND_MANAGER, "PrepareForSleep",
-                             self.variant("(b)", (is_starting,)))
+                             GLib.Variant("(b)", (is_starting,)))
 
 
 def start_session_bus(desktop, name):
     """A session bus that may die, since the accessibility bus to which it leads stays."""
-    from gi.repository import GLib
-
     address = os.environ["DBUS_SESSION_BUS_ADDRESS"] = desktop.start_bus(name)
     answer = GLib.Variant("(s)", (desktop.accessibility_bus,))
     serve(address, "org.a11y.Bus", "/org/a11y/bus",
@@ -171,7 +165,6 @@ class Questions(threading.Thread):
         self.seconds = []
 
     def _ask(self, interface, method, signature, *arguments, to=None):
-        from gi.repository import GLib
         return self.bus.call_sync(to or interface, "/org/a11y/atspi/accessible/root", interface, method,
                                   GLib.Variant(signature, arguments), None, 0, 20000, None).unpack()
 

@@ -43,13 +43,22 @@ class NotesAndShare(ProgramTest):
     def wait_for_rows(self, *names):
         wait_for(lambda: self.program.names("Intervals and notes")[-len(names):] == [*names], names)
 
-    def test_a_note_is_stored_without_the_blanks_around_it_and_shown_first(self):
+    def test_a_note_is_stored_without_the_blanks_around_it_and_a_blank_one_not_at_all(self):
         program = self.show_task("Old", intervals=3)
         program.press("Add Note")
         self.wait_for_rows("1:00/30:00", "Notes", "Note", "Save", "Discard", "Old")
+        set_clipboard(BLANKS)
+        key("ctrl+v")
+        self.wait_for_typed(BLANKS)
+        program.press("Save")
+        # What is not empty does not go by Escape.
+        key("ctrl+Return", "Escape", "x", "ctrl+shift+n", "Escape", "y")
+        self.wait_for_typed(BLANKS + "xy")
+        key("ctrl+a", "BackSpace", "Escape")
+        program.find("Add Note")
         text = f"first  line\u2028\u00a0{WRITINGS}\n\n\tend."
         set_clipboard(BLANKS + text + BLANKS)
-        key("ctrl+v")
+        key("ctrl+shift+n", "ctrl+v")
         self.wait_for_typed(BLANKS + text + BLANKS)
         program.press("Save")
         self.wait_for_rows("1:00/30:00", "Notes", "Add Note", text, "Old")
@@ -59,22 +68,6 @@ class NotesAndShare(ProgramTest):
         self.assertEqual(stored, text)
         key("Return", "Y", "ctrl+Return")  # from the button, where the keyboard was left
         self.wait_for_rows("Notes", "Add Note", "Y", text, "Old")
-
-    def test_only_an_empty_note_goes_by_escape_and_a_blank_one_is_not_saved(self):
-        program = self.show_task()
-        for blanks in [" ", "\n\n", BLANKS]:
-            set_clipboard(blanks)
-            key("ctrl+shift+n", "ctrl+v")
-            self.wait_for_typed(blanks)
-            program.press("Save")
-            key("ctrl+Return", "Escape", "x", "ctrl+shift+n", "Escape", "y")
-            self.wait_for_typed(blanks + "xy")
-            key("ctrl+a", "BackSpace", "Escape")
-            program.find("Add Note")
-        key("ctrl+shift+n", "x")
-        program.press("Discard")
-        program.find("Add Note")
-        self.assertEqual(program.rows("SELECT * FROM Note"), [])
 
     def test_marked_text_is_copied_and_not_deleted(self):
         long = "\n".join(map(str, range(600)))
@@ -115,23 +108,13 @@ class NotesAndShare(ProgramTest):
         program.find("Add Note")
         self.assertEqual(program.rows("SELECT text FROM Note WHERE task = 1"), [("New",)])
 
-    def test_the_editor_is_brought_on_screen_and_takes_keys_out_of_sight(self):
-        program = self.show_task(*map(str, range(200)), intervals=300)
-        key("ctrl+shift+n")
-        click(program.find("Note", "text"))
-        key("x")
-        xdotool("click", "--repeat", 50, 5)
-        wait_for(lambda: not program.find_all("Note"), "the editor to scroll away")
-        type_text("yz")
-        self.wait_for_typed("xyz")
-
     def test_what_the_keyboard_acts_on_is_brought_on_screen(self):
         def wait_until_visible(name):
             place = extents(program.find("Intervals and notes", "list"))
             wait_for(lambda: extents(program.find(name)).y + extents(program.find(name)).height
                      <= place.y + place.height, f"{name!r} on screen")
 
-        program = self.show_task("Old", intervals=5)
+        program = self.show_task(*map(str, range(200)), intervals=300)
         program.resize(900, 620)
         set_clipboard("line\n" * 60)
         for change in ["ctrl+v", "ctrl+z", "ctrl+shift+z", "ctrl+Return"]:
@@ -144,22 +127,39 @@ class NotesAndShare(ProgramTest):
         wait_for(lambda: not program.find_all("Add Note"), "the button to scroll away")
         key("ctrl+shift+n", "Tab")
         wait_until_visible("Save")
+        click(program.find("Note", "text"))
+        key("x")
+        xdotool("click", "--repeat", 50, 5)
+        wait_for(lambda: not program.find_all("Note"), "the editor to scroll away")
+        type_text("yz")  # which it takes out of sight, and comes back
+        self.wait_for_typed("xyz")
 
     def test_a_copy_is_exact_and_stays_when_the_window_is_hidden(self):
         name = f'a "b", c/d\\e\nf\r\ng\th\u0001\u007f\u2028{WRITINGS}'
         program = self.show_task(name, "", None, name=name, intervals=2)
         program.rows(f"VACUUM INTO '{program.data}/Hearthmark.sqlite'")
         subprocess.run([EXPORT_WRITER, program.data, program.data], check=True)
-        for copy in [lambda: program.press("Copy"), lambda: key("ctrl+c"),
-                     lambda: key("ctrl+a", "ctrl+c", "Escape")]:
+        def share(tab):
+            program.press("Share")
+            press(program.find(tab, "page tab"))
+            program.find(tab, "list")
+            return Path(program.data, f"1.{tab.lower()}").read_bytes()
+
+        def assert_copied(text):
+            wait_for(lambda: not program.find_all("Copy"), "the sheet to close")
+            self.assertEqual(clipboard(), text)
+
+        finish = program.find("Finish")
+        for copy in [lambda: program.press("Copy"), lambda: key("ctrl+a", "ctrl+c", "Escape")]:
             for tab in ["JSON", "CSV"]:
-                program.press("Share")
-                press(program.find(tab, "page tab"))
-                program.find(tab, "list")
+                text = share(tab)
                 copy()
-                wait_for(lambda: not program.find_all("Copy"), "the sheet to close")
-                text = Path(program.data, f"1.{tab.lower()}").read_bytes()
-                self.assertEqual(clipboard(), text)
+                assert_copied(text)
+        text = share("JSON")
+        press(finish)
+        wait_for(lambda: self.interval()[1] == 2, "a change that is not shown, so not copied")
+        key("ctrl+c")
+        assert_copied(text)
         key("alt+F4")
         wait_for(lambda: not program.find_all("Share"), "the window to hide")
         self.assertEqual(clipboard(), text)

@@ -2,7 +2,7 @@
 # SPDX-License-Identifier: MIT
 """Compares the exports of random tasks with what SQLite reads: compare_exports.py <export_writer>
 
-Two other programs must accept the JSON, and it must say what the rows say; the CSV must be the text
+Two other readers must accept the JSON, and it must say what the rows say; the CSV must be the text
 that is made here. Intervals may come in any order, and so may notes.
 """
 
@@ -18,8 +18,9 @@ from decimal import Decimal
 from pathlib import Path
 
 TASKS = 1000
-NUMBERS = [0.1 + 0.2, 5e-324, 1.7976931348623157e308, 2**53 + 1, 1e16, 9999999999999998.0, 1e-5,
+NUMBERS = [-0.0, 0.1 + 0.2, 5e-324, 1.7976931348623157e308, 2**53 + 1, 1e16, 9999999999999998.0, 1e-5,
            9.999999999999999e-6, 725760000.123, *range(1000)]
+DATES = [252423993599.5, 252423993600.0, -63113904000.0, -63113904000.5, 9.99e17, 1e18, -1e300]
 PIECES = ['"', '""', ",", "/", "\\", "\n", "\r\n", "\t", "\0", "\b\f", "\x1b", "\x7f", "\u2028",
           "\ufeff", "\uffff", "\U0010ffff", "🍅", "👩‍👧", "שלום", "\u202eمرحبا", "e\u0301", "word", " "]
 HEADER = ("id,creationDate,name,interval.id,interval.creationDate,interval.duration,interval.maxDuration,"
@@ -34,7 +35,7 @@ def plant(database, dice):
     numbers = [*NUMBERS, *(dice.uniform(0, 1e9) for _ in range(1000))]
     numbers += [10 ** dice.uniform(*exponents) for exponents in [(-7, 18), (-320, 308)] * 500]
     numbers += [-number for number in numbers]
-    dates = [*(number for number in numbers if abs(number) < 1e18), *[None] * 500]
+    dates = [*DATES * 50, *(number for number in numbers if abs(number) < 1e18), *[None] * 500]
     ids = [str(uuid.UUID(int=dice.getrandbits(128))) for _ in range(500)]
     ids += [*(text.upper() for text in ids), *[None] * 100]
     texts = [*("".join(dice.choices(PIECES, k=size % 8)) for size in range(1000)), *[None] * 100]
@@ -65,7 +66,7 @@ def csv_of(task, intervals, notes):
         return f"{Decimal(repr(value)):f}" if value == 0 or 1e-5 <= abs(value) < 1e16 else repr(value)
 
     def date(value):
-        if value is None:
+        if value is None or abs(value) >= 1e18:
             return ""
         days, second = divmod(int(value // 1), 86400)
         cycles, day = divmod(days, 146097)  # after 400 years the calendar repeats
@@ -105,6 +106,5 @@ with tempfile.TemporaryDirectory() as root:
         [task], *sets = [database.execute(query, [key]).fetchall() for query in QUERIES]
         documents.append(Path(root, f"{key}.json").read_bytes().decode())
         check(documents[-1], Path(root, f"{key}.csv").read_bytes().decode(), task, *sets)
-for command, text in [(["jq", "--slurp"], "".join(documents)),
-                      ([sys.executable, "-m", "json.tool"], f"[{','.join(documents)}]")]:
-    assert len(json.loads(subprocess.check_output(command, input=text.encode()))) == TASKS, command
+accepted = subprocess.check_output(["jq", "--slurp", "length"], input="".join(documents).encode())
+assert int(accepted) == TASKS, accepted

@@ -11,19 +11,7 @@
 #include "export/json_share_serializer.h"
 #include "store/persistent_container_factory.h"
 
-namespace {
-
 using namespace hearthmark;
-
-void write(const std::filesystem::path& file, const std::string& text) {
-    std::ofstream stream(file, std::ios::binary);
-    stream << text << std::flush;
-    if (!stream) {
-        throw std::runtime_error(file);
-    }
-}
-
-}  // namespace
 
 int main(int argc, char** argv) {
     if (argc != 3) {
@@ -34,7 +22,9 @@ int main(int argc, char** argv) {
     const std::filesystem::path output = argv[2];
     for (const store::Task& task : container->viewContext().objects<store::Task>()) {
         const std::string name = std::to_string(task.key());
-        write(output / (name + ".json"), exporting::JSONShareSerializer().serialize(task));
-        write(output / (name + ".csv"), exporting::CSVTaskShareSerializer().serialize(task));
+        std::ofstream(output / (name + ".json"))
+            << exporting::JSONShareSerializer().serialize(task);
+        std::ofstream(output / (name + ".csv"))
+            << exporting::CSVTaskShareSerializer().serialize(task);
     }
 }

@@ -44,7 +44,7 @@ const Texts kForeignSchemas{
     "DROP TABLE Interval; CREATE VIEW Interval AS SELECT *, pk AS task FROM Task",
     "CREATE TABLE t AS SELECT * FROM Task; DROP TABLE Task; ALTER TABLE t RENAME TO Task",
     "CREATE TRIGGER a BEFORE UPDATE ON RawIntervalState BEGIN SELECT RAISE(ABORT, ''); END",
-    "PRAGMA user_version = 2"};
+    "PRAGMA user_version = 1000"};
 
 std::string hex(const std::string& bytes) {
     std::string digits;

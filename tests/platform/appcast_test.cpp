@@ -21,12 +21,7 @@ QByteArray feed(const QByteArray& items) {
 }
 
 TEST(Appcast, FindsTheNewestVersionThatIsHigherAndCanBeInstalled) {
-    struct Row {
-        QByteArray feed;
-        AppcastVerdict verdict;
-        const char* version;
-    };
-    const std::vector<Row> rows = {
+    const std::vector<std::tuple<QByteArray, AppcastVerdict, const char*>> rows = {
         {feed(item("1.9") + item("1.10.1") + item("1.10")), newer, "1.10.1"},
         {feed(item("1.2.0") + item("1.1.9") + item("0.9")), upToDate, ""},
         {feed(item("v2") + item("2.-1") + item("2.+1") + item("2..1") + item("")), upToDate, ""},
@@ -47,10 +42,10 @@ TEST(Appcast, FindsTheNewestVersionThatIsHigherAndCanBeInstalled) {
         {"<html><channel>" + item("1.4") + "</channel></html>", unreadable, ""},
         {"", unreadable, ""},
     };
-    for (const auto& row : rows) {
-        const AppcastReading reading = readAppcast(row.feed, QStringLiteral("1.2"));
-        EXPECT_EQ(reading.verdict, row.verdict) << row.feed.toStdString();
-        EXPECT_EQ(reading.item.version, row.version) << row.feed.toStdString();
+    for (const auto& [text, verdict, version] : rows) {
+        const AppcastReading reading = readAppcast(text, QStringLiteral("1.2"));
+        EXPECT_EQ(reading.verdict, verdict) << text.toStdString();
+        EXPECT_EQ(reading.item.version, version) << text.toStdString();
     }
 }
 

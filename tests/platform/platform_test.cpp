@@ -1,92 +1,48 @@
 // SPDX-License-Identifier: MIT
 #include <gtest/gtest.h>
-#include <sys/wait.h>
-#include <unistd.h>
 
 #include <QCoreApplication>
 #include <QElapsedTimer>
 #include <QEventLoop>
-#include <array>
 #include <chrono>
-#include <csignal>
-#include <filesystem>
+#include <limits>
 #include <memory>
-#include <optional>
 
 #include "platform/instance_lock.h"
 #include "platform/portal_settings.h"
+#include "platform/status_icon.h"
 #include "platform/time_keeping_provider.h"
-#include "support/test_store.h"
 
 namespace hearthmark::platform {
 namespace {
 
 using namespace std::chrono_literals;
 
-class TimeKeepingProviderTest : public testing::Test {
- protected:
+TEST(TimeKeepingProvider, FiresAfterEachIntervalUntilItIsStoppedAlsoByItsOwnAction) {
     int argc = 0;
-    QCoreApplication application{argc, nullptr};
+    QCoreApplication application(argc, nullptr);
     TimeKeepingProvider provider;
     QEventLoop loop;
-};
-
-TEST_F(TimeKeepingProviderTest, FiresFirstAfterOneIntervalAndThenAtEach) {
     QElapsedTimer elapsed;
-    std::vector<qint64> firings;
     elapsed.start();
-    // The handle is dropped at once: the timer goes on.
-    provider.makeTimer(20ms, services::Repeats::yes, [&] {
-        firings.push_back(elapsed.elapsed());
-        if (firings.size() == 3) {
-            loop.quit();
-        }
-    });
-    EXPECT_TRUE(firings.empty());
-    loop.exec();
-    EXPECT_GE(firings[0], 19);
-    EXPECT_GE(firings[2], 59);
-}
-
-TEST_F(TimeKeepingProviderTest, StopsForGoodAlsoFromItsOwnAction) {
-    int stopped = 0;
+    std::vector<qint64> firings;
     int once = 0;
     std::shared_ptr<services::TimeKeeping> timer;
-    timer = provider.makeTimer(1ms, services::Repeats::yes, [&] {
-        ++stopped;
-        timer->invalidate();
-        timer->invalidate();
+    timer = provider.makeTimer(20ms, services::Repeats::yes, [&] {
+        firings.push_back(elapsed.elapsed());
+        if (firings.size() == 3) {
+            timer->invalidate();
+            timer->invalidate();
+        }
     });
-    const auto single = provider.makeTimer(1ms, services::Repeats::no, [&] { ++once; });
-    provider.makeTimer(50ms, services::Repeats::no, [this] { loop.quit(); });
+    // The handles are dropped at once: the timers go on.
+    provider.makeTimer(1ms, services::Repeats::no, [&once] { ++once; });
+    provider.makeTimer(150ms, services::Repeats::no, [&loop] { loop.quit(); });
     loop.exec();
-    EXPECT_EQ(stopped, 1);
+    ASSERT_EQ(firings.size(), 3);
+    EXPECT_GE(firings[0], 19);
+    EXPECT_GE(firings[2], 59);
     EXPECT_EQ(once, 1);
-}
-
-TEST(InstanceLock, IsHeldByOneAndFreedByItsEnd) {
-    const tests::TemporaryDirectory directory;
-    const std::filesystem::path store = directory.path / "new" / "Hearthmark";
-    {
-        const InstanceLock first(store);
-        EXPECT_EQ(first.state(), InstanceLock::State::held);
-        EXPECT_EQ(InstanceLock(store).state(), InstanceLock::State::heldByAnother);
-        EXPECT_EQ(std::filesystem::status(store).permissions(), std::filesystem::perms::owner_all);
-    }
-    std::array<int, 2> ready{};
-    ASSERT_EQ(::pipe(ready.data()), 0);
-    const pid_t child = ::fork();
-    if (child == 0) {
-        const InstanceLock held(store);
-        (void)::write(ready[1], "x", 1);
-        ::pause();
-    }
-    char byte = 0;
-    ASSERT_EQ(::read(ready[0], &byte, 1), 1);
-    EXPECT_EQ(InstanceLock(store).state(), InstanceLock::State::heldByAnother);
-    ::kill(child, SIGKILL);
-    ::waitpid(child, nullptr, 0);
-    EXPECT_EQ(InstanceLock(store).state(), InstanceLock::State::held);
 }
 
 TEST(InstanceLock, TellsWhyItFailed) {
@@ -96,35 +52,48 @@ TEST(InstanceLock, TellsWhyItFailed) {
 }
 
 TEST(PortalSettings, AreDarkAndStillAsTheDesktopPrefers) {
+    constexpr auto kPortal = "org.freedesktop.appearance";
+    constexpr auto kOlder = "org.gnome.desktop.interface";
     struct Row {
         const char* group;
         const char* key;
         QVariant value;
-        services::Appearance expected;
+        bool isDark;
+        bool isStill;
     };
     PortalSettings settings;
-    for (const Row& row : std::vector<Row>{
-             {"org.freedesktop.appearance", "color-scheme", 0U, {.isDark = true}},
-             {"org.freedesktop.appearance", "color-scheme", 2U, {.isDark = false}},
-             {"org.gnome.desktop.interface", "color-scheme", "prefer-dark", {.isDark = false}},
-             {"org.freedesktop.appearance", "color-scheme", 1U, {.isDark = true}},
-             {"org.freedesktop.appearance",
-              "reduced-motion",
-              1U,
-              {.isDark = true, .isStill = true}},
-             {"org.gnome.desktop.interface",
-              "enable-animations",
-              true,
-              {.isDark = true, .isStill = true}},
-             {"org.freedesktop.appearance", "reduced-motion", 0U, {.isDark = true}},
-             {"org.gnome.desktop.interface",
-              "enable-animations",
-              false,
-              {.isDark = true, .isStill = true}}}) {
+    for (const Row& row : std::vector<Row>{{kPortal, "color-scheme", 0U, true, false},
+                                           {kPortal, "color-scheme", 2U, false, false},
+                                           {kOlder, "color-scheme", "prefer-dark", false, false},
+                                           {kPortal, "color-scheme", 1U, true, false},
+                                           {kPortal, "reduced-motion", 1U, true, true},
+                                           {kOlder, "enable-animations", true, true, true},
+                                           {kPortal, "reduced-motion", 0U, true, false},
+                                           {kOlder, "enable-animations", false, true, true}}) {
         EXPECT_TRUE(PortalSettings::groups().contains(row.group));
         settings.take(row.group, row.key, row.value);
         constexpr bool kIsPaletteDark = true;
-        EXPECT_EQ(settings.appearance(kIsPaletteDark), row.expected) << row.key;
+        const services::Appearance expected{.isDark = row.isDark, .isStill = row.isStill};
+        EXPECT_EQ(settings.appearance(kIsPaletteDark), expected) << row.key;
+    }
+}
+
+TEST(StatusIcon, TellsTimeLeftRoundedUpAndTimeSpentRoundedDown) {
+    struct Row {
+        double spent = 0;
+        double maximum = 0;
+        StatusIconState state;
+    };
+    for (const Row& row :
+         {Row{0, 1800, {"30", 24}}, Row{1, 1800, {"30", 24}}, Row{60, 1800, {"29", 24}},
+          Row{119, 1800, {"29", 24}}, Row{899, 1800, {"16", 13}}, Row{1799.9, 1800, {"1", 1}},
+          Row{1800, 1800, {"0", 0}}, Row{9999, 1800, {"0", 0}}, Row{0, 5, {"1", 24}},
+          Row{60, 6000, {"99", 24}}, Row{0, 6000, {"2h", 24}}, Row{59, 0, {"0", {}}},
+          Row{5999, 0, {"99", {}}}, Row{6000, 0, {"1h", {}}}, Row{1e300, 0, {"99h", {}}},
+          Row{0, std::numeric_limits<double>::quiet_NaN(), {"99h", 24}}}) {
+        EXPECT_EQ(statusIconState({{"", base::Seconds(row.spent), base::Seconds(row.maximum)}}),
+                  row.state)
+            << row.spent << " of " << row.maximum;
     }
 }
 

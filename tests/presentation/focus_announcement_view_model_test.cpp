@@ -24,74 +24,56 @@ TEST(FocusAnnouncementViewModel, SaysEachStartAndFinishOnceAndNothingElse) {
     model->startObserving(*store.liveData);
 
     const base::Uuid taskId = *letters.id();
-    base::Uuid second = base::Uuid::random();
+    base::Uuid latest = base::Uuid::random();
     const auto start = [&](base::Seconds maximum) {
-        second = *store
-                      .addInterval(store.first<store::Task>(), IntervalState::running(at(1000)), 0s,
-                                   maximum)
-                      .id();
+        auto& task = store.first<store::Task>();
+        latest = *store.addInterval(task, IntervalState::running(at(1000)), 0s, maximum).id();
     };
-    const auto undo = [&] { store.service->undo(*store.service->latestDeletion().value()); };
     const auto tick = [&](double now) {
         store.clock->time = at(now);
         store.service->finishDueIntervals();
     };
-    struct Row {
-        std::string change;
-        std::function<void()> make;
-        std::vector<std::string> told;
+    const auto undo = [&] { store.service->undo(*store.service->latestDeletion().value()); };
+    // What is told meanwhile; it stands until its timer fires.
+    const auto toldWhen = [&](const std::function<void()>& change) {
+        told.clear();
+        change();
+        std::vector<std::string> all = std::exchange(told, {});
+        timers->fire();
+        EXPECT_EQ(told, std::vector<std::string>(all.empty() ? 0 : 1));
+        EXPECT_EQ(timers->validTimers(), 0);
+        return all;
     };
-    const std::string started = "Focus started: Letters, 30:00";
-    for (const Row& row : std::vector<Row>{
-             {"launch", [] {}, {}},
-             {"start", [&] { start(1800s); }, {"", started}},
-             {"tick", [&] { tick(1064); }, {}},
-             {"stamp", [&] { store.service->markRunningIntervalsVisited(at(1064)); }, {}},
-             {"sleep", [&] { store.service->excludeTime(at(1064), at(1064)); }, {}},
-             {"pause", [&] { store.service->pauseRunningIntervals(); }, {}},
-             {"resume", [&] { store.service->resumePausedIntervals(); }, {}},
-             {"delete", [&] { store.service->deleteInterval(second, taskId); }, {}},
-             {"undo", undo, {}},
-             {"delete task", [&] { store.service->deleteTask(taskId); }, {}},
-             {"undo of it", undo, {}},
-             {"finish",
-              [&] {
-                  store.clock->time = at(1065);
-                  store.service->finishInterval(second, taskId);
-              },
-              {"", "Focus finished: Letters, 1:05"}},
-             {"two in a row",
-              [&] {
+    using Told = std::vector<std::string>;
+    EXPECT_EQ(told, Told()) << "what runs at the launch is not news";
+    EXPECT_EQ(toldWhen([&] { start(1800s); }), (Told{"", "Focus started: Letters, 30:00"}));
+    EXPECT_EQ(toldWhen([&] {
+                  tick(1064);
+                  store.service->markRunningIntervalsVisited(at(1064));
+                  store.service->excludeTime(at(1064), at(1064));
+                  store.service->pauseRunningIntervals();
+                  store.service->resumePausedIntervals();
+                  store.service->deleteInterval(latest, taskId);
+                  undo();
+                  store.service->deleteTask(taskId);
+                  undo();
+              }),
+              Told());
+    store.clock->time = at(1065);
+    EXPECT_EQ(toldWhen([&] { store.service->finishInterval(latest, taskId); }),
+              (Told{"", "Focus finished: Letters, 1:05"}));
+    EXPECT_EQ(toldWhen([&] {
                   start(0s);
                   start(1800s);
-              },
-              {"", "Focus started: Letters, 0", "", started}},
-             {"two at once",
-              [&] { tick(2800); },
-              {"", "Focus finished: Letters, 30:00\nFocus finished: Letters, 30:00"}},
-             {"finish of a deleted one",
-              [&] {
-                  start(3600s);
-                  told.clear();
-                  store.service->deleteInterval(second, taskId);
-                  tick(9000);
-              },
-              {}},
-             {"nothing known",
-              [&] {
-                  store.first<store::Task>().setName(std::nullopt);
-                  start(-1s);
-              },
-              {"", "Focus started: -, -"}}}) {
-        row.make();
-        EXPECT_EQ(told, row.told) << row.change;
-        told.clear();
-        const auto standing = model->announcement().value();
-        timers->fire();
-        EXPECT_EQ(told, std::vector<std::string>(standing.empty() ? 0 : 1)) << row.change;
-        EXPECT_EQ(timers->validTimers(), 0) << row.change;
-        told.clear();
-    }
+              }),
+              (Told{"", "Focus started: Letters, 0", "", "Focus started: Letters, 30:00"}));
+    EXPECT_EQ(toldWhen([&] { tick(2800); }),
+              (Told{"", "Focus finished: Letters, 30:00\nFocus finished: Letters, 30:00"}));
+    toldWhen([&] { start(3600s); });
+    store.service->deleteInterval(latest, taskId);
+    EXPECT_EQ(toldWhen([&] { tick(9000); }), Told()) << "of one that was deleted";
+    store.first<store::Task>().setName(std::nullopt);
+    EXPECT_EQ(toldWhen([&] { start(-1s); }), (Told{"", "Focus started: -, -"}));
 }
 
 }  // namespace hearthmark::presentation

@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <cstdlib>
 
 #include "support/test_store.h"
 
@@ -13,30 +14,13 @@ using namespace std::chrono_literals;
 using store::IntervalState;
 using tests::at;
 
-namespace {
-
 constexpr base::Seconds kDay = 24h;
-
-// Days of 24 hours from the reference date on, shifted as a time zone does.
-struct FakeCalendar final : base::Calendar {
-    std::vector<base::Date> dayStarts(base::Date now, int count) const override {
-        const auto today = std::floor((now.sinceReferenceDate() - shift) / kDay);
-        std::vector<base::Date> starts;
-        for (int day = 1 - count; day <= 1; ++day) {
-            starts.emplace_back((today + day) * kDay + shift);
-        }
-        return starts;
-    }
-
-    base::Seconds shift{0};
-};
-
-}  // namespace
 
 TEST(FocusOverviewViewModel, CountsEachIntervalOnTheLocalDayOfItsCreation) {
     tests::TestStore store;
     const auto timers = std::make_shared<tests::FakeTimeKeepingProvider>();
-    const auto calendar = std::make_shared<FakeCalendar>();
+    ::setenv("TZ", "UTC", 1);
+    const auto calendar = std::make_shared<base::LocalCalendar>();
     store.clock->time = at(20.5 * kDay.count());
     const auto on = [](double day) { return at(day * kDay.count()); };
     store::Task& one = store.addTask("one");
@@ -82,7 +66,7 @@ TEST(FocusOverviewViewModel, CountsEachIntervalOnTheLocalDayOfItsCreation) {
     store.clock->time = on(21.01);
     timers->fire();
     EXPECT_EQ(text(all), "2:00:00: 11=50/25 12=45/23 13=2:00:00/3600");
-    calendar->shift = 3h;
+    ::setenv("TZ", "<-03>3", 1);
     timers->fire();
     EXPECT_EQ(text(all), "2:00:15: 12=1:20/40 13=2:00:15/3600");
 }

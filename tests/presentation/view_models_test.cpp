@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <gtest/gtest.h>
 
+#include "presentation/undo_deletion_view_model.h"
 #include "presentation/view_model_factories.h"
 #include "support/shown_text.h"
 #include "support/test_store.h"
@@ -138,21 +139,16 @@ TEST_F(ViewModelTest, TheDetailShowsRunningIntervalsApartNewestFirst) {
 }
 
 TEST_F(ViewModelTest, TheDetailStartsAFocusReadingTheClockTwice) {
-    for (const char* expected :
-         {"1000.0|1001.0|NULL|0.0|1800.0", "1000.0|1001.0|NULL|0.0|3600.0"}) {
-        Task& task = store.addTask("a");
-        const auto model = makeDetail(task);
-        const auto view = *model->viewState().value();
+    store.clock->step = 1s;
+    for (const auto start : {&TaskDetailViewState::View::onStartShortFocusTap,
+                             &TaskDetailViewState::View::onStartLongFocusTap}) {
+        const auto model = makeDetail(store.addTask("a"));
         store.clock->time = at(1000);
-        store.clock->step = 1s;
-        call(std::string_view(expected).ends_with("1800.0") ? view.onStartShortFocusTap
-                                                            : view.onStartLongFocusTap);
-        EXPECT_EQ(store.sql("SELECT creationDate, started, visited, duration, maxDuration FROM "
-                            "Interval i JOIN RawIntervalState r ON r.interval = i.pk "
-                            "WHERE task = " +
-                            std::to_string(task.key())),
-                  expected);
+        call(model->viewState().value().value().*start);
     }
+    EXPECT_EQ(store.sql("SELECT task, creationDate, started, visited, duration, maxDuration FROM "
+                        "Interval i JOIN RawIntervalState r ON r.interval = i.pk"),
+              "1|1000.0|1001.0|NULL|0.0|1800.0 2|1000.0|1001.0|NULL|0.0|3600.0");
 }
 
 TEST_F(ViewModelTest, TheDetailDeletesOnlyTheIntervalOfARow) {
@@ -172,20 +168,54 @@ TEST_F(ViewModelTest, TheDetailDeletesOnlyTheIntervalOfARow) {
     call(action);
 }
 
-TEST_F(ViewModelTest, TheDetailShowsAPlaceholderOnceItsTaskIsGone) {
-    Task& task = store.addTask("a");
-    const auto model = makeDetail(task);
-    store.service->deleteTask(*task.id());
-    EXPECT_EQ(text(*model), "- - |");
-    call(model->viewState().value()->onStartShortFocusTap);
-    EXPECT_TRUE(store.context().objects<store::Interval>().empty());
-}
-
 TEST_F(ViewModelTest, AddTaskStoresTheNameTrimmedAndAnEmptyOneAsItIs) {
     const auto model = AddTaskVMFactory(store.service).makeViewModel();
     model->addTask(" \n two words\u00a0\r\n");
     model->addTask("   ");
     EXPECT_EQ(store.sql("SELECT quote(name) FROM Task"), "'two words' ''");
+}
+
+TEST_F(ViewModelTest, UndoOffersEachDeletionForTenSecondsTheLatestFirst) {
+    const auto model = std::make_shared<UndoDeletionViewModel>(store.service, timers, store.clock);
+    model->startObserving();
+    const auto offered = [&model] {
+        const auto& state = model->viewState().value();
+        return state ? state->text : "nothing";
+    };
+    const auto undo = [&model] { call(model->viewState().value()->onUndo); };
+    const auto wait = [&](base::Seconds seconds) {
+        store.clock->time = store.clock->time + seconds;
+        timers->fire();
+    };
+    const base::Uuid first = *store.addTask("first").id();
+    store::Task& second = store.addTask("second");
+    const store::Interval& interval =
+        store.addInterval(second, store::IntervalState::running(tests::at(990)));
+
+    store.service->deleteTask(first);
+    EXPECT_EQ(offered(), "Task deleted: first");
+    wait(6s);
+    store.service->deleteInterval(*interval.id(), *second.id());
+    EXPECT_EQ(offered(), "Interval deleted");
+    undo();
+    EXPECT_EQ(offered(), "Task deleted: first");
+    EXPECT_EQ(store.sql("SELECT task FROM Interval"), "2");
+    store.service->deleteTask(*second.id());
+    wait(3.9s);
+    undo();
+    EXPECT_EQ(offered(), "Task deleted: first");
+    wait(0.1s);
+    EXPECT_EQ(offered(), "nothing");
+    EXPECT_EQ(timers->validTimers(), 0);
+    EXPECT_EQ(store.sql("SELECT name FROM Task"), "second");
+
+    // A tick may come late.
+    store.service->deleteTask(*store.first<store::Task>().id());
+    const auto late = model->viewState().value()->onUndo;
+    store.clock->time = store.clock->time + kUndoTime;
+    (*late)();
+    EXPECT_EQ(offered(), "nothing");
+    EXPECT_EQ(store.sql("SELECT name FROM Task"), "");
 }
 
 }  // namespace hearthmark::presentation

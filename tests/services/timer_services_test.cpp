@@ -19,21 +19,16 @@ TEST(TimerServices, FinishOnceASecondAndStampOnceAMinuteWhileTheyLive) {
     const auto keeper = std::make_shared<IntervalTimeKeeperService>(store.service, timers);
     auto visitor =
         std::make_shared<RunningIntervalVisitingService>(store.service, timers, store.clock);
-    EXPECT_TRUE(timers->timers.empty());
     keeper->start();
     visitor->start();
     EXPECT_EQ(timers->timers.at(0)->interval, base::Seconds(1s));
     EXPECT_EQ(timers->timers.at(1)->interval, base::Seconds(60s));
     timers->fire();
     EXPECT_EQ(interval.intervalState(), store::IntervalState::running(at(900), at(1000)));
-
     visitor.reset();
-    store.clock->time = at(1060);
-    timers->fire();
-    EXPECT_EQ(timers->validTimers(), 2) << "a timer outlives its service, and does nothing";
-    EXPECT_EQ(interval.rawState()->visited(), at(1000));
     store.clock->time = at(1100);
     timers->fire();
+    EXPECT_EQ(interval.rawState()->visited(), at(1000)) << "its timer outlives it, for nothing";
     EXPECT_EQ(interval.intervalState(), store::IntervalState::finished());
 }
 

@@ -38,6 +38,46 @@ class DataOperationsServiceTest : public testing::Test {
     boost::signals2::scoped_connection connection;
 };
 
+TEST_F(DataOperationsServiceTest, KeepsTheTimeOfEachIntervalThroughALifeOfTheProgram) {
+    const base::Uuid taskId = *task.id();
+    store.service->addInterval({at(990), 0s, id, 1800s, IntervalState::running(at(991))}, taskId);
+    EXPECT_EQ(store.sql("SELECT id, creationDate, maxDuration, task FROM Interval"),
+              id.text() + "|990.0|1800.0|1");
+    store.addInterval(task, IntervalState::running(at(993), at(995)), 5s);
+    addIntervalWithoutTask(at(980));
+    store.addInterval(task, IntervalState::paused(), 7s);
+    struct Row {
+        double now;
+        std::function<void(DataOperationsService&)> act;
+        const char* states;
+    };
+    for (const auto& [now, act, expected] : std::vector<Row>{
+             {1000, [](auto& service) { service.markRunningIntervalsVisited(at(998)); },
+              "1|991.0|998.0|0.0 1|993.0|998.0|5.0 1|980.0|998.0|0.0 0|NULL|NULL|7.0"},
+             {1500, [](auto& service) { service.excludeTime(at(1000), at(1500)); },
+              "1|1500.0|998.0|9.0 1|1500.0|998.0|12.0 1|1500.0|998.0|20.0 0|NULL|NULL|7.0"},
+             {1510, [](auto& service) { service.pauseRunningIntervals(); },
+              "0|NULL|998.0|19.0 0|NULL|998.0|22.0 0|NULL|998.0|30.0 0|NULL|NULL|7.0"},
+             {2000, [](auto& service) { service.resumePausedIntervals(); },
+              "1|2000.0|998.0|19.0 1|2000.0|998.0|22.0 0|NULL|998.0|30.0 1|2000.0|NULL|7.0"},
+             {2004, [&](auto& service) { service.finishInterval(id, taskId); },
+              "2|NULL|998.0|23.0 1|2000.0|998.0|22.0 0|NULL|998.0|30.0 1|2000.0|NULL|7.0"}}) {
+        store.clock->time = at(now);
+        act(*store.service);
+        EXPECT_EQ(states(), expected) << now;
+    }
+    // After a kill: a stamp that lies before the start adds nothing.
+    store.service->markRunningIntervalsVisited(at(2003));
+    store.addInterval(task, IntervalState::running(at(2004), at(1990)), 8s);
+    store.addInterval(task, IntervalState::running(at(2004)), 9s);
+    addIntervalWithoutTask(at(2004));
+    store.reopen();
+    store.service->finishIntervalsLeftRunning();
+    EXPECT_EQ(states(),
+              "2|NULL|998.0|23.0 2|NULL|2003.0|25.0 0|NULL|998.0|30.0 2|NULL|2003.0|10.0 "
+              "2|NULL|1990.0|8.0 2|NULL|NULL|9.0 1|2004.0|NULL|0.0");
+}
+
 TEST_F(DataOperationsServiceTest, BringsBackWhatWasDeletedAsItWas) {
     const auto everything = [this] {
         return store.sql(
@@ -60,37 +100,31 @@ TEST_F(DataOperationsServiceTest, BringsBackWhatWasDeletedAsItWas) {
     const base::Uuid runningId = *running.id();
     const std::string before = everything();
     countSaves();
-    const auto undo = [this] {
-        saves = 0;
-        store.service->undo(*store.service->latestDeletion().value());
-        EXPECT_EQ(saves, 1);
-    };
-
-    for (const bool isTaskDeleted : {false, true}) {
-        store.service->deleteNote(id, taskId);
+    const auto deleteNote = [&] { store.service->deleteNote(id, taskId); };
+    const auto deleteInterval = [&] { store.service->deleteInterval(runningId, taskId); };
+    const auto deleteTask = [&] { store.service->deleteTask(taskId); };
+    const auto undo = [this] { store.service->undo(*store.service->latestDeletion().value()); };
+    const std::vector<std::function<void()>> deletions{deleteNote, deleteInterval, deleteTask,
+                                                       deleteNote, deleteInterval};
+    for (const auto& deletion : deletions) {
+        deletion();
         EXPECT_NE(everything(), before);
+        saves = 0;
         undo();
+        EXPECT_EQ(saves, 1);
         EXPECT_EQ(everything(), before);
-        store.service->deleteInterval(runningId, taskId);
-        undo();
-        EXPECT_EQ(everything(), before);
-        if (!isTaskDeleted) {
-            store.service->deleteTask(taskId);
-            undo();
-            EXPECT_EQ(everything(), before);
-        }
     }
     // What runs is found by the index again, and what was taken out comes back as it now is.
-    store.service->deleteInterval(runningId, taskId);
+    deleteInterval();
     store.service->markRunningIntervalsVisited(at(990));
     undo();
     EXPECT_EQ(store.sql("SELECT count(*) FROM Interval JOIN RawIntervalState r "
                         "ON r.interval = Interval.pk WHERE task AND visited = 990"),
               "1");
     // The task is gone for good.
-    store.service->deleteInterval(runningId, taskId);
+    deleteInterval();
     const auto deletion = store.service->latestDeletion().value();
-    store.service->deleteTask(taskId);
+    deleteTask();
     store.service->undo(*deletion);
     EXPECT_EQ(store.sql("SELECT count(*) FROM Task"), "0");
 }

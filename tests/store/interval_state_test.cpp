@@ -14,74 +14,60 @@ namespace hearthmark::store {
 using namespace std::chrono_literals;
 using tests::at;
 
-TEST(IntervalState, IsEqualAndHashesAlikeByCaseAndDates) {
-    const auto states = std::to_array<IntervalState>(
-        {IntervalState::paused(), IntervalState::finished(), IntervalState::running(at(1)),
-         IntervalState::running(at(2)), IntervalState::running(at(1), at(1)),
-         IntervalState::running(at(1), at(2))});
+TEST(IntervalState, IsEqualHashedAndWrittenByCaseAndDates) {
+    const auto rows = std::to_array<std::pair<IntervalState, const char*>>(
+        {{IntervalState::paused(), R"({"paused":{}})"},
+         {IntervalState::finished(), R"({"finished":{}})"},
+         {IntervalState::running(at(1.5)), R"({"running":{"started":1.5}})"},
+         {IntervalState::running(at(2.5)), R"({"running":{"started":2.5}})"},
+         {IntervalState::running(at(2.5), at(2.5)), R"({"running":{"started":2.5,"visited":2.5}})"},
+         {IntervalState::running(at(-0.25), at(784111777.1234567)),
+          R"({"running":{"started":-0.25,"visited":784111777.1234567}})"}});
     std::set<std::size_t> hashes;
-    for (const IntervalState& a : states) {
-        for (const IntervalState& b : states) {
-            EXPECT_EQ(a == b, &a == &b);
-        }
-        EXPECT_EQ(a.hash(), IntervalState(a).hash());
-        hashes.insert(a.hash());
-    }
-    EXPECT_EQ(hashes.size(), std::size(states));
-}
-
-TEST(IntervalStateCoding, WritesOneKeyAndReadsBackTheSameState) {
-    const auto rows = std::to_array<std::pair<IntervalState, const char*>>({
-        {IntervalState::paused(), R"({"paused":{}})"},
-        {IntervalState::finished(), R"({"finished":{}})"},
-        {IntervalState::running(at(1.5)), R"({"running":{"started":1.5}})"},
-        {IntervalState::running(at(-0.25), at(784111777.1234567)),
-         R"({"running":{"started":-0.25,"visited":784111777.1234567}})"},
-    });
     for (const auto& [state, json] : rows) {
         EXPECT_EQ(encodeIntervalState(state), json);
-        EXPECT_EQ(decodeIntervalState(json), state) << json;
+        EXPECT_EQ(state.hash(), decodeIntervalState(json).hash());
+        hashes.insert(state.hash());
+        for (const auto& [other, otherJson] : rows) {
+            EXPECT_EQ(decodeIntervalState(json) == other, json == otherJson) << json;
+        }
     }
+    EXPECT_EQ(hashes.size(), rows.size());
     EXPECT_EQ(decodeIntervalState(R"({"running":{"started":1,"visited":null},"other":[]})"),
               IntervalState::running(at(1)));
     EXPECT_THROW(encodeIntervalState(IntervalState::running(at(HUGE_VAL))), std::domain_error);
 }
 
-TEST(IntervalStateCoding, SaysWhatIsWrongAndWhere) {
+TEST(IntervalState, IsNotReadFromWhatIsWrongAndItSaysWhere) {
     using Kind = DecodingError::Kind;
     struct Row {
         const char* json;
         Kind kind;
-        std::vector<std::string> path;
+        std::string path;
         std::string_view description;
     };
     constexpr std::string_view kKeys = "Invalid number of keys found, expected one.";
-    constexpr std::string_view kAny;
-    const auto rows = std::to_array<Row>({
-        {"{}", Kind::typeMismatch, {}, kKeys},
-        {R"({"paused":{},"finished":{}})", Kind::typeMismatch, {}, kKeys},
-        {R"({"paused":{},"running":{},"finished":{}})", Kind::typeMismatch, {}, kKeys},
-        {"[]", Kind::typeMismatch, {}, kAny},
-        {"{", Kind::dataCorrupted, {}, kAny},
-        {R"({"running":{"started":1e999}})", Kind::dataCorrupted, {}, kAny},
-        {R"({"paused":null})", Kind::typeMismatch, {"paused"}, kAny},
-        {R"({"running":{}})", Kind::keyNotFound, {"running", "started"}, kAny},
-        {R"({"running":{"started":null,"visited":""}})",
-         Kind::typeMismatch,
-         {"running", "started"},
-         kAny},
-        {R"({"running":{"started":1,"visited":""}})",
-         Kind::typeMismatch,
-         {"running", "visited"},
-         kAny},
-    });
-    for (const Row& row : rows) {
+    for (const Row& row : std::vector<Row>{
+             {"{}", Kind::typeMismatch, "", kKeys},
+             {R"({"paused":{},"running":{},"finished":{}})", Kind::typeMismatch, "", kKeys},
+             {"[]", Kind::typeMismatch, "", ""},
+             {"{", Kind::dataCorrupted, "", ""},
+             {R"({"running":{"started":1e999}})", Kind::dataCorrupted, "", ""},
+             {R"({"paused":null})", Kind::typeMismatch, "paused ", ""},
+             {R"({"running":{}})", Kind::keyNotFound, "running started ", ""},
+             {R"({"running":{"started":null}})", Kind::typeMismatch, "running started ", ""},
+             {R"({"running":{"started":1,"visited":""}})", Kind::typeMismatch, "running visited ",
+              ""}}) {
         try {
             decodeIntervalState(row.json);
             ADD_FAILURE() << row.json;
         } catch (const DecodingError& error) {
+            std::string path;
+            for (const std::string& key : error.codingPath()) {
+                path += key + ' ';
+            }
             EXPECT_EQ(error.kind(), row.kind) << row.json;
-            EXPECT_EQ(error.codingPath(), row.path) << row.json;
+            EXPECT_EQ(path, row.path) << row.json;
             EXPECT_TRUE(error.debugDescription().starts_with(row.description)) << row.json;
         }
     }

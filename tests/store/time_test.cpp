@@ -2,8 +2,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <array>
-#include <limits>
+#include <cmath>
 
 #include "store/newest_first.h"
 #include "store/time_texts.h"
@@ -15,40 +14,15 @@ using namespace std::chrono_literals;
 using tests::at;
 
 TEST(FormattedDuration, DropsLeadingZeroUnitsOnly) {
-    constexpr double kInfinity = std::numeric_limits<double>::infinity();
-    constexpr double kNotANumber = std::numeric_limits<double>::quiet_NaN();
-    const auto rows = std::to_array<std::pair<double, std::optional<std::string>>>(
-        {{-0.0, "0"},
-         {0.999, "0"},
-         {5, "5"},
-         {59.9999, "59"},
-         {60, "1:00"},
-         {65, "1:05"},
-         {1500, "25:00"},
-         {3599, "59:59"},
-         {3600, "1:00:00"},
-         {3605, "1:00:05"},
-         {3725, "1:02:05"},
-         {360000, "100:00:00"},
-         {-0.001, {}},
-         {kInfinity, {}},
-         {kNotANumber, {}},
-         {1e15 - 1, "277777777777:46:39"},
-         {1e15, {}}});
-    for (const auto& [seconds, expected] : rows) {
-        EXPECT_EQ(formattedDuration(base::Seconds(seconds)), expected) << seconds;
+    std::string texts;
+    for (const double seconds :
+         {-0.0, 0.999, 5.0, 59.9999, 60.0, 65.0, 1500.0, 3599.0, 3600.0, 3605.0, 3725.0, 360000.0,
+          1e15 - 1, 1e15, -0.001, HUGE_VAL, std::nan("")}) {
+        texts += formattedDuration(base::Seconds(seconds)).value_or("nothing") + ' ';
     }
-}
-
-TEST(FormattedTimeSpent, LeavesOutWhatHasNoText) {
-    tests::TestStore store;
-    Interval& interval =
-        store.addInterval(store.addTask("a"), IntervalState::running(at(940)), 5s, 1500s);
-    EXPECT_EQ(formattedTimeSpent(interval, *store.clock), "1:05/25:00");
-    interval.setMaxDuration(-1s);
-    EXPECT_EQ(formattedTimeSpent(interval, *store.clock), "1:05");
-    interval.setDuration(-1000s);
-    EXPECT_EQ(formattedTimeSpent(interval, *store.clock), std::nullopt);
+    EXPECT_EQ(texts,
+              "0 0 5 59 1:00 1:05 25:00 59:59 1:00:00 1:00:05 1:02:05 100:00:00 277777777777:46:39 "
+              "nothing nothing nothing nothing ");
 }
 
 TEST(TimeSpentOnATask, FollowsEveryChangeOfItsIntervals) {

@@ -3,11 +3,15 @@
 
 #include <algorithm>
 #include <memory>
+#include <optional>
+#include <string>
 #include <utility>
 #include <vector>
 
 #include "base/clock.h"
+#include "services/status_bar.h"
 #include "services/time_keeping.h"
+#include "services/user_notification_center.h"
 
 namespace hearthmark::tests {
 
@@ -55,6 +59,40 @@ struct FakeTimeKeepingProvider final : services::TimeKeepingProviderProtocol {
     }
 
     std::vector<std::shared_ptr<Timer>> timers;
+};
+
+// Takes every notification.
+struct FakeNotificationCenter final : services::UserNotificationCenter {
+    void setDelegate(services::UserNotificationCenterDelegate& /*delegate*/) override {}
+    void requestAuthorization(services::AuthorizationOptions /*options*/,
+                              std::function<void(bool)> completion) override {
+        completion(true);
+    }
+    void add(const services::NotificationRequest& request) override { added.push_back(request); }
+
+    std::vector<services::NotificationRequest> added;
+};
+
+// With one item.
+struct FakeStatusBar final : services::StatusBar, services::StatusItemButton {
+    struct Item final : services::StatusItem {
+        explicit Item(StatusItemButton* itsButton) : shown(itsButton) {}
+        services::StatusItemButton* button() override { return shown; }
+
+        StatusItemButton* shown;
+    };
+
+    std::unique_ptr<services::StatusItem> makeStatusItem(double /*length*/) override {
+        return std::make_unique<Item>(this);
+    }
+    void setTitle(const std::string& newTitle) override { title = newTitle; }
+    void setProgress(const std::optional<services::StatusItemProgress>& newProgress) override {
+        progress = newProgress;
+    }
+    void setAction(std::function<void()> /*action*/) override {}
+
+    std::string title;
+    std::optional<services::StatusItemProgress> progress;
 };
 
 }  // namespace hearthmark::tests

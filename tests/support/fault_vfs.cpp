@@ -11,8 +11,12 @@ namespace hearthmark::tests {
 struct FaultVfs::File {
     sqlite3_file base;
     FaultVfs* owner;
-    std::string* name;
+    // SQLite's, as long as the file is open; null for one that goes when it is closed.
+    const char* path;
 
+    std::string name() const {
+        return path != nullptr ? std::filesystem::path(path).filename().string() : "";
+    }
     static File& of(sqlite3_file* file) { return *reinterpret_cast<File*>(file); }
     sqlite3_file* real() { return reinterpret_cast<sqlite3_file*>(this + 1); }
 };
@@ -25,8 +29,7 @@ struct FaultVfs::Methods {
         const int result = owner->real_->xOpen(owner->real_, name, file.real(), flags, out);
         if (result == SQLITE_OK) {
             file.owner = owner;
-            file.name = new std::string(
-                name != nullptr ? std::filesystem::path(name).filename().string() : "");
+            file.path = name;
             file.base.pMethods = &kFile;
         }
         return result;
@@ -38,11 +41,6 @@ struct FaultVfs::Methods {
         return owner->real_->xDelete(owner->real_, name, syncDirectory);
     }
 
-    static int close(sqlite3_file* file) {
-        delete std::exchange(File::of(file).name, nullptr);
-        return File::of(file).real()->pMethods->xClose(File::of(file).real());
-    }
-
     static int write(sqlite3_file* file, const void* from, int amount, sqlite3_int64 offset) {
         File& self = File::of(file);
         FaultVfs& owner = *self.owner;
@@ -52,7 +50,7 @@ struct FaultVfs::Methods {
             }
             return owner.fault_ == Fault::ioError ? SQLITE_IOERR_WRITE : SQLITE_FULL;
         }
-        owner.note(Event::Kind::write, *self.name, offset,
+        owner.note(Event::Kind::write, self.name(), offset,
                    {static_cast<const char*>(from), static_cast<std::size_t>(amount)});
         return self.real()->pMethods->xWrite(self.real(), from, amount, offset);
     }
@@ -62,7 +60,7 @@ struct FaultVfs::Methods {
         if (self.owner->fails(Call::truncate)) {
             return SQLITE_IOERR_TRUNCATE;
         }
-        self.owner->note(Event::Kind::truncate, *self.name, size, {});
+        self.owner->note(Event::Kind::truncate, self.name(), size, {});
         return self.real()->pMethods->xTruncate(self.real(), size);
     }
 
@@ -72,7 +70,7 @@ struct FaultVfs::Methods {
         if (self.owner->fails(Call::sync)) {
             return SQLITE_IOERR_FSYNC;
         }
-        self.owner->note(Event::Kind::sync, *self.name, 0, {});
+        self.owner->note(Event::Kind::sync, self.name(), 0, {});
         return SQLITE_OK;
     }
 
@@ -94,7 +92,7 @@ struct FaultVfs::Methods {
 
 const sqlite3_io_methods FaultVfs::Methods::kFile{
     .iVersion = 2,
-    .xClose = &Methods::close,
+    .xClose = &Methods::pass<&sqlite3_io_methods::xClose>,
     .xRead = &Methods::failOrPass<Call::read, SQLITE_IOERR_READ, &sqlite3_io_methods::xRead, void*,
                                   int, sqlite3_int64>,
     .xWrite = &Methods::write,

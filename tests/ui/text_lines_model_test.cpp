@@ -37,26 +37,23 @@ TEST(TextLinesModel, EndsALineAtALineFeedAndBetweenCharactersAfter2000Bytes) {
 }
 
 TEST(TextLinesModel, SelectsAcrossLinesInBothDirections) {
-    struct Row {
-        std::pair<int, int> from;
-        std::pair<int, int> to;
-        std::string selected;
-    };
     TextLinesModel model;
     const std::string text = "one\n\ntwé\n" + std::string(2001, 'x');
     model.setText(text);
     ASSERT_EQ(model.rowCount(), 5);
-    for (const Row& row : std::vector<Row>{{{0, 1}, {0, 1}, ""},
-                                           {{0, 1}, {0, 3}, "ne"},
-                                           {{0, 3}, {2, 0}, "\n\n"},
-                                           {{2, 2}, {0, 2}, "e\n\ntw"},
-                                           {{3, 1999}, {4, 1}, "xx"},
-                                           {{2, 2}, {4, 9}, "é\n" + std::string(2001, 'x')},
-                                           {{2, 2}, {5, 0}, ""},
-                                           {{2, 2}, {-1, 0}, ""}}) {
-        model.beginSelection(row.from.first, row.from.second);
-        model.moveSelection(row.to.first, row.to.second);
-        EXPECT_EQ(model.selectedText().toStdString(), row.selected);
+    using Place = std::pair<int, int>;
+    for (const auto& [from, to, selected] : std::vector<std::tuple<Place, Place, std::string>>{
+             {{0, 1}, {0, 1}, ""},
+             {{0, 1}, {0, 3}, "ne"},
+             {{0, 3}, {2, 0}, "\n\n"},
+             {{2, 2}, {0, 2}, "e\n\ntw"},
+             {{3, 1999}, {4, 1}, "xx"},
+             {{2, 2}, {4, 9}, "é\n" + std::string(2001, 'x')},
+             {{2, 2}, {5, 0}, ""},
+             {{2, 2}, {-1, 0}, ""}}) {
+        model.beginSelection(from.first, from.second);
+        model.moveSelection(to.first, to.second);
+        EXPECT_EQ(model.selectedText().toStdString(), selected);
     }
     model.selectAll();
     EXPECT_EQ(model.selectedText().toStdString(), text);

@@ -102,6 +102,9 @@ QtObject {
     readonly property int controlHeight: 32
     readonly property int sidebarWidth: 300
     readonly property int sheetWidth: 440
+    readonly property int backupsWidth: 560
+    readonly property int backupsHeight: 190
+    readonly property int changesHeight: 52
     readonly property int wideSheetWidth: 760
     readonly property int pageWidth: 640
     readonly property int chartWidth: 360

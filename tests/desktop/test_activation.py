@@ -1,0 +1,183 @@
+# SPDX-License-Identifier: MIT
+"""The program as the session bus starts it, what its desktop entry offers, and its start at login.
+
+Usage: test_activation.py BINARY [unittest arguments]"""
+
+import os
+import shlex
+import subprocess
+import sys
+import tempfile
+import unittest
+from pathlib import Path
+
+from driver import Desktop, ProgramTest, connect, key, press, type_text, wait_for
+from players import ITEM, Panel
+
+NAME, PATH, APPLICATION = (
+    "org.hearthmark.Hearthmark", "/org/hearthmark/Hearthmark", "org.freedesktop.Application")
+BUS = "org.freedesktop.DBus"
+
+
+def setUpModule():
+    global SERVICES
+    desktop = Desktop()
+    unittest.addModuleCleanup(desktop.close)
+    SERVICES = Path(desktop.directory, "session.conf.d")
+
+
+class BusStarted:
+    """A process that is not ours."""
+
+    returncode = 0
+
+    def __init__(self, pid):
+        self.pid = pid
+
+    def poll(self):
+        return None if os.path.exists(f"/proc/{self.pid}") else 0
+
+    def send_signal(self, number):
+        os.kill(self.pid, number)
+
+    def communicate(self, timeout):
+        wait_for(lambda: self.poll() is not None, "its end", timeout)
+        return None, b""
+
+
+class Activation(ProgramTest):
+    def setUp(self):
+        super().setUp()
+        self.config = tempfile.TemporaryDirectory()
+        self.addCleanup(self.config.cleanup)
+        self.bus = connect(os.environ["DBUS_SESSION_BUS_ADDRESS"])
+        self.addCleanup(self.bus.close_sync)
+        self.homes = {"XDG_DATA_HOME": self.program.data, "XDG_CONFIG_HOME": self.config.name}
+        self.call(BUS, BUS, "UpdateActivationEnvironment", "(a{ss})", self.homes)
+        self.panel = Panel()
+        self.addCleanup(self.panel.bus.close_sync)
+        self.install(f"[D-BUS Service]\nName={NAME}\nExec={self.binary}\n")
+
+    def call(self, name, interface, method, signature, *arguments):
+        from gi.repository import GLib
+
+        path = PATH if name == NAME else "/org/freedesktop/DBus"
+        return self.bus.call_sync(name, path, interface, method, GLib.Variant(signature, arguments),
+                                  None, 0, 10000).unpack()
+
+    def install(self, service):
+        (SERVICES / f"{NAME}.service").write_text(service, encoding="utf-8")
+        self.call(BUS, BUS, "ReloadConfig", "()")
+
+    def act(self, action):
+        """Has the program do it, which the bus starts where it does not run."""
+        self.call(NAME, APPLICATION, "ActivateAction", "(sava{sv})", action, [], {})
+        return self.started()
+
+    def started(self):
+        process = self.call(BUS, BUS, "GetConnectionUnixProcessID", "(s)", NAME)[0]
+        self.program.process = BusStarted(process)
+        return self.program
+
+    def has_window(self):
+        return subprocess.run(["xdotool", "search", "--onlyvisible", "--name", "^Hearthmark$"],
+                              stdout=subprocess.DEVNULL, check=False).returncode == 0
+
+    def test_started_by_the_bus_it_works_without_a_window_until_it_is_asked_for_one(self):
+        self.make_store(*self.task_with_interval(state=0, duration=100.0))
+        asks = [lambda: self.call(NAME, APPLICATION, "Activate", "(a{sv})", {}),
+                lambda: self.panel.call(ITEM, "Activate", "(ii)", 0, 0),
+                lambda: subprocess.run([self.binary], env=self.program.environment(), check=True)]
+        for ask in asks:
+            self.panel.item = None
+            del self.panel.told[:]
+            self.call(BUS, BUS, "StartServiceByName", "(su)", NAME, 0)
+            self.started()
+            wait_for(lambda: len(self.panel.labels()) == 2, "two seconds")
+            self.assertEqual((self.interval()[1], self.has_window()), (1, False))
+            ask()
+            self.program.find("Planted", "list item")
+            self.assertTrue(self.has_window())
+            self.program.end()
+            self.assertEqual(self.interval()[1], 0)
+
+    def test_a_start_that_the_bus_only_handed_its_environment_to_shows_the_window(self):
+        self.program.start(DBUS_STARTER_BUS_TYPE="session", DBUS_STARTER_ADDRESS="unix:")
+        self.program.find("Add Task")
+
+    def test_actions_work_and_start_the_program(self):
+        program = self.act("add-task")
+        program.find("Task name")
+        type_text("Letters")
+        key("ctrl+Return")
+        program.find("Letters", "list item")
+        program.end()
+
+        program = self.act("start-short-focus")
+        row = program.find("Letters", "list item")
+        self.assertEqual(program.rows("SELECT count(*) FROM Interval"), [(0,)])
+        press(row)
+        program.find("Letters", "heading")
+        key("alt+F4")
+        wait_for(lambda: not self.has_window(), "the window to hide")
+        for _ in range(2):  # the second finds one running
+            self.act("start-short-focus")
+            wait_for(lambda: program.section_of("Letters") == "Running", "the focus")
+            self.assertEqual(program.rows("SELECT maxDuration FROM Interval"), [(1800,)])
+        with self.assertRaisesRegex(Exception, "InvalidArgs.*no action \"make-tea\""):
+            self.act("make-tea")
+        process = program.process
+        self.call(NAME, APPLICATION, "ActivateAction", "(sava{sv})", "quit", [], {})
+        process.communicate(10)
+        self.assertEqual(self.interval()[1], 0)
+
+    def test_start_at_login_is_one_file_that_starts_it_without_a_window(self):
+        import pyatspi
+
+        def item():
+            self.program.press("Application menu")
+            return self.program.find("Start at Login", "check box")
+
+        def is_on():
+            states = item().getState()
+            key("Escape")
+            return states.contains(pyatspi.STATE_CHECKED)
+
+        def says(text):
+            wait_for(lambda: text in program.find("Start at Login", "check box").description, text)
+
+        autostart = Path(self.config.name, "autostart")
+        entry = autostart / f"{NAME}.desktop"
+        program = self.program.start(**self.homes)
+        autostart.touch()
+        press(item())
+        says(f"no folder {autostart}")
+        key("Escape")
+        self.assertFalse(is_on())
+        autostart.unlink()
+        press(item())
+        wait_for(lambda: list(Path(self.config.name).rglob("*")) == [autostart, entry], "one file")
+        self.assertTrue(is_on())
+        content = entry.read_text(encoding="utf-8")
+        entry.write_text(content + "Hidden=true\n", encoding="utf-8")
+        self.assertFalse(is_on())
+        press(item())
+        wait_for(lambda: entry.read_text(encoding="utf-8") == content, "it on again")
+        program.end()
+        command = next(line[5:] for line in content.splitlines() if line.startswith("Exec="))
+        subprocess.run(shlex.split(command), check=True)
+        wait_for(self.started, "the program")
+        wait_for(lambda: self.panel.item, "the item")
+        self.assertFalse(self.has_window())
+        self.call(NAME, APPLICATION, "Activate", "(a{sv})", {})
+        press(item())
+        wait_for(lambda: not list(autostart.iterdir()), "the file to go")
+        self.install("")
+        item()
+        says("Only an installed Hearthmark")
+        self.assertFalse(program.is_enabled("Start at Login", "check box"))
+
+
+if __name__ == "__main__":
+    ProgramTest.binary = os.path.abspath(sys.argv.pop(1))
+    unittest.main(verbosity=2)

@@ -1,0 +1,50 @@
+# SPDX-License-Identifier: MIT
+"""Going back to a backup in the running program. Usage: test_backups.py BINARY [unittest arguments]"""
+
+import os
+import re
+import signal
+import subprocess
+import sys
+import unittest
+
+from driver import Desktop, ProgramTest, has_focus, key, press, wait_for
+
+
+def setUpModule():
+    unittest.addModuleCleanup(Desktop().close)
+
+
+class Backups(ProgramTest):
+    def test_a_restore_brings_a_day_back_keeps_the_present_and_restarts(self):
+        self.make_store(*self.task_with_interval(state=1),
+                        "UPDATE RawIntervalState SET started = 0, visited = 60")
+        program = self.program.launch()  # backs up before it ends what was left running
+        press(program.find("Planted", "list item"))
+        program.press("1:00:00")
+        wait_for(lambda: program.section_of("Planted") == "Running", "the focus")
+        program.add_task("Since then")
+        process = program.process.pid
+        program.press("Application menu")
+        program.press("Restore from a backup…", "menu item")
+        wait_for(lambda: has_focus(program.find("Backups", "list")), "the list to have the keyboard")
+        key("Down")
+        program.find("Goes: 1 task, 1 interval\nBecomes what it was: 1 interval")
+        program.press("Restore and Restart")
+        wait_for(lambda: program.names() and "Since then" not in program.names(), "the day before")
+        self.assertEqual((program.process.pid, program.process.poll()), (process, None))
+        program.find("Planted", "list item")
+        self.assertEqual(program.rows("SELECT duration FROM Interval"), [(60.0,)])
+        self.assertEqual(program.end(signal.SIGTERM), 0)
+
+        folder = os.path.join(os.path.dirname(program.file), "Backups")
+        daily, kept = sorted(os.listdir(folder))
+        self.assertRegex(kept, re.escape(daily.removesuffix(".sqlite")) + r"T\d\d-\d\d-\d\d\.sqlite$")
+        states = subprocess.check_output(
+            ["sqlite3", os.path.join(folder, kept), "SELECT state FROM RawIntervalState"], text=True)
+        self.assertEqual(states.split(), ["2", "0"], "the focus is kept as paused")
+
+
+if __name__ == "__main__":
+    Backups.binary = sys.argv.pop(1)
+    unittest.main(verbosity=2)

@@ -1,0 +1,145 @@
+# SPDX-License-Identifier: MIT
+"""The status item as a panel sees it on the session bus, and notifications of finished intervals as a
+daemon gets them. Usage: test_status_item_and_notifications.py BINARY [unittest arguments]"""
+
+import os
+import sys
+import time
+import unittest
+from collections import Counter
+
+from gi.repository import GLib
+
+from driver import Desktop, ProgramTest, click, key, now, press, wait_for
+from players import Daemon, ITEM, MENU, Panel
+
+
+def setUpModule():
+    unittest.addModuleCleanup(Desktop().close)
+
+
+class StatusItem(ProgramTest):
+    def setUp(self):
+        super().setUp()
+        self.panel = Panel()
+        self.addCleanup(self.panel.bus.close_sync)
+
+    def launch(self):
+        self.program.launch()
+        wait_for(lambda: self.panel.item, "the item")
+        return self.program, self.panel
+
+    def test_tells_what_changes_once_a_second_and_nothing_else(self):
+        program, panel = self.launch()
+        program.add_task("<Letters>")
+        press(program.find("<Letters>", "list item"))
+        self.assertEqual([panel.get(name) for name in ("Title", "XAyatanaLabel", "Status")],
+                         ["Hearthmark", "Hearthmark!", "Active"])
+        for side, _, pixels in panel.get("IconPixmap"):
+            place = 4 * (side * (side // 2) + side // 11)  # on the disc, beside the mark
+            self.assertEqual((len(pixels), bytes(pixels[place:place + 4])),
+                             (4 * side * side, b"\xff\x2e\x24\x1d"))
+        self.assertEqual(panel.told, [])
+        started = time.monotonic()
+        program.press("30:00")
+        wait_for(lambda: len(panel.labels()) == 5, "five seconds")
+        self.assertAlmostEqual(panel.told[0][0] - started, 1, delta=0.4)
+        self.assertEqual(panel.labels(), [f"{second}/30:00" for second in range(1, 6)])
+        self.assertEqual(Counter(signal for _, signal, _ in panel.told), {
+            "XAyatanaNewLabel": 5, "NewToolTip": 6, "NewIcon": 1})
+        self.assertEqual(panel.get("ToolTip")[2:], ("5/30:00", "&lt;Letters&gt;"))
+        program.press("Finish")
+        wait_for(lambda: panel.labels()[-1] == panel.get("XAyatanaLabel") == "Hearthmark!", "the end")
+        # No daemon here shows that it finished.
+        wait_for(lambda: panel.get("Status") == "NeedsAttention", "the dot")
+        panel.call(ITEM, "Activate", "(ii)", 0, 0)
+        wait_for(lambda: panel.get("Status") == "Active", "it to go")
+        self.assertEqual(panel.get("XAyatanaLabel"), "Hearthmark!")
+
+    def test_the_menu_follows_the_title_and_quits(self):
+        self.make_store(*self.task_with_interval(state=0, duration=100.0))
+        program, panel = self.launch()
+        _, (root, _, children) = panel.call(MENU, "GetLayout", "(iias)", 0, -1, [])
+        lines = [properties for _, properties, _ in children]
+        self.assertEqual([line.get("label", line.get("type")) for line in lines][1:], [
+            "separator", "Show Hearthmark", "Check for Updates…", "separator", "Quit"])
+        self.assertFalse(lines[0]["enabled"])
+        self.assertTrue(panel.call(MENU, "AboutToShow", "(i)", root)[0])
+        with self.assertRaisesRegex(Exception, "InvalidArgs"):
+            panel.call(MENU, "GetProperty", "(is)", children[0][0], "icon-name")
+        wait_for(lambda: len(panel.labels()) == 4, "four seconds")
+        told = [(when, items[0][0][1]["label"]) for when, signal, items in panel.told
+                if signal == "ItemsPropertiesUpdated"]
+        self.assertIn(told[-1][1], panel.labels()[-2:])
+        self.assertTrue(all(b[0] - a[0] > 0.9 for a, b in zip(told, told[1:])), told)
+        panel.call(MENU, "Event", "(isvu)", children[-1][0], "clicked", GLib.Variant("i", 0), 0)
+        self.assertEqual(program.finished()[0], 0)
+        self.assertEqual(self.interval()[1], 0)
+
+
+class Notifications(ProgramTest):
+    def select(self, task):
+        click(self.program.find(task, "list item"))
+        self.program.find(task, "heading")
+
+    def focus(self, task):
+        self.select(task)
+        self.program.press("30:00")
+        self.program.find("Finish")
+
+    def hide(self):
+        wait_for(lambda: key("alt+F4") or not self.program.find_all("Add Task"), "it to hide")
+
+    def test_a_finish_is_posted_once_a_second_later_and_shows_its_task(self):
+        daemon = Daemon()
+        self.addCleanup(daemon.bus.close_sync)
+        started = now()
+        # Two end by themselves and in one save, one had ended before.
+        self.make_store(
+            "INSERT INTO Task VALUES (1, '8D5C1B66-0F3E-4A7B-9C55-2F9E1D1B7A10', 0, '<b>&\"')",
+            "INSERT INTO Task VALUES (2, '8D5C1B66-0F3E-4A7B-9C55-2F9E1D1B7A11', 0, NULL)",
+            *(f"INSERT INTO Interval VALUES ({i}, '8D5C1B66-0F3E-4A7B-9C55-2F9E1D1B7A2{i}',"
+              f" {started}, {1797 if i < 3 else 0}, 1800, {min(i, 2)})" for i in (1, 2, 3)),
+            *(f"INSERT INTO RawIntervalState VALUES ({i}, {2 if i > 2 else 0}, NULL, NULL, {i})"
+              for i in (1, 2, 3)))
+        program = self.program.launch()
+        wait_for(lambda: not program.find_all("Finish") and len(daemon.taken) == 2, "two")
+        texts = sorted(arguments[3] for _, arguments in daemon.taken)
+        self.assertEqual(texts, ["-", "<b>&\""])
+        for _, (name, replaced, _, _, body, actions, hints, expiration) in daemon.taken:
+            self.assertEqual(
+                (name, replaced, body, actions, expiration),
+                ("Hearthmark", 0, "Interval finished", ["default", "Show"], -1))
+            self.assertEqual((hints["desktop-entry"], hints["sound-name"]),
+                             ("org.hearthmark.Hearthmark", "complete"))
+        # By hand, with the window hidden when it is clicked.
+        program.add_task("Letters")
+        self.focus("Letters")
+        pressed = time.monotonic()
+        program.press("Finish")
+        wait_for(lambda: len(daemon.taken) == 3, "the third")
+        self.assertAlmostEqual(daemon.taken[2][0] - pressed, 1, delta=0.5)
+        self.select("-")
+        # There is no status item here to bring the window back. That is said once, and a click on it
+        # does it.
+        for clicked in (3, 4):
+            self.hide()
+            wait_for(lambda: len(daemon.taken) == 4, "what it says of that")
+            daemon.emit("ActionInvoked", "(us)", clicked, "default")
+            program.find("Letters", "heading")
+        self.assertEqual(
+            daemon.taken[3][1][3:5],
+            ("Hearthmark", "Hearthmark keeps running. Start it again to bring its window back."))
+        # What waits for its second when the program quits.
+        self.focus("-")
+        program.press("Finish")
+        pressed = time.monotonic()
+        self.assertEqual(program.end(), 0)
+        wait_for(lambda: len(daemon.taken) == 5, "the last")
+        self.assertLess(daemon.taken[4][0] - pressed, 0.9)
+        self.assertEqual(daemon.taken[4][1][3], "-")
+
+
+if __name__ == "__main__":
+    ProgramTest.binary = os.path.abspath(sys.argv.pop(1))
+    unittest.main(verbosity=2)

@@ -1,0 +1,268 @@
+// SPDX-License-Identifier: MIT
+#include <fcntl.h>
+#include <gtest/gtest.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <array>
+#include <chrono>
+#include <csignal>
+#include <cstdlib>
+#include <fstream>
+#include <functional>
+#include <iostream>
+#include <map>
+#include <random>
+#include <string>
+#include <thread>
+#include <vector>
+
+#include "store/persistent_container_factory.h"
+#include "support/fault_vfs.h"
+#include "support/random_operations.h"
+#include "support/test_store.h"
+
+namespace hearthmark::store {
+namespace {
+
+using tests::contentOf;
+using tests::FaultVfs;
+
+constexpr unsigned kSeed = 3;
+// Of the process that fails.
+constexpr int kOperations = 12;
+constexpr int kNothingFailed = 3;
+// Before a kill; each is compared with.
+constexpr int kMostOperations = 1000;
+constexpr std::size_t kKills = 200;
+// In seconds: half of them meet the opening of the store, the others the operations.
+constexpr std::array<double, 2> kLatestKill{0.02, 0.5};
+
+constexpr std::size_t kSector = 512;
+constexpr int kOperationsBeforeCut = 300;
+
+// As the program does, which ends where the store fails.
+void operate(const std::filesystem::path& directory, int operations,
+             const std::function<void()>& didReturn) {
+    tests::RandomOperations random(
+        PersistentContainerFactory(directory, base::FatalErrorHandler()).makeContainer(), kSeed);
+    for (int each = 0; each < operations; ++each) {
+        random.doOne();
+        didReturn();
+    }
+}
+
+// A process of its own that operates.
+class Child {
+ public:
+    // Does the action there, which is given what it tells each operation that returned.
+    explicit Child(const std::function<int(const std::function<void()>&)>& act) {
+        if (::pipe(told_.data()) != 0) {
+            throw std::runtime_error("no pipe");
+        }
+        id = ::fork();
+        if (id == 0) {
+            ::dup2(::open("/dev/null", O_WRONLY), STDERR_FILENO);
+            ::_exit(act([this] {
+                if (::write(told_[1], "x", 1) != 1) {
+                    std::abort();
+                }
+            }));
+        }
+        ::close(told_[1]);
+    }
+
+    // Waits for its end. Sets how many operations had returned and the status.
+    void join() {
+        std::array<char, 1000> bytes{};
+        for (ssize_t count = 1; count > 0; returned += static_cast<std::size_t>(count)) {
+            count = ::read(told_[0], bytes.data(), bytes.size());
+        }
+        ::close(told_[0]);
+        ::waitpid(id, &status, 0);
+    }
+
+    pid_t id = 0;
+    std::size_t returned = 0;
+    int status = 0;
+
+ private:
+    std::array<int, 2> told_{};
+};
+
+TEST(Kills, LoseNoOperationThatReturnedAndKeepNoneInPart) {
+    const tests::TemporaryDirectory untroubled;
+    tests::RandomOperations random(tests::open(untroubled.path), kSeed);
+    const std::hash<std::string> hash;
+    std::vector<std::size_t> expected{hash(contentOf(untroubled.path))};
+    std::mt19937 dice(std::random_device{}());
+    std::size_t returned = 0;
+    int whole = 0;
+    for (std::size_t kill = 0; kill < kKills; ++kill) {
+        const tests::TemporaryDirectory directory;
+        Child child([&directory](const auto& didReturn) {
+            operate(directory.path, kMostOperations, didReturn);
+            return ::pause();  // where the disk is that fast
+        });
+        std::this_thread::sleep_for(base::Seconds(
+            std::uniform_real_distribution<>(0, kLatestKill.at(kill % kLatestKill.size()))(dice)));
+        ::kill(child.id, SIGKILL);
+        child.join();
+        ASSERT_TRUE(WIFSIGNALED(child.status) && WTERMSIG(child.status) == SIGKILL);
+        while (expected.size() < child.returned + 2) {
+            random.doOne();
+            expected.push_back(hash(contentOf(untroubled.path)));
+        }
+        tests::open(directory.path).reset();  // checks the file's integrity
+        const std::size_t content = hash(contentOf(directory.path));
+        const bool isNext = content != expected[child.returned];
+        ASSERT_TRUE(!isNext || content == expected[child.returned + 1])
+            << "kill " << kill << " after " << child.returned << " operations";
+        returned += child.returned;
+        whole += isNext ? 1 : 0;
+    }
+    std::cout << kKills << " kills, " << returned << " operations had returned and are there; "
+              << whole << " more were under way and are there too, the others not at all"
+              << std::endl;
+}
+
+TEST(IoErrors, EndTheProgramOrChangeNothingAndLoseNoOperationThatReturned) {
+    FaultVfs vfs;
+    const tests::TemporaryDirectory beginning;
+    tests::open(beginning.path).reset();
+    std::vector<std::string> expected{contentOf(beginning.path)};
+    const auto copy = [&beginning](const tests::TemporaryDirectory& to) {
+        std::filesystem::copy(beginning.path, to.path, std::filesystem::copy_options::recursive);
+    };
+    const tests::TemporaryDirectory untroubled;
+    copy(untroubled);
+    operate(untroubled.path, kOperations, [&] { expected.push_back(contentOf(untroubled.path)); });
+
+    int faults = 0;
+    int ends = 0;
+    for (const auto& [call, fault] : std::vector<std::pair<FaultVfs::Call, FaultVfs::Fault>>{
+             {FaultVfs::Call::read, FaultVfs::Fault::ioError},
+             {FaultVfs::Call::write, FaultVfs::Fault::ioError},
+             {FaultVfs::Call::write, FaultVfs::Fault::outOfSpace},
+             {FaultVfs::Call::write, FaultVfs::Fault::shortWrite},
+             {FaultVfs::Call::sync, FaultVfs::Fault::ioError},
+             {FaultVfs::Call::truncate, FaultVfs::Fault::ioError},
+             {FaultVfs::Call::lock, FaultVfs::Fault::ioError}}) {
+        for (int after = 0;; ++after) {
+            const tests::TemporaryDirectory directory;
+            copy(directory);
+            Child child([&, call = call, fault = fault](const auto& didReturn) {
+                vfs.failOnce(call, after, fault);
+                operate(directory.path, kOperations, didReturn);
+                return vfs.hasFailed() ? EXIT_SUCCESS : kNothingFailed;
+            });
+            child.join();
+            const bool isOver = WIFEXITED(child.status) != 0;
+            if (isOver && WEXITSTATUS(child.status) == kNothingFailed) {
+                break;
+            }
+            ++faults;
+            ends += isOver ? 0 : 1;
+            ASSERT_TRUE(isOver ? WEXITSTATUS(child.status) == EXIT_SUCCESS
+                               : WTERMSIG(child.status) == SIGABRT);
+            tests::open(directory.path).reset();  // checks the file's integrity
+            const std::string content = contentOf(directory.path);
+            const bool isNext = !isOver && content == expected[child.returned + 1];
+            ASSERT_TRUE(isNext || content == expected[child.returned])
+                << "kind " << static_cast<int>(call) << '/' << static_cast<int>(fault)
+                << " of fault, at call " << after << ", after " << child.returned << " operations";
+        }
+    }
+    std::cout << faults << " faults, of which " << ends << " ended the program\n";
+}
+
+void writeAt(std::string& content, sqlite3_int64 offset, const std::string& bytes) {
+    const auto begin = static_cast<std::size_t>(offset);
+    content.resize(std::max(content.size(), begin + bytes.size()));
+    content.replace(begin, bytes.size(), bytes);
+}
+
+// The files after a power cut that came after so many events. What was synced is there; of each
+// later write all, nothing or some sectors.
+FaultVfs::Image imageAfterCut(const FaultVfs& vfs, std::size_t events, std::mt19937& dice) {
+    std::map<std::string, std::size_t> synced;
+    for (std::size_t each = 0; each < events; ++each) {
+        if (vfs.events()[each].kind == FaultVfs::Event::Kind::sync) {
+            synced[vfs.events()[each].file] = each;
+        }
+    }
+    const auto chance = [&dice](int percent) {
+        return std::uniform_int_distribution<>(0, 99)(dice) < percent;
+    };
+    FaultVfs::Image image = vfs.beginning();
+    for (std::size_t each = 0; each < events; ++each) {
+        const FaultVfs::Event& event = vfs.events()[each];
+        const auto last = synced.find(event.file);
+        const bool isSynced = last != synced.end() && each < last->second;
+        // What was not synced is there, or is not, or in part.
+        if (!isSynced && chance(33)) {
+            continue;
+        }
+        std::string& content = image[event.file];
+        if (event.kind == FaultVfs::Event::Kind::truncate) {
+            content.resize(static_cast<std::size_t>(event.offset));
+        } else if (event.kind == FaultVfs::Event::Kind::remove) {
+            image.erase(event.file);
+        } else if (event.kind == FaultVfs::Event::Kind::write) {
+            const bool isTorn = !isSynced && chance(50);
+            for (std::size_t begin = 0; begin < event.bytes.size(); begin += kSector) {
+                if (!isTorn || chance(50)) {
+                    writeAt(content, event.offset + static_cast<sqlite3_int64>(begin),
+                            event.bytes.substr(begin, kSector));
+                }
+            }
+        }
+    }
+    return image;
+}
+
+// A cut between any two changes of the files, with what was not synced there, gone or torn.
+TEST(PowerCut, LosesNoOperationThatReturnedAndKeepsNoneInPart) {
+    FaultVfs vfs;
+    const tests::TemporaryDirectory directory;
+    std::vector<std::string> contents;
+    {
+        const auto container = tests::open(directory.path);
+        vfs.record(directory.path);
+        tests::RandomOperations operations(container, 1);
+        contents.push_back(contentOf(directory.path));
+        for (int returned = 1; returned <= kOperationsBeforeCut; ++returned) {
+            operations.doOne();
+            vfs.setReturned(returned);
+            contents.push_back(contentOf(directory.path));
+        }
+    }
+    vfs.stop();
+    const std::size_t events = vfs.events().size();
+    std::mt19937 dice(1);
+    const char* const wanted = std::getenv("HEARTHMARK_POWER_CUTS");
+    const int cuts = wanted != nullptr ? std::atoi(wanted) : 2000;
+    int unreturned = 0;
+    for (int cut = 0; cut < cuts; ++cut) {
+        const tests::TemporaryDirectory after;
+        const auto before = std::uniform_int_distribution<std::size_t>(0, events)(dice);
+        for (const auto& [name, content] : imageAfterCut(vfs, before, dice)) {
+            std::ofstream(after.path / name, std::ios::binary) << content;
+        }
+        const auto returned =
+            static_cast<std::size_t>(before == 0 ? 0 : vfs.events()[before - 1].returned);
+        tests::open(after.path).reset();  // checks the file's integrity
+        const std::string content = contentOf(after.path);
+        const bool isNext = returned < kOperationsBeforeCut && content == contents[returned + 1];
+        unreturned += isNext && content != contents[returned] ? 1 : 0;
+        ASSERT_TRUE(isNext || content == contents[returned])
+            << "cut " << cut << " after " << before << " of " << events << " changes, by when "
+            << returned << " operations had returned";
+    }
+    std::cout << cuts << " cuts among " << events << " changes of the files; in " << unreturned
+              << " the operation under way was there, whole\n";
+}
+
+}  // namespace
+}  // namespace hearthmark::store

@@ -1,0 +1,44 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QtQmlIntegration/qqmlintegration.h>
+
+#include <QString>
+#include <vector>
+
+#include "presentation/restore_backup_view_model.h"
+#include "ui/row_list_model.h"
+
+namespace hearthmark::ui {
+
+// A backup in the list.
+struct BackupRow {
+    QList<int> assign(BackupRow&& next);
+
+    // Its place from above.
+    RowKey key;
+    // "Saturday, 21 November 2026", with a time where the day has several.
+    QString text;
+    // "12 tasks, 340 intervals".
+    QString detail;
+    bool isSelected = false;
+};
+
+// The backups that can be restored, newest first.
+class BackupListModel : public RowListModel<BackupRow> {
+    Q_OBJECT
+    QML_ELEMENT
+    QML_UNCREATABLE("made by the restore adapter")
+
+ public:
+    enum Role { TextRole = Qt::UserRole, DetailRole, IsSelectedRole };
+
+    using RowListModel::RowListModel;
+
+    void show(const presentation::RestoreBackupViewState& state);
+
+    QVariant data(const QModelIndex& index, int role) const override;
+    QHash<int, QByteArray> roleNames() const override;
+};
+
+}  // namespace hearthmark::ui

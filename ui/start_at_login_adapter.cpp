@@ -1,0 +1,29 @@
+// SPDX-License-Identifier: MIT
+#include "ui/start_at_login_adapter.h"
+
+#include <utility>
+
+#include "ui/text_conversion.h"
+
+namespace hearthmark::ui {
+
+StartAtLoginAdapter::StartAtLoginAdapter(std::shared_ptr<services::StartAtLogin> startAtLogin)
+    : startAtLogin_(std::move(startAtLogin)),
+      subscription_(startAtLogin_->state().subscribeDidChange([this] { emit changed(); })) {}
+
+QString StartAtLoginAdapter::reason() const {
+    return toQString(state().fault.empty() ? state().unavailableReason : state().fault);
+}
+
+void StartAtLoginAdapter::refresh() {
+    startAtLogin_->refresh();
+}
+
+void StartAtLoginAdapter::toggle() {
+    startAtLogin_->toggle();
+    if (!state().fault.empty()) {
+        QMetaObject::invokeMethod(this, &StartAtLoginAdapter::failed, Qt::QueuedConnection);
+    }
+}
+
+}  // namespace hearthmark::ui

@@ -1,0 +1,12 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QIcon>
+
+namespace hearthmark::ui {
+
+// The program's icon for panels that ask the window for it, in the sizes that they use. Requires a
+// QGuiApplication.
+QIcon windowIcon();
+
+}  // namespace hearthmark::ui
