@@ -25,26 +25,22 @@ check_format() {
     sources_named -name '*.h' -o -name '*.cpp' | xargs -0 clang-format --dry-run --Werror
 }
 
-# What changed, and what includes a header that did, also by way of others.
+# What changed, and for a header that did its source, else one that includes it: findings in a header
+# come with any of them.
 changed_cpp() {
-    local headers all=""
+    local header source
     git diff -z --name-only --diff-filter=d "$LINT_SINCE" -- '*.cpp'
     git ls-files -zo --exclude-standard -- '*.cpp'
-    headers=$(git diff --name-only --diff-filter=d "$LINT_SINCE" -- '*.h')
-    while [ -n "$headers" ]; do
-        all+=$headers$'\n'
-        headers=$(includers_of "$headers" '*.h' | tr '\0' '\n' | sort -u |
-            grep -vxF -f <(echo "$all") || true)
-    done
-    includers_of "$all" '*.cpp'
+    git diff -z --name-only --diff-filter=d "$LINT_SINCE" -- '*.h' |
+        while IFS= read -rd '' header; do
+            source="${header%.h}.cpp"
+            [ -e "$source" ] || source=$(includer_of "$header")
+            [ -z "$source" ] || printf '%s\0' "$source"
+        done
 }
 
-includers_of() {
-    local header
-    while read -r header; do
-        [ -z "$header" ] ||
-            git grep -zlF -e "#include \"$header\"" -e "#include \"${header#tests/}\"" -- "$2" || true
-    done <<<"$1"
+includer_of() {
+    git grep -lF -e "#include \"$1\"" -e "#include \"${1#tests/}\"" -- '*.cpp' | sed -n 1p || true
 }
 
 cpp_to_check() {

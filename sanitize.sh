@@ -7,12 +7,12 @@
 set -euo pipefail
 cd "$(dirname "$0")"
 
-suites=(base objectstore livedata store services presentation export ui platform previews)
+suites=(base objectstore livedata store services presentation export ui platform)
 fuzzers=(store_file_fuzzer update_feed_fuzzer)
 
 packaging/install-packages.sh build run sanitize
 cmake --preset asan
-cmake --build --preset asan --target "${suites[@]/%/_tests}" "${fuzzers[@]}"
+cmake --build --preset asan --target "${suites[@]/%/_tests}" hearthmark_previews "${fuzzers[@]}"
 
 export LANG="${LANG:-C.UTF-8}"
 export LSAN_OPTIONS="suppressions=$PWD/tests/leaks.txt:print_suppressions=0"
@@ -25,6 +25,8 @@ for suite in "${suites[@]}"; do
     echo "== $suite"
     "build/asan/tests/${suite}_tests" --gtest_brief=1 </dev/null || failed+=("$suite")
 done
+echo "== previews"
+build/asan/previews/hearthmark_previews build/asan/previews/drawn </dev/null || failed+=(previews)
 
 # Beside each other, with the files in memory and shallow stacks, of which they make very many.
 export TMPDIR=/dev/shm ASAN_OPTIONS=malloc_context_size=4
