@@ -31,7 +31,7 @@ within() {
 
 start_screen() {
     # Xvfb chooses a free display itself and tells its number.
-    exec 3< <(exec Xvfb -displayfd 1 -screen 0 1280x800x24 -nolisten tcp 2>"$log")
+    exec 3< <(exec Xvfb -displayfd 1 -screen 0 1280x800x24 -nolisten tcp -noreset 2>"$log")
     started+=($!)
     local number
     read -r -t 30 -u 3 number || fail "The virtual screen did not start: $(cat "$log")"

@@ -55,7 +55,7 @@ session=(setpriv --reuid "$person" --regid "$person" --init-groups env --chdir="
     HOME="$home" XDG_RUNTIME_DIR="$home" DISPLAY=:97 LANG=C.UTF-8 DBUS_SESSION_BUS_ADDRESS="unix:path=$home/bus")
 started=()
 trap 'kill "${started[@]}" 2>/dev/null || true; rm -rf "$home"' EXIT
-"${session[@]}" Xvfb :97 -screen 0 1200x800x24 -nolisten tcp 2>/dev/null &
+"${session[@]}" Xvfb :97 -screen 0 1200x800x24 -nolisten tcp -noreset 2>/dev/null &
 started+=($!)
 "${session[@]}" dbus-daemon --session --address="unix:path=$home/bus" --nofork --nopidfile 2>/dev/null &
 started+=($!)

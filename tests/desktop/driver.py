@@ -59,8 +59,10 @@ class Desktop:
         os.chmod(self.directory, 0o700)
         self.processes = []
         reading, writing = os.pipe()
+        # A server that resets itself, which it does by default when a client leaves it alone, turns
+        # away whoever connects at that moment.
         self._start(["Xvfb", "-displayfd", str(writing), "-screen", "0", "1200x800x24",
-                     "-nolisten", "tcp"], pass_fds=[writing])
+                     "-nolisten", "tcp", "-noreset"], pass_fds=[writing])
         os.close(writing)
         os.environ["DISPLAY"] = ":" + os.read(reading, 16).decode().strip()
         os.environ["XDG_RUNTIME_DIR"] = self.directory
