@@ -5,6 +5,7 @@
 #include <SQLiteCpp/SQLiteCpp.h>
 #include <sqlite3.h>
 
+#include <sstream>
 #include <string>
 
 #include "objectstore/entity_description.h"
@@ -109,7 +110,8 @@ RowDifference compareRows(const std::filesystem::path& from, const std::filesyst
     const auto missing = [](const std::string& rows, const std::string& others) {
         return rows + " WHERE id NOT IN (SELECT id FROM " + others + " WHERE id IS NOT NULL)";
     };
-    std::string pairs = here + " AS a JOIN " + there + " AS b ON a.id = b.id";
+    std::ostringstream pairs;
+    pairs << here << " AS a JOIN " << there << " AS b ON a.id = b.id";
     std::string differs = differences(database, entity, "a", "b");
     for (const EntityDescription* part : model.entities) {
         for (const ReferenceDescription& reference : part->references()) {
@@ -118,16 +120,16 @@ RowDifference compareRows(const std::filesystem::path& from, const std::filesyst
                 const std::string mine = "a" + name;
                 const std::string theirs = "b" + name;
                 const std::string owner = '.' + reference.name + " = ";
-                pairs += " LEFT JOIN main." + name + " AS " + mine + " ON " + mine + owner + "a.pk";
-                pairs +=
-                    " LEFT JOIN other." + name + " AS " + theirs + " ON " + theirs + owner + "b.pk";
+                pairs << " LEFT JOIN main." << name << " AS " << mine << " ON " << mine << owner
+                      << "a.pk LEFT JOIN other." << name << " AS " << theirs << " ON " << theirs
+                      << owner << "b.pk";
                 differs += " OR " + differences(database, *part, mine, theirs);
             }
         }
     }
     return {.added = count(database, missing(there, here)),
             .removed = count(database, missing(here, there)),
-            .changed = count(database, pairs + " WHERE " + differs)};
+            .changed = count(database, pairs.str() + " WHERE " + differs)};
 }
 
 }  // namespace hearthmark::objectstore
