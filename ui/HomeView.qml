@@ -86,16 +86,14 @@ FocusScope {
             }
         }
 
-        // At most one, and none before a task is selected first.
-        Repeater {
-            model: root.home.taskDetail ? 1 : 0
-
-            TaskDetailView {
-                anchors.fill: parent
-                anchors.leftMargin: 1
-                adapter: root.home.taskDetail
-                overview: root.home.overview
-            }
+        // Its types are loaded for the first task that is selected.
+        Loader {
+            anchors.fill: parent
+            anchors.leftMargin: 1
+            active: root.home.taskDetail !== null
+            Component.onCompleted: setSource(Qt.resolvedUrl("TaskDetailView.qml"), {
+                home: root.home
+            })
         }
     }
 

@@ -7,8 +7,8 @@ import Hearthmark.Ui
 Item {
     id: root
 
-    required property TaskDetailAdapter adapter
-    required property OverviewAdapter overview
+    required property HomeAdapter home
+    readonly property TaskDetailAdapter adapter: root.home.taskDetail
 
     Shortcut {
         sequence: "Ctrl+Shift+N"
@@ -63,7 +63,7 @@ Item {
         anchors.topMargin: toolbar.height
         visible: root.adapter.loaded
         adapter: root.adapter
-        overview: root.overview
+        overview: root.home.overview
         onMenuRequested: (row, position) => (popups.part() as TaskDetailPopups).openMenu(row, position)
     }
 
