@@ -15,7 +15,7 @@ Window {
     minimumWidth: 640
     minimumHeight: 420
     color: Theme.colors.window
-    LayoutMirroring.enabled: Application.layoutDirection === Qt.RightToLeft
+    LayoutMirroring.enabled: root.home.appearance.isRightToLeft
     LayoutMirroring.childrenInherit: true
 
     // A popup that closes leaves the focus with the window itself.

@@ -3,6 +3,7 @@
 
 #include <QtQmlIntegration/qqmlintegration.h>
 
+#include <QGuiApplication>
 #include <QObject>
 #include <memory>
 
@@ -18,6 +19,7 @@ class AppearanceAdapter final : public QObject {
     QML_UNCREATABLE("made by the home view factory")
     Q_PROPERTY(bool isDark READ isDark NOTIFY changed FINAL)
     Q_PROPERTY(bool isStill READ isStill NOTIFY changed FINAL)
+    Q_PROPERTY(bool isRightToLeft READ isRightToLeft CONSTANT FINAL)
 
  public:
     explicit AppearanceAdapter(std::shared_ptr<services::AppearancePreference> preference)
@@ -26,6 +28,7 @@ class AppearanceAdapter final : public QObject {
 
     bool isDark() const { return preference_->value().isDark; }
     bool isStill() const { return preference_->value().isStill; }
+    bool isRightToLeft() const { return QGuiApplication::isRightToLeft(); }
 
  signals:
     void changed();
