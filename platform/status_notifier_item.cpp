@@ -72,9 +72,13 @@ const QDBusArgument& operator>>(const QDBusArgument& argument, StatusToolTip& to
 StatusNotifierItem::StatusNotifierItem(Handlers handlers, DbusMenu::Actions menuActions)
     : handlers_(std::move(handlers)),
       menu_(std::move(menuActions)),
-      bus_(QDBusConnection::sessionBus()),
-      watcher_(QLatin1String(kWatcher), bus_, QDBusServiceWatcher::WatchForOwnerChange),
-      pixmap_(pixmaps(icon_)) {
+      bus_(QDBusConnection::sessionBus()) {
+    // Each step waits for the thread of the bus, and the window comes first.
+    QTimer::singleShot(0, this, &StatusNotifierItem::appear);
+}
+
+void StatusNotifierItem::appear() {
+    pixmap_ = pixmaps(icon_);
     if (!bus_.isConnected()) {
         return;
     }
@@ -89,6 +93,9 @@ StatusNotifierItem::StatusNotifierItem(Handlers handlers, DbusMenu::Actions menu
     for (const char* change : {"StatusNotifierHostRegistered", "StatusNotifierHostUnregistered"}) {
         bus_.connect({}, kWatcherPath, kWatcher, QLatin1String(change), this, SLOT(askForHost()));
     }
+    watcher_.setConnection(bus_);
+    watcher_.setWatchMode(QDBusServiceWatcher::WatchForOwnerChange);
+    watcher_.addWatchedService(QLatin1String(kWatcher));
     connect(&watcher_, &QDBusServiceWatcher::serviceOwnerChanged, this,
             [this](const QString& /*service*/, const QString& /*old*/, const QString& owner) {
                 isWatched_ = false;

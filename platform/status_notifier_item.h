@@ -55,7 +55,8 @@ class StatusNotifierItem final : public QObject {
         std::function<void()> isHostedChanged;
     };
 
-    // Takes its place on the bus at once. Where there is no bus, nothing shows it.
+    // Takes its place on the bus with the next turn of the event loop. Where there is no bus,
+    // nothing shows it.
     StatusNotifierItem(Handlers handlers, DbusMenu::Actions menuActions);
     ~StatusNotifierItem() override;
 
@@ -102,6 +103,7 @@ class StatusNotifierItem final : public QObject {
     void askForHost();
 
  private:
+    void appear();
     void registerAtWatcher();
     void setIsHosted(bool isHosted);
 
