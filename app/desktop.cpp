@@ -31,7 +31,8 @@ constexpr auto kLook = 1s;
 
 Desktop::Desktop(const std::shared_ptr<const store::StoreBackups>& backups,
                  platform::AppcastUpdater::Configuration updates,
-                 std::shared_ptr<const base::Clock> clock, const base::FatalErrorHandler& fatal)
+                 std::shared_ptr<const base::Clock> clock, TasksApp::FirstWindow firstWindow,
+                 const base::FatalErrorHandler& fatal)
     : unseenFinishes_(std::make_shared<services::UnseenFinishes>()),
       updater_(std::make_shared<platform::AppcastUpdater>(std::move(updates))),
       statusBar_(std::make_shared<platform::SystemStatusBar>(platform::SystemStatusBar::Handlers{
@@ -51,7 +52,7 @@ Desktop::Desktop(const std::shared_ptr<const store::StoreBackups>& backups,
               .playSound = &platform::playCompletionSound})),
       appearance_(std::make_shared<services::AppearancePreference>()),
       desktopAppearance_(appearance_),
-      tasksApp_(environment(backups, std::move(clock), fatal)),
+      tasksApp_(environment(backups, std::move(clock), firstWindow, fatal)),
       unseenFinishesSubscription_(unseenFinishes_->subscribeDidChange(
           [this] { statusBar_->setNeedsAttention(!unseenFinishes_->value().empty()); })) {
     const auto showCanCheck = [this] {
@@ -70,9 +71,11 @@ Desktop::Desktop(const std::shared_ptr<const store::StoreBackups>& backups,
 
 TasksApp::Environment Desktop::environment(
     const std::shared_ptr<const store::StoreBackups>& backups,
-    std::shared_ptr<const base::Clock> clock, const base::FatalErrorHandler& fatal) {
+    std::shared_ptr<const base::Clock> clock, TasksApp::FirstWindow firstWindow,
+    const base::FatalErrorHandler& fatal) {
     const QString storeFolder = QString::fromStdString(backups->storeDirectory().string());
     return {
+        .firstWindow = firstWindow,
         .persistentContainerFactory =
             std::make_unique<store::PersistentContainerFactory>(backups, fatal),
         .makeTimeKeepingProvider = [] { return std::make_shared<platform::TimeKeepingProvider>(); },
@@ -99,8 +102,8 @@ TasksApp::Environment Desktop::environment(
         .didHide = [this] { sayOnceThatItKeepsRunning(); }};
 }
 
-void Desktop::launch(TasksApp::FirstWindow firstWindow) {
-    tasksApp_.launch(firstWindow);
+void Desktop::launch() {
+    tasksApp_.launch();
 }
 
 void Desktop::activate(const QString& activationToken) {

@@ -31,10 +31,11 @@ class Desktop final : public QObject {
 
     Desktop(const std::shared_ptr<const store::StoreBackups>& backups,
             platform::AppcastUpdater::Configuration updates,
-            std::shared_ptr<const base::Clock> clock, const base::FatalErrorHandler& fatal);
+            std::shared_ptr<const base::Clock> clock, TasksApp::FirstWindow firstWindow,
+            const base::FatalErrorHandler& fatal);
 
     // Called once.
-    void launch(TasksApp::FirstWindow firstWindow);
+    void launch();
     // Brings the window to the front. Requires launch() to have been called.
     void activate(const QString& activationToken);
     // As the person chose from the desktop entry. Requires the same.
@@ -43,6 +44,7 @@ class Desktop final : public QObject {
  private:
     TasksApp::Environment environment(const std::shared_ptr<const store::StoreBackups>& backups,
                                       std::shared_ptr<const base::Clock> clock,
+                                      TasksApp::FirstWindow firstWindow,
                                       const base::FatalErrorHandler& fatal);
     void terminate();
     void sayOnceThatItKeepsRunning();

@@ -19,13 +19,15 @@ HomeViewFactory::HomeViewFactory(
     std::shared_ptr<const store::LiveDataProvidingFactoryProtocol> liveDataFactory,
     std::shared_ptr<const base::Clock> clock,
     std::shared_ptr<presentation::SelectedTaskId> mutableSelectedTaskId,
-    TimeKeepingProviderMaker makeTimeKeepingProvider, Ports ports,
+    TimeKeepingProviderMaker makeTimeKeepingProvider,
+    std::shared_ptr<ui::MainWindowLoader> windowLoader, Ports ports,
     ui::AboutAdapter::Program program, Actions actions)
     : dataOperationsService_(std::move(dataOperationsService)),
       liveDataFactory_(std::move(liveDataFactory)),
       clock_(std::move(clock)),
       mutableSelectedTaskId_(std::move(mutableSelectedTaskId)),
       makeTimeKeepingProvider_(std::move(makeTimeKeepingProvider)),
+      windowLoader_(std::move(windowLoader)),
       ports_(std::move(ports)),
       program_(std::move(program)),
       actions_(std::move(actions)) {}
@@ -62,7 +64,7 @@ std::unique_ptr<services::HomeViewProtocol> HomeViewFactory::makeHomeView() {
     return std::make_unique<ui::HomeView>(
         std::make_unique<ui::HomeAdapter>(homeVMFactory.makeViewModel(), subviewsFactory,
                                           std::move(parts), actions_.quit),
-        actions_.windowShouldClose);
+        windowLoader_, actions_.windowShouldClose);
 }
 
 }  // namespace hearthmark::app

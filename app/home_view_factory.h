@@ -19,6 +19,7 @@
 #include "store/store_backups.h"
 #include "ui/about_adapter.h"
 #include "ui/home_view_subviews_factory.h"
+#include "ui/main_window_loader.h"
 
 namespace hearthmark::app {
 
@@ -51,7 +52,8 @@ class HomeViewFactory final : public services::HomeViewFactoryProtocol {
                     std::shared_ptr<const store::LiveDataProvidingFactoryProtocol> liveDataFactory,
                     std::shared_ptr<const base::Clock> clock,
                     std::shared_ptr<presentation::SelectedTaskId> mutableSelectedTaskId,
-                    TimeKeepingProviderMaker makeTimeKeepingProvider, Ports ports,
+                    TimeKeepingProviderMaker makeTimeKeepingProvider,
+                    std::shared_ptr<ui::MainWindowLoader> windowLoader, Ports ports,
                     ui::AboutAdapter::Program program, Actions actions);
 
     std::unique_ptr<services::HomeViewProtocol> makeHomeView() override;
@@ -62,6 +64,7 @@ class HomeViewFactory final : public services::HomeViewFactoryProtocol {
     std::shared_ptr<const base::Clock> clock_;
     std::shared_ptr<presentation::SelectedTaskId> mutableSelectedTaskId_;
     TimeKeepingProviderMaker makeTimeKeepingProvider_;
+    std::shared_ptr<ui::MainWindowLoader> windowLoader_;
     Ports ports_;
     ui::AboutAdapter::Program program_;
     Actions actions_;

@@ -91,12 +91,12 @@ int runApplication(int argc, char** argv, const Process& process) {
         fatal(store::unresolvedLoadError(
             {error.message() + ": " + directory, error.value(), error.value(), "lock"}));
     }
-    app::Desktop desktop(process.backups, updates(), process.clock, fatal);
+    app::Desktop desktop(process.backups, updates(), process.clock, process.firstWindow, fatal);
     QObject::connect(&applicationObject, &platform::ApplicationObject::activationRequested,
                      &desktop, &app::Desktop::activate);
     QObject::connect(&applicationObject, &platform::ApplicationObject::actionRequested, &desktop,
                      &app::Desktop::perform);
-    desktop.launch(process.firstWindow);
+    desktop.launch();
     const auto signalNotifier = process.terminationSignals.listen(&QCoreApplication::quit);
     return QGuiApplication::exec();
 }

@@ -12,9 +12,14 @@ TasksApp::TasksApp(const Environment& environment)
           homeView_->hide();
           didHide();
       }),
+      firstWindow_(environment.firstWindow),
       clock_(std::make_shared<services::AwakeClock>(environment.clock)),
       updater_(environment.homeViewPorts.updater),
       selectedTaskId_(std::make_shared<presentation::SelectedTaskId>(std::nullopt)) {
+    const auto windowLoader = std::make_shared<ui::MainWindowLoader>();
+    if (firstWindow_ == FirstWindow::atOnce) {
+        windowLoader->begin();
+    }
     const auto container = environment.persistentContainerFactory->makeContainer();
     const auto liveDataFactory = std::make_shared<store::LiveDataProvidingFactory>(container);
     const auto makeTimeKeepingProvider = [make = environment.makeTimeKeepingProvider,
@@ -31,7 +36,7 @@ TasksApp::TasksApp(const Environment& environment)
         environment.fatal);
     homeViewFactory_ = std::make_shared<HomeViewFactory>(
         dataOperationsService_, liveDataFactory, clock_, selectedTaskId_, makeTimeKeepingProvider,
-        environment.homeViewPorts, environment.program,
+        windowLoader, environment.homeViewPorts, environment.program,
         HomeViewFactory::Actions{
             .windowShouldClose = [this] { return appDelegate_.windowShouldClose(); },
             .quit = environment.quit,
@@ -86,9 +91,9 @@ void TasksApp::addQuitHook() {
         });
 }
 
-void TasksApp::launch(FirstWindow firstWindow) {
+void TasksApp::launch() {
     appDelegate_.applicationDidFinishLaunching({});
-    if (firstWindow == FirstWindow::atOnce) {
+    if (firstWindow_ == FirstWindow::atOnce) {
         show({});
     }
 }

@@ -35,6 +35,7 @@ class TasksApp {
     enum class FirstWindow { atOnce, whenAskedFor };
     // What differs between the program and a test of it.
     struct Environment {
+        FirstWindow firstWindow;
         std::unique_ptr<store::PersistentContainerFactoryProtocol> persistentContainerFactory;
         HomeViewFactory::TimeKeepingProviderMaker makeTimeKeepingProvider;
         std::shared_ptr<const base::Clock> clock;
@@ -51,14 +52,14 @@ class TasksApp {
         std::function<void()> didHide;
     };
 
-    // Opens the store; starts nothing.
+    // Opens the store; starts nothing but to load a window that will be shown at once.
     explicit TasksApp(const Environment& environment);
     TasksApp(const TasksApp&) = delete;
     TasksApp& operator=(const TasksApp&) = delete;
 
     // Runs the launch hook, then shows the main window, unless it is to wait until it is asked for:
     // then it is not even made. Called once.
-    void launch(FirstWindow firstWindow);
+    void launch();
 
     // Runs the quit hook. Called once, when the event loop has ended.
     void terminate();
@@ -80,6 +81,7 @@ class TasksApp {
     void show(const std::string& activationToken);
 
     AppDelegate appDelegate_;
+    FirstWindow firstWindow_;
     std::shared_ptr<services::AwakeClock> clock_;
     std::shared_ptr<store::DataOperationsServiceProtocol> dataOperationsService_;
     std::shared_ptr<services::IntervalTimeKeeperService> intervalTimeKeeper_;

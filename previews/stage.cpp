@@ -174,6 +174,7 @@ QImage Stage::pictureOfHome(const Preview& preview) {
             service, liveDataFactory, clock,
             std::make_shared<presentation::SelectedTaskId>(std::nullopt),
             [] { return std::make_shared<StoppedTimeKeepingProvider>(); },
+            std::make_shared<ui::MainWindowLoader>(),
             {.clipboard = nullptr,
              .updater = updater,
              .startAtLogin = std::make_shared<FakeStartAtLogin>(),

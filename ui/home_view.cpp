@@ -3,29 +3,21 @@
 
 #include <QEvent>
 #include <QGuiApplication>
-#include <QQmlComponent>
 #include <QQuickWindow>
 #include <QScreen>
 #include <utility>
 
-#include "ui/symbol_provider.h"
+#include "ui/main_window_loader.h"
 #include "ui/window_icon.h"
 
 namespace hearthmark::ui {
 
-HomeView::HomeView(std::unique_ptr<HomeAdapter> adapter, WindowShouldClose windowShouldClose)
-    : windowShouldClose_(std::move(windowShouldClose)), adapter_(std::move(adapter)) {
-    QQmlEngine::setObjectOwnership(adapter_.get(), QQmlEngine::CppOwnership);
-    engine_.addImportPath(QStringLiteral("qrc:/qt/qml"));
-    engine_.addImageProvider(QStringLiteral("symbols"), new SymbolProvider);
-    QQmlComponent component(&engine_, QUrl("qrc:/qt/qml/Hearthmark/Ui/MainWindow.qml"));
-    if (component.isReady()) {
-        window_.reset(qobject_cast<QQuickWindow*>(component.createWithInitialProperties(
-            {{QStringLiteral("home"), QVariant::fromValue(adapter_.get())}})));
-    }
-    if (!window_) {
-        qFatal("The main window cannot be made: %s", qUtf8Printable(component.errorString()));
-    }
+HomeView::HomeView(std::unique_ptr<HomeAdapter> adapter, std::shared_ptr<MainWindowLoader> loader,
+                   WindowShouldClose windowShouldClose)
+    : windowShouldClose_(std::move(windowShouldClose)),
+      adapter_(std::move(adapter)),
+      loader_(std::move(loader)),
+      window_(loader_->makeWindow(*adapter_)) {
     window_->resize(window_->size().boundedTo(window_->screen()->availableSize()));
     // A panel takes the icon also from a window that it shows already.
     connect(

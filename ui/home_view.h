@@ -2,7 +2,6 @@
 #pragma once
 
 #include <QObject>
-#include <QQmlEngine>
 #include <functional>
 #include <memory>
 
@@ -13,6 +12,8 @@ class QQuickWindow;
 
 namespace hearthmark::ui {
 
+class MainWindowLoader;
+
 // The main window with the home screen in it. Hidden until it is shown.
 class HomeView final : public QObject, public services::HomeViewProtocol {
     Q_OBJECT
@@ -21,7 +22,8 @@ class HomeView final : public QObject, public services::HomeViewProtocol {
     // Answers whether the window may close; it may instead hide the program.
     using WindowShouldClose = std::function<bool()>;
 
-    HomeView(std::unique_ptr<HomeAdapter> adapter, WindowShouldClose windowShouldClose);
+    HomeView(std::unique_ptr<HomeAdapter> adapter, std::shared_ptr<MainWindowLoader> loader,
+             WindowShouldClose windowShouldClose);
     ~HomeView() override;
 
     void show(const std::string& activationToken) override;
@@ -35,7 +37,7 @@ class HomeView final : public QObject, public services::HomeViewProtocol {
  private:
     WindowShouldClose windowShouldClose_;
     std::unique_ptr<HomeAdapter> adapter_;
-    QQmlEngine engine_;
+    std::shared_ptr<MainWindowLoader> loader_;
     std::unique_ptr<QQuickWindow> window_;
     bool isQuitting_ = false;
 };

@@ -108,6 +108,7 @@ void measure(std::int64_t intervals, const std::string& name) {
             opened.service, opened.liveDataFactory, opened.clock,
             std::make_shared<presentation::SelectedTaskId>(task.id()),
             [] { return std::make_shared<platform::TimeKeepingProvider>(); },
+            std::make_shared<ui::MainWindowLoader>(),
             {.clipboard = nullptr,
              .updater = std::make_shared<platform::AppcastUpdater>(
                  platform::AppcastUpdater::Configuration{}),

@@ -95,7 +95,7 @@ class Program {
  public:
     Program(const std::filesystem::path& directory, double second) : app_(environment(directory)) {
         clock_->time = at(second);
-        app_.launch(app::TasksApp::FirstWindow::atOnce);
+        app_.launch();
         window_ = qobject_cast<QQuickWindow*>(QGuiApplication::allWindows().constFirst());
         home_ = window_->property("home").value<ui::HomeAdapter*>();
         QObject::connect(window_, &QQuickWindow::frameSwapped, window_, [this] { ++frames_; });
@@ -149,7 +149,8 @@ class Program {
     static constexpr int kFirstTaskRow = 3;
 
     app::TasksApp::Environment environment(const std::filesystem::path& directory) const {
-        return {.persistentContainerFactory = std::make_unique<store::PersistentContainerFactory>(
+        return {.firstWindow = app::TasksApp::FirstWindow::atOnce,
+                .persistentContainerFactory = std::make_unique<store::PersistentContainerFactory>(
                     directory, base::FatalErrorHandler()),
                 .makeTimeKeepingProvider = [this] { return timers_; },
                 .clock = clock_,
