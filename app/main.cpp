@@ -12,6 +12,8 @@
 #include <filesystem>
 #include <iostream>
 #include <memory>
+#include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 #include <system_error>
@@ -35,6 +37,23 @@
 using namespace hearthmark;
 
 namespace {
+
+// Absent where the program is to be started; what else may stand there is the toolkit's.
+std::optional<std::string_view> answer(int argc, char** argv) {
+    for (const std::string_view argument : std::span(argv, static_cast<std::size_t>(argc))) {
+        if (argument == "--version") {
+            return "Hearthmark " HEARTHMARK_VERSION "\n";
+        }
+        if (argument == "--help" || argument == "-h") {
+            return "Usage: hearthmark [OPTION]\n"
+                   "Starts Hearthmark, or brings the window of the running one to the front.\n\n"
+                   "  -h, --help   print this text\n"
+                   "  --version    print the version\n\n"
+                   "Options of the Qt toolkit, such as -platform, are taken as well.\n";
+        }
+    }
+    return std::nullopt;
+}
 
 int showRunningInstance(int argc, char** argv) {
     const QCoreApplication application(argc, argv);
@@ -126,6 +145,10 @@ int restartRestored(int argc, char** argv, const store::StoreBackups& backups) {
 }  // namespace
 
 int main(int argc, char** argv) {
+    if (const auto text = answer(argc, argv)) {
+        std::cout << *text;
+        return EXIT_SUCCESS;
+    }
     const platform::TerminationSignals terminationSignals;
     const auto firstWindow = platform::takeStartByBus() ? app::TasksApp::FirstWindow::whenAskedFor
                                                         : app::TasksApp::FirstWindow::atOnce;

@@ -293,6 +293,12 @@ class Restarts(ProgramTest):
         program.end(signal.SIGKILL)
         program.launch()
 
+    def test_its_version_needs_neither_a_display_nor_a_store(self):
+        asked = subprocess.run([self.program.binary, "--version"], capture_output=True, text=True, timeout=5,
+                               env=self.program.environment(DISPLAY="none"), check=True)
+        self.assertRegex(asked.stdout, r"^Hearthmark \d+\.\d+\.\d+\n$")
+        self.assertEqual(os.listdir(self.program.data), [])
+
     def test_a_file_that_it_refuses_is_left_alone(self):
         self.make_store(*self.task_with_interval(state=2), "PRAGMA user_version = 1000")
         directory = Path(self.program.file).parent
