@@ -33,7 +33,7 @@ namespace hearthmark::app {
 class TasksApp {
  public:
     enum class FirstWindow { atOnce, whenAskedFor };
-    // What differs between the program and a test of it.
+    // What differs from start to start, or in a test of the program.
     struct Environment {
         FirstWindow firstWindow;
         std::unique_ptr<store::PersistentContainerFactoryProtocol> persistentContainerFactory;
