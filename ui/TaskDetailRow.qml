@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: MIT
 import QtQuick
-import Hearthmark.Controls
 import Hearthmark.Ui
 
 // A line of the detail pane's list: an interval that does not run, a note, or the empty place over
