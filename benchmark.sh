@@ -9,12 +9,13 @@ cd "$(dirname "$0")"
 packaging/install-packages.sh build run screen test
 cmake --preset release
 cmake --build --preset release --target hearthmark hearthmark_benchmarks \
-    hearthmark_ui_benchmarks bare_window ten_year_store
+    hearthmark_ui_benchmarks bare_timer bare_window ten_year_store
 build/release/benchmarks/hearthmark_benchmarks "$@"
 if [ $# -eq 0 ]; then
     # No screen: what the window draws costs the same without one.
     QT_QPA_PLATFORM=offscreen build/release/benchmarks/hearthmark_ui_benchmarks
     PYTHONPATH=tests/desktop /usr/bin/python3 -W ignore benchmarks/process/whole_process.py \
-        build/release/hearthmark build/release/benchmarks/bare_window \
+        build/release/hearthmark build/release/benchmarks/bare_timer \
+        build/release/benchmarks/bare_window \
         build/release/benchmarks/ten_year_store
 fi

@@ -2,7 +2,7 @@
 """Measures whole programs on a display of their own and prints figures and ratios; nothing passes or
 fails.
 
-Usage: whole_process.py HEARTHMARK BARE_WINDOW TEN_YEAR_STORE [SECONDS] [STARTS]
+Usage: whole_process.py HEARTHMARK BARE_TIMER BARE_WINDOW TEN_YEAR_STORE [SECONDS] [STARTS]
 SECONDS is how long each steady state is watched, 60 by default; STARTS how often each program is
 started, 7 by default."""
 
@@ -150,10 +150,13 @@ def print_starts(subjects):
         print(f"{empty.name} / {other.name:36}{'':16}" + ratios(empty, other))
 
 
-def watch(pid, seconds):
-    processor, woken = processor_times(pid), wake_ups(pid)
+def watch(pid, timer, seconds):
+    """Processor time and wake-ups a second, and the same time of the bare timer beside it."""
+    before = processor_times(pid), processor_times(timer), wake_ups(pid)
     time.sleep(seconds)
-    return (growth(processor, processor_times(pid)) / seconds, growth(woken, wake_ups(pid)) / seconds)
+    after = processor_times(pid), processor_times(timer), wake_ups(pid)
+    processor, bare, woken = map(growth, before, after)
+    return processor / seconds, bare / seconds, woken / seconds
 
 
 def start_focus(subject):
@@ -168,7 +171,7 @@ def start_focus(subject):
         raise RuntimeError(f"{subject.name}: no focus was started")
 
 
-def print_steady(subject, windows, seconds):
+def print_steady(subject, windows, timer, seconds):
     process = subject.start()
     windows.wait_for_one()
 
@@ -180,16 +183,17 @@ def print_steady(subject, windows, seconds):
                          ("running, window hidden", hide)]:
         reach()
         time.sleep(SETTLING_SECONDS)
-        processor, woken = watch(process.pid, seconds)
-        print(f"{subject.name:28}{state:28}{processor:8.2f} ms of CPU and{woken:6.2f} wake-ups a second")
+        processor, bare, woken = watch(process.pid, timer, seconds)
+        print(f"{subject.name:24}{state:24}{woken:6.2f} wake-ups and{processor:6.2f} ms of CPU a second,"
+              f" a bare timer{bare:6.2f} ms")
     process.terminate()
     process.wait()
 
 
 def main():
-    hearthmark, bare, ten_year_store = sys.argv[1:4]
-    seconds = float(sys.argv[4]) if len(sys.argv) > 4 else 60
-    starts = int(sys.argv[5]) if len(sys.argv) > 5 else 7
+    hearthmark, bare_timer, bare, ten_year_store = sys.argv[1:5]
+    seconds = float(sys.argv[5]) if len(sys.argv) > 5 else 60
+    starts = int(sys.argv[6]) if len(sys.argv) > 6 else 7
     # What assistive programs cost is theirs.
     desktop = Desktop()
     os.environ.pop("QT_LINUX_ACCESSIBILITY_ALWAYS_ON")
@@ -207,8 +211,11 @@ def main():
         for subject in subjects:
             subject.measure_start(windows)
     print_starts(subjects)
+    timer = subprocess.Popen([bare_timer])
     for subject in (empty, full):
-        print_steady(subject, windows, seconds)
+        print_steady(subject, windows, timer.pid, seconds)
+    timer.terminate()
+    timer.wait()
     windows.close()
     for subject in subjects:
         shutil.rmtree(subject.data)
