@@ -16,7 +16,7 @@ Sheet {
 
     title: qsTr("Add Task")
 
-    contentItem: AddTaskForm {
+    contentItem: AddTaskView {
         focus: true
         onSaved: name => root.save(name)
         onClosed: root.close()

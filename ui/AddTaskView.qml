@@ -6,12 +6,14 @@ import Hearthmark.Controls
 EditorForm {
     id: root
 
+    property alias taskName: editor.text
+
     signal saved(name: var)
     signal closed
 
     // Each presentation begins with an empty name.
     function reset() {
-        editor.text = "";
+        root.taskName = "";
         editor.focus = true;
     }
 
