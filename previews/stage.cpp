@@ -173,7 +173,7 @@ QImage Stage::pictureOfHome(const Preview& preview) {
         app::HomeViewFactory(
             service, liveDataFactory, clock,
             std::make_shared<presentation::SelectedTaskId>(std::nullopt),
-            [] { return std::make_shared<StoppedTimeKeepingProvider>(); },
+            std::make_shared<StoppedTimeKeepingProvider>(),
             std::make_shared<ui::MainWindowLoader>(),
             {.clipboard = nullptr,
              .updater = updater,
@@ -196,7 +196,7 @@ QImage Stage::pictureOfHome(const Preview& preview) {
 }
 
 QImage Stage::pictureOfPart(const Preview& preview) {
-    const auto texts = std::make_shared<exporting::FakeShareContainerViewModel>();
+    const auto texts = exporting::FakeShareContainerVMFactory().makeViewModel();
     if (preview.content == Content::loadingShare) {
         texts->viewState().setValue(std::nullopt);
     }

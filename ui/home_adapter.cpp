@@ -26,12 +26,13 @@ HomeAdapter::HomeAdapter(std::shared_ptr<presentation::HomeViewModelProtocol> vi
 void HomeAdapter::displayAddSheet() {
     if (!addTask_) {
         addTask_ = subviewsFactory_.makeAddTaskView();
-        emit addTaskChanged();
+        emit isAddSheetDisplayedChanged();
     }
 }
 
 void HomeAdapter::dismissAddSheet() {
-    replaceAdapter<AddTaskAdapter>(addTask_, nullptr, [this] { emit addTaskChanged(); });
+    replaceAdapter<AddTaskAdapter>(addTask_, nullptr,
+                                   [this] { emit isAddSheetDisplayedChanged(); });
 }
 
 void HomeAdapter::startShortFocus() {

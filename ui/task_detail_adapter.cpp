@@ -65,14 +65,17 @@ void TaskDetailAdapter::startLongFocus() {
 }
 
 void TaskDetailAdapter::displayShareSheet() {
-    if (!share_) {
+    if (!displayedSheetType_) {
+        displayedSheetType_ = TaskDetailViewSheetType::share;
         share_ = subviewsFactory_.makeShareView();
-        emit shareChanged();
+        emit displayedSheetTypeChanged();
     }
 }
 
 void TaskDetailAdapter::dismissShareSheet() {
-    replaceAdapter<ShareContainerAdapter>(share_, nullptr, [this] { emit shareChanged(); });
+    displayedSheetType_.reset();
+    replaceAdapter<ShareContainerAdapter>(share_, nullptr,
+                                          [this] { emit displayedSheetTypeChanged(); });
 }
 
 void TaskDetailAdapter::setShown(bool isShown) {
