@@ -24,6 +24,9 @@ enum class Content {
     loadingTasks
 };
 
+// HomeView, or NewHomeView, which the program does not use.
+enum class Layout { home, newHome };
+
 enum class Palette { light, dark };
 
 // One picture: what is in the window, what is then done in it, and how it is drawn.
@@ -39,6 +42,7 @@ struct Preview {
     services::UpdateState update{};
     std::vector<std::string> unseenFinishes{};
     bool hasBackups = false;
+    Layout layout = Layout::home;
     Palette palette = Palette::light;
     Qt::LayoutDirection direction = Qt::LeftToRight;
     int scale = 1;
