@@ -72,7 +72,9 @@ void TaskDetailAdapter::displayShareSheet() {
 }
 
 void TaskDetailAdapter::dismissShareSheet() {
-    replaceAdapter<ShareContainerAdapter>(share_, nullptr, [this] { emit shareChanged(); });
+    if (share_) {
+        replaceAdapter<ShareContainerAdapter>(share_, nullptr, [this] { emit shareChanged(); });
+    }
 }
 
 void TaskDetailAdapter::setShown(bool isShown) {

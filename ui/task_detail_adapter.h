@@ -59,6 +59,8 @@ class TaskDetailAdapter final : public QObject {
     Q_INVOKABLE void startShortFocus();
     Q_INVOKABLE void startLongFocus();
     Q_INVOKABLE void displayShareSheet();
+    // Nothing where it is not displayed: a sheet that closes because another task was selected says
+    // so to the adapter of that one.
     Q_INVOKABLE void dismissShareSheet();
 
  signals:
