@@ -6,6 +6,9 @@ import Hearthmark.Controls
 EditorForm {
     id: root
 
+    required property bool canSave
+
+    signal typed(name: var)
     signal saved(name: var)
     signal closed
 
@@ -15,9 +18,14 @@ EditorForm {
         editor.focus = true;
     }
 
+    function save() {
+        if (root.canSave)
+            root.saved(editor.textDocument);
+    }
+
     implicitHeight: content.height
     onVisibleChanged: root.reset()
-    onSaveRequested: root.saved(editor.textDocument)
+    onSaveRequested: root.save()
 
     Column {
         id: content
@@ -41,6 +49,7 @@ EditorForm {
             minHeight: 10
             maximumHeight: Theme.editorMaximumHeight
             accessibleName: qsTr("Task name")
+            onTextChanged: root.typed(editor.textDocument)
         }
 
         Row {
@@ -53,6 +62,7 @@ EditorForm {
             }
 
             PushButton {
+                enabled: root.canSave
                 look: PushButton.Primary
                 symbol: "plus"
                 text: qsTr("Save")
