@@ -16,7 +16,7 @@ Sheet {
 
     title: qsTr("Add Task")
 
-    contentItem: AddTaskForm {
+    contentItem: AddTaskView {
         focus: true
         canSave: root.adapter?.canSave ?? false
         onTyped: name => root.adapter?.type(name)

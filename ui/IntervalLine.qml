@@ -14,7 +14,7 @@ DeletableRow {
     property alias progressColor: bar.color
     property alias trackColor: bar.trackColor
 
-    signal buttonTapped
+    signal buttonTap
 
     implicitHeight: content.y + content.height + Theme.spacing + bar.height
     activeFocusOnTab: !finish.visible
@@ -56,7 +56,7 @@ DeletableRow {
             visible: root.button.length > 0
             text: root.button
             Accessible.description: root.timeSpent
-            onClicked: root.buttonTapped()
+            onClicked: root.buttonTap()
         }
     }
 

@@ -17,7 +17,7 @@ Sheet {
     closePolicy: T.Popup.CloseOnEscape | T.Popup.CloseOnPressOutside
     onAdapterChanged: root.adapter?.load()
 
-    contentItem: ShareForm {
+    contentItem: ShareContainerView {
         focus: true
         adapter: root.adapter
         onClosed: root.close()

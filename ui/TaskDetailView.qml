@@ -56,7 +56,7 @@ Item {
         }
     }
 
-    TaskDetailList {
+    LoadedTaskDetailView {
         id: list
 
         anchors.fill: parent

@@ -70,7 +70,7 @@ std::vector<QString> texts(const TaskListModel& model) {
 }
 
 IntervalListModel& intervalsOfFirst(const TaskListModel& model) {
-    return *model.index(1).data(TaskListModel::IntervalsRole).value<IntervalListModel*>();
+    return *model.index(1).data(TaskListModel::IntervalViewStatesRole).value<IntervalListModel*>();
 }
 
 TEST(TaskListModel, TickTouchesOnlyTheTimesOfWhatRuns) {

@@ -6,6 +6,7 @@ import Hearthmark.Controls
 EditorForm {
     id: root
 
+    property alias taskName: editor.text
     required property bool canSave
 
     signal typed(name: var)
@@ -14,7 +15,7 @@ EditorForm {
 
     // Each presentation begins with an empty name.
     function reset() {
-        editor.text = "";
+        root.taskName = "";
         editor.focus = true;
     }
 
