@@ -86,6 +86,8 @@ HeadedListView {
             stop: row.index < root.notesRow ? intervalsStop : notesStop
             onFocused: root.showRow(row.index)
             onCopied: root.rows.copyRow(row.index)
+            onButtonReached: root.positionViewAtIndex(row.index, ListView.End)
+            onWholeRequested: root.adapter.displayWholeNote(row.index)
             onDeletionRequested: root.rows.deleteRow(row.index)
             onMenuRequested: position => root.menuRequested(row, position)
             onHeightChanged: row.followNotes()

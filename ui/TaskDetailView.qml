@@ -74,6 +74,6 @@ Item {
         given: ({
                 view: root
             })
-        wanted: root.adapter.share !== null
+        wanted: root.adapter.share !== null || root.adapter.wholeNote !== null
     }
 }

@@ -77,6 +77,19 @@ void TaskDetailAdapter::dismissShareSheet() {
     }
 }
 
+void TaskDetailAdapter::displayWholeNote(int row) {
+    if (!wholeNote_) {
+        wholeNote_ = std::make_unique<WholeNoteAdapter>(toUtf8(rows_.wholeText(row)));
+        emit wholeNoteChanged();
+    }
+}
+
+void TaskDetailAdapter::dismissWholeNote() {
+    if (wholeNote_) {
+        replaceAdapter<WholeNoteAdapter>(wholeNote_, nullptr, [this] { emit wholeNoteChanged(); });
+    }
+}
+
 void TaskDetailAdapter::setShown(bool isShown) {
     isShown_ = isShown;
     show();

@@ -83,6 +83,14 @@ class NotesAndShare(ProgramTest):
                                 if row.name.startswith("0\n1\n")], "the long note")[0])
         key("ctrl+c")
         wait_for(lambda: clipboard() == long.encode(), "all of the note, of which a part is shown")
+        set_clipboard("")
+        key("Tab", "space")
+        program.find("The whole note", "list")
+        key("End")
+        program.find("599", "label")
+        key("ctrl+c")
+        wait_for(lambda: clipboard() == long.encode(), "all of the note")
+        key("Delete", "shift+Tab")  # from the button to its row
         key("Delete")
         wait_for(lambda: program.rows("SELECT text FROM Note WHERE task = 1") == [("Marked words",)],
                  "the deletion of what is not marked")
