@@ -24,15 +24,15 @@ EditorForm {
             root.saved(editor.textDocument);
     }
 
-    implicitHeight: content.height
+    implicitHeight: form.implicitHeight
     onVisibleChanged: root.reset()
     onSaveRequested: root.save()
 
-    Column {
-        id: content
+    SheetForm {
+        id: form
 
-        width: parent.width
-        spacing: Theme.wideSpacing
+        anchors.fill: parent
+        focus: true
 
         Label {
             width: parent.width
@@ -53,15 +53,11 @@ EditorForm {
             onTextChanged: root.typed(editor.textDocument)
         }
 
-        Row {
-            anchors.right: parent.right
-            spacing: Theme.spacing
-
+        buttons: [
             PushButton {
                 text: qsTr("Close")
                 onClicked: root.closed()
-            }
-
+            },
             PushButton {
                 enabled: root.canSave
                 look: PushButton.Primary
@@ -69,6 +65,6 @@ EditorForm {
                 text: qsTr("Save")
                 onClicked: root.saveRequested()
             }
-        }
+        ]
     }
 }

@@ -22,9 +22,25 @@ Column {
 
     spacing: Theme.tightSpacing
 
+    // Side by side, or where there is no room for that one below the other.
     Item {
+        id: texts
+
+        readonly property bool isStacked: texts.width < Theme.chartTextsWidth
+
         width: parent.width
-        height: today.height
+        height: day.y + day.height
+
+        states: State {
+            when: texts.isStacked
+
+            AnchorChanges {
+                target: day
+                anchors.left: texts.left
+                anchors.right: undefined
+                anchors.top: today.bottom
+            }
+        }
 
         Label {
             id: today
@@ -34,7 +50,10 @@ Column {
         }
 
         Label {
+            id: day
+
             anchors.right: parent.right
+            anchors.top: parent.top
             text: root.pointedAt?.text ?? qsTr("The last 14 days")
             color: Theme.colors.secondaryText
             Accessible.ignored: true
