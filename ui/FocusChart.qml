@@ -31,17 +31,6 @@ Column {
         width: parent.width
         height: day.y + day.height
 
-        states: State {
-            when: texts.isStacked
-
-            AnchorChanges {
-                target: day
-                anchors.left: texts.left
-                anchors.right: undefined
-                anchors.top: today.bottom
-            }
-        }
-
         Label {
             id: today
 
@@ -52,8 +41,9 @@ Column {
         Label {
             id: day
 
+            y: texts.isStacked ? today.height : 0
             anchors.right: parent.right
-            anchors.top: parent.top
+            width: texts.isStacked ? parent.width : undefined
             text: root.pointedAt?.text ?? qsTr("The last 14 days")
             color: Theme.colors.secondaryText
             Accessible.ignored: true

@@ -22,10 +22,13 @@ RowOfKind {
 
     // The whole text is to be copied, of which this may show a part.
     signal copied
-    signal buttonReached
     signal wholeRequested
     signal steppedUp
     signal steppedDown
+
+    function showEnd() {
+        root.ListView.view.positionViewAtIndex(root.index, ListView.End);
+    }
 
     function goForward() {
         if (root.isCut && root.activeFocus)
@@ -71,7 +74,7 @@ RowOfKind {
             noteText: root.text
             isCut: root.isCut
             onCopied: root.copied()
-            onButtonReached: root.buttonReached()
+            onButtonReached: root.showEnd()
             onWholeRequested: root.wholeRequested()
         }
     }

@@ -41,7 +41,7 @@ QList<int> TaskDetailRow::assign(TaskDetailRow&& next) {
     QList<int> changed;
     assignShown(text, std::move(next.text), TaskDetailListModel::TextRole, changed);
     wholeText = std::move(next.wholeText);
-    assignShown(isCut, std::move(next.isCut), TaskDetailListModel::IsCutRole, changed);
+    assignShown(isCut, next.isCut, TaskDetailListModel::IsCutRole, changed);
     onDelete = std::move(next.onDelete);
     return changed;
 }
