@@ -18,6 +18,8 @@ Sheet {
 
     contentItem: AddTaskView {
         focus: true
+        canSave: root.adapter?.canSave ?? false
+        onTyped: name => root.adapter?.type(name)
         onSaved: name => root.save(name)
         onClosed: root.close()
     }

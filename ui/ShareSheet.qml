@@ -13,7 +13,7 @@ Sheet {
 
     title: qsTr("Share")
     preferredWidth: Theme.wideSheetWidth
-    height: (parent?.height ?? 0) - 2 * Theme.pageMargin
+    height: root.largestHeight
     closePolicy: T.Popup.CloseOnEscape | T.Popup.CloseOnPressOutside
     onAdapterChanged: root.adapter?.load()
 

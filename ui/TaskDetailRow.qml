@@ -11,6 +11,8 @@ RowOfKind {
     required property int index
     required property int kind
     required property string text
+    // Of a note that is too long, which ends with a button.
+    required property bool isCut
     readonly property bool isPlace: root.kind === TaskDetailListModel.NotesSection
 
     // Of the notes section, for its place.
@@ -20,8 +22,27 @@ RowOfKind {
 
     // The whole text is to be copied, of which this may show a part.
     signal copied
+    signal wholeRequested
     signal steppedUp
     signal steppedDown
+
+    function showEnd() {
+        root.ListView.view.positionViewAtIndex(root.index, ListView.End);
+    }
+
+    function goForward() {
+        if (root.isCut && root.activeFocus)
+            (root.content as NotesItemGroupBoxStyle).focusButton();
+        else
+            root.stop.leaveForward();
+    }
+
+    function goBackward() {
+        if (root.activeFocus)
+            root.stop.leaveBackward();
+        else
+            root.forceActiveFocus(Qt.BacktabFocusReason);
+    }
 
     shownKind: root.isPlace ? null : root.kind === TaskDetailListModel.Interval ? interval : note
     height: root.isPlace ? root.notesHeight : root.content?.height ?? 0
@@ -29,8 +50,8 @@ RowOfKind {
     Accessible.role: Accessible.ListItem
     Accessible.name: root.text
     Accessible.focusable: true
-    Keys.onTabPressed: root.stop.leaveForward()
-    Keys.onBacktabPressed: root.stop.leaveBackward()
+    Keys.onTabPressed: root.goForward()
+    Keys.onBacktabPressed: root.goBackward()
     Keys.onUpPressed: root.steppedUp()
     Keys.onDownPressed: root.steppedDown()
 
@@ -51,7 +72,10 @@ RowOfKind {
             width: root.width
             row: root
             noteText: root.text
+            isCut: root.isCut
             onCopied: root.copied()
+            onButtonReached: root.showEnd()
+            onWholeRequested: root.wholeRequested()
         }
     }
 }

@@ -74,6 +74,6 @@ Item {
         given: ({
                 view: root
             })
-        wanted: root.adapter.isShareSheetDisplayed
+        wanted: root.adapter.isShareSheetDisplayed || root.adapter.wholeNote !== null
     }
 }

@@ -31,8 +31,10 @@ void HomeAdapter::displayAddSheet() {
 }
 
 void HomeAdapter::dismissAddSheet() {
-    replaceAdapter<AddTaskAdapter>(addTask_, nullptr,
-                                   [this] { emit isAddSheetDisplayedChanged(); });
+    if (addTask_) {
+        replaceAdapter<AddTaskAdapter>(addTask_, nullptr,
+                                       [this] { emit isAddSheetDisplayedChanged(); });
+    }
 }
 
 void HomeAdapter::startShortFocus() {

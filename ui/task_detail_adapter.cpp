@@ -73,9 +73,24 @@ void TaskDetailAdapter::displayShareSheet() {
 }
 
 void TaskDetailAdapter::dismissShareSheet() {
-    displayedSheetType_.reset();
-    replaceAdapter<ShareContainerAdapter>(share_, nullptr,
-                                          [this] { emit displayedSheetTypeChanged(); });
+    if (displayedSheetType_) {
+        displayedSheetType_.reset();
+        replaceAdapter<ShareContainerAdapter>(share_, nullptr,
+                                              [this] { emit displayedSheetTypeChanged(); });
+    }
+}
+
+void TaskDetailAdapter::displayWholeNote(int row) {
+    if (!wholeNote_) {
+        wholeNote_ = std::make_unique<WholeNoteAdapter>(toUtf8(rows_.wholeText(row)));
+        emit wholeNoteChanged();
+    }
+}
+
+void TaskDetailAdapter::dismissWholeNote() {
+    if (wholeNote_) {
+        replaceAdapter<WholeNoteAdapter>(wholeNote_, nullptr, [this] { emit wholeNoteChanged(); });
+    }
 }
 
 void TaskDetailAdapter::setShown(bool isShown) {
