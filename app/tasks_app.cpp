@@ -34,9 +34,10 @@ TasksApp::TasksApp(const Environment& environment)
     localNotificationService_ = std::make_shared<services::LocalNotificationService>(
         liveDataFactory, [center = environment.notificationCenter] { return center; },
         environment.fatal);
+    drafts_ = std::make_shared<presentation::NoteDrafts>(dataOperationsService_, *liveDataFactory);
     homeViewFactory_ = std::make_shared<HomeViewFactory>(
-        dataOperationsService_, liveDataFactory, clock_, selectedTaskId_, makeTimeKeepingProvider,
-        windowLoader, environment.homeViewPorts, environment.program,
+        dataOperationsService_, liveDataFactory, clock_, selectedTaskId_, drafts_,
+        makeTimeKeepingProvider, windowLoader, environment.homeViewPorts, environment.program,
         HomeViewFactory::Actions{
             .windowShouldClose = [this] { return appDelegate_.windowShouldClose(); },
             .quit = environment.quit,
@@ -99,6 +100,7 @@ void TasksApp::launch() {
 }
 
 void TasksApp::terminate() {
+    drafts_->save();
     appDelegate_.applicationWillTerminate({});
 }
 

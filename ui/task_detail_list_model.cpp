@@ -4,6 +4,7 @@
 #include <QClipboard>
 #include <QGuiApplication>
 #include <algorithm>
+#include <span>
 #include <utility>
 
 #include "ui/assign_shown.h"
@@ -60,10 +61,12 @@ void TaskDetailListModel::showIntervals(const TaskDetailViewState::View& state) 
     show(std::move(intervals));
 }
 
-void TaskDetailListModel::showNotes(const NotesViewState::View& state) {
+void TaskDetailListModel::showNotes(const std::optional<NotesViewState::View>& state) {
     notes_.clear();
     RowKeys keys;
-    for (const NotesViewState::CommittedNote& note : state.committedNotes) {
+    for (const NotesViewState::CommittedNote& note :
+         state ? std::span(state->committedNotes)
+               : std::span<const NotesViewState::CommittedNote>()) {
         const QString wholeText = toQString(note.noteText);
         notes_.push_back({.key = keys.next(note.id, Note),
                           .text = shownNote(wholeText),

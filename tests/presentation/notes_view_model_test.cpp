@@ -15,7 +15,7 @@ struct NotesViewModelTest : testing::Test {
             (3, 'C0000000-0000-4000-8000-000000000003', 30, NULL, 1),
             (4, 'C0000000-0000-4000-8000-000000000004', 20, 'new', 1),
             (5, 'C0000000-0000-4000-8000-000000000005', 20, 'other', 2))");
-        model = NotesVMFactory(store.service, store.liveData, store.clock, id).makeViewModel();
+        model = NotesVMFactory(store.service, store.liveData, store.clock, drafts, id).makeViewModel();
         EXPECT_FALSE(model->viewState().value());
         model->startObserving();
     }
