@@ -4,7 +4,6 @@
 #include <QClipboard>
 #include <QGuiApplication>
 #include <algorithm>
-#include <span>
 #include <utility>
 
 #include "ui/assign_shown.h"
@@ -61,12 +60,10 @@ void TaskDetailListModel::showIntervals(const TaskDetailViewState::View& state) 
     show(std::move(intervals));
 }
 
-void TaskDetailListModel::showNotes(const std::optional<NotesViewState::View>& state) {
+void TaskDetailListModel::showNotes(const NotesViewState::View& state) {
     notes_.clear();
     RowKeys keys;
-    for (const NotesViewState::CommittedNote& note :
-         state ? std::span(state->committedNotes)
-               : std::span<const NotesViewState::CommittedNote>()) {
+    for (const NotesViewState::CommittedNote& note : state.committedNotes) {
         const QString wholeText = toQString(note.noteText);
         notes_.push_back({.key = keys.next(note.id, Note),
                           .text = shownNote(wholeText),

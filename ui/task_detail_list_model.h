@@ -4,7 +4,6 @@
 #include <QtQmlIntegration/qqmlintegration.h>
 
 #include <QString>
-#include <optional>
 #include <vector>
 
 #include "livedata/block.h"
@@ -45,8 +44,7 @@ class TaskDetailListModel : public RowListModel<TaskDetailRow> {
 
     // Each leaves what the other has shown.
     void showIntervals(const presentation::TaskDetailViewState::View& state);
-    // None where the model of the notes is not loaded.
-    void showNotes(const std::optional<presentation::NotesViewState::View>& state);
+    void showNotes(const presentation::NotesViewState::View& state);
 
     QVariant data(const QModelIndex& index, int role) const override;
     QHash<int, QByteArray> roleNames() const override;
