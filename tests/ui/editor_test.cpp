@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include <QGuiApplication>
+#include <QInputMethodEvent>
 #include <QQuickItem>
 #include <QQuickView>
 #include <QTest>
@@ -104,6 +105,13 @@ TEST_F(ExpandingTextView, IsTheSameAsTheOpenNoteBothWays) {
     EXPECT_EQ(a->text(), "abcd\u00a0") << "where the cursor was";
     type(Qt::Key_Z, Qt::ControlModifier);
     EXPECT_EQ(a->text(), "ab\u00a0") << "with its undo history";
+    QInputMethodEvent composing("ko", {});
+    QCoreApplication::sendEvent(QGuiApplication::focusObject(), &composing);
+    a->write(a->text());
+    QInputMethodEvent composed;
+    composed.setCommitString("こ");
+    QCoreApplication::sendEvent(QGuiApplication::focusObject(), &composed);
+    EXPECT_EQ(a->text(), "abこ\u00a0") << "with what was being composed";
     b->write("ab\u00a0");
     binding.setAdapter(&adapterOfB);
     type(Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier);
@@ -111,7 +119,7 @@ TEST_F(ExpandingTextView, IsTheSameAsTheOpenNoteBothWays) {
     type(Qt::Key_E);
     b->write("new");
     EXPECT_EQ(property("text"), "new");
-    EXPECT_EQ(a->text() + b->text(), "ab\u00a0new");
+    EXPECT_EQ(a->text() + b->text(), "abこ\u00a0new");
 }
 
 }  // namespace
