@@ -3,6 +3,7 @@
 
 #include <QCoreApplication>
 #include <QGuiApplication>
+#include <QInputMethod>
 #include <QTimer>
 #include <QWindow>
 #include <chrono>
@@ -126,6 +127,7 @@ void Desktop::perform(platform::ApplicationAction action, const QString& activat
 }
 
 void Desktop::terminate() {
+    QGuiApplication::inputMethod()->commit();  // what is being composed in a note belongs to it
     tasksApp_.terminate();
     notificationCenter_->postWaiting();
 }

@@ -19,6 +19,7 @@ HomeViewFactory::HomeViewFactory(
     std::shared_ptr<const store::LiveDataProvidingFactoryProtocol> liveDataFactory,
     std::shared_ptr<const base::Clock> clock,
     std::shared_ptr<presentation::SelectedTaskId> mutableSelectedTaskId,
+    std::shared_ptr<presentation::NoteDrafts> drafts,
     std::shared_ptr<services::TimeKeepingProviderProtocol> timeKeepingProvider,
     std::shared_ptr<ui::MainWindowLoader> windowLoader, Ports ports,
     ui::AboutAdapter::Program program, Actions actions)
@@ -26,6 +27,7 @@ HomeViewFactory::HomeViewFactory(
       liveDataFactory_(std::move(liveDataFactory)),
       clock_(std::move(clock)),
       mutableSelectedTaskId_(std::move(mutableSelectedTaskId)),
+      drafts_(std::move(drafts)),
       timeKeepingProvider_(std::move(timeKeepingProvider)),
       windowLoader_(std::move(windowLoader)),
       ports_(std::move(ports)),
@@ -37,7 +39,7 @@ std::unique_ptr<services::HomeViewProtocol> HomeViewFactory::makeHomeView() {
         dataOperationsService_,
         std::make_shared<presentation::SelectedTaskIdPublisher>(*mutableSelectedTaskId_));
     const ui::HomeViewSubviewsFactory subviewsFactory(
-        dataOperationsService_, liveDataFactory_, clock_, mutableSelectedTaskId_,
+        dataOperationsService_, liveDataFactory_, clock_, mutableSelectedTaskId_, drafts_,
         [provider = services::InStepTimeKeepingProvider(timeKeepingProvider_)] {
             return std::make_shared<services::InStepTimeKeepingProvider>(provider);
         },
@@ -51,7 +53,7 @@ std::unique_ptr<services::HomeViewProtocol> HomeViewFactory::makeHomeView() {
         .focusAnnouncement = std::make_unique<ui::FocusAnnouncementAdapter>(focusAnnouncement),
         .restore = std::make_unique<ui::RestoreAdapter>(
             std::make_shared<presentation::RestoreBackupViewModel>(
-                ports_.backups, dataOperationsService_, actions_.restartRestored)),
+                ports_.backups, dataOperationsService_, drafts_, actions_.restartRestored)),
         .startAtLogin = std::make_unique<ui::StartAtLoginAdapter>(ports_.startAtLogin),
         .undo =
             std::make_unique<ui::UndoAdapter>(std::make_shared<presentation::UndoDeletionViewModel>(

@@ -7,6 +7,7 @@
 #include "base/calendar.h"
 #include "base/clock.h"
 #include "export/clipboard.h"
+#include "presentation/note_drafts.h"
 #include "presentation/selected_task_id.h"
 #include "services/appearance.h"
 #include "services/home_view_factory_protocol.h"
@@ -50,6 +51,7 @@ class HomeViewFactory final : public services::HomeViewFactoryProtocol {
                     std::shared_ptr<const store::LiveDataProvidingFactoryProtocol> liveDataFactory,
                     std::shared_ptr<const base::Clock> clock,
                     std::shared_ptr<presentation::SelectedTaskId> mutableSelectedTaskId,
+                    std::shared_ptr<presentation::NoteDrafts> drafts,
                     std::shared_ptr<services::TimeKeepingProviderProtocol> timeKeepingProvider,
                     std::shared_ptr<ui::MainWindowLoader> windowLoader, Ports ports,
                     ui::AboutAdapter::Program program, Actions actions);
@@ -61,6 +63,7 @@ class HomeViewFactory final : public services::HomeViewFactoryProtocol {
     std::shared_ptr<const store::LiveDataProvidingFactoryProtocol> liveDataFactory_;
     std::shared_ptr<const base::Clock> clock_;
     std::shared_ptr<presentation::SelectedTaskId> mutableSelectedTaskId_;
+    std::shared_ptr<presentation::NoteDrafts> drafts_;
     std::shared_ptr<services::TimeKeepingProviderProtocol> timeKeepingProvider_;
     std::shared_ptr<ui::MainWindowLoader> windowLoader_;
     Ports ports_;

@@ -31,9 +31,10 @@ TasksApp::TasksApp(const Environment& environment)
     localNotificationService_ = std::make_shared<services::LocalNotificationService>(
         liveDataFactory, [center = environment.notificationCenter] { return center; },
         environment.fatal);
+    drafts_ = std::make_shared<presentation::NoteDrafts>(dataOperationsService_, *liveDataFactory);
     homeViewFactory_ = std::make_shared<HomeViewFactory>(
-        dataOperationsService_, liveDataFactory, clock_, selectedTaskId_, timeKeepingProvider,
-        windowLoader, environment.homeViewPorts, environment.program,
+        dataOperationsService_, liveDataFactory, clock_, selectedTaskId_, drafts_,
+        timeKeepingProvider, windowLoader, environment.homeViewPorts, environment.program,
         HomeViewFactory::Actions{
             .windowShouldClose = [this] { return appDelegate_.windowShouldClose(); },
             .quit = environment.quit,
@@ -96,6 +97,7 @@ void TasksApp::launch() {
 }
 
 void TasksApp::terminate() {
+    drafts_->save();
     appDelegate_.applicationWillTerminate({});
 }
 

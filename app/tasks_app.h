@@ -12,6 +12,7 @@
 #include "base/fatal_error.h"
 #include "base/uuid.h"
 #include "livedata/subscription.h"
+#include "presentation/note_drafts.h"
 #include "presentation/selected_task_id.h"
 #include "services/awake_clock.h"
 #include "services/home_view_factory_protocol.h"
@@ -61,7 +62,8 @@ class TasksApp {
     // then it is not even made. Called once.
     void launch();
 
-    // Runs the quit hook. Called once, when the event loop has ended.
+    // Saves the half-written notes and runs the quit hook. Called once, when the event loop has
+    // ended.
     void terminate();
 
     // Makes the main window, if it is not there yet.
@@ -86,6 +88,7 @@ class TasksApp {
     std::shared_ptr<store::DataOperationsServiceProtocol> dataOperationsService_;
     std::shared_ptr<services::IntervalTimeKeeperService> intervalTimeKeeper_;
     std::shared_ptr<services::LocalNotificationService> localNotificationService_;
+    std::shared_ptr<presentation::NoteDrafts> drafts_;
     std::shared_ptr<HomeViewFactory> homeViewFactory_;
     std::shared_ptr<services::StatusBarService> statusBarService_;
     std::shared_ptr<services::RunningIntervalVisitingService> runningIntervalVisitingService_;

@@ -25,6 +25,13 @@ class Published {
         didChange_();
     }
 
+    // Changes the value where it is and announces nothing: for a change that came from the one who
+    // shows it.
+    template <class Change>
+    void amend(const Change& change) {
+        change(value_);
+    }
+
     // While called, value() is still the old one.
     Subscription subscribeWillChange(const std::function<void()>& onChange) {
         return Subscription(willChange_.connect(onChange));

@@ -4,7 +4,6 @@
 #include <utility>
 #include <vector>
 
-#include "base/text.h"
 #include "presentation/texts.h"
 #include "store/newest_first.h"
 #include "store/note.h"
@@ -14,11 +13,12 @@ namespace hearthmark::presentation {
 NotesViewModel::NotesViewModel(
     std::shared_ptr<store::DataOperationsServiceProtocol> dataOperationsService,
     std::shared_ptr<const store::LiveDataProvidingFactoryProtocol> liveDataFactory,
-    std::shared_ptr<const base::Clock> clock, const base::Uuid& taskId)
+    std::shared_ptr<const base::Clock> clock, NoteDrafts& drafts, const base::Uuid& taskId)
     : dataOperationsService_(std::move(dataOperationsService)),
       liveDataFactory_(std::move(liveDataFactory)),
       clock_(std::move(clock)),
-      taskId_(taskId) {}
+      taskId_(taskId),
+      pendingNote_(drafts.draft(taskId)) {}
 
 void NotesViewModel::startObserving() {
     tasksProvider_ =
@@ -44,7 +44,7 @@ void NotesViewModel::rebuild(const store::Tasks& tasks) {
 }
 
 NotesViewState::View NotesViewModel::view(const store::Task& task) {
-    NotesViewState::View view{.canAddNote = !pendingNote_,
+    NotesViewState::View view{.canAddNote = !*pendingNote_,
                               .onAddNoteTapped = makeAction(&NotesViewModel::openPendingNote),
                               .committedNotes = {},
                               .pendingNote = pendingNoteView()};
@@ -67,20 +67,16 @@ NotesViewState::View NotesViewModel::view(const store::Task& task) {
 }
 
 std::optional<NotesViewState::PendingNote> NotesViewModel::pendingNoteView() {
-    if (!pendingNote_) {
+    if (!*pendingNote_) {
         return std::nullopt;
     }
     return NotesViewState::PendingNote{
-        .noteText = pendingNote_->text,
+        .noteText = (*pendingNote_)->text,
         .save = "Save",
-        .onSaveTap = std::make_shared<const livedata::Block<std::string>>(
-            [weak = weak_from_this()](const std::string& text) {
-                if (const auto self = weak.lock()) {
-                    self->savePendingNote(text);
-                }
-            }),
+        .onSaveTap = makeActionOnText(&NotesViewModel::savePendingNote),
         .discard = "Discard",
-        .onDiscardTap = makeAction(&NotesViewModel::discardPendingNote)};
+        .onDiscardTap = makeAction(&NotesViewModel::discardPendingNote),
+        .onEdit = makeActionOnText(&NotesViewModel::editPendingNote)};
 }
 
 livedata::Action NotesViewModel::makeAction(void (NotesViewModel::*operation)()) {
@@ -91,35 +87,53 @@ livedata::Action NotesViewModel::makeAction(void (NotesViewModel::*operation)())
     });
 }
 
+livedata::ActionOn<std::string> NotesViewModel::makeActionOnText(
+    void (NotesViewModel::*operation)(const std::string&)) {
+    return std::make_shared<const livedata::Block<std::string>>(
+        [weak = weak_from_this(), operation](const std::string& text) {
+            if (const auto self = weak.lock()) {
+                ((*self).*operation)(text);
+            }
+        });
+}
+
 void NotesViewModel::patchPendingNote() {
     std::optional<NotesViewState::View> patched = viewState_.value();
     // With a placeholder nothing can be done.
     if (patched && (patched->canAddNote || patched->pendingNote)) {
         patched->pendingNote = pendingNoteView();
-        patched->canAddNote = !pendingNote_;
+        patched->canAddNote = !*pendingNote_;
         viewState_.setValue(std::move(patched));
     }
 }
 
 void NotesViewModel::openPendingNote() {
-    pendingNote_ = {.creationDate = clock_->now(), .id = base::Uuid::random(), .text = ""};
+    *pendingNote_ = {.creationDate = clock_->now(), .id = base::Uuid::random(), .text = ""};
     patchPendingNote();
+}
+
+void NotesViewModel::editPendingNote(const std::string& text) {
+    if (!*pendingNote_) {
+        return;
+    }
+    (*pendingNote_)->text = text;
+    // The editor shows it already, and a new state at each key would have the rows made anew.
+    viewState_.amend([&text](std::optional<NotesViewState::View>& view) {
+        if (view && view->pendingNote) {
+            view->pendingNote->noteText = text;
+        }
+    });
 }
 
 void NotesViewModel::savePendingNote(const std::string& text) {
-    const std::string_view trimmed = base::trimmed(text);
-    if (!pendingNote_ || trimmed.empty()) {
-        return;  // a blank note stays open, and nobody is told
+    if (const auto note = NoteDrafts::finish(*pendingNote_, text)) {
+        dataOperationsService_->addNote(*note, taskId_);
+        patchPendingNote();
     }
-    // Taken out first, since the state that the save brings must not show the note twice.
-    store::NoteData note = *std::exchange(pendingNote_, std::nullopt);
-    note.text = trimmed;
-    dataOperationsService_->addNote(note, taskId_);
-    patchPendingNote();
 }
 
 void NotesViewModel::discardPendingNote() {
-    pendingNote_.reset();
+    pendingNote_->reset();
     patchPendingNote();
 }
 

@@ -9,10 +9,10 @@
 #include "base/uuid.h"
 #include "livedata/published.h"
 #include "livedata/subscription.h"
+#include "presentation/note_drafts.h"
 #include "presentation/notes_view_state.h"
 #include "store/data_operations_service_protocol.h"
 #include "store/live_data.h"
-#include "store/note_data.h"
 
 namespace hearthmark::presentation {
 
@@ -29,14 +29,15 @@ class NotesViewModelProtocol {
 };
 
 // Makes the state of one task's notes, whole, on every change of the tasks. The note that is being
-// written lives here until it is saved, and goes with this. To be held by a shared pointer: its
-// closures hold it weakly.
+// written is the task's draft, which outlives this. To be held by a shared pointer: its closures
+// hold it weakly.
 class NotesViewModel final : public NotesViewModelProtocol,
                              public std::enable_shared_from_this<NotesViewModel> {
  public:
     NotesViewModel(std::shared_ptr<store::DataOperationsServiceProtocol> dataOperationsService,
                    std::shared_ptr<const store::LiveDataProvidingFactoryProtocol> liveDataFactory,
-                   std::shared_ptr<const base::Clock> clock, const base::Uuid& taskId);
+                   std::shared_ptr<const base::Clock> clock, NoteDrafts& drafts,
+                   const base::Uuid& taskId);
 
     livedata::Published<std::optional<NotesViewState::View>>& viewState() override {
         return viewState_;
@@ -48,10 +49,13 @@ class NotesViewModel final : public NotesViewModelProtocol,
     NotesViewState::View view(const store::Task& task);
     std::optional<NotesViewState::PendingNote> pendingNoteView();
     livedata::Action makeAction(void (NotesViewModel::*operation)());
+    livedata::ActionOn<std::string> makeActionOnText(
+        void (NotesViewModel::*operation)(const std::string&));
     // Shows whether a note is being written, without a rebuild of the rest.
     void patchPendingNote();
 
     void openPendingNote();
+    void editPendingNote(const std::string& text);
     void savePendingNote(const std::string& text);
     void discardPendingNote();
 
@@ -60,7 +64,8 @@ class NotesViewModel final : public NotesViewModelProtocol,
     std::shared_ptr<const store::LiveDataProvidingFactoryProtocol> liveDataFactory_;
     std::shared_ptr<const base::Clock> clock_;
     base::Uuid taskId_;
-    std::optional<store::NoteData> pendingNote_;
+    // Never null; shared with whoever else has to do with the task's draft.
+    std::shared_ptr<NoteDrafts::Draft> pendingNote_;
     std::unique_ptr<store::LiveDataProvider<store::Task>> tasksProvider_;
     livedata::Subscription tasksCancellable_;
 };

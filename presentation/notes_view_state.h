@@ -22,14 +22,16 @@ struct NotesViewState {
         bool operator==(const CommittedNote&) const = default;
     };
 
-    // The note that is being written. Its view owns what was typed since it was opened, and hands
-    // it over when it is saved.
+    // The note that is being written.
     struct PendingNote {
+        // As far as it is typed.
         std::string noteText;
         std::string save;
         livedata::ActionOn<std::string> onSaveTap;
         std::string discard;
         livedata::Action onDiscardTap;
+        // Takes over what the editor holds, at each change of it. No new state comes of that.
+        livedata::ActionOn<std::string> onEdit;
 
         bool operator==(const PendingNote&) const = default;
     };

@@ -25,9 +25,10 @@ auto readable(const Read& read) -> std::optional<decltype(read())> {
 RestoreBackupViewModel::RestoreBackupViewModel(
     std::shared_ptr<const store::StoreBackups> backups,
     std::shared_ptr<store::DataOperationsServiceProtocol> dataOperationsService,
-    std::function<void()> restart)
+    std::shared_ptr<NoteDrafts> drafts, std::function<void()> restart)
     : backups_(std::move(backups)),
       dataOperationsService_(std::move(dataOperationsService)),
+      drafts_(std::move(drafts)),
       restart_(std::move(restart)) {}
 
 void RestoreBackupViewModel::load() {
@@ -53,7 +54,9 @@ void RestoreBackupViewModel::restore() {
     if (!state.changes) {
         return;
     }
-    // As at any quit, so that what is kept of the present holds the time until now.
+    // As at any quit, so that what is kept of the present holds what was typed and the time until
+    // now.
+    drafts_->save();
     dataOperationsService_->pauseRunningIntervals();
     try {
         backups_->prepareRestore(state.items.at(state.selected.value()).backup);

@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "livedata/published.h"
+#include "presentation/note_drafts.h"
 #include "store/data_operations_service_protocol.h"
 #include "store/store_backups.h"
 
@@ -39,7 +40,7 @@ class RestoreBackupViewModel final {
     RestoreBackupViewModel(
         std::shared_ptr<const store::StoreBackups> backups,
         std::shared_ptr<store::DataOperationsServiceProtocol> dataOperationsService,
-        std::function<void()> restart);
+        std::shared_ptr<NoteDrafts> drafts, std::function<void()> restart);
 
     livedata::Published<RestoreBackupViewState>& viewState() { return viewState_; }
 
@@ -53,6 +54,7 @@ class RestoreBackupViewModel final {
     livedata::Published<RestoreBackupViewState> viewState_;
     std::shared_ptr<const store::StoreBackups> backups_;
     std::shared_ptr<store::DataOperationsServiceProtocol> dataOperationsService_;
+    std::shared_ptr<NoteDrafts> drafts_;
     std::function<void()> restart_;
 };
 

@@ -60,15 +60,17 @@ std::shared_ptr<TaskDetailViewModelProtocol> TaskDetailVMFactory::makeViewModel(
 NotesVMFactory::NotesVMFactory(
     std::shared_ptr<store::DataOperationsServiceProtocol> dataOperationsService,
     std::shared_ptr<const store::LiveDataProvidingFactoryProtocol> liveDataFactory,
-    std::shared_ptr<const base::Clock> clock, const base::Uuid& taskId)
+    std::shared_ptr<const base::Clock> clock, std::shared_ptr<NoteDrafts> drafts,
+    const base::Uuid& taskId)
     : dataOperationsService_(std::move(dataOperationsService)),
       liveDataFactory_(std::move(liveDataFactory)),
       clock_(std::move(clock)),
+      drafts_(std::move(drafts)),
       taskId_(taskId) {}
 
 std::shared_ptr<NotesViewModelProtocol> NotesVMFactory::makeViewModel() const {
     return std::make_shared<NotesViewModel>(dataOperationsService_, liveDataFactory_, clock_,
-                                            taskId_);
+                                            *drafts_, taskId_);
 }
 
 }  // namespace hearthmark::presentation

@@ -7,6 +7,7 @@
 #include "base/uuid.h"
 #include "presentation/add_task_view_model.h"
 #include "presentation/home_view_model.h"
+#include "presentation/note_drafts.h"
 #include "presentation/notes_view_model.h"
 #include "presentation/selected_task_id.h"
 #include "presentation/task_detail_view_model.h"
@@ -98,7 +99,8 @@ class NotesVMFactory final : public NotesVMFactoryProtocol {
  public:
     NotesVMFactory(std::shared_ptr<store::DataOperationsServiceProtocol> dataOperationsService,
                    std::shared_ptr<const store::LiveDataProvidingFactoryProtocol> liveDataFactory,
-                   std::shared_ptr<const base::Clock> clock, const base::Uuid& taskId);
+                   std::shared_ptr<const base::Clock> clock, std::shared_ptr<NoteDrafts> drafts,
+                   const base::Uuid& taskId);
 
     std::shared_ptr<NotesViewModelProtocol> makeViewModel() const override;
 
@@ -106,6 +108,7 @@ class NotesVMFactory final : public NotesVMFactoryProtocol {
     std::shared_ptr<store::DataOperationsServiceProtocol> dataOperationsService_;
     std::shared_ptr<const store::LiveDataProvidingFactoryProtocol> liveDataFactory_;
     std::shared_ptr<const base::Clock> clock_;
+    std::shared_ptr<NoteDrafts> drafts_;
     base::Uuid taskId_;
 };
 

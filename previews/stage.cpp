@@ -181,6 +181,7 @@ QImage Stage::pictureOfHome(const Preview& preview) {
         app::HomeViewFactory(
             service, liveDataFactory, clock,
             std::make_shared<presentation::SelectedTaskId>(std::nullopt),
+            std::make_shared<presentation::NoteDrafts>(service, *liveDataFactory),
             std::make_shared<StoppedTimeKeepingProvider>(),
             std::make_shared<ui::MainWindowLoader>(),
             {.clipboard = nullptr,

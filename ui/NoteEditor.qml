@@ -3,7 +3,7 @@ import QtQuick
 import Hearthmark.Controls
 import Hearthmark.Ui
 
-// The note that is being written. It keeps what was typed. Escape throws away an empty note only.
+// The note that is being written, which has at each moment what is typed here. Escape throws away an empty note only.
 EditorForm {
     id: root
 
@@ -33,6 +33,11 @@ EditorForm {
     implicitHeight: content.height
     onSaveRequested: root.adapter.saveNote(editor.textDocument)
     Keys.onEscapePressed: event => root.discardEmpty(event)
+
+    NoteTextBinding {
+        adapter: root.adapter
+        document: editor.textDocument
+    }
 
     Column {
         id: content

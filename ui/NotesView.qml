@@ -41,6 +41,7 @@ FocusScope {
             button.forceActiveFocus(Qt.OtherFocusReason);
     }
 
+    visible: root.adapter.loaded
     implicitHeight: content.height + Theme.spacing
     onFocusedItemChanged: root.revealFocus()
 

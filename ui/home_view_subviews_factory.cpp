@@ -15,12 +15,14 @@ HomeViewSubviewsFactory::HomeViewSubviewsFactory(
     std::shared_ptr<const store::LiveDataProvidingFactoryProtocol> liveDataFactory,
     std::shared_ptr<const base::Clock> clock,
     std::shared_ptr<presentation::SelectedTaskId> mutableSelectedTaskId,
+    std::shared_ptr<presentation::NoteDrafts> drafts,
     services::TimeKeepingProviderMaker makeTimeKeepingProvider,
     std::shared_ptr<exporting::Clipboard> clipboard, std::shared_ptr<const base::Calendar> calendar)
     : dataOperationsService_(std::move(dataOperationsService)),
       liveDataFactory_(std::move(liveDataFactory)),
       clock_(std::move(clock)),
       mutableSelectedTaskId_(std::move(mutableSelectedTaskId)),
+      drafts_(std::move(drafts)),
       makeTimeKeepingProvider_(std::move(makeTimeKeepingProvider)),
       clipboard_(std::move(clipboard)),
       calendar_(std::move(calendar)) {}
@@ -39,7 +41,8 @@ std::unique_ptr<TaskDetailAdapter> HomeViewSubviewsFactory::makeTaskDetailView(
     return std::make_unique<TaskDetailAdapter>(
         factory.makeViewModel(),
         TaskDetailSubviewsFactory(
-            presentation::NotesVMFactory(dataOperationsService_, liveDataFactory_, clock_, taskId),
+            presentation::NotesVMFactory(dataOperationsService_, liveDataFactory_, clock_, drafts_,
+                                         taskId),
             exporting::ShareContainerVMFactory(
                 {.csvSerializer = std::make_shared<exporting::CSVTaskShareSerializer>(),
                  .jsonSerializer = std::make_shared<exporting::JSONShareSerializer>()},

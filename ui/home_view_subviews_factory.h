@@ -8,6 +8,7 @@
 #include "base/clock.h"
 #include "base/uuid.h"
 #include "export/clipboard.h"
+#include "presentation/note_drafts.h"
 #include "presentation/selected_task_id.h"
 #include "services/time_keeping.h"
 #include "store/data_operations_service_protocol.h"
@@ -29,6 +30,7 @@ class HomeViewSubviewsFactory {
         std::shared_ptr<const store::LiveDataProvidingFactoryProtocol> liveDataFactory,
         std::shared_ptr<const base::Clock> clock,
         std::shared_ptr<presentation::SelectedTaskId> mutableSelectedTaskId,
+        std::shared_ptr<presentation::NoteDrafts> drafts,
         services::TimeKeepingProviderMaker makeTimeKeepingProvider,
         std::shared_ptr<exporting::Clipboard> clipboard,
         std::shared_ptr<const base::Calendar> calendar);
@@ -44,6 +46,7 @@ class HomeViewSubviewsFactory {
     std::shared_ptr<const store::LiveDataProvidingFactoryProtocol> liveDataFactory_;
     std::shared_ptr<const base::Clock> clock_;
     std::shared_ptr<presentation::SelectedTaskId> mutableSelectedTaskId_;
+    std::shared_ptr<presentation::NoteDrafts> drafts_;
     services::TimeKeepingProviderMaker makeTimeKeepingProvider_;
     std::shared_ptr<exporting::Clipboard> clipboard_;
     std::shared_ptr<const base::Calendar> calendar_;

@@ -15,30 +15,41 @@ NotesAdapter::NotesAdapter(std::shared_ptr<presentation::NotesViewModelProtocol>
     viewModel_->startObserving();
 }
 
+std::string NotesAdapter::noteText() const {
+    return isWriting() ? state()->pendingNote->noteText : std::string();
+}
+
 QString NotesAdapter::saveText() const {
-    return isWriting() ? toQString(state().pendingNote->save) : QString();
+    return isWriting() ? toQString(state()->pendingNote->save) : QString();
 }
 
 QString NotesAdapter::discardText() const {
-    return isWriting() ? toQString(state().pendingNote->discard) : QString();
+    return isWriting() ? toQString(state()->pendingNote->discard) : QString();
 }
 
 void NotesAdapter::addNote() const {
     if (canAddNote()) {
-        run(state().onAddNoteTapped);
+        run(state()->onAddNoteTapped);
     }
 }
 
 void NotesAdapter::saveNote(const QQuickTextDocument* text) const {
     if (isWriting()) {
-        const auto save = state().pendingNote->onSaveTap;
+        const auto save = state()->pendingNote->onSaveTap;
         (*save)(typedText(*text));
     }
 }
 
 void NotesAdapter::discardNote() const {
     if (isWriting()) {
-        run(state().pendingNote->onDiscardTap);
+        run(state()->pendingNote->onDiscardTap);
+    }
+}
+
+void NotesAdapter::editNote(const std::string& text) const {
+    if (isWriting()) {
+        const auto edit = state()->pendingNote->onEdit;
+        (*edit)(text);
     }
 }
 

@@ -7,6 +7,8 @@
 #include <QQuickTextDocument>
 #include <QString>
 #include <memory>
+#include <optional>
+#include <string>
 
 #include "livedata/subscription.h"
 #include "presentation/notes_view_model.h"
@@ -19,6 +21,7 @@ class NotesAdapter final : public QObject {
     Q_OBJECT
     QML_ELEMENT
     QML_UNCREATABLE("made by the subview factory")
+    Q_PROPERTY(bool loaded READ loaded NOTIFY shown FINAL)
     Q_PROPERTY(bool canAddNote READ canAddNote NOTIFY shown FINAL)
     Q_PROPERTY(bool isWriting READ isWriting NOTIFY shown FINAL)
     Q_PROPERTY(QString saveText READ saveText NOTIFY shown FINAL)
@@ -27,12 +30,16 @@ class NotesAdapter final : public QObject {
  public:
     explicit NotesAdapter(std::shared_ptr<presentation::NotesViewModelProtocol> viewModel);
 
-    const presentation::NotesViewState::View& state() const {
-        return *viewModel_->viewState().value();
+    // Absent while the model is not loaded: then nothing is shown and nothing can be done.
+    const std::optional<presentation::NotesViewState::View>& state() const {
+        return viewModel_->viewState().value();
     }
-    bool canAddNote() const { return state().canAddNote; }
-    // A note is open. The editor keeps what was typed into it.
-    bool isWriting() const { return state().pendingNote.has_value(); }
+    bool loaded() const { return state().has_value(); }
+    bool canAddNote() const { return state() && state()->canAddNote; }
+    // A note is open.
+    bool isWriting() const { return state() && state()->pendingNote; }
+    // Of the open note, as far as it is typed.
+    std::string noteText() const;
     // The titles of the open note's buttons.
     QString saveText() const;
     QString discardText() const;
@@ -41,6 +48,8 @@ class NotesAdapter final : public QObject {
     // A blank text leaves the note open.
     Q_INVOKABLE void saveNote(const QQuickTextDocument* text) const;
     Q_INVOKABLE void discardNote() const;
+    // What its editor now holds.
+    void editNote(const std::string& text) const;
 
  signals:
     // A new state has come.

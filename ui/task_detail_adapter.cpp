@@ -44,8 +44,7 @@ TaskDetailAdapter::TaskDetailAdapter(
       shortFocusText_(durationText(presentation::kShortFocus)),
       longFocusText_(durationText(presentation::kLongFocus)),
       subscription_(viewModel_->viewState().subscribeDidChange([this] { show(); })) {
-    const auto showNotes = [this] { rows_.showNotes(notes_->state()); };
-    connect(notes_.get(), &NotesAdapter::shown, this, showNotes);
+    connect(notes_.get(), &NotesAdapter::shown, this, &TaskDetailAdapter::showNotes);
     connect(&rows_, &TaskDetailListModel::shown, this, &TaskDetailAdapter::rowsShown,
             Qt::QueuedConnection);
     showNotes();
@@ -96,6 +95,14 @@ void TaskDetailAdapter::dismissWholeNote() {
 void TaskDetailAdapter::setShown(bool isShown) {
     isShown_ = isShown;
     show();
+}
+
+void TaskDetailAdapter::showNotes() {
+    if (const auto& state = notes_->state()) {
+        rows_.showNotes(*state);
+    } else {
+        rows_.showNotes({});
+    }
 }
 
 void TaskDetailAdapter::show() {

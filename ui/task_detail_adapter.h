@@ -97,6 +97,7 @@ class TaskDetailAdapter final : public QObject {
     void rowsShown();
 
  private:
+    void showNotes();
     void show();
 
     std::shared_ptr<presentation::TaskDetailViewModelProtocol> viewModel_;

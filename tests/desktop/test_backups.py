@@ -24,6 +24,7 @@ class Backups(ProgramTest):
         program.press("1:00:00")
         wait_for(lambda: program.section_of("Planted") == "Running", "the focus")
         program.add_task("Since then")
+        key("ctrl+shift+n", "h", "a", "l", "f")
         process = program.process.pid
         program.press("Application menu")
         program.press("Restore from a backup…", "menu item")
@@ -41,8 +42,11 @@ class Backups(ProgramTest):
         daily, kept = sorted(os.listdir(folder))
         self.assertRegex(kept, re.escape(daily.removesuffix(".sqlite")) + r"T\d\d-\d\d-\d\d\.sqlite$")
         states = subprocess.check_output(
-            ["sqlite3", os.path.join(folder, kept), "SELECT state FROM RawIntervalState"], text=True)
-        self.assertEqual(states.split(), ["2", "0"], "the focus is kept as paused")
+            ["sqlite3", os.path.join(folder, kept),
+             "SELECT state FROM RawIntervalState UNION ALL SELECT text FROM Note WHERE task"],
+            text=True)
+        self.assertEqual(states.split(), ["2", "0", "half"],
+                         "the focus is kept as paused, and what was typed as a note")
 
 
 if __name__ == "__main__":

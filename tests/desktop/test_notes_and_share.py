@@ -97,7 +97,7 @@ class NotesAndShare(ProgramTest):
         program.process.terminate()
         self.assertEqual(program.finished(), (0, ""))
 
-    def test_a_half_typed_note_outlives_all_but_its_pane(self):
+    def test_a_half_typed_note_is_kept_and_saved_at_the_end(self):
         program = self.show_task("Old", "New")
         click(program.find("New", "list item"))
         key("ctrl+shift+n", "h", "a", "l", "f")
@@ -112,9 +112,20 @@ class NotesAndShare(ProgramTest):
         self.select("A")
         self.wait_for_typed("half 2")
         self.select("B")
+        key("ctrl+shift+n", "b")
         self.select("A")
-        program.find("Add Note")
-        self.assertEqual(program.rows("SELECT text FROM Note WHERE task = 1"), [("New",)])
+        self.wait_for_typed("half 2")
+        key("ctrl+shift+n", "ctrl+z", "3")  # nothing of the other note is undone into this one
+        self.wait_for_typed("half 23")
+        click(program.find("A", "list item"), button=3)
+        program.press("Delete", "menu item")
+        program.press("Undo")
+        self.wait_for_typed("half 23")
+        self.assertEqual(program.rows("SELECT text FROM Note WHERE task"), [("New",)])
+        program.process.terminate()
+        self.assertEqual(program.finished(), (0, ""))
+        self.assertEqual(program.rows("SELECT t.name, text FROM Task t JOIN Note n ON task = t.pk"
+                                      " ORDER BY text"), [("A", "New"), ("B", "b"), ("A", "half 23")])
 
     def test_what_the_keyboard_acts_on_is_brought_on_screen(self):
         def wait_until_visible(name):

@@ -9,15 +9,20 @@ namespace hearthmark::presentation {
 struct NotesViewModelTest : testing::Test {
     void SetUp() override {
         store.clock->step = base::Seconds(1000);
-        const base::Uuid id = *store.addTask("task").id();
+        id = *store.addTask("task").id();
         store.reopen(R"(INSERT INTO Task(pk) VALUES (2); INSERT INTO Note VALUES
             (1, 'C0000000-0000-4000-8000-000000000001', 10, 'old', 1), (2, NULL, 20, 'lost', 1),
             (3, 'C0000000-0000-4000-8000-000000000003', 30, NULL, 1),
             (4, 'C0000000-0000-4000-8000-000000000004', 20, 'new', 1),
             (5, 'C0000000-0000-4000-8000-000000000005', 20, 'other', 2))");
-        model = NotesVMFactory(store.service, store.liveData, store.clock, id).makeViewModel();
+        drafts = std::make_shared<NoteDrafts>(store.service, *store.liveData);
+        model = makeModel();
         EXPECT_FALSE(model->viewState().value());
         model->startObserving();
+    }
+    std::shared_ptr<NotesViewModelProtocol> makeModel() const {
+        return NotesVMFactory(store.service, store.liveData, store.clock, drafts, id)
+            .makeViewModel();
     }
     // A copy, so that an action outlives its call.
     NotesViewState::View view() const { return model->viewState().value().value(); }
@@ -31,6 +36,8 @@ struct NotesViewModelTest : testing::Test {
     }
 
     tests::TestStore store;
+    base::Uuid id;
+    std::shared_ptr<NoteDrafts> drafts;
     std::shared_ptr<NotesViewModelProtocol> model;
 };
 
@@ -67,6 +74,46 @@ TEST_F(NotesViewModelTest, DoesNothingOnceItsTaskOrItIsGone) {
     (*last.pendingNote->onDiscardTap)();
     (*last.committedNotes.at(0).onDeleteCommand)();
     EXPECT_EQ(store.sql("SELECT count(*) FROM Note WHERE task"), "5");
+}
+
+TEST_F(NotesViewModelTest, KeepsTheDraftOfItsTaskUntilItIsSavedOrDiscarded) {
+    (*view().onAddNoteTapped)();
+    int states = 0;
+    const auto counting = model->viewState().subscribeDidChange([&states] { ++states; });
+    (*view().pendingNote.value().onEdit)("half ");
+    EXPECT_EQ(text(), "- new old [half ]");
+    EXPECT_EQ(states, 0) << "not for each key";
+    (*view().committedNotes.at(1).onDeleteCommand)();
+    EXPECT_EQ(text(), "- old [half ]") << "after a rebuild";
+    store.service->deleteTask(id);
+    EXPECT_EQ(text(), "");
+    store.service->undo(*store.service->latestDeletion().value());
+    EXPECT_EQ(text(), "- old [half ]");
+    model = makeModel();
+    model->startObserving();
+    EXPECT_EQ(text(), "- old [half ]") << "by the next model";
+    (*view().pendingNote.value().onDiscardTap)();
+    model = makeModel();
+    model->startObserving();
+    EXPECT_EQ(text(), "+- old ");
+}
+
+TEST_F(NotesViewModelTest, MakesNotesOfTheDraftsThatAreNotBlankAndHaveATask) {
+    (*view().onAddNoteTapped)();
+    (*view().pendingNote.value().onEdit)(" \n");
+    drafts->save();
+    EXPECT_EQ(text(), "- new old [ \n]");
+    (*view().pendingNote.value().onEdit)(" half\n");
+    store.service->deleteTask(id);
+    drafts->save();
+    store.service->undo(*store.service->latestDeletion().value());
+    EXPECT_EQ(text(), "- new old [ half\n]") << "not lost with a task that may come back";
+    model.reset();
+    drafts->draft(base::Uuid());
+    drafts->save();
+    drafts->save();
+    EXPECT_EQ(store.sql("SELECT creationDate, text FROM Note WHERE text LIKE '%half%'"),
+              "1000.0|half");
 }
 
 }  // namespace hearthmark::presentation

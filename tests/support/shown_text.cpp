@@ -79,6 +79,7 @@ std::string shownText(const std::shared_ptr<objectstore::PersistentContainer>& c
         model->startObserving();
         return text(model->viewState().value().value()) + '\n';
     };
+    const auto drafts = std::make_shared<NoteDrafts>(service, *liveData);
     std::string all = shown(TaskListVMFactory(service, liveData, timers, clock,
                                               std::make_shared<SelectedTaskId>(std::nullopt))
                                 .makeViewModel());
@@ -87,7 +88,7 @@ std::string shownText(const std::shared_ptr<objectstore::PersistentContainer>& c
     for (const store::Task& task : container->viewContext().objects<store::Task>()) {
         const base::Uuid id = task.id().value_or(base::Uuid());
         all += shown(TaskDetailVMFactory(service, liveData, id, timers, clock).makeViewModel());
-        all += shown(NotesVMFactory(service, liveData, clock, id).makeViewModel());
+        all += shown(NotesVMFactory(service, liveData, clock, drafts, id).makeViewModel());
         const std::string json = exporting::JSONShareSerializer().serialize(task);
         all += (json.empty() ? json : nlohmann::ordered_json::parse(json).dump()) + '\n';
         all += exporting::CSVTaskShareSerializer().serialize(task) + '\n';

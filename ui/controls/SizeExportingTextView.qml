@@ -6,7 +6,8 @@ import Hearthmark.Controls
 TextEdit {
     id: root
 
-    readonly property size textSize: Qt.size(root.implicitWidth, root.implicitHeight)
+    // Not by the implicit width: whoever asks for that has all of the text laid out twice at each key.
+    readonly property size textSize: Qt.size(root.contentWidth + 2 * root.padding, root.contentHeight + 2 * root.padding)
 
     color: Theme.colors.text
     selectionColor: Theme.colors.selectedContent
