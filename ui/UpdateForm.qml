@@ -39,6 +39,12 @@ FocusScope {
             wrapMode: Text.Wrap
         }
 
+        PackagePlace {
+            width: parent.width
+            visible: root.updates.installCommand.length > 0
+            updates: root.updates
+        }
+
         ProgressBar {
             width: parent.width
             visible: !root.updates.isOffer && !root.updates.isOver
