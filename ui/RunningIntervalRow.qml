@@ -7,6 +7,7 @@ BoxRow {
     id: root
 
     required property real progress
+    readonly property bool ticks: true
 
     symbol: "clock"
     symbolSize: Theme.largeSymbolSize

@@ -17,6 +17,7 @@ DeletableRow {
     required property bool isSelected
     required property IntervalListModel intervals
 
+    readonly property bool ticks: lines.count > 0
     readonly property bool isTask: root.kind === TaskListModel.Task
     // The list cuts off what is outside of its rows.
     readonly property int ringRoom: Theme.tightSpacing
@@ -83,12 +84,15 @@ DeletableRow {
         }
 
         Repeater {
+            id: lines
+
             model: root.intervals
 
             IntervalLine {
                 id: line
 
                 width: content.width
+                taskName: root.text
                 textColor: root.textColor
                 progressColor: root.isSelected ? Theme.colors.selectedText : Theme.colors.accent
                 trackColor: root.isSelected ? Theme.colors.selectedTrack : Theme.colors.track

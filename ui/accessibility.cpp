@@ -12,6 +12,11 @@ namespace hearthmark::ui {
 
 namespace {
 
+// Whether a text of the item changes each second by the count, as the item says itself.
+bool ticks(const QObject* item) {
+    return item != nullptr && item->property("ticks").toBool();
+}
+
 // Also tells what can be checked, and lets assistive programs write into the editors, open the
 // rows' menus and ask how far a progress bar is.
 class Item final : public QAccessibleQuickItem, public QAccessibleEditableTextInterface {
@@ -25,9 +30,13 @@ class Item final : public QAccessibleQuickItem, public QAccessibleEditableTextIn
         });
     }
 
-    // The platform tells of no menu item that it can be checked.
+    // The platform tells of no menu item that it can be checked. Of the items of lists alone it
+    // says that nobody may remember their texts, so what ticks is one of them.
     QAccessible::Role role() const override {
         const QAccessible::Role role = QAccessibleQuickItem::role();
+        if (role == QAccessible::StaticText && ticks(item())) {
+            return QAccessible::ListItem;
+        }
         return role == QAccessible::MenuItem && checked().isValid() ? QAccessible::CheckBox : role;
     }
 
@@ -98,40 +107,42 @@ QAccessibleInterface* makeInterface(const QString& /*className*/, QObject* objec
     return item != nullptr && QQuickItemPrivate::get(item)->isAccessible ? new Item(item) : nullptr;
 }
 
-bool isRow(const QAccessibleInterface* interface) {
-    return interface != nullptr && (interface->role() == QAccessible::StaticText ||
-                                    interface->role() == QAccessible::ListItem);
+bool isTick(const QAccessibleEvent& event) {
+    const auto* item = qobject_cast<QQuickItem*>(event.object());
+    switch (event.type()) {
+        case QAccessible::NameChanged:
+        case QAccessible::DescriptionChanged:
+            return ticks(item);
+        case QAccessible::ValueChanged:
+            // A progress bar, inside of what ticks.
+            return item != nullptr && ticks(item->parentItem());
+        default:
+            return false;
+    }
 }
 
-bool isTick(QAccessibleEvent& event) {
-    if (event.type() == QAccessible::DescriptionChanged) {
-        return true;
-    }
-    const QAccessibleInterface* interface = event.accessibleInterface();
-    if (interface == nullptr) {
-        return false;
-    }
-    if (event.type() == QAccessible::ValueChanged) {
-        return isRow(interface->parent());
-    }
-    return event.type() == QAccessible::NameChanged && isRow(interface);
+// The toolkit tells of the texts inside of a row, too, which a row says as one.
+bool isOfHidden(const QAccessibleEvent& event) {
+    auto* item = qobject_cast<QQuickItem*>(event.object());
+    return event.type() == QAccessible::NameChanged && item != nullptr &&
+           !QQuickItemPrivate::get(item)->isAccessible;
 }
 
 // A handler stands in for the platform: to pass an event on, it must step aside.
-void passOnUnlessTick(QAccessibleEvent* event) {
-    if (isTick(*event)) {
+void passOnWhatIsToBeTold(QAccessibleEvent* event) {
+    if (isTick(*event) || isOfHidden(*event)) {
         return;
     }
     QAccessible::installUpdateHandler(nullptr);
     QAccessible::updateAccessibility(event);
-    QAccessible::installUpdateHandler(&passOnUnlessTick);
+    QAccessible::installUpdateHandler(&passOnWhatIsToBeTold);
 }
 
 }  // namespace
 
 void prepareAccessibility() {
     QAccessible::installFactory(&makeInterface);
-    QAccessible::installUpdateHandler(&passOnUnlessTick);
+    QAccessible::installUpdateHandler(&passOnWhatIsToBeTold);
 }
 
 }  // namespace hearthmark::ui
