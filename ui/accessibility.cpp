@@ -3,6 +3,7 @@
 
 #include <QAccessible>
 #include <QQuickItem>
+#include <QQuickWindow>
 #include <QVariant>
 // Qt 6.4 offers no public way to report a state of an item.
 #include <private/qaccessiblequickitem_p.h>
@@ -15,6 +16,20 @@ namespace {
 // Whether a text of the item changes each second by the count, as the item says itself.
 bool ticks(const QObject* item) {
     return item != nullptr && item->property("ticks").toBool();
+}
+
+const QQuickItem* overlayAround(const QQuickItem* item) {
+    while (item != nullptr && !item->inherits("QQuickOverlay")) {
+        item = item->parentItem();
+    }
+    return item;
+}
+
+// Whether a sheet or a menu has the keyboard, which would not be closed by it any more if what lies
+// behind took it away.
+bool isBehindPopup(const QQuickItem& item) {
+    return item.window() != nullptr && overlayAround(item.window()->activeFocusItem()) != nullptr &&
+           overlayAround(&item) == nullptr;
 }
 
 // Also tells what can be checked, and lets assistive programs write into the editors, open the
@@ -42,9 +57,13 @@ class Item final : public QAccessibleQuickItem, public QAccessibleEditableTextIn
 
     QAccessible::State state() const override {
         QAccessible::State state = QAccessibleQuickItem::state();
-        // A text is never used, so it is not disabled either.
-        const bool isText = role() == QAccessible::StaticText || role() == QAccessible::Heading;
+        // A text is never used, so it is not disabled either, nor is it given the keyboard.
+        const QAccessible::Role role = QAccessibleQuickItem::role();
+        const bool isText = role == QAccessible::StaticText || role == QAccessible::Heading;
         state.disabled = item()->isEnabled() || isText ? 0 : 1;
+        if (isText && !item()->activeFocusOnTab()) {
+            state.focusable = 0;
+        }
         if (const QVariant isChecked = checked(); isChecked.isValid()) {
             state.checkable = 1;
             state.checked = isChecked.toBool() ? 1 : 0;
@@ -73,7 +92,7 @@ class Item final : public QAccessibleQuickItem, public QAccessibleEditableTextIn
     void doAction(const QString& name) override {
         if (name == showMenuAction() && hasMenu()) {
             item()->metaObject()->method(menuMethod()).invoke(item());
-        } else {
+        } else if (name != setFocusAction() || !isBehindPopup(*item())) {
             QAccessibleQuickItem::doAction(name);
         }
     }
