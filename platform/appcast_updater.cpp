@@ -1,8 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "platform/appcast_updater.h"
 
+#include <QDateTime>
 #include <QDir>
 #include <QRegularExpression>
+#include <QTemporaryFile>
 #include <filesystem>
 #include <system_error>
 #include <utility>
@@ -15,8 +17,10 @@ namespace {
 
 using services::UpdatePhase;
 
-constexpr qint64 kLargestFeed = 1'000'000;
+constexpr qint64 kLargestFeed = 500'000;
 constexpr qint64 kVerifiedPart = 1'000'000;
+// How long an installer may take that was handed a package.
+constexpr qint64 kDaysInUse = 1;
 
 QString reasonAgainst(const QUrl& feed, bool hasKey) {
     if (feed.isEmpty()) {
@@ -45,21 +49,22 @@ std::error_code makeDirectory(const std::filesystem::path& directory) {
     return error;
 }
 
-void removePackages(QDir directory) {
-    for (const QString& name :
-         directory.entryList({QStringLiteral("*.deb"), QStringLiteral("*.part")},
-                             QDir::Files | QDir::Hidden | QDir::System)) {
-        directory.remove(name);
+void removeOldPackages(const QDir& directory) {
+    const QDateTime oldest = QDateTime::currentDateTime().addDays(-kDaysInUse);
+    for (const QFileInfo& file :
+         directory.entryInfoList({QStringLiteral("*.deb"), QStringLiteral("*.part")},
+                                 QDir::Files | QDir::Hidden | QDir::System)) {
+        if (file.lastModified() < oldest) {
+            QFile::remove(file.filePath());
+        }
     }
 }
 
-// The name that the package has at its server, where it is no more than the name of a package.
-QString fileName(const AppcastItem& item) {
-    static const QRegularExpression kHarmless(
+// Where it is no more than the name of a package.
+bool isHarmless(const QString& fileName) {
+    static const QRegularExpression kForm(
         QStringLiteral("\\A[A-Za-z0-9][A-Za-z0-9.+~_-]{0,99}\\.deb\\z"));
-    const QString name = item.package.fileName();
-    return kHarmless.match(name).hasMatch() ? name
-                                            : QStringLiteral("hearthmark-%1.deb").arg(item.version);
+    return kForm.match(fileName).hasMatch();
 }
 
 }  // namespace
@@ -117,7 +122,40 @@ void AppcastUpdater::readFeed() {
 }
 
 void AppcastUpdater::install() {
-    if (state_.value().phase != UpdatePhase::available || !openPackage()) {
+    if (state_.value().phase != UpdatePhase::available) {
+        return;
+    }
+    if (const auto error = makeDirectory(configuration_.directory.toStdString())) {
+        return fail(notStored(QString::fromStdString(error.message())));
+    }
+    openKept() ? verify() : download();
+}
+
+// Where the package may lie: under the name that it has at its server, or under others where that
+// belongs to another package.
+QString AppcastUpdater::place(int number) const {
+    const QString serversName = item_.package.fileName();
+    if (number == 0 && isHarmless(serversName)) {
+        return configuration_.directory + '/' + serversName;
+    }
+    const QString suffix = number == 0 ? QString() : QStringLiteral("-%1").arg(number);
+    return QStringLiteral("%1/hearthmark-%2%3.deb")
+        .arg(configuration_.directory, item_.version, suffix);
+}
+
+// What has the right size; its signature is yet to be checked.
+bool AppcastUpdater::openKept() {
+    for (int number = 0; QFile::exists(place(number)); ++number) {
+        package_ = std::make_unique<QFile>(place(number));
+        if (package_->size() == item_.size && package_->open(QIODevice::ReadOnly)) {
+            return isKept_ = true;
+        }
+    }
+    return isKept_ = false;
+}
+
+void AppcastUpdater::download() {
+    if (!openDownload()) {
         return;
     }
     show(UpdatePhase::downloading);
@@ -134,18 +172,16 @@ void AppcastUpdater::install() {
         [this](const QString& fault) { fault.isEmpty() ? verify() : fail(fault); });
 }
 
-bool AppcastUpdater::openPackage() {
-    if (const auto error = makeDirectory(configuration_.directory.toStdString())) {
-        fail(notStored(QString::fromStdString(error.message())));
-        return false;
-    }
-    removePackages(configuration_.directory);
-    package_ =
+bool AppcastUpdater::openDownload() {
+    removeOldPackages(configuration_.directory);
+    isKept_ = false;
+    auto file =
         std::make_unique<QTemporaryFile>(configuration_.directory + QLatin1String("/XXXXXX.part"));
-    if (!package_->open()) {
-        fail(notStored(package_->errorString()));
+    if (!file->open()) {
+        fail(notStored(file->errorString()));
         return false;
     }
+    package_ = std::move(file);
     return true;
 }
 
@@ -171,27 +207,48 @@ void AppcastUpdater::verifyNextPart() {
         return;
     }
     verification_.stop();
-    if (!key_->hasSigned(item_.version, item_.size, digest_.result(), item_.signature)) {
-        return fail(
-            QObject::tr(
-                "The package is not signed as version %1 of Hearthmark, so it was thrown away.")
-                .arg(item_.version));
+    if (key_->hasSigned(item_.version, item_.size, digest_.result(), item_.signature)) {
+        return handOver();
     }
-    handOver();
+    if (isKept_) {
+        return download();
+    }
+    fail(
+        QObject::tr("The package is not signed as version %1 of Hearthmark, so it was thrown away.")
+            .arg(item_.version));
+}
+
+// Gives the package a name. What lies there already may be in use.
+bool AppcastUpdater::keep() {
+    int number = 0;
+    while (QFile::exists(place(number))) {
+        ++number;
+    }
+    auto& file = static_cast<QTemporaryFile&>(*package_);
+    file.setAutoRemove(!file.rename(place(number)));
+    return !file.autoRemove();
 }
 
 void AppcastUpdater::handOver() {
-    const QString path = configuration_.directory + '/' + fileName(item_);
-    if (!package_->rename(path)) {
+    if (!isKept_ && !keep()) {
         return fail(notStored(package_->errorString()));
     }
-    package_->setAutoRemove(false);
+    // From now on it is in use.
+    package_->setFileTime(QDateTime::currentDateTime(), QFileDevice::FileModificationTime);
+    const QString path = package_->fileName();
     stop();
-    const QString sentence =
-        openWithDesktop(path)
-            ? QObject::tr("The package was handed to the system's installer. It lies at %1.")
-            : QObject::tr("No program here installs packages. The package lies at %1.");
-    show(UpdatePhase::handedOver, sentence.arg(path));
+    show(UpdatePhase::handingOver);
+    handover_ = std::make_unique<PackageHandover>(path, [this, path](bool isTaken) {
+        const QString sentence =
+            isTaken
+                ? QObject::tr("The package was handed to the system's installer. It lies at %1.")
+                : QObject::tr("No program here installs packages. The package lies at %1.");
+        show(UpdatePhase::handedOver, sentence.arg(path), path);
+    });
+}
+
+bool AppcastUpdater::showPackage() {
+    return openWithDesktop(configuration_.directory);
 }
 
 void AppcastUpdater::dismiss() {
@@ -202,14 +259,15 @@ void AppcastUpdater::dismiss() {
     }
 }
 
-void AppcastUpdater::show(UpdatePhase phase, const QString& message) {
+void AppcastUpdater::show(UpdatePhase phase, const QString& message, const QString& package) {
     state_.setValue(
         {.phase = phase,
          .version = item_.version.toStdString(),
          .notes = phase == UpdatePhase::available ? item_.notes.toStdString() : std::string(),
          .size = item_.size,
          .received = received_,
-         .message = message.toStdString()});
+         .message = message.toStdString(),
+         .package = package.toStdString()});
 }
 
 void AppcastUpdater::fail(const QString& fault) {
@@ -221,6 +279,7 @@ void AppcastUpdater::stop() {
     transfer_.reset();
     verification_.stop();
     package_.reset();
+    handover_.reset();
 }
 
 }  // namespace hearthmark::platform

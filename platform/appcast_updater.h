@@ -3,9 +3,9 @@
 
 #include <QBuffer>
 #include <QCryptographicHash>
+#include <QFile>
 #include <QNetworkAccessManager>
 #include <QString>
-#include <QTemporaryFile>
 #include <QTimer>
 #include <QUrl>
 #include <chrono>
@@ -15,14 +15,16 @@
 
 #include "platform/appcast.h"
 #include "platform/https_transfer.h"
+#include "platform/package_handover.h"
 #include "platform/release_signature.h"
 #include "services/updater.h"
 
 namespace hearthmark::platform {
 
 // Updates from a feed. A package is a temporary file in a private directory until its signature has
-// been checked, so whatever ends the download leaves nothing of it. Main thread; requires a
-// QGuiApplication that outlives it.
+// been checked, so whatever ends the download leaves nothing of it. After that it is neither
+// replaced nor fetched again as long as it may be in use: who installs it twice installs the same
+// file. Main thread; requires a QGuiApplication that outlives it.
 class AppcastUpdater final : public services::Updater {
  public:
     struct Configuration {
@@ -31,7 +33,8 @@ class AppcastUpdater final : public services::Updater {
         // Base64 of an Ed25519 public key.
         QByteArray publicKey;
         QString currentVersion;
-        // For packages alone: those in it are thrown away before the next one comes.
+        // For packages alone: those that nobody has installed for a day are thrown away before the
+        // next one comes.
         QString directory;
         // How long the next 100 KB may take.
         std::chrono::milliseconds patience{0};
@@ -41,6 +44,7 @@ class AppcastUpdater final : public services::Updater {
 
     void checkForUpdates() override;
     void install() override;
+    bool showPackage() override;
     void dismiss() override;
 
     livedata::Published<bool>& canCheckForUpdates() override { return canCheckForUpdates_; }
@@ -49,13 +53,18 @@ class AppcastUpdater final : public services::Updater {
 
  private:
     void readFeed();
+    QString place(int number) const;
+    bool openKept();
+    void download();
+    bool openDownload();
     void verify();
     void verifyNextPart();
+    bool keep();
     void handOver();
-    bool openPackage();
     void fail(const QString& fault);
     void stop();
-    void show(services::UpdatePhase phase, const QString& message = {});
+    void show(services::UpdatePhase phase, const QString& message = {},
+              const QString& package = {});
 
     Configuration configuration_;
     std::optional<ReleaseKey> key_;
@@ -67,12 +76,15 @@ class AppcastUpdater final : public services::Updater {
     QBuffer feed_;
     AppcastItem item_;
     qint64 received_ = 0;
-    std::unique_ptr<QTemporaryFile> package_;
+    // One that is being fetched, or one that was kept and is looked at again.
+    std::unique_ptr<QFile> package_;
+    bool isKept_ = false;
     QCryptographicHash digest_{QCryptographicHash::Sha512};
     // One turn of the event loop for each part, so that a large package does not stop the program.
     QTimer verification_;
     // Writes into the feed or the package.
     std::unique_ptr<HttpsTransfer> transfer_;
+    std::unique_ptr<PackageHandover> handover_;
 };
 
 }  // namespace hearthmark::platform

@@ -49,7 +49,18 @@ bool writeAll(QIODevice& destination, QByteArrayView bytes) {
     return true;
 }
 
+int status(const QNetworkReply& reply) {
+    return reply.attribute(QNetworkRequest::HttpStatusCodeAttribute).toInt();
+}
+
+bool isRefusal(const QNetworkReply& reply) {
+    return status(reply) >= 400;
+}
+
 QString sentence(const QNetworkReply& reply) {
+    if (isRefusal(reply)) {
+        return QObject::tr("The update server answers with error %1.").arg(status(reply));
+    }
     switch (reply.error()) {
         case QNetworkReply::NoError:
             return {};
@@ -64,12 +75,8 @@ QString sentence(const QNetworkReply& reply) {
         default:
             break;
     }
-    const int status = reply.attribute(QNetworkRequest::HttpStatusCodeAttribute).toInt();
-    if (status >= 400) {
-        return QObject::tr("The update server answers with error %1.").arg(status);
-    }
     // After a redirection there is the status of the server that sent it.
-    return status >= 200 && status < 300
+    return status(reply) >= 200 && status(reply) < 300
                ? QObject::tr("The connection to the update server broke off.")
                : QObject::tr("The update server cannot be reached.");
 }
@@ -84,6 +91,16 @@ HttpsTransfer::HttpsTransfer(QNetworkAccessManager& manager, const Request& requ
       onProgress_(std::move(onProgress)),
       onEnd_(std::move(onEnd)),
       reply_(manager.get(networkRequest(request))) {
+    // However long the page about an error is. Later, since the reply may not be aborted while it
+    // tells of it.
+    QObject::connect(
+        reply_.get(), &QNetworkReply::metaDataChanged, &listener_,
+        [this] {
+            if (isRefusal(*reply_)) {
+                end(sentence(*reply_));
+            }
+        },
+        Qt::QueuedConnection);
     QObject::connect(reply_.get(), &QNetworkReply::readyRead, &listener_, [this] { receive(); });
     QObject::connect(reply_.get(), &QNetworkReply::finished, &listener_,
                      [this] { end(sentence(*reply_)); });
@@ -98,6 +115,9 @@ HttpsTransfer::~HttpsTransfer() {
 }
 
 void HttpsTransfer::receive() {
+    if (isRefusal(*reply_)) {
+        return;
+    }
     const QByteArray bytes = reply_->readAll();
     received_ += bytes.size();
     if (received_ > largestSize_) {
@@ -122,8 +142,9 @@ void HttpsTransfer::stop() {
 void HttpsTransfer::end(const QString& fault) {
     stop();
     // By a handle of its own, since it may destroy this.
-    const OnEnd onEnd = std::exchange(onEnd_, nullptr);
-    onEnd(fault);
+    if (const OnEnd onEnd = std::exchange(onEnd_, nullptr)) {
+        onEnd(fault);
+    }
 }
 
 }  // namespace hearthmark::platform

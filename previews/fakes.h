@@ -47,6 +47,7 @@ class FakeUpdater final : public services::Updater {
  public:
     void checkForUpdates() override {}
     void install() override {}
+    bool showPackage() override { return true; }
     void dismiss() override {}
     livedata::Published<bool>& canCheckForUpdates() override { return canCheck_; }
     livedata::Published<services::UpdateState>& state() override { return state_; }

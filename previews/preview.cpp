@@ -22,8 +22,10 @@ QStringList times(int count, const QString& key) {
     return keys;
 }
 
+const std::string kPackage = "/home/you/.cache/Hearthmark/updates/hearthmark_0.2.0_amd64.deb";
+
 services::UpdateState update(UpdatePhase phase, std::int64_t received = 0,
-                             const std::string& message = {}) {
+                             const std::string& message = {}, const std::string& package = {}) {
     return {
         .phase = phase,
         .version = "0.2.0",
@@ -32,7 +34,8 @@ services::UpdateState update(UpdatePhase phase, std::int64_t received = 0,
                      : "",
         .size = 4'812'000,
         .received = received,
-        .message = message};
+        .message = message,
+        .package = package};
 }
 
 }  // namespace
@@ -124,9 +127,12 @@ std::vector<Preview> previewsOfUsualTexts() {
          .update = update(UpdatePhase::downloading, 1'650'000),
          .direction = Qt::RightToLeft},
         {.name = "update-verifying", .update = update(UpdatePhase::verifying)},
+        {.name = "update-handing-over", .update = update(UpdatePhase::handingOver)},
         {.name = "update-handed-over",
-         .update = update(UpdatePhase::handedOver, 0,
-                          "The package lies in /home/you/.cache/Hearthmark/updates.")},
+         .update = update(
+             UpdatePhase::handedOver, 0,
+             "The package was handed to the system's installer. It lies at " + kPackage + ".",
+             kPackage)},
         {.name = "update-failed",
          .update = update(UpdatePhase::failed, 0, "The server did not answer in time.")},
     };

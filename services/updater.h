@@ -15,6 +15,7 @@ enum class UpdatePhase {
     available,
     downloading,
     verifying,
+    handingOver,
     handedOver,
     failed
 };
@@ -29,8 +30,10 @@ struct UpdateState {
     // Of the package, in bytes.
     std::int64_t size = 0;
     std::int64_t received = 0;
-    // What became of it: why it failed, or where the package lies that was handed over.
+    // What became of it: why it failed, or whether something took the package.
     std::string message;
+    // The file; only once it was handed over.
+    std::string package;
 
     bool operator==(const UpdateState&) const = default;
 };
@@ -39,7 +42,8 @@ struct UpdateState {
 // Fetches nothing unless it is told to. Main thread; no call waits for the network.
 //
 //     checkForUpdates()   idle -> checking -> upToDate, available or failed
-//     install()           available -> downloading -> verifying -> handedOver or failed
+//     install()           available -> downloading -> verifying -> handingOver -> handedOver
+//                         (or, from any of them, failed)
 //     dismiss()           any -> idle
 class Updater {
  public:
@@ -50,6 +54,9 @@ class Updater {
 
     // Fetches the version that was found. While none is available, does nothing.
     virtual void install() = 0;
+
+    // Opens the folder of the package that was handed over. False where nothing opens folders.
+    virtual bool showPackage() = 0;
 
     // Ends whatever goes on, throws away what came so far and closes the dialogue. A package that
     // was handed over stays.

@@ -9,6 +9,7 @@ Item {
     required property string text
     required property double share
     required property bool isToday
+    readonly property bool ticks: root.isToday
     readonly property alias hovered: area.containsMouse
 
     Accessible.role: Accessible.ListItem

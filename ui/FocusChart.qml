@@ -52,6 +52,8 @@ Column {
         Label {
             id: today
 
+            readonly property bool ticks: true
+
             anchors.left: parent.left
             text: qsTr("Today: %1").arg(root.overview?.today ?? "")
         }

@@ -10,15 +10,18 @@ DeletableRow {
     required property string timeSpent
     required property string button
     required property real progress
+    required property string taskName
     required property color textColor
     property alias progressColor: bar.color
     property alias trackColor: bar.trackColor
+
+    readonly property bool ticks: true
 
     signal buttonTap
 
     implicitHeight: content.y + content.height + Theme.spacing + bar.height
     activeFocusOnTab: !finish.visible
-    Accessible.role: Accessible.StaticText
+    Accessible.role: Accessible.ListItem
     Accessible.name: root.timeSpent
 
     Item {
@@ -55,7 +58,7 @@ DeletableRow {
             anchors.verticalCenter: parent.verticalCenter
             visible: root.button.length > 0
             text: root.button
-            Accessible.description: root.timeSpent
+            Accessible.description: root.taskName // not the time: a button's texts are remembered
             onClicked: root.buttonTap()
         }
     }

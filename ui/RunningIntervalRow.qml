@@ -9,6 +9,7 @@ DeletableRow {
     required property int index
     required property string timeSpent
     required property real progress
+    readonly property bool ticks: true
 
     implicitHeight: box.implicitHeight
     activeFocusOnTab: true

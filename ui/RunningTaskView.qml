@@ -39,6 +39,7 @@ TaskListItemGroupBoxStyle {
             id: line
 
             width: root.contentWidth
+            taskName: root.taskName
             textColor: root.textColor
             progressColor: root.isSelected ? Theme.colors.selectedText : Theme.colors.accent
             trackColor: root.isSelected ? Theme.colors.selectedTrack : Theme.colors.track

@@ -46,6 +46,8 @@ FocusScope {
         }
 
         Label {
+            readonly property bool ticks: true
+
             width: parent.width
             text: root.adapter.totalTimeSpent
             font.pointSize: Theme.title3Size

@@ -18,6 +18,7 @@ RowOfKind {
     // Of a running task alone.
     required property IntervalListModel intervalViewStates
 
+    readonly property bool ticks: root.intervalViewStates !== null
     readonly property bool isTask: root.kind === TaskListModel.Task
     // The list cuts off what is outside of its rows.
     readonly property int ringRoom: Theme.tightSpacing

@@ -32,6 +32,12 @@ SheetForm {
         wrapMode: Text.Wrap
     }
 
+    PackagePlace {
+        width: parent.width
+        visible: root.updates.installCommand.length > 0
+        updates: root.updates
+    }
+
     ProgressBar {
         width: parent.width
         visible: !root.updates.isOffer && !root.updates.isOver

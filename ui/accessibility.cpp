@@ -3,6 +3,7 @@
 
 #include <QAccessible>
 #include <QQuickItem>
+#include <QQuickWindow>
 #include <QVariant>
 // Qt 6.4 offers no public way to report a state of an item.
 #include <private/qaccessiblequickitem_p.h>
@@ -11,6 +12,25 @@
 namespace hearthmark::ui {
 
 namespace {
+
+// Whether a text of the item changes each second by the count, as the item says itself.
+bool ticks(const QObject* item) {
+    return item != nullptr && item->property("ticks").toBool();
+}
+
+const QQuickItem* overlayAround(const QQuickItem* item) {
+    while (item != nullptr && !item->inherits("QQuickOverlay")) {
+        item = item->parentItem();
+    }
+    return item;
+}
+
+// Whether a sheet or a menu has the keyboard, which would not be closed by it any more if what lies
+// behind took it away.
+bool isBehindPopup(const QQuickItem& item) {
+    return item.window() != nullptr && overlayAround(item.window()->activeFocusItem()) != nullptr &&
+           overlayAround(&item) == nullptr;
+}
 
 // Also tells what can be checked, and lets assistive programs write into the editors, open the
 // rows' menus and ask how far a progress bar is.
@@ -25,17 +45,25 @@ class Item final : public QAccessibleQuickItem, public QAccessibleEditableTextIn
         });
     }
 
-    // The platform tells of no menu item that it can be checked.
+    // The platform tells of no menu item that it can be checked. Of the items of lists alone it
+    // says that nobody may remember their texts, so what ticks is one of them.
     QAccessible::Role role() const override {
         const QAccessible::Role role = QAccessibleQuickItem::role();
+        if (role == QAccessible::StaticText && ticks(item())) {
+            return QAccessible::ListItem;
+        }
         return role == QAccessible::MenuItem && checked().isValid() ? QAccessible::CheckBox : role;
     }
 
     QAccessible::State state() const override {
         QAccessible::State state = QAccessibleQuickItem::state();
-        // A text is never used, so it is not disabled either.
-        const bool isText = role() == QAccessible::StaticText || role() == QAccessible::Heading;
+        // A text is never used, so it is not disabled either, nor is it given the keyboard.
+        const QAccessible::Role role = QAccessibleQuickItem::role();
+        const bool isText = role == QAccessible::StaticText || role == QAccessible::Heading;
         state.disabled = item()->isEnabled() || isText ? 0 : 1;
+        if (isText && !item()->activeFocusOnTab()) {
+            state.focusable = 0;
+        }
         if (const QVariant isChecked = checked(); isChecked.isValid()) {
             state.checkable = 1;
             state.checked = isChecked.toBool() ? 1 : 0;
@@ -64,7 +92,7 @@ class Item final : public QAccessibleQuickItem, public QAccessibleEditableTextIn
     void doAction(const QString& name) override {
         if (name == showMenuAction() && hasMenu()) {
             item()->metaObject()->method(menuMethod()).invoke(item());
-        } else {
+        } else if (name != setFocusAction() || !isBehindPopup(*item())) {
             QAccessibleQuickItem::doAction(name);
         }
     }
@@ -98,40 +126,42 @@ QAccessibleInterface* makeInterface(const QString& /*className*/, QObject* objec
     return item != nullptr && QQuickItemPrivate::get(item)->isAccessible ? new Item(item) : nullptr;
 }
 
-bool isRow(const QAccessibleInterface* interface) {
-    return interface != nullptr && (interface->role() == QAccessible::StaticText ||
-                                    interface->role() == QAccessible::ListItem);
+bool isTick(const QAccessibleEvent& event) {
+    const auto* item = qobject_cast<QQuickItem*>(event.object());
+    switch (event.type()) {
+        case QAccessible::NameChanged:
+        case QAccessible::DescriptionChanged:
+            return ticks(item);
+        case QAccessible::ValueChanged:
+            // A progress bar, inside of what ticks.
+            return item != nullptr && ticks(item->parentItem());
+        default:
+            return false;
+    }
 }
 
-bool isTick(QAccessibleEvent& event) {
-    if (event.type() == QAccessible::DescriptionChanged) {
-        return true;
-    }
-    const QAccessibleInterface* interface = event.accessibleInterface();
-    if (interface == nullptr) {
-        return false;
-    }
-    if (event.type() == QAccessible::ValueChanged) {
-        return isRow(interface->parent());
-    }
-    return event.type() == QAccessible::NameChanged && isRow(interface);
+// The toolkit tells of the texts inside of a row, too, which a row says as one.
+bool isOfHidden(const QAccessibleEvent& event) {
+    auto* item = qobject_cast<QQuickItem*>(event.object());
+    return event.type() == QAccessible::NameChanged && item != nullptr &&
+           !QQuickItemPrivate::get(item)->isAccessible;
 }
 
 // A handler stands in for the platform: to pass an event on, it must step aside.
-void passOnUnlessTick(QAccessibleEvent* event) {
-    if (isTick(*event)) {
+void passOnWhatIsToBeTold(QAccessibleEvent* event) {
+    if (isTick(*event) || isOfHidden(*event)) {
         return;
     }
     QAccessible::installUpdateHandler(nullptr);
     QAccessible::updateAccessibility(event);
-    QAccessible::installUpdateHandler(&passOnUnlessTick);
+    QAccessible::installUpdateHandler(&passOnWhatIsToBeTold);
 }
 
 }  // namespace
 
 void prepareAccessibility() {
     QAccessible::installFactory(&makeInterface);
-    QAccessible::installUpdateHandler(&passOnUnlessTick);
+    QAccessible::installUpdateHandler(&passOnWhatIsToBeTold);
 }
 
 }  // namespace hearthmark::ui

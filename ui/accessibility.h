@@ -4,10 +4,10 @@
 namespace hearthmark::ui {
 
 // Makes up for two things that the toolkit does to assistive technology: a disabled item is
-// reported as disabled, and that a time has advanced is not told second by second: changes of a
-// description, and of the name of what only displays a text, cause no event, and whoever asks is
-// given the present text. For the whole process; called once, after the application object and
-// before the first window.
+// reported as disabled, and that a time has advanced is not told second by second: changes of the
+// texts of an item whose property "ticks" is true cause no event, and whoever asks is given the
+// present text, also those who remember what they once read. For the whole process; called once,
+// after the application object and before the first window.
 void prepareAccessibility();
 
 }  // namespace hearthmark::ui

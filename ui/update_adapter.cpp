@@ -50,6 +50,8 @@ QString UpdateAdapter::title() const {
             return tr("Downloading version %1…").arg(toQString(state().version));
         case UpdatePhase::verifying:
             return tr("Verifying…");
+        case UpdatePhase::handingOver:
+            return tr("Opening the package…");
         case UpdatePhase::handedOver:
             return tr("Ready to install");
         case UpdatePhase::failed:
@@ -98,6 +100,14 @@ QString UpdateAdapter::dismissText() const {
     return isOver() ? tr("Close") : tr("Cancel");
 }
 
+QString UpdateAdapter::installCommand() const {
+    if (state().package.empty()) {
+        return {};
+    }
+    return QStringLiteral("sudo apt install '%1'")
+        .arg(toQString(state().package).replace('\'', QLatin1String("'\\''")));
+}
+
 void UpdateAdapter::check() {
     updater_->checkForUpdates();
 }
@@ -114,6 +124,11 @@ void UpdateAdapter::accept() {
     }
 }
 
+void UpdateAdapter::showPackage() {
+    fault_ = updater_->showPackage() ? QString() : tr("No program here opens folders.");
+    emit stateChanged();
+}
+
 void UpdateAdapter::dismiss() {
     updater_->dismiss();
 }
@@ -123,6 +138,7 @@ void UpdateAdapter::show() {
         notesText_ = state().notes;
         notes_.setText(notesText_);
     }
+    fault_.clear();
     emit stateChanged();
 }
 

@@ -33,6 +33,8 @@ class UpdateAdapter final : public QObject {
     Q_PROPERTY(bool isDownload READ isDownload NOTIFY stateChanged FINAL)
     Q_PROPERTY(double progress READ progress NOTIFY stateChanged FINAL)
     Q_PROPERTY(QString dismissText READ dismissText NOTIFY stateChanged FINAL)
+    Q_PROPERTY(QString installCommand READ installCommand NOTIFY stateChanged FINAL)
+    Q_PROPERTY(QString fault READ fault NOTIFY stateChanged FINAL)
 
  public:
     UpdateAdapter(std::shared_ptr<presentation::CheckForUpdatesViewModel> checkForUpdatesViewModel,
@@ -55,9 +57,14 @@ class UpdateAdapter final : public QObject {
     // Of the download, from 0 to 1.
     double progress() const;
     QString dismissText() const;
+    // For a terminal; only once a package was handed over.
+    QString installCommand() const;
+    // Why the folder does not open; empty where nothing is known against it.
+    QString fault() const { return fault_; }
 
     Q_INVOKABLE void check();
     Q_INVOKABLE void install();
+    Q_INVOKABLE void showPackage();
     // What Enter does: agrees to what is offered, or closes what is over.
     Q_INVOKABLE void accept();
     Q_INVOKABLE void dismiss();
@@ -74,6 +81,7 @@ class UpdateAdapter final : public QObject {
     std::shared_ptr<services::Updater> updater_;
     std::string notesText_;
     TextLinesModel notes_;
+    QString fault_;
     livedata::Subscription canCheckForUpdatesSubscription_;
     livedata::Subscription stateSubscription_;
 };

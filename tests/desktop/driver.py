@@ -78,6 +78,9 @@ class Desktop:
             ["dbus-send", "--session", "--print-reply=literal", "--dest=org.a11y.Bus",
              "/org/a11y/bus", "org.a11y.Bus.GetAddress"], text=True).strip()
         self._start(["openbox"])
+        # A window that comes before it is given no keyboard.
+        wait_for(lambda: b"#" in subprocess.check_output(["xprop", "-root", "_NET_SUPPORTING_WM_CHECK"]),
+                 "the window manager")
 
     def start_bus(self, name, services=()):
         """A bus that starts these services and no others of the machine; its address."""

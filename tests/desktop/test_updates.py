@@ -40,12 +40,11 @@ class Handler(BaseHTTPRequestHandler):
 class Updates(ProgramTest):
     def setUp(self):
         super().setUp()
-        self.directory, self.certificate, self.opened, opener = (
-            Path(self.program.data, name) for name in ["with blanks", "server.pem", "opened", "xdg-open"])
+        self.directory, self.certificate, self.opened = (
+            Path(self.program.data, name) for name in ["with blanks", "server.pem", "opened"])
         self.directory.mkdir()
         self.package = self.directory / "package.deb"
-        opener.write_text(f'#!/bin/sh\n(echo "$1"; grep SigBlk /proc/self/status) >{self.opened}\n')
-        opener.chmod(0o700)
+        self.script("xdg-open", f'(echo "$1"; grep SigBlk /proc/self/status) >{self.opened}')
         self.package.write_bytes(HALF + REST)
         subprocess.run(
             ["openssl", "req", "-x509", "-newkey", "rsa:2048", "-nodes", "-keyout", self.certificate,
@@ -60,6 +59,12 @@ class Updates(ProgramTest):
             self.server.socket, server_side=True, do_handshake_on_connect=False)
         threading.Thread(target=self.server.serve_forever, daemon=True).start()
         self.addCleanup(lambda: [self.server.shutdown(), self.server.server_close()])
+
+    def script(self, name, *lines):
+        """A program that the program finds."""
+        file = Path(self.program.data, name)
+        file.write_text("\n".join(["#!/bin/sh", *lines]))
+        file.chmod(0o700)
 
     def serve(self, version="9.10", change=("", ""), **answers):
         """A feed with what the release script says of the package, and the package."""
@@ -106,7 +111,9 @@ class Updates(ProgramTest):
             ({FEED: (302, "https://localhost:18443/moved")}, "Later"),
             ({FEED: (200, *DRIP)}, "Checking for updates…", "Cancel"),
             ({FEED: (200, *DRIP)}, "The update server answers too slowly or not at all.", "Close"),
-            ({FEED: (200, b" " * 1_000_001)}, too_much, "Close"),
+            ({FEED: (200, b" " * 500_001)}, too_much, "Close"),
+            ({FEED: (503, HALF)}, "The update server answers with error 503.", "Close"),
+            ({PACKAGE: (404, *DRIP)}, "Install", "The update server answers with error 404.", "Close"),
             ({FEED: (302, "http://localhost:18443/moved")}, insecure, "Close"),
             ({"change": ("<item>", "")}, no_feed, "Close"),
             ({PACKAGE: (200, HALF, *DRIP)}, "Install", "1.5 MB of 3.0 MB", "Cancel"),
@@ -139,8 +146,10 @@ class Updates(ProgramTest):
     def test_a_newer_version_is_handed_to_the_installer(self):
         kept = self.directory / KEPT
         kept.mkdir(parents=True)
-        for name in "old.deb", "theirs":
-            kept.joinpath(name).touch(0o600)
+        file, long_ago = kept / PACKAGE[1:], time.time() - 100_000
+        for name in "old.deb", "new.deb", "theirs", file.name:
+            kept.joinpath(name).write_bytes(REST + HALF)
+            os.utime(kept / name, (long_ago, long_ago) if name != "new.deb" else None)
         self.launch()
         self.assertEqual((self.can_check(), self.server.asked), (True, []))
         self.serve()
@@ -148,14 +157,37 @@ class Updates(ProgramTest):
         self.assertFalse(self.can_check())
         key("Return")
         self.program.find("Ready to install")
-        file = kept / PACKAGE[1:]
         self.program.find(f"The package was handed to the system's installer. It lies at {file}.")
         wait_for(lambda: self.opened.read_text() == f"{file.as_uri()}\nSigBlk:\t{0:016x}\n", "the installer")
         self.assertEqual(file.read_bytes(), HALF + REST)
         self.assertEqual({each.name: oct(each.stat().st_mode)[-3:] for each in [kept, *kept.iterdir()]},
-                         {"updates": "700", file.name: "600", "theirs": "600"})
+                         {"updates": "700", file.name: "600", "new.deb": "644", "theirs": "644"})
         key("Return")
         wait_for(self.can_check, "the sheet to close")
+        # Again: what may be in use stays as it is.
+        before = file.stat().st_ino, self.server.asked.count(PACKAGE)
+        nobody = f"No program here installs packages. The package lies at {file}."
+        for opener, types, sentence in [
+                ("exit 3", "echo installer.desktop", nobody),
+                ("exit 4", "exit 0", nobody),
+                (f"rm {self.opened}", "exit 0", nobody),
+                ("sleep 6; exit 1", "[ $3 = application/x-deb ] && echo installer.desktop",
+                 f"The package was handed to the system's installer. It lies at {file}.")]:
+            self.script("xdg-open", opener)
+            self.script("xdg-mime", types)
+            self.check("Install", sentence, f"sudo apt install '{file}'")
+            self.assertEqual((file.stat().st_ino, self.server.asked.count(PACKAGE)), before)
+            self.assertTrue(self.opened.exists())
+            self.script("xdg-open", f'echo "$1" >{self.opened}')
+            self.program.press("Open Folder")
+            wait_for(lambda: self.opened.read_text() == f"{kept.as_uri()}\n", "the folder")
+            self.program.press("Close")
+            wait_for(self.can_check, "the sheet to close")
+        # Another package, of the same name.
+        self.package.write_bytes(REST + HALF)
+        self.serve("9.11", **{PACKAGE: (200, REST + HALF)})
+        self.check("Install", f"sudo apt install '{kept}/hearthmark-9.11-1.deb'")
+        self.assertEqual((file.stat().st_ino, file.read_bytes()), (before[0], HALF + REST))
 
 
 if __name__ == "__main__":

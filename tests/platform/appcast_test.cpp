@@ -20,6 +20,15 @@ QByteArray feed(const QByteArray& items) {
     return "<rss xmlns:u='https://hearthmark.org/appcast'><channel>" + items + "</channel></rss>";
 }
 
+// The two texts with a number of its own between them, so many times.
+QByteArray numbered(const char* before, const char* after, int count) {
+    QByteArray result;
+    for (int number = 0; number < count; ++number) {
+        result += before + QByteArray::number(number) + after;
+    }
+    return result;
+}
+
 TEST(Appcast, FindsTheNewestVersionThatIsHigherAndCanBeInstalled) {
     const std::vector<std::tuple<QByteArray, AppcastVerdict, const char*>> rows = {
         {feed(item("1.9") + item("1.10.1") + item("1.10")), newer, "1.10.1"},
@@ -38,7 +47,16 @@ TEST(Appcast, FindsTheNewestVersionThatIsHigherAndCanBeInstalled) {
         {"<!DOCTYPE rss>" + feed(item("1.4")), unreadable, ""},
         {"<!DOCTYPE rss [<!ENTITY % a '<!ENTITY b \"c\">'> %a; %a;]>" + feed(item("1.4")),
          unreadable, ""},
-        {feed(item("1.4") + "<title>" + QByteArray(20'000, '=') + "</title>"), unreadable, ""},
+        // What would take seconds to read.
+        {feed(item("1.4") + "<a " + numbered(" a", "=''", 4'000) + "/>"), unreadable, ""},
+        {feed(item("1.4")).replace("<rss", "<rss" + numbered(" xmlns:a", "='u'", 900)) +
+             QByteArray("<!---->").repeated(20'000),
+         unreadable, ""},
+        {"<!DOCTYPE rss [" + numbered("<!ATTLIST a", " b CDATA 'c'>", 100) + "]>" +
+             feed(item("1.4")),
+         unreadable, ""},
+        // What would not: years of releases, each with a declaration of its own.
+        {feed(item("1.4").replace("<item>", "<item xmlns:v='v'>").repeated(800)), newer, "1.4"},
         {"<html><channel>" + item("1.4") + "</channel></html>", unreadable, ""},
         {"", unreadable, ""},
     };
