@@ -2,6 +2,7 @@
 #include "previews/preview.h"
 
 #include <algorithm>
+#include <iterator>
 
 namespace hearthmark::previews {
 
@@ -43,8 +44,10 @@ QString longWord() {
     return QStringLiteral("Donaudampfschifffahrtsgesellschaft").repeated(9).left(300);
 }
 
-const std::vector<Preview>& allPreviews() {
-    static const std::vector<Preview> kPreviews{
+namespace {
+
+std::vector<Preview> previewsOfUsualTexts() {
+    return {
         {.name = "tasks-loading", .content = Content::loadingTasks, .size = {300, 420}},
         {.name = "home-empty", .content = Content::noTasks},
         {.name = "home-unselected"},
@@ -66,9 +69,17 @@ const std::vector<Preview>& allPreviews() {
         {.name = "home-running-smallest", .selection = kRunning, .size = {640, 420}},
         {.name = "home-undo", .keys = {"Down", "Down", "Delete"}},
         {.name = "home-finished",
-         .selection = kIdle,
+         .selection = kRunning,
          .unseenFinishes = {"Tax papers", "Call the landlord about the window"}},
         {.name = "home-note", .selection = kIdle, .keys = {"Ctrl+Shift+N"}, .typed = kSentences},
+        {.name = "home-long-note",
+         .content = Content::longNote,
+         .selection = kLongNote,
+         .keys = {"Shift+Tab", "Shift+Tab", "Shift+Tab", "Tab"}},
+        {.name = "whole-note",
+         .content = Content::longNote,
+         .selection = kLongNote,
+         .keys = {"Shift+Tab", "Shift+Tab", "Shift+Tab", "Tab", "Space"}},
         {.name = "home-menu", .keys = {"Shift+Tab", "Space"}},
         {.name = "home-delete-menu", .keys = {"Down", "Down", "Menu"}},
         {.name = "home-delete-menu-right-to-left",
@@ -123,6 +134,37 @@ const std::vector<Preview>& allPreviews() {
         {.name = "update-failed",
          .update = update(UpdatePhase::failed, 0, "The server did not answer in time.")},
     };
+}
+
+// The smallest window, on a desktop with large text.
+std::vector<Preview> previewsOfLargeTexts(const std::vector<Preview>& usual) {
+    std::vector<Preview> large;
+    for (const char* name : {"home-empty",       "home-unselected",
+                             "home-running",     "home-running-right-to-left",
+                             "home-many-tasks",  "home-long-note",
+                             "home-undo",        "home-finished",
+                             "home-menu",        "add-task-long",
+                             "add-task-dark",    "share-json",
+                             "whole-note",       "about",
+                             "restore",          "restore-damaged-right-to-left",
+                             "shortcuts",        "shortcuts-right-to-left",
+                             "update-available", "update-failed"}) {
+        Preview& preview = large.emplace_back(*std::ranges::find(usual, name, &Preview::name));
+        preview.name += "-large";
+        preview.size = {640, 420};
+        preview.textSize = 16;
+    }
+    return large;
+}
+
+}  // namespace
+
+const std::vector<Preview>& allPreviews() {
+    static const std::vector<Preview> kPreviews = [] {
+        std::vector<Preview> previews = previewsOfUsualTexts();
+        std::ranges::copy(previewsOfLargeTexts(previews), std::back_inserter(previews));
+        return previews;
+    }();
     return kPreviews;
 }
 

@@ -17,6 +17,7 @@ enum class Content {
     demoTasks,
     noTasks,
     longTexts,
+    longNote,
     manyTasks,
     addTask,
     share,
@@ -42,6 +43,8 @@ struct Preview {
     Palette palette = Palette::light;
     Qt::LayoutDirection direction = Qt::LeftToRight;
     int scale = 1;
+    // Of the desktop, in points.
+    int textSize = 10;
     QSize size{900, 620};
 };
 
@@ -50,6 +53,9 @@ const std::vector<Preview>& allPreviews();
 
 // Null where none has the name.
 const Preview* previewNamed(const std::string& name);
+
+// The name of a task with a note that is too long to be shown in its pane.
+inline constexpr auto kLongNote = "Reading list";
 
 // Without a blank, so that nothing can be wrapped or cut at a word.
 QString longWord();

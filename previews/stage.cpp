@@ -33,13 +33,17 @@ constexpr qint64 kStepMilliseconds = 100;
 constexpr int kSteps = 10;
 constexpr int kManyTasks = 40;
 
-void addTask(const QString& name, base::Date now, objectstore::ManagedObjectContext& context) {
+void addTask(const QString& name, base::Date now, objectstore::ManagedObjectContext& context,
+             const QString& note = {}) {
     const auto task = context.insert<store::Task>();
     task->setId(base::Uuid::random());
     task->setCreationDate(now);
     task->setName(name.toStdString());
-    task->addNotesObject(*store::Note::create(
-        {.creationDate = now, .id = base::Uuid::random(), .text = name.toStdString()}, context));
+    task->addNotesObject(
+        *store::Note::create({.creationDate = now,
+                              .id = base::Uuid::random(),
+                              .text = (note.isEmpty() ? name : note).toStdString()},
+                             context));
 }
 
 std::shared_ptr<objectstore::PersistentContainer> makeContainer(Content content, base::Date now) {
@@ -52,6 +56,9 @@ std::shared_ptr<objectstore::PersistentContainer> makeContainer(Content content,
     auto container = store::DemoPersistentContainerFactory(now).makeContainer();
     if (content == Content::longTexts) {
         addTask(longWord(), now, container->viewContext());
+    }
+    if (content == Content::longNote) {
+        addTask(kLongNote, now, container->viewContext(), QStringLiteral("A line\n").repeated(600));
     }
     for (int number = 1; content == Content::manyTasks && number <= kManyTasks; ++number) {
         addTask(QStringLiteral("Chapter %1").arg(number), now, container->viewContext());
@@ -133,7 +140,6 @@ void prepareEnvironment() {
 }
 
 Stage::Stage() {
-    QGuiApplication::setFont(QFont(QStringLiteral("DejaVu Sans"), 10));
     QGuiApplication::setQuitOnLastWindowClosed(false);
     QGuiApplication::styleHints()->setCursorFlashTime(0);
     animations_.install();
@@ -145,6 +151,7 @@ void Stage::Animations::proceed() {
 }
 
 QImage Stage::picture(const Preview& preview) {
+    QGuiApplication::setFont(QFont(QStringLiteral("DejaVu Sans"), preview.textSize));
     QGuiApplication::setLayoutDirection(preview.direction);
     return preview.content < Content::addTask ? pictureOfHome(preview) : pictureOfPart(preview);
 }

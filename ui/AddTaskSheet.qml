@@ -16,8 +16,10 @@ Sheet {
 
     title: qsTr("Add Task")
 
-    contentItem: AddTaskForm {
+    contentItem: AddTaskView {
         focus: true
+        canSave: root.adapter?.canSave ?? false
+        onTyped: name => root.adapter?.type(name)
         onSaved: name => root.save(name)
         onClosed: root.close()
     }

@@ -22,9 +22,14 @@ Column {
 
     spacing: Theme.tightSpacing
 
+    // Side by side, or where there is no room for that one below the other.
     Item {
+        id: texts
+
+        readonly property bool isStacked: texts.width < Theme.chartTextsWidth
+
         width: parent.width
-        height: today.height
+        height: day.y + day.height
 
         Label {
             id: today
@@ -36,7 +41,11 @@ Column {
         }
 
         Label {
+            id: day
+
+            y: texts.isStacked ? today.height : 0
             anchors.right: parent.right
+            width: texts.isStacked ? parent.width : undefined
             text: root.pointedAt?.text ?? qsTr("The last 14 days")
             color: Theme.colors.secondaryText
             Accessible.ignored: true

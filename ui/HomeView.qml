@@ -46,10 +46,24 @@ FocusScope {
         anchors.left: parent.left
         anchors.top: banner.bottom
         anchors.bottom: parent.bottom
-        width: Theme.sidebarWidth
+        width: border.position
         focus: true
         home: root.home
         onMenuRequested: button => (popups.part() as HomePopups).openMenu(button)
+    }
+
+    Splitter {
+        id: border
+
+        z: 1 // it lies half over the pane
+        anchors.left: sidebar.right
+        anchors.leftMargin: -Math.floor(width / 2)
+        anchors.top: banner.bottom
+        anchors.bottom: parent.bottom
+        text: qsTr("Border between list and task")
+        usual: Theme.sidebarWidth
+        least: Math.min(Theme.sidebarMinimumWidth, root.width / 2)
+        most: Math.max(border.least, root.width - Theme.paneMinimumWidth)
     }
 
     Rectangle {
@@ -61,27 +75,24 @@ FocusScope {
         anchors.bottom: parent.bottom
         color: Theme.colors.content
 
-        Rectangle {
-            anchors.left: parent.left
-            width: 1
-            height: parent.height
-            color: Theme.colors.separator
-        }
-
         Column {
             anchors.centerIn: parent
+            width: pane.width - 2 * Theme.pageMargin
             spacing: Theme.pageMargin
             visible: root.home.taskDetail === null
 
             Label {
-                anchors.horizontalCenter: parent.horizontalCenter
+                width: parent.width
                 text: qsTr("Select or create a task to see more.")
                 font.pointSize: Theme.title3Size
                 color: Theme.colors.secondaryText
+                horizontalAlignment: Text.AlignHCenter
+                wrapMode: Text.Wrap
             }
 
             FocusChart {
-                width: Math.min(Theme.chartWidth, pane.width - 2 * Theme.pageMargin)
+                anchors.horizontalCenter: parent.horizontalCenter
+                width: Math.min(Theme.chartWidth, parent.width)
                 overview: root.home.overview
             }
         }
@@ -103,6 +114,7 @@ FocusScope {
         anchors.bottom: parent.bottom
         anchors.bottomMargin: Theme.wideSpacing
         anchors.horizontalCenter: pane.horizontalCenter
+        maximumWidth: pane.width - 2 * Theme.spacing
         adapter: root.home.undo
         onVisibleChanged: root.leave(undoBar)
     }

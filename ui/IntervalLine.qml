@@ -17,7 +17,7 @@ DeletableRow {
 
     readonly property bool ticks: true
 
-    signal buttonTapped
+    signal buttonTap
 
     implicitHeight: content.y + content.height + Theme.spacing + bar.height
     activeFocusOnTab: !finish.visible
@@ -59,7 +59,7 @@ DeletableRow {
             visible: root.button.length > 0
             text: root.button
             Accessible.description: root.taskName // not the time: a button's texts are remembered
-            onClicked: root.buttonTapped()
+            onClicked: root.buttonTap()
         }
     }
 

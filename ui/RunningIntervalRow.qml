@@ -3,17 +3,31 @@ import QtQuick
 import Hearthmark.Controls
 
 // A running interval of the detail pane, to be read from afar.
-BoxRow {
+DeletableRow {
     id: root
 
+    required property int index
+    required property string timeSpent
     required property real progress
     readonly property bool ticks: true
 
-    symbol: "clock"
-    symbolSize: Theme.largeSymbolSize
-    textSize: Theme.displaySize
-    isOneLine: true
-    bottomPadding: 2 * Theme.spacing + bar.height
+    implicitHeight: box.implicitHeight
+    activeFocusOnTab: true
+    Accessible.role: Accessible.ListItem
+    Accessible.name: root.timeSpent
+    Accessible.focusable: true
+
+    IntervalsItemGroupBoxStyle {
+        id: box
+
+        width: parent.width
+        row: root
+        text: root.timeSpent
+        symbolSize: Theme.largeSymbolSize
+        textSize: Theme.displaySize
+        isOneLine: true
+        bottomPadding: 2 * Theme.spacing + bar.height
+    }
 
     IntervalProgress {
         id: bar

@@ -13,11 +13,11 @@ Sheet {
 
     title: qsTr("Share")
     preferredWidth: Theme.wideSheetWidth
-    height: (parent?.height ?? 0) - 2 * Theme.pageMargin
+    height: root.largestHeight
     closePolicy: T.Popup.CloseOnEscape | T.Popup.CloseOnPressOutside
     onAdapterChanged: root.adapter?.load()
 
-    contentItem: ShareForm {
+    contentItem: ShareContainerView {
         focus: true
         adapter: root.adapter
         onClosed: root.close()

@@ -4,12 +4,10 @@ import QtQuick
 import Hearthmark.Controls
 
 // The content of the sheet of shortcuts.
-FocusScope {
+SheetForm {
     id: root
 
     signal closed
-
-    implicitHeight: content.height
 
     Column {
         id: content
@@ -66,17 +64,11 @@ FocusScope {
                 }
             }
         }
+    }
 
-        Item {
-            width: parent.width
-            height: Theme.spacing
-        }
-
-        PushButton {
-            anchors.right: parent.right
-            focus: true
-            text: qsTr("Close")
-            onClicked: root.closed()
-        }
+    buttons: PushButton {
+        focus: true
+        text: qsTr("Close")
+        onClicked: root.closed()
     }
 }

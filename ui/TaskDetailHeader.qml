@@ -91,12 +91,7 @@ FocusScope {
             RunningIntervalRow {
                 id: row
 
-                required property int index
-                required property string timeSpent
-
                 width: content.width
-                text: row.timeSpent
-                activeFocusOnTab: true
                 onDeletionRequested: root.adapter.runningIntervals.deleteRow(row.index)
                 onMenuRequested: position => root.menuRequested(row, position)
             }

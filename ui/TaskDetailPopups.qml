@@ -2,7 +2,7 @@
 import QtQuick
 import Hearthmark.Ui
 
-// The share sheet over a task's pane, and the menu of its rows.
+// The sheets over a task's pane, and the menu of its rows.
 Item {
     id: root
 
@@ -21,5 +21,11 @@ Item {
         visible: root.view.adapter.share !== null
         adapter: root.view.adapter.share
         onClosed: root.view.adapter.dismissShareSheet()
+    }
+
+    WholeNoteSheet {
+        visible: root.view.adapter.wholeNote !== null
+        adapter: root.view.adapter.wholeNote
+        onClosed: root.view.adapter.dismissWholeNote()
     }
 }

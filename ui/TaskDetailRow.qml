@@ -1,14 +1,18 @@
 // SPDX-License-Identifier: MIT
+pragma ComponentBehavior: Bound
 import QtQuick
 import Hearthmark.Ui
 
 // A line of the detail pane's list: an interval that does not run, a note, or the empty place over
 // which the notes section lies.
-BoxRow {
+RowOfKind {
     id: root
 
     required property int index
     required property int kind
+    required property string text
+    // Of a note that is too long, which ends with a button.
+    required property bool isCut
     readonly property bool isPlace: root.kind === TaskDetailListModel.NotesSection
 
     // Of the notes section, for its place.
@@ -16,15 +20,62 @@ BoxRow {
     // Where the Tab key leaves the rows.
     required property RowsStop stop
 
+    // The whole text is to be copied, of which this may show a part.
+    signal copied
+    signal wholeRequested
     signal steppedUp
     signal steppedDown
 
-    height: root.isPlace ? root.notesHeight : root.implicitHeight
+    function showEnd() {
+        root.ListView.view.positionViewAtIndex(root.index, ListView.End);
+    }
+
+    function goForward() {
+        if (root.isCut && root.activeFocus)
+            (root.content as NotesItemGroupBoxStyle).focusButton();
+        else
+            root.stop.leaveForward();
+    }
+
+    function goBackward() {
+        if (root.activeFocus)
+            root.stop.leaveBackward();
+        else
+            root.forceActiveFocus(Qt.BacktabFocusReason);
+    }
+
+    shownKind: root.isPlace ? null : root.kind === TaskDetailListModel.Interval ? interval : note
+    height: root.isPlace ? root.notesHeight : root.content?.height ?? 0
     visible: !root.isPlace
-    symbol: root.kind === TaskDetailListModel.Interval ? "clock" : ""
-    isSelectable: root.kind === TaskDetailListModel.Note
-    Keys.onTabPressed: root.stop.leaveForward()
-    Keys.onBacktabPressed: root.stop.leaveBackward()
+    Accessible.role: Accessible.ListItem
+    Accessible.name: root.text
+    Accessible.focusable: true
+    Keys.onTabPressed: root.goForward()
+    Keys.onBacktabPressed: root.goBackward()
     Keys.onUpPressed: root.steppedUp()
     Keys.onDownPressed: root.steppedDown()
+
+    Component {
+        id: interval
+
+        IntervalsItemGroupBoxStyle {
+            width: root.width
+            row: root
+            text: root.text
+        }
+    }
+
+    Component {
+        id: note
+
+        NotesItemGroupBoxStyle {
+            width: root.width
+            row: root
+            noteText: root.text
+            isCut: root.isCut
+            onCopied: root.copied()
+            onButtonReached: root.showEnd()
+            onWholeRequested: root.wholeRequested()
+        }
+    }
 }

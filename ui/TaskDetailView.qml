@@ -56,7 +56,7 @@ Item {
         }
     }
 
-    TaskDetailList {
+    LoadedTaskDetailView {
         id: list
 
         anchors.fill: parent
@@ -74,6 +74,6 @@ Item {
         given: ({
                 view: root
             })
-        wanted: root.adapter.share !== null
+        wanted: root.adapter.share !== null || root.adapter.wholeNote !== null
     }
 }

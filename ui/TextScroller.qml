@@ -109,10 +109,15 @@ FreshListView {
             required property int selectedFrom
             required property int selectedTo
 
-            // Selecting, too, is told as a change of the text.
+            property bool isMarking: false
+
+            // The toolkit tells a change of the text, too, while it selects and has not yet.
             function markSelection() {
-                if (label.selectionStart !== label.selectedFrom || label.selectionEnd !== label.selectedTo)
-                    label.select(label.selectedFrom, label.selectedTo);
+                if (label.isMarking || label.selectionStart === label.selectedFrom && label.selectionEnd === label.selectedTo)
+                    return;
+                label.isMarking = true;
+                label.select(label.selectedFrom, label.selectedTo);
+                label.isMarking = false;
             }
 
             x: Theme.spacing

@@ -8,6 +8,7 @@ FocusScope {
     id: root
 
     required property UndoAdapter adapter
+    required property real maximumWidth
 
     implicitWidth: content.implicitWidth + Theme.wideSpacing + Theme.spacing
     implicitHeight: content.implicitHeight + 2 * Theme.spacing
@@ -36,7 +37,7 @@ FocusScope {
         spacing: Theme.wideSpacing
 
         Label {
-            width: Math.min(implicitWidth, Theme.sheetWidth - Theme.pageMargin)
+            width: Math.min(implicitWidth, Theme.sheetWidth - Theme.pageMargin, root.maximumWidth - undoButton.width - 2 * content.spacing - Theme.spacing)
             anchors.verticalCenter: parent.verticalCenter
             text: root.adapter.text
             color: Theme.colors.content
@@ -46,6 +47,8 @@ FocusScope {
         }
 
         PushButton {
+            id: undoButton
+
             text: qsTr("Undo")
             onClicked: root.adapter.undo()
         }

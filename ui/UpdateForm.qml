@@ -4,92 +4,80 @@ import Hearthmark.Controls
 import Hearthmark.Ui
 
 // The content of the update sheet. Enter, where nothing else takes it, does what the sheet suggests.
-FocusScope {
+SheetForm {
     id: root
 
     required property UpdateAdapter updates
 
-    implicitHeight: content.height
     Keys.onReturnPressed: root.updates.accept()
     Keys.onEnterPressed: root.updates.accept()
 
-    Column {
-        id: content
+    Label {
+        id: title
 
         width: parent.width
-        spacing: Theme.wideSpacing
+        text: root.updates.title
+        font.pointSize: Theme.title2Size
+        font.weight: Font.DemiBold
+        wrapMode: Text.Wrap
+        maximumLineCount: 2
+        elide: Text.ElideRight
+        Accessible.role: Accessible.Heading
+    }
 
-        Label {
-            id: title
+    Label {
+        width: parent.width
+        visible: text.length > 0
+        text: root.updates.detail
+        wrapMode: Text.Wrap
+    }
 
-            width: parent.width
-            text: root.updates.title
-            font.pointSize: Theme.title2Size
-            font.weight: Font.DemiBold
-            wrapMode: Text.Wrap
-            maximumLineCount: 2
-            elide: Text.ElideRight
-            Accessible.role: Accessible.Heading
-        }
+    PackagePlace {
+        width: parent.width
+        visible: root.updates.installCommand.length > 0
+        updates: root.updates
+    }
 
-        Label {
-            width: parent.width
-            visible: text.length > 0
-            text: root.updates.detail
-            wrapMode: Text.Wrap
-        }
+    ProgressBar {
+        width: parent.width
+        visible: !root.updates.isOffer && !root.updates.isOver
+        text: title.text
+        indeterminate: !root.updates.isDownload
+        value: root.updates.progress
+    }
 
-        PackagePlace {
-            width: parent.width
-            visible: root.updates.installCommand.length > 0
-            updates: root.updates
-        }
+    Rectangle {
+        width: parent.width
+        height: Math.min(notes.contentHeight + notes.topMargin + notes.bottomMargin + 2 * notes.anchors.margins, Theme.editorMaximumHeight)
+        visible: root.updates.hasNotes
+        radius: Theme.radius
+        color: Theme.colors.window
+        border.width: notes.activeFocus ? Theme.focusWidth : 1
+        border.color: notes.activeFocus ? Theme.colors.focus : Theme.colors.separator
 
-        ProgressBar {
-            width: parent.width
-            visible: !root.updates.isOffer && !root.updates.isOver
-            text: title.text
-            indeterminate: !root.updates.isDownload
-            value: root.updates.progress
-        }
+        TextScroller {
+            id: notes
 
-        Rectangle {
-            width: parent.width
-            height: Math.min(notes.contentHeight + notes.topMargin + notes.bottomMargin + 2 * notes.anchors.margins, Theme.editorMaximumHeight)
-            visible: root.updates.hasNotes
-            radius: Theme.radius
-            color: Theme.colors.window
-            border.width: notes.activeFocus ? Theme.focusWidth : 1
-            border.color: notes.activeFocus ? Theme.colors.focus : Theme.colors.separator
-
-            TextScroller {
-                id: notes
-
-                anchors.fill: parent
-                anchors.margins: Theme.focusWidth
-                lines: root.updates.notes
-                fontFamily: title.font.family
-                Accessible.name: qsTr("What is new")
-            }
-        }
-
-        Row {
-            anchors.right: parent.right
-            spacing: Theme.spacing
-
-            PushButton {
-                focus: root.updates.isOver
-                text: root.updates.dismissText
-                onClicked: root.updates.dismiss()
-            }
-
-            PushButton {
-                visible: root.updates.isOffer
-                focus: root.updates.isOffer
-                look: PushButton.Primary
-                text: qsTr("Install")
-                onClicked: root.updates.install()
-            }
+            anchors.fill: parent
+            anchors.margins: Theme.focusWidth
+            lines: root.updates.notes
+            fontFamily: title.font.family
+            Accessible.name: qsTr("What is new")
         }
     }
+
+    buttons: [
+        PushButton {
+            focus: root.updates.isOver
+            text: root.updates.dismissText
+            onClicked: root.updates.dismiss()
+        },
+        PushButton {
+            visible: root.updates.isOffer
+            focus: root.updates.isOffer
+            look: PushButton.Primary
+            text: qsTr("Install")
+            onClicked: root.updates.install()
+        }
+    ]
 }

@@ -3,12 +3,21 @@
 
 #include <utility>
 
+#include "base/text.h"
 #include "ui/typed_text.h"
 
 namespace hearthmark::ui {
 
 AddTaskAdapter::AddTaskAdapter(std::shared_ptr<presentation::AddTaskViewModelProtocol> viewModel)
     : viewModel_(std::move(viewModel)) {}
+
+void AddTaskAdapter::type(const QQuickTextDocument* name) {
+    const bool canSave = !base::trimmed(typedText(*name)).empty();
+    if (canSave != canSave_) {
+        canSave_ = canSave;
+        emit canSaveChanged();
+    }
+}
 
 void AddTaskAdapter::addTask(const QQuickTextDocument* name) {
     viewModel_->addTask(typedText(*name));

@@ -31,7 +31,9 @@ void HomeAdapter::displayAddSheet() {
 }
 
 void HomeAdapter::dismissAddSheet() {
-    replaceAdapter<AddTaskAdapter>(addTask_, nullptr, [this] { emit addTaskChanged(); });
+    if (addTask_) {
+        replaceAdapter<AddTaskAdapter>(addTask_, nullptr, [this] { emit addTaskChanged(); });
+    }
 }
 
 void HomeAdapter::startShortFocus() {

@@ -12,7 +12,7 @@
 
 namespace hearthmark::ui {
 
-// Hands the texts of one task to ShareSheet.qml. Owns its view model; made anew for each
+// Hands the texts of one task to ShareContainerView.qml. Owns its view model; made anew for each
 // presentation.
 class ShareContainerAdapter final : public QObject {
     Q_OBJECT

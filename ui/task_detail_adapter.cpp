@@ -72,7 +72,22 @@ void TaskDetailAdapter::displayShareSheet() {
 }
 
 void TaskDetailAdapter::dismissShareSheet() {
-    replaceAdapter<ShareContainerAdapter>(share_, nullptr, [this] { emit shareChanged(); });
+    if (share_) {
+        replaceAdapter<ShareContainerAdapter>(share_, nullptr, [this] { emit shareChanged(); });
+    }
+}
+
+void TaskDetailAdapter::displayWholeNote(int row) {
+    if (!wholeNote_) {
+        wholeNote_ = std::make_unique<WholeNoteAdapter>(toUtf8(rows_.wholeText(row)));
+        emit wholeNoteChanged();
+    }
+}
+
+void TaskDetailAdapter::dismissWholeNote() {
+    if (wholeNote_) {
+        replaceAdapter<WholeNoteAdapter>(wholeNote_, nullptr, [this] { emit wholeNoteChanged(); });
+    }
 }
 
 void TaskDetailAdapter::setShown(bool isShown) {

@@ -14,11 +14,13 @@
 #include "ui/share_container_adapter.h"
 #include "ui/task_detail_list_model.h"
 #include "ui/task_detail_subviews_factory.h"
+#include "ui/whole_note_adapter.h"
 
 namespace hearthmark::ui {
 
 // Hands the view state of one task to TaskDetailView.qml. Owns its view model and the adapters of
-// the notes section, which stays, and of the share sheet, which is made each time it is presented.
+// the notes section, which stays, and of the sheets of sharing and of a whole note, which are made
+// each time they are presented.
 class TaskDetailAdapter final : public QObject {
     Q_OBJECT
     QML_ELEMENT
@@ -34,6 +36,8 @@ class TaskDetailAdapter final : public QObject {
     Q_PROPERTY(hearthmark::ui::TaskDetailListModel* rows READ rows CONSTANT FINAL)
     Q_PROPERTY(hearthmark::ui::NotesAdapter* notes READ notes CONSTANT FINAL)
     Q_PROPERTY(hearthmark::ui::ShareContainerAdapter* share READ share NOTIFY shareChanged FINAL)
+    Q_PROPERTY(
+        hearthmark::ui::WholeNoteAdapter* wholeNote READ wholeNote NOTIFY wholeNoteChanged FINAL)
 
  public:
     TaskDetailAdapter(std::shared_ptr<presentation::TaskDetailViewModelProtocol> viewModel,
@@ -55,11 +59,18 @@ class TaskDetailAdapter final : public QObject {
     NotesAdapter* notes() const { return notes_.get(); }
     // Present while the share sheet is displayed.
     ShareContainerAdapter* share() const { return share_.get(); }
+    // Present while a long note is displayed in a sheet.
+    WholeNoteAdapter* wholeNote() const { return wholeNote_.get(); }
 
     Q_INVOKABLE void startShortFocus();
     Q_INVOKABLE void startLongFocus();
     Q_INVOKABLE void displayShareSheet();
+    // Nothing where it is not displayed: a sheet that closes because another task was selected says
+    // so to the adapter of that one.
     Q_INVOKABLE void dismissShareSheet();
+    // The same for the note of a row.
+    Q_INVOKABLE void displayWholeNote(int row);
+    Q_INVOKABLE void dismissWholeNote();
 
  signals:
     void loadedChanged();
@@ -67,6 +78,7 @@ class TaskDetailAdapter final : public QObject {
     void totalTimeSpentChanged();
     void canStartFocusChanged();
     void shareChanged();
+    void wholeNoteChanged();
     // From the event loop, once the views have followed all rows of a new state.
     void rowsShown();
 
@@ -77,6 +89,7 @@ class TaskDetailAdapter final : public QObject {
     TaskDetailSubviewsFactory subviewsFactory_;
     std::unique_ptr<NotesAdapter> notes_;
     std::unique_ptr<ShareContainerAdapter> share_;
+    std::unique_ptr<WholeNoteAdapter> wholeNote_;
     QString taskName_;
     QString totalTimeSpent_;
     const QString shortFocusText_;

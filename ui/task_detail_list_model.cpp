@@ -16,11 +16,12 @@ using presentation::TaskDetailViewState;
 
 namespace {
 
-// Each line of a text takes its time, and a note may be a megabyte. The exports have all of it.
+// Each line of a text takes its time, and a note may be a megabyte.
 constexpr qsizetype kMostLines = 500;
 constexpr qsizetype kMostCharacters = 20'000;
 
-QString shownNote(const QString& note) {
+// Where the part of a note ends that is shown among the others.
+qsizetype shownLength(const QString& note) {
     qsizetype end = -1;
     for (qsizetype line = 0; line < kMostLines; ++line) {
         end = note.indexOf(QLatin1Char('\n'), end + 1);
@@ -30,11 +31,8 @@ QString shownNote(const QString& note) {
         }
     }
     end = std::min(end, kMostCharacters);
-    if (end == note.size()) {
-        return note;
-    }
-    const bool isInCharacter = end > 0 && note[end - 1].isHighSurrogate();
-    return note.left(isInCharacter ? end - 1 : end) + QChar(0x2026);
+    const bool isInCharacter = end < note.size() && end > 0 && note[end - 1].isHighSurrogate();
+    return isInCharacter ? end - 1 : end;
 }
 
 }  // namespace
@@ -43,6 +41,7 @@ QList<int> TaskDetailRow::assign(TaskDetailRow&& next) {
     QList<int> changed;
     assignShown(text, std::move(next.text), TaskDetailListModel::TextRole, changed);
     wholeText = std::move(next.wholeText);
+    assignShown(isCut, next.isCut, TaskDetailListModel::IsCutRole, changed);
     onDelete = std::move(next.onDelete);
     return changed;
 }
@@ -65,9 +64,12 @@ void TaskDetailListModel::showNotes(const NotesViewState::View& state) {
     RowKeys keys;
     for (const NotesViewState::CommittedNote& note : state.committedNotes) {
         const QString wholeText = toQString(note.noteText);
+        const qsizetype shown = shownLength(wholeText);
+        const bool isCut = shown < wholeText.size();
         notes_.push_back({.key = keys.next(note.id, Note),
-                          .text = shownNote(wholeText),
+                          .text = isCut ? wholeText.left(shown) + QChar(0x2026) : wholeText,
                           .wholeText = wholeText,
+                          .isCut = isCut,
                           .onDelete = note.onDeleteCommand});
     }
     show({rows().begin(), rows().begin() + notesRow()});
@@ -94,13 +96,15 @@ QVariant TaskDetailListModel::data(const QModelIndex& index, int role) const {
             return row->key.kind;
         case TextRole:
             return row->text;
+        case IsCutRole:
+            return row->isCut;
         default:
             return {};
     }
 }
 
 QHash<int, QByteArray> TaskDetailListModel::roleNames() const {
-    return {{KindRole, "kind"}, {TextRole, "text"}};
+    return {{KindRole, "kind"}, {TextRole, "text"}, {IsCutRole, "isCut"}};
 }
 
 void TaskDetailListModel::deleteRow(int row) const {
@@ -113,6 +117,11 @@ void TaskDetailListModel::copyRow(int row) const {
     if (const TaskDetailRow* copied = rowAt(row)) {
         QGuiApplication::clipboard()->setText(copied->wholeText);
     }
+}
+
+QString TaskDetailListModel::wholeText(int row) const {
+    const TaskDetailRow* note = rowAt(row);
+    return note != nullptr ? note->wholeText : QString();
 }
 
 int TaskDetailListModel::notesRow() const {

@@ -23,6 +23,7 @@ struct TaskDetailRow {
     // Of a long note its beginning.
     QString text;
     QString wholeText;
+    bool isCut = false;
     // Absent for the place of the notes section.
     livedata::Action onDelete;
 };
@@ -38,7 +39,7 @@ class TaskDetailListModel : public RowListModel<TaskDetailRow> {
  public:
     enum Kind { Interval, NotesSection, Note };
     Q_ENUM(Kind)
-    enum Role { KindRole = Qt::UserRole, TextRole };
+    enum Role { KindRole = Qt::UserRole, TextRole, IsCutRole };
 
     using RowListModel::RowListModel;
 
@@ -52,6 +53,9 @@ class TaskDetailListModel : public RowListModel<TaskDetailRow> {
     Q_INVOKABLE void deleteRow(int row) const;
     // To the clipboard.
     Q_INVOKABLE void copyRow(int row) const;
+
+    // Of a note.
+    QString wholeText(int row) const;
 
     // The row of the notes section; the notes come after it.
     int notesRow() const;

@@ -69,7 +69,7 @@ std::vector<TaskListRow> taskListRows(const TaskListViewState::View& state) {
                   QObject::tr("No tasks in progress."), state.runningItems.empty());
     for (const TaskListViewState::RunningItem& item : state.runningItems) {
         TaskListRow& row = rows.emplace_back(taskRow(item, keys));
-        row.intervals = intervalList(item.intervalViewStates);
+        row.intervalViewStates = intervalList(item.intervalViewStates);
         // A running task is deleted by way of its newest running interval.
         if (!item.intervalViewStates.empty()) {
             row.onDelete = item.intervalViewStates.front().onDeleteCommand;
@@ -94,10 +94,11 @@ QList<int> TaskListRow::assign(TaskListRow&& next) {
         changed.append(TaskListModel::DescriptionRole);
     }
     assignShown(isSelected, next.isSelected, TaskListModel::IsSelectedRole, changed);
-    if (intervals && next.intervals) {
-        intervals->update(std::move(*next.intervals).takeRows());
+    if (intervalViewStates && next.intervalViewStates) {
+        intervalViewStates->update(std::move(*next.intervalViewStates).takeRows());
     } else {
-        assignShown(intervals, std::move(next.intervals), TaskListModel::IntervalsRole, changed);
+        assignShown(intervalViewStates, std::move(next.intervalViewStates),
+                    TaskListModel::IntervalViewStatesRole, changed);
     }
     onTap = std::move(next.onTap);
     onDelete = std::move(next.onDelete);
@@ -135,8 +136,8 @@ QVariant TaskListModel::data(const QModelIndex& index, int role) const {
             return isTask(index.row()) ? description(index.row()) : QString();
         case IsSelectedRole:
             return row->isSelected;
-        case IntervalsRole:
-            return QVariant::fromValue(row->intervals.get());
+        case IntervalViewStatesRole:
+            return QVariant::fromValue(row->intervalViewStates.get());
         default:
             return {};
     }
@@ -148,7 +149,7 @@ QHash<int, QByteArray> TaskListModel::roleNames() const {
             {TimeSpentRole, "timeSpent"},
             {DescriptionRole, "description"},
             {IsSelectedRole, "isSelected"},
-            {IntervalsRole, "intervals"}};
+            {IntervalViewStatesRole, "intervalViewStates"}};
 }
 
 void TaskListModel::tap(int row) const {

@@ -26,7 +26,7 @@ struct TaskListRow {
     QString timeSpent;
     bool isSelected = false;
     // The running intervals of a running task; another row has none.
-    std::shared_ptr<IntervalListModel> intervals;
+    std::shared_ptr<IntervalListModel> intervalViewStates;
     // Absent for headers and hints.
     livedata::Action onTap;
     livedata::Action onDelete;
@@ -48,7 +48,7 @@ class TaskListModel : public RowListModel<TaskListRow> {
         TimeSpentRole,
         DescriptionRole,
         IsSelectedRole,
-        IntervalsRole
+        IntervalViewStatesRole
     };
 
     using RowListModel::RowListModel;

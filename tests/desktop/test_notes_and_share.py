@@ -83,6 +83,14 @@ class NotesAndShare(ProgramTest):
                                 if row.name.startswith("0\n1\n")], "the long note")[0])
         key("ctrl+c")
         wait_for(lambda: clipboard() == long.encode(), "all of the note, of which a part is shown")
+        set_clipboard("")
+        key("Tab", "space")
+        program.find("The whole note", "list")
+        key("End")
+        program.find("599", "label")
+        key("ctrl+c")
+        wait_for(lambda: clipboard() == long.encode(), "all of the note")
+        key("Delete", "shift+Tab")  # from the button to its row
         key("Delete")
         wait_for(lambda: program.rows("SELECT text FROM Note WHERE task = 1") == [("Marked words",)],
                  "the deletion of what is not marked")
@@ -168,11 +176,14 @@ class NotesAndShare(ProgramTest):
         program = self.show_task()
         set_clipboard("before")
         for close in [lambda: program.press("Close"), lambda: key("Escape"),
-                      lambda: click(program.find("Hearthmark", "heading"))]:  # beside the sheet
+                      lambda: click(program.find("Hearthmark", "heading")),  # beside the sheet
+                      lambda: press(program.find("B", "list item"))]:
             program.press("Share")
             program.find("CSV", "page tab")
+            key("ctrl+a")
             close()
             wait_for(lambda: not program.find_all("Copy"), "the sheet to close")
+        self.select("A")
         click(program.find("A", "list item"), button=3)
         program.press("Delete", "menu item")
         program.press("Share")
@@ -181,6 +192,8 @@ class NotesAndShare(ProgramTest):
         key("ctrl+c", "Escape")
         wait_for(lambda: not program.find_all("Share", "dialog"), "the empty sheet to close")
         self.assertEqual(clipboard(), b"before")
+        program.process.terminate()
+        self.assertEqual(program.finished(), (0, ""))
 
 
 if __name__ == "__main__":

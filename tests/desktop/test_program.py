@@ -42,6 +42,8 @@ class Use(ProgramTest):
         key("Return")
         for name in ["Letters", "Report"]:
             program.press("Add Task")
+            program.find("Task name")
+            self.assertFalse(program.is_enabled("Save"))
             write("Task name", name)
             program.press("Save")
             program.find(name, "list item")
@@ -126,7 +128,8 @@ class Use(ProgramTest):
         for name in ["One", "Two"]:
             key("ctrl+n")
             program.find("Task name")
-            type_text("  " + name)
+            key("space", "ctrl+Return")  # a blank name is not saved
+            type_text(name)
             key("ctrl+Return")
             program.find(name, "list item")
             # The first task stands under the keyboard at once, and stays there.
@@ -193,6 +196,55 @@ class Use(ProgramTest):
         bus.emit_signal(None, path, settings, "SettingChanged",
                         GLib.Variant("(ssv)", (group, "color-scheme", light)))
         wait_for(lambda: lines_of("fffefc", 300) > 200, "the light pane")
+
+    def test_every_button_is_inside_the_smallest_window_with_large_text(self):
+        name = "A task with a name that is very much longer than the list is wide"
+        self.make_store(("INSERT INTO Task VALUES (1, ?, 0, ?)", (new_id(), name)))
+        program, data = self.program, Path(self.program.data)
+        (data / "kdeglobals").write_text("[General]\nfont=DejaVu Sans,16,-1,5,50,0,0,0,0,0\n")
+        program.start(XDG_CONFIG_HOME=data, QT_QPA_PLATFORMTHEME="kde", XDG_CURRENT_DESKTOP="KDE",
+                      KDE_SESSION_VERSION="5")
+        press(program.find(name, "list item"))
+        program.resize(640, 420)
+        window = program.tree()[0]
+
+        def see(button):
+            def is_inside():
+                inner, outer = extents(program.find_all(button, "push button")[0]), extents(window)
+                return (outer.width == 640 and inner.x >= outer.x and inner.y >= outer.y
+                        and inner.x + inner.width <= outer.x + outer.width
+                        and inner.y + inner.height <= outer.y + outer.height)
+            wait_for(is_inside, f"{button!r} inside the window")
+
+        def choose(item):
+            program.press("Application menu")
+            program.press(item, "menu item")
+
+        for show, buttons in [(lambda: key("ctrl+n"), ["Close", "Save"]),
+                              (lambda: key("ctrl+e"), ["Close", "Copy"]),
+                              (lambda: key("F1"), ["Close"]),
+                              (lambda: choose("About Hearthmark"), ["Open Folder", "Close"]),
+                              (lambda: choose("Restore from a backup…"), ["Restore and Restart"]),
+                              (lambda: key("Delete"), ["Undo", "Add Task", "Share"])]:
+            show()
+            for button in buttons:
+                see(button)
+            key("Escape")
+            wait_for(lambda: not program.find_all(role="dialog"), "the sheet to close")
+        border = program.find("Border between list and task")
+        place, list_of_tasks = extents(border), program.find("Tasks", "list")
+        usual = extents(list_of_tasks).width
+        for steps, width in [(-500, 290), (500, 320), (-12, 308)]:
+            place = extents(border)
+            xdotool("mousemove", place.x + 4, place.y + 100, "mousedown", 1,
+                    "mousemove_relative", "--sync", "--", steps // 2, 0,
+                    "mousemove_relative", "--sync", "--", steps // 2, 0, "mouseup", 1)
+            wait_for(lambda: extents(list_of_tasks).width == width, f"a width of {width}")
+        border.queryComponent().grabFocus()
+        key("Left")
+        wait_for(lambda: extents(list_of_tasks).width == 292, "a step to the left")
+        key("Return")
+        wait_for(lambda: extents(list_of_tasks).width == usual, "the usual width")
 
     def test_ticks_disturb_nothing(self):
         """A menu, a scrolled list, a half typed text: all stay as they are while time goes on. What is

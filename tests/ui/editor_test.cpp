@@ -1,16 +1,21 @@
 // SPDX-License-Identifier: MIT
 #include <gtest/gtest.h>
 
+#include <QClipboard>
 #include <QGuiApplication>
 #include <QQuickItem>
+#include <QQuickTextDocument>
 #include <QQuickView>
 #include <QTest>
 #include <algorithm>
 #include <cstdlib>
 
+#include "ui/typed_text.h"
+
+namespace hearthmark::ui {
 namespace {
 
-TEST(ExpandingTextView, GrowsWithItsLinesAndShrinksBackToItsMinimum) {
+TEST(ExpandingTextView, GrowsWithItsLinesAndTakesALineFeedByShiftedReturn) {
     qputenv("QT_QPA_PLATFORM", "offscreen");
     int argc = 0;
     const QGuiApplication application(argc, nullptr);
@@ -36,8 +41,22 @@ TEST(ExpandingTextView, GrowsWithItsLinesAndShrinksBackToItsMinimum) {
     for (int step = -20; step <= 20; ++step) {
         const int lines = 21 - std::abs(step);
         EXPECT_EQ(height(), std::max(100.0, oneLine + (lines - 1) * lineHeight)) << step;
-        QTest::keyClick(&view, step < 0 ? Qt::Key_Return : Qt::Key_Backspace);
+        const auto modifiers = step % 2 == 0 ? Qt::NoModifier : Qt::ShiftModifier;
+        QTest::keyClick(&view, step < 0 ? Qt::Key_Return : Qt::Key_Backspace, modifiers);
     }
+    QTest::keyClick(&view, Qt::Key_A);
+    QTest::keyClick(&view, Qt::Key_A, Qt::ControlModifier);
+    QTest::keyClick(&view, Qt::Key_Enter, Qt::ShiftModifier | Qt::KeypadModifier);
+    QGuiApplication::clipboard()->setText(QString(QChar::LineSeparator));
+    QTest::keyClick(&view, Qt::Key_V, Qt::ControlModifier);
+    const auto typed = [&property] {
+        return typedText(*property("textDocument").value<QQuickTextDocument*>());
+    };
+    EXPECT_EQ(typed(), "\n\u2028") << "typed, and pasted";
+    QTest::keyClick(&view, Qt::Key_Z, Qt::ControlModifier);
+    QTest::keyClick(&view, Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(typed(), "a") << "undone at once with the selection that it replaced";
 }
 
 }  // namespace
+}  // namespace hearthmark::ui

@@ -70,7 +70,7 @@ std::vector<QString> texts(const TaskListModel& model) {
 }
 
 IntervalListModel& intervalsOfFirst(const TaskListModel& model) {
-    return *model.index(1).data(TaskListModel::IntervalsRole).value<IntervalListModel*>();
+    return *model.index(1).data(TaskListModel::IntervalViewStatesRole).value<IntervalListModel*>();
 }
 
 TEST(TaskListModel, TickTouchesOnlyTheTimesOfWhatRuns) {
@@ -191,6 +191,8 @@ TEST(TaskDetailListModel, ShowsTheBeginningOfANoteThatIsTooLong) {
                          .pendingNote = {}});
         const QString text = model.index(1).data(TaskDetailListModel::TextRole).toString();
         EXPECT_TRUE(text.toStdString() == shown) << note.size();
+        EXPECT_EQ(model.index(1).data(TaskDetailListModel::IsCutRole), note != shown);
+        EXPECT_TRUE(model.wholeText(1).toStdString() == note);
     }
 }
 

@@ -8,6 +8,7 @@ T.Dialog {
     id: root
 
     property real preferredWidth: Theme.sheetWidth
+    readonly property real largestHeight: (parent?.height ?? 0) - 2 * Theme.pageMargin
     readonly property Transition fade: Transition {
         NumberAnimation {
             property: "opacity"
@@ -20,6 +21,7 @@ T.Dialog {
     parent: T.Overlay.overlay
     anchors.centerIn: parent
     width: Math.min(root.preferredWidth, (parent?.width ?? 0) - 2 * Theme.pageMargin)
+    height: Math.min(implicitHeight, root.largestHeight)
     implicitHeight: contentHeight + topPadding + bottomPadding
     padding: 20
     modal: true

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 import QtQuick
+import Hearthmark.Controls
 
 // A plain-text editor that tells how large its laid-out text is, its padding included.
 TextEdit {
@@ -23,6 +24,10 @@ TextEdit {
     // A tab would be typed otherwise, and the keyboard could not leave the editor.
     Keys.onTabPressed: root.nextItemInFocusChain(true).forceActiveFocus(Qt.TabFocusReason)
     Keys.onBacktabPressed: root.nextItemInFocusChain(false).forceActiveFocus(Qt.BacktabFocusReason)
+
+    ShiftedReturnFilter {
+        editor: root
+    }
 
     HoverHandler {
         cursorShape: Qt.IBeamCursor

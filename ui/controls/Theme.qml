@@ -84,6 +84,10 @@ QtObject {
     readonly property real title2Size: root.bodySize * 1.5
     readonly property real title3Size: root.bodySize * 1.2
 
+    // What holds texts is as wide as it is drawn here where the desktop's text is of the usual size.
+    readonly property real usualBodySize: 11
+    readonly property real textScale: Math.max(1, root.bodySize / root.usualBodySize)
+
     // Milliseconds.
     readonly property int motionDuration: 150
 
@@ -100,17 +104,20 @@ QtObject {
     readonly property int largeSymbolSize: 28
     readonly property int progressHeight: 4
     readonly property int controlHeight: 32
-    readonly property int sidebarWidth: 300
-    readonly property int sheetWidth: 440
-    readonly property int backupsWidth: 560
+    readonly property int sidebarWidth: 300 * root.textScale
+    readonly property int sidebarMinimumWidth: 200 * root.textScale
+    readonly property int paneMinimumWidth: 220 * root.textScale
+    readonly property int sheetWidth: 440 * root.textScale
+    readonly property int backupsWidth: 560 * root.textScale
     readonly property int backupsHeight: 190
-    readonly property int changesHeight: 52
-    readonly property int wideSheetWidth: 760
-    readonly property int pageWidth: 640
-    readonly property int chartWidth: 360
+    readonly property int changesHeight: 52 * root.textScale
+    readonly property int wideSheetWidth: 760 * root.textScale
+    readonly property int pageWidth: 640 * root.textScale
+    readonly property int chartWidth: 360 * root.textScale
+    readonly property int chartTextsWidth: 30 * root.bodySize
     readonly property int chartHeight: 64
     readonly property int smallChartHeight: 36
-    readonly property int menuWidth: 240
+    readonly property int menuWidth: 240 * root.textScale
     readonly property int editorMaximumHeight: 200
     readonly property int noteEditorHeight: 100
     // Each line of a text takes its time, and a name may be a megabyte.

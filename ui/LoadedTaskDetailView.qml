@@ -4,8 +4,7 @@ import QtQuick
 import Hearthmark.Controls
 import Hearthmark.Ui
 
-// What a task's pane scrolls through: the other intervals, the place of the notes section, and the
-// notes; above them, as its header, the rest.
+// What a task's pane scrolls through: a header, the other intervals, the place of the notes section, the notes.
 HeadedListView {
     id: root
 
@@ -86,6 +85,7 @@ HeadedListView {
             stop: row.index < root.notesRow ? intervalsStop : notesStop
             onFocused: root.showRow(row.index)
             onCopied: root.rows.copyRow(row.index)
+            onWholeRequested: root.adapter.displayWholeNote(row.index)
             onDeletionRequested: root.rows.deleteRow(row.index)
             onMenuRequested: position => root.menuRequested(row, position)
             onHeightChanged: row.followNotes()

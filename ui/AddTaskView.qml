@@ -6,24 +6,33 @@ import Hearthmark.Controls
 EditorForm {
     id: root
 
+    property alias taskName: editor.text
+    required property bool canSave
+
+    signal typed(name: var)
     signal saved(name: var)
     signal closed
 
     // Each presentation begins with an empty name.
     function reset() {
-        editor.text = "";
+        root.taskName = "";
         editor.focus = true;
     }
 
-    implicitHeight: content.height
+    function save() {
+        if (root.canSave)
+            root.saved(editor.textDocument);
+    }
+
+    implicitHeight: form.implicitHeight
     onVisibleChanged: root.reset()
-    onSaveRequested: root.saved(editor.textDocument)
+    onSaveRequested: root.save()
 
-    Column {
-        id: content
+    SheetForm {
+        id: form
 
-        width: parent.width
-        spacing: Theme.wideSpacing
+        anchors.fill: parent
+        focus: true
 
         Label {
             width: parent.width
@@ -41,23 +50,21 @@ EditorForm {
             minHeight: 10
             maximumHeight: Theme.editorMaximumHeight
             accessibleName: qsTr("Task name")
+            onTextChanged: root.typed(editor.textDocument)
         }
 
-        Row {
-            anchors.right: parent.right
-            spacing: Theme.spacing
-
+        buttons: [
             PushButton {
                 text: qsTr("Close")
                 onClicked: root.closed()
-            }
-
+            },
             PushButton {
+                enabled: root.canSave
                 look: PushButton.Primary
                 symbol: "plus"
                 text: qsTr("Save")
                 onClicked: root.saveRequested()
             }
-        }
+        ]
     }
 }

@@ -8,11 +8,12 @@ FocusScope {
     id: root
 
     property ShareContainerAdapter adapter
+    property alias selectedTab: tabs.currentIndex
 
     signal closed
 
     function copy() {
-        root.adapter.copy(tabs.currentIndex);
+        root.adapter.copy(root.selectedTab);
         root.closed();
     }
 
@@ -24,7 +25,7 @@ FocusScope {
 
     // Each presentation begins with the first tab.
     function reset() {
-        tabs.currentIndex = ShareContainerAdapter.Json;
+        root.selectedTab = ShareContainerAdapter.Json;
     }
 
     onVisibleChanged: root.reset()
@@ -70,7 +71,7 @@ FocusScope {
 
                 anchors.fill: parent
                 anchors.margins: Theme.focusWidth
-                visible: tabs.currentIndex === ShareContainerAdapter.Json
+                visible: root.selectedTab === ShareContainerAdapter.Json
                 focus: visible
                 lines: root.adapter?.jsonLines ?? null
                 Accessible.name: qsTr("JSON")
@@ -81,7 +82,7 @@ FocusScope {
 
                 anchors.fill: parent
                 anchors.margins: Theme.focusWidth
-                visible: tabs.currentIndex === ShareContainerAdapter.Csv
+                visible: root.selectedTab === ShareContainerAdapter.Csv
                 focus: visible
                 lines: root.adapter?.csvLines ?? null
                 Accessible.name: qsTr("CSV")

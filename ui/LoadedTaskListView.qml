@@ -1,0 +1,88 @@
+// SPDX-License-Identifier: MIT
+pragma ComponentBehavior: Bound
+import QtQuick
+import Hearthmark.Controls
+import Hearthmark.Ui
+
+// Both sections of the task list, of which only the tasks can be reached by the keyboard.
+ListView {
+    id: root
+
+    required property TaskListModel rows
+
+    signal menuRequested(row: DeletableRow, position: point)
+
+    function showRow(row: int) {
+        root.currentIndex = row;
+        // Before there is room for it, it would come to stand at the top.
+        if (root.height > 0)
+            root.positionViewAtIndex(row, ListView.Contain);
+    }
+
+    // The first task with what stands above it.
+    function stepUp() {
+        const row = root.rows.taskBefore(root.currentIndex);
+        root.showRow(row);
+        if (root.rows.taskBefore(row) === row)
+            root.contentY = root.originY;
+    }
+
+    // The current row follows its task when that changes sections, but not before the layout.
+    function keepTaskCurrent() {
+        root.forceLayout();
+        root.currentIndex = root.rows.taskNearest(root.currentIndex);
+    }
+
+    function tapRow(row: int) {
+        root.showRow(row);
+        root.rows.tap(row);
+    }
+
+    clip: true
+    bottomMargin: Theme.spacing
+    cacheBuffer: Theme.controlHeight * 2
+    boundsBehavior: Flickable.StopAtBounds
+    highlightFollowsCurrentItem: false
+    keyNavigationEnabled: false
+    model: root.rows
+
+    Accessible.role: Accessible.List
+    Accessible.name: qsTr("Tasks")
+    Keys.onUpPressed: root.stepUp()
+    Keys.onDownPressed: root.showRow(root.rows.taskAfter(root.currentIndex))
+    Keys.onReturnPressed: root.rows.tap(root.currentIndex)
+    Keys.onEnterPressed: root.rows.tap(root.currentIndex)
+    Keys.onSpacePressed: root.rows.tap(root.currentIndex)
+    Component.onCompleted: root.keepTaskCurrent()
+    move: shift
+
+    ScrollBar {
+        flickable: root
+    }
+
+    delegate: TaskListRow {
+        id: row
+
+        width: root.width
+        activeFocusOnTab: row.activeFocus || row.index === root.currentIndex
+        onFocused: root.showRow(row.index)
+        onTapped: root.tapRow(row.index)
+        onDeletionRequested: root.rows.deleteRow(row.index)
+        onMenuRequested: position => root.menuRequested(row, position)
+        onLineMenuRequested: (line, position) => root.menuRequested(line, position)
+    }
+
+    // Of a task that changes sections. Whatever makes room for it jumps, headers too: gliding, they would
+    // not follow its height when that changes on the way.
+    Transition {
+        id: shift
+
+        enabled: !Theme.isStill
+
+        NumberAnimation {
+            property: "y"
+            duration: (shift.ViewTransition.item as TaskListRow)?.isTask ? Theme.motionDuration : 0
+            easing.type: Easing.OutCubic
+        }
+    }
+}

@@ -1,0 +1,63 @@
+// SPDX-License-Identifier: MIT
+import QtQuick
+import Hearthmark.Controls
+
+// The box of a saved note.
+Rectangle {
+    id: root
+
+    required property DeletableRow row
+    required property string noteText
+    // It shows the beginning of a text that is too long.
+    required property bool isCut
+
+    // The whole text is to be copied, of which this may show a part.
+    signal copied
+    // The keyboard has come to the button below the text.
+    signal buttonReached
+    signal wholeRequested
+
+    function focusButton() {
+        button.forceActiveFocus(Qt.TabFocusReason);
+    }
+
+    function reportFocus() {
+        if (button.activeFocus)
+            root.buttonReached();
+    }
+
+    implicitHeight: body.height + 2 * Theme.spacing + (root.isCut ? button.height + Theme.spacing : 0)
+    radius: Theme.radius
+    color: Theme.colors.window
+
+    FocusRing {
+        visible: root.row.focusVisible
+        controlRadius: Theme.radius
+    }
+
+    MarkableText {
+        id: body
+
+        x: Theme.spacing
+        y: Theme.spacing
+        width: root.width - 2 * Theme.spacing
+        text: root.noteText
+        row: root.row
+        onAllCopied: root.copied()
+    }
+
+    PushButton {
+        id: button
+
+        anchors.left: parent.left
+        anchors.bottom: parent.bottom
+        anchors.margins: Theme.spacing
+        visible: root.isCut
+        activeFocusOnTab: false // the row hands the focus on to it
+        text: qsTr("Show all")
+        onClicked: root.wholeRequested()
+        onActiveFocusChanged: root.reportFocus()
+        // That key is for the row, when it is the row that is marked.
+        Keys.onDeletePressed: event => event.accepted = true
+    }
+}

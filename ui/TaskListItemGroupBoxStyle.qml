@@ -1,0 +1,33 @@
+// SPDX-License-Identifier: MIT
+import QtQuick
+import Hearthmark.Controls
+
+// The box of a task in the list, with what is in it one below the other.
+Rectangle {
+    id: root
+
+    required property DeletableRow row
+    required property bool isSelected
+    readonly property color textColor: root.isSelected ? Theme.colors.selectedText : Theme.colors.text
+    readonly property color detailColor: root.isSelected ? Theme.colors.selectedText : Theme.colors.secondaryText
+    readonly property alias contentWidth: column.width
+    default property alias content: column.data
+
+    implicitHeight: column.height + 2 * Theme.spacing
+    radius: Theme.radius
+    color: root.isSelected ? Theme.colors.selectedContent : root.row.hovered ? Theme.colors.rowHovered : Theme.colors.window
+
+    FocusRing {
+        visible: root.row.focusVisible
+        controlRadius: Theme.radius
+    }
+
+    Column {
+        id: column
+
+        x: Theme.spacing
+        y: Theme.spacing
+        width: root.width - 2 * Theme.spacing
+        spacing: 2
+    }
+}

@@ -1,0 +1,89 @@
+// SPDX-License-Identifier: MIT
+pragma ComponentBehavior: Bound
+import QtQuick
+import Hearthmark.Controls
+import Hearthmark.Ui
+
+// A line of the task list: a section's header, an empty section's hint, or a task. It stays the same
+// while its task starts and finishes, and with it the keyboard and an open menu.
+RowOfKind {
+    id: root
+
+    required property int index
+    required property int kind
+    required property string text
+    required property string timeSpent
+    required property string description
+    required property bool isSelected
+    // Of a running task alone.
+    required property IntervalListModel intervalViewStates
+
+    readonly property bool ticks: root.intervalViewStates !== null
+    readonly property bool isTask: root.kind === TaskListModel.Task
+    // The list cuts off what is outside of its rows.
+    readonly property int ringRoom: Theme.tightSpacing
+
+    signal lineMenuRequested(line: DeletableRow, position: point)
+
+    shownKind: root.kind === TaskListModel.Header ? header : root.kind === TaskListModel.Hint ? hint : root.intervalViewStates ? running : nonRunning
+    implicitHeight: root.content ? root.content.height + 2 * root.content.y : 0
+    enabled: root.isTask
+    Accessible.ignored: !root.isTask
+    Accessible.role: Accessible.ListItem
+    Accessible.name: root.text
+    Accessible.description: root.description
+    Accessible.focusable: true
+    Accessible.selectable: true
+    Accessible.selected: root.isSelected
+    Accessible.onPressAction: root.tapped()
+
+    Component {
+        id: header
+
+        SectionHeader {
+            width: root.width
+            text: root.text
+        }
+    }
+
+    Component {
+        id: hint
+
+        SectionHint {
+            width: root.width
+            text: root.text
+        }
+    }
+
+    Component {
+        id: running
+
+        RunningTaskView {
+            x: Theme.spacing
+            y: root.ringRoom
+            width: root.width - 2 * Theme.spacing
+            row: root
+            isSelected: root.isSelected
+            intervalViewStates: root.intervalViewStates
+            taskName: root.text
+            timeSpent: root.timeSpent
+            onFocused: root.focused()
+            onItemTapped: root.tapped()
+            onMenuRequested: (line, position) => root.lineMenuRequested(line, position)
+        }
+    }
+
+    Component {
+        id: nonRunning
+
+        NonRunningTaskView {
+            x: Theme.spacing
+            y: root.ringRoom
+            width: root.width - 2 * Theme.spacing
+            row: root
+            isSelected: root.isSelected
+            taskName: root.text
+            timeSpent: root.timeSpent
+        }
+    }
+}
