@@ -27,6 +27,7 @@
 #include "platform/application_object.h"
 #include "platform/fatal_notification.h"
 #include "platform/instance_lock.h"
+#include "platform/reader_memory.h"
 #include "platform/running_instance.h"
 #include "platform/start_by_bus.h"
 #include "platform/termination_signals.h"
@@ -98,7 +99,7 @@ int runApplication(int argc, char** argv, const Process& process) {
     if (QLocale().textDirection() == Qt::RightToLeft) {
         QGuiApplication::setLayoutDirection(Qt::RightToLeft);
     }
-    ui::prepareAccessibility();
+    ui::prepareAccessibility(&platform::keepFromReadersMemory);
 
     platform::ApplicationObject applicationObject;
     applicationObject.registerOnSessionBus();

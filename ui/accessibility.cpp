@@ -13,9 +13,12 @@ namespace hearthmark::ui {
 
 namespace {
 
+constexpr auto kTicks = "ticks";
+KeepFromMemory keepFromMemory = nullptr;
+
 // Whether a text of the item changes each second by the count, as the item says itself.
 bool ticks(const QObject* item) {
-    return item != nullptr && item->property("ticks").toBool();
+    return item != nullptr && item->property(kTicks).toBool();
 }
 
 const QQuickItem* overlayAround(const QQuickItem* item) {
@@ -69,6 +72,20 @@ class Item final : public QAccessibleQuickItem, public QAccessibleEditableTextIn
             state.checked = isChecked.toBool() ? 1 : 0;
         }
         return state;
+    }
+
+    QString text(QAccessible::Text kind) const override {
+        if (keepFromMemory != nullptr && item()->property(kTicks).isValid()) {
+            // After the answer, which is being made.
+            QMetaObject::invokeMethod(
+                item(),
+                [item = item()] {
+                    keepFromMemory(
+                        QAccessible::uniqueId(QAccessible::queryAccessibleInterface(item)));
+                },
+                Qt::QueuedConnection);
+        }
+        return QAccessibleQuickItem::text(kind);
     }
 
     void* interface_cast(QAccessible::InterfaceType type) override {
@@ -159,7 +176,8 @@ void passOnWhatIsToBeTold(QAccessibleEvent* event) {
 
 }  // namespace
 
-void prepareAccessibility() {
+void prepareAccessibility(KeepFromMemory keep) {
+    keepFromMemory = keep;
     QAccessible::installFactory(&makeInterface);
     QAccessible::installUpdateHandler(&passOnWhatIsToBeTold);
 }

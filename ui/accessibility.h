@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <QAccessible>
+
 namespace hearthmark::ui {
 
 // Makes up for two things that the toolkit does to assistive technology: a disabled item is
@@ -8,6 +10,9 @@ namespace hearthmark::ui {
 // texts of an item whose property "ticks" is true cause no event, and whoever asks is given the
 // present text, also those who remember what they once read. For the whole process; called once,
 // after the application object and before the first window.
-void prepareAccessibility();
+//
+// The function is told of such an item each time that it was asked for a text.
+using KeepFromMemory = void (*)(QAccessible::Id);
+void prepareAccessibility(KeepFromMemory keepFromMemory);
 
 }  // namespace hearthmark::ui
