@@ -20,7 +20,8 @@ void rethrowAsStoreError(std::string_view statement) {
 
 std::string uriForReading(const std::filesystem::path& file) {
     static constexpr std::string_view kHexDigits = "0123456789ABCDEF";
-    std::string uri = "file:";
+    // An authority that is empty: else a path that begins with two slashes would name one.
+    std::string uri = file.is_absolute() ? "file://" : "file:";
     for (const char c : file.string()) {
         if (c == '%' || c == '?' || c == '#') {
             uri += '%';
