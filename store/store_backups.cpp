@@ -202,13 +202,14 @@ std::string StoreBackups::restoreCommand(const std::optional<StoreBackup>& backu
     // One folder for each time, so that no log lies beside a store that it does not belong to.
     const std::string folder = std::string(kDamagedFolder) + '/' + dateText(momentOrNone(), false);
     std::ostringstream command;
-    command << "cd " << quoted(directory_.string()) << " && [ \"$(stat -L -c '%i %s %Y' " << store
+    command << "cd " << quoted(directory_.string()) << " && { [ \"$(stat -L -c '%i %s %Y' " << store
             << ")\" = '" << objectstore::storeFileIdentity(store_)
-            << "' ] || ! echo 'Nothing was changed: the damaged store is not there any more.'"
-            << " && mkdir -p " << folder;
+            << "' ] || { echo 'Nothing was changed: the damaged store is not there any more.'; "
+               "false; }; } && mkdir -p "
+            << folder;
     if (backup) {
         command << " && { cp -f " << backup->file.lexically_relative(directory_).string() << ' '
-                << draft << " && sync " << draft << " || ! rm -f " << draft << "; }";
+                << draft << " && sync " << draft << " || { rm -f " << draft << "; false; }; }";
     }
     command << " && mv -f --backup=numbered " << store << "* " << folder;
     if (backup) {
