@@ -51,6 +51,8 @@ Desktop::Desktop(const std::shared_ptr<const store::StoreBackups>& backups,
                       unseenFinishes_->setValue(std::move(finishes));
                   },
               .playSound = &platform::playCompletionSound})),
+      dailyBackups_(std::make_shared<services::DailyBackupService>(
+          backups, std::make_shared<platform::TimeKeepingProvider>(), notificationCenter_)),
       appearance_(std::make_shared<services::AppearancePreference>()),
       desktopAppearance_(appearance_),
       tasksApp_(environment(backups, std::move(clock), firstWindow, fatal)),
@@ -76,8 +78,9 @@ TasksApp::Environment Desktop::environment(
     const base::FatalErrorHandler& fatal) {
     const QString storeFolder = QString::fromStdString(backups->storeDirectory().string());
     return {.firstWindow = firstWindow,
-            .persistentContainerFactory =
-                std::make_unique<store::PersistentContainerFactory>(backups, fatal),
+            .persistentContainerFactory = std::make_unique<store::PersistentContainerFactory>(
+                backups, fatal,
+                [this](const store::StoreNotice& notice) { dailyBackups_->tell(notice); }),
             .timeKeepingProvider = std::make_shared<platform::TimeKeepingProvider>(),
             .clock = std::move(clock),
             .sleepMonitor = std::make_shared<platform::LogindSleepMonitor>(),
@@ -104,6 +107,7 @@ TasksApp::Environment Desktop::environment(
 
 void Desktop::launch() {
     tasksApp_.launch();
+    dailyBackups_->start();
 }
 
 void Desktop::activate(const QString& activationToken) {

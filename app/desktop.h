@@ -14,6 +14,7 @@
 #include "platform/desktop_notification_center.h"
 #include "platform/system_status_bar.h"
 #include "services/appearance.h"
+#include "services/daily_backup_service.h"
 #include "services/unseen_finishes.h"
 #include "store/store_backups.h"
 
@@ -53,6 +54,7 @@ class Desktop final : public QObject {
     std::shared_ptr<platform::AppcastUpdater> updater_;
     std::shared_ptr<platform::SystemStatusBar> statusBar_;
     std::shared_ptr<platform::DesktopNotificationCenter> notificationCenter_;
+    std::shared_ptr<services::DailyBackupService> dailyBackups_;
     std::shared_ptr<services::AppearancePreference> appearance_;
     platform::DesktopAppearance desktopAppearance_;
     TasksApp tasksApp_;

@@ -106,10 +106,10 @@ int runApplication(int argc, char** argv, const Process& process) {
 
     const base::FatalErrorHandler fatal(&platform::notifyOfFatalError);
     if (process.lock.state() == platform::InstanceLock::State::failed) {
-        const std::error_code error = process.lock.error();
-        const std::string directory = process.backups->storeDirectory();
-        fatal(store::unresolvedLoadError(
-            {error.message() + ": " + directory, error.value(), error.value(), "lock"}));
+        const std::filesystem::path& directory = process.backups->storeDirectory();
+        const int error = process.lock.error().value();
+        fatal(store::loadFailure(objectstore::StoreError::ofCall("lock", directory, error),
+                                 directory));
     }
     app::Desktop desktop(process.backups, updates(), process.clock, process.firstWindow, fatal);
     QObject::connect(&applicationObject, &platform::ApplicationObject::activationRequested,
@@ -132,13 +132,17 @@ int restartRestored(int argc, char** argv, const store::StoreBackups& backups) {
         std::cerr << message << std::endl;
         platform::notifyOfFatalError(message);
     }
-    std::string program = std::filesystem::read_symlink("/proc/self/exe");
+    std::error_code error;
+    std::string program = std::filesystem::read_symlink("/proc/self/exe", error);
+    if (error) {
+        program = argv[0];
+    }
     // Where it was upgraded meanwhile, its successor stands there.
     constexpr std::string_view kReplaced = " (deleted)";
     if (program.ends_with(kReplaced)) {
         program.erase(program.size() - kReplaced.size());
     }
-    ::execv(program.c_str(), argv);
+    ::execvp(program.c_str(), argv);
     std::cerr << program << ": " << std::generic_category().message(errno) << std::endl;
     return EXIT_FAILURE;
 }

@@ -15,9 +15,9 @@ PersistentContainer::PersistentContainer(const std::string& name, Model model,
     }
 }
 
-void PersistentContainer::loadPersistentStores() {
+void PersistentContainer::loadPersistentStores(const std::function<void()>& beforeUpgrade) {
     viewContext_ = std::make_unique<ManagedObjectContext>(
-        std::make_unique<SqliteStore>(file_, model_), model_);
+        std::make_unique<SqliteStore>(file_, model_, beforeUpgrade), model_);
 }
 
 }  // namespace hearthmark::objectstore

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <filesystem>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -19,7 +20,8 @@ class PersistentContainer {
                         const std::optional<std::filesystem::path>& directory);
 
     // Opens or makes the store and loads it. Called once, before anything else. Throws StoreError.
-    void loadPersistentStores();
+    // `beforeUpgrade` is called before the tables of a file of an older version change.
+    void loadPersistentStores(const std::function<void()>& beforeUpgrade = {});
 
     ManagedObjectContext& viewContext() { return *viewContext_; }
 

@@ -2,6 +2,7 @@
 #include "objectstore/sqlite_file.h"
 
 #include <SQLiteCpp/SQLiteCpp.h>
+#include <sqlite3.h>
 
 #include <utility>
 
@@ -9,18 +10,59 @@
 
 namespace hearthmark::objectstore {
 
-void rethrowAsStoreError(std::string_view statement) {
+namespace {
+
+using Cause = StoreError::Cause;
+
+constexpr int kPrimaryCode = 0xFF;
+
+Cause causeOf(int code, Cause unsuited) {
+    switch (code & kPrimaryCode) {
+        case SQLITE_CORRUPT:
+        case SQLITE_NOTADB:
+            return Cause::damaged;
+        case SQLITE_ERROR:
+            return unsuited;
+        case SQLITE_FULL:
+            return Cause::diskFull;
+        case SQLITE_BUSY:
+        case SQLITE_LOCKED:
+        case SQLITE_PROTOCOL:
+            return Cause::held;
+        case SQLITE_PERM:
+        case SQLITE_AUTH:
+        case SQLITE_READONLY:
+        case SQLITE_CANTOPEN:
+            return Cause::noAccess;
+        case SQLITE_IOERR:
+            return Cause::inputOutput;
+        default:
+            return Cause::other;
+    }
+}
+
+std::string_view modeFor(const std::filesystem::path& file) {
+    if (hasRollbackJournal(file)) {
+        return "";
+    }
+    return hasWriteAheadLog(file) ? "?mode=ro" : "?immutable=1";
+}
+
+}  // namespace
+
+void rethrowAsStoreError(std::string_view statement, Cause unsuited) {
     try {
         throw;
     } catch (const SQLite::Exception& error) {
         throw StoreError(error.what(), error.getErrorCode(), error.getExtendedErrorCode(),
-                         std::string(statement));
+                         std::string(statement), causeOf(error.getErrorCode(), unsuited));
     }
 }
 
 std::string uriForReading(const std::filesystem::path& file) {
     static constexpr std::string_view kHexDigits = "0123456789ABCDEF";
-    std::string uri = "file:";
+    // An authority that is empty: else a path that begins with two slashes would name one.
+    std::string uri = file.is_absolute() ? "file://" : "file:";
     for (const char c : file.string()) {
         if (c == '%' || c == '?' || c == '#') {
             uri += '%';
@@ -30,7 +72,7 @@ std::string uriForReading(const std::filesystem::path& file) {
             uri += c;
         }
     }
-    return uri.append(hasWriteAheadLog(file) ? "?mode=ro" : "?immutable=1");
+    return uri.append(modeFor(file));
 }
 
 bool hasColumn(SQLite::Database& database, const std::string& schema, const std::string& table,
@@ -46,14 +88,14 @@ bool hasColumn(SQLite::Database& database, const std::string& schema, const std:
 }
 
 void refuse(const std::filesystem::path& file, const std::string& reason, int code,
-            std::string statement) {
-    throw StoreError(reason + ": " + file.string(), code, code, std::move(statement));
+            std::string statement, Cause cause) {
+    throw StoreError(reason + ": " + file.string(), code, code, std::move(statement), cause);
 }
 
 SQLite::Database openForReading(const std::filesystem::path& file) {
     return translatingErrors("open " + file.string(), [&file] {
-        return SQLite::Database(uriForReading(file),
-                                SQLite::OPEN_READONLY | SQLite::OPEN_URI | SQLite::OPEN_NOMUTEX,
+        const int mode = hasRollbackJournal(file) ? SQLite::OPEN_READWRITE : SQLite::OPEN_READONLY;
+        return SQLite::Database(uriForReading(file), mode | SQLite::OPEN_URI | SQLite::OPEN_NOMUTEX,
                                 kBusyTimeoutMilliseconds);
     });
 }

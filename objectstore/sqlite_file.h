@@ -20,21 +20,25 @@ constexpr int kBusyTimeoutMilliseconds = 5000;
 
 // Throws what SQLite just threw as a StoreError that names the statement; anything else as it is.
 // Requires: an exception is being handled.
-[[noreturn]] void rethrowAsStoreError(std::string_view statement);
+[[noreturn]] void rethrowAsStoreError(std::string_view statement, StoreError::Cause unsuited);
 
-// Runs `work` and turns what SQLite reports into a StoreError that names the statement.
+// Runs `work` and turns what SQLite reports into a StoreError that names the statement. `unsuited`
+// is the cause where SQLite cannot make sense of it: of a statement that suits every store it is
+// that this one is damaged.
 template <class Work>
-auto translatingErrors(std::string_view statement, const Work& work) {
+auto translatingErrors(std::string_view statement, const Work& work,
+                       StoreError::Cause unsuited = StoreError::Cause::other) {
     try {
         return work();
     } catch (const std::runtime_error&) {
-        rethrowAsStoreError(statement);
+        rethrowAsStoreError(statement, unsuited);
     }
 }
 
-// The name by which SQLite opens the file only to look at it. Without a write-ahead log the file is
-// read as immutable, which takes no lock and makes no file beside it; with one, its frames belong
-// to the content.
+// The name by which SQLite opens the file only to look at it. Without a journal the file is read as
+// immutable, which takes no lock and makes no file beside it. The frames of a write-ahead log
+// belong to the content. What a rollback journal undoes does not: then SQLite has to be let write,
+// or a good file reads as a damaged one.
 std::string uriForReading(const std::filesystem::path& file);
 SQLite::Database openForReading(const std::filesystem::path& file);
 
@@ -43,6 +47,6 @@ bool hasColumn(SQLite::Database& database, const std::string& schema, const std:
                const std::string& column);
 
 [[noreturn]] void refuse(const std::filesystem::path& file, const std::string& reason, int code,
-                         std::string statement);
+                         std::string statement, StoreError::Cause cause);
 
 }  // namespace hearthmark::objectstore

@@ -20,8 +20,10 @@ namespace hearthmark::objectstore {
 
 namespace {
 
-void execute(SQLite::Database& database, const std::string& statement) {
-    translatingErrors(statement, [&] { database.exec(statement); });
+void execute(SQLite::Database& database, const std::string& statement,
+             StoreError::Cause unsuited = StoreError::Cause::other) {
+    translatingErrors(
+        statement, [&] { database.exec(statement); }, unsuited);
 }
 
 std::string pragma(std::string_view name, std::int32_t value) {
@@ -40,16 +42,13 @@ void createSchema(SQLite::Database& database, const Model& model) {
 
 // Brings a file of an older version along.
 void upgradeSchema(SQLite::Database& database, const Model& model) {
-    const std::string version = "PRAGMA user_version";
-    translatingErrors(version, [&] {
-        if (database.execAndGet(version).getInt() >= model.version) {
-            return;
-        }
+    translatingErrors("upgrade", [&] {
         SQLite::Transaction transaction(database, SQLite::TransactionBehavior::IMMEDIATE);
         for (const EntityDescription* entity : model.entities) {
             for (const AttributeDescription& attribute : entity->attributes()) {
                 if (!hasColumn(database, "main", entity->name(), attribute.name)) {
-                    execute(database, additionStatement(*entity, attribute));
+                    execute(database, additionStatement(*entity, attribute),
+                            StoreError::Cause::damaged);
                 }
             }
         }
@@ -95,33 +94,42 @@ class SqliteStore::Connection {
     std::unordered_map<std::string, SQLite::Statement> statements_;
 };
 
-SqliteStore::SqliteStore(const std::optional<std::filesystem::path>& file, const Model& model) {
+SqliteStore::SqliteStore(const std::optional<std::filesystem::path>& file, const Model& model,
+                         const std::function<void()>& beforeUpgrade) {
     if (!file) {
         connection_ =
             std::make_unique<Connection>(":memory:", SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE);
         translatingErrors("create", [&] { createSchema(connection_->database(), model); });
         return;
     }
-    if (storeFileExists(*file)) {
-        checkStore(*file, model);
+    bool isOlder = false;
+    if (storeFileState(*file) == StoreFileState::present) {
+        isOlder = checkStore(*file, model) < model.version;
     } else {
         createFile(*file, model);
+    }
+    if (isOlder && beforeUpgrade) {
+        beforeUpgrade();
     }
     connection_ = std::make_unique<Connection>(file->string(), SQLite::OPEN_READWRITE);
     SQLite::Database& database = connection_->database();
     // SQLite opens a write-protected file for reading only, without a word.
     if (sqlite3_db_readonly(database.getHandle(), "main") != 0) {
-        refuse(*file, "The file is write-protected", SQLITE_READONLY, "open " + file->string());
+        refuse(*file, "The file is write-protected", SQLITE_READONLY, "open " + file->string(),
+               StoreError::Cause::noAccess);
     }
     const std::string logging = "PRAGMA journal_mode = WAL";
     translatingErrors(logging, [&] {
         if (database.execAndGet(logging).getString() != "wal") {
-            refuse(*file, "The file cannot have a write-ahead log", SQLITE_CANTOPEN, logging);
+            refuse(*file, "The file cannot have a write-ahead log", SQLITE_CANTOPEN, logging,
+                   StoreError::Cause::other);
         }
     });
     execute(database, "PRAGMA synchronous = FULL");
     execute(database, "PRAGMA foreign_keys = ON");
-    upgradeSchema(database, model);
+    if (isOlder) {
+        upgradeSchema(database, model);
+    }
 }
 
 SqliteStore::~SqliteStore() = default;
@@ -129,7 +137,7 @@ SqliteStore::~SqliteStore() = default;
 void SqliteStore::read(const EntityDescription& entity,
                        const std::function<void(const RowReader&)>& visit) {
     const std::string text = selection(entity);
-    translatingErrors(text, [&] {
+    const auto readAll = [&] {
         // The library's statements hand out one reference-counted object for each column; loading
         // reads every column of the store and takes them from SQLite itself.
         sqlite3_stmt* raw = nullptr;
@@ -147,7 +155,7 @@ void SqliteStore::read(const EntityDescription& entity,
             const std::optional<RowKey> key = row.integer(0);
             if (!key || (last && *key <= *last)) {
                 throw StoreError("The rows of " + entity.name() + " have no keys of their own",
-                                 SQLITE_CORRUPT, SQLITE_CORRUPT, text);
+                                 SQLITE_CORRUPT, SQLITE_CORRUPT, text, StoreError::Cause::damaged);
             }
             last = key;
             visit(row);
@@ -155,7 +163,8 @@ void SqliteStore::read(const EntityDescription& entity,
         if (result != SQLITE_DONE) {
             throw SQLite::Exception(handle);
         }
-    });
+    };
+    translatingErrors(text, readAll, StoreError::Cause::damaged);
 }
 
 namespace {

@@ -31,9 +31,11 @@ struct RowChange {
 class SqliteStore {
  public:
     // Opens the file, or makes it with mode 0600 in a directory of mode 0700; without a path the
-    // store lives in memory. A file that is corrupt, another application's, or of another version
-    // of the model is refused and left byte for byte as it was.
-    SqliteStore(const std::optional<std::filesystem::path>& file, const Model& model);
+    // store lives in memory. A file that is corrupt, another application's, or of a later version
+    // of the model is refused and left byte for byte as it was. Before one of an older version is
+    // changed `beforeUpgrade` is called; where that throws, it stays as it was.
+    SqliteStore(const std::optional<std::filesystem::path>& file, const Model& model,
+                const std::function<void()>& beforeUpgrade = {});
     SqliteStore(const SqliteStore&) = delete;
     SqliteStore& operator=(const SqliteStore&) = delete;
     ~SqliteStore();

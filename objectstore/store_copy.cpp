@@ -42,10 +42,43 @@ void copyContent(const std::filesystem::path& file, const std::filesystem::path&
         destination.exec("PRAGMA journal_mode = OFF; PRAGMA synchronous = OFF");
         const int result = SQLite::Backup(destination, source).executeStep();
         if (result != SQLITE_DONE) {
-            refuse(file, sqlite3_errstr(result), result, "backup");
+            refuse(file, sqlite3_errstr(result), result, "backup", StoreError::Cause::held);
         }
         destination.exec("PRAGMA journal_mode = DELETE");
     });
+}
+
+void foldJournals(const std::filesystem::path& file) {
+    const std::string statement = "PRAGMA journal_mode = DELETE";
+    translatingErrors(statement, [&] {
+        SQLite::Database database(file.string(), SQLite::OPEN_READWRITE | SQLite::OPEN_NOMUTEX,
+                                  kBusyTimeoutMilliseconds);
+        if (database.execAndGet(statement).getString() != "delete") {
+            refuse(file, "The file has to keep its journal", SQLITE_BUSY, statement,
+                   StoreError::Cause::held);
+        }
+    });
+}
+
+void checkIntegrity(SQLite::Database& database, const std::filesystem::path& file) {
+    const std::string check = "PRAGMA integrity_check(1)";
+    const std::string finding = translatingErrors(
+        check, [&] { return database.execAndGet(check).getString(); }, StoreError::Cause::damaged);
+    if (finding != "ok") {
+        refuse(file, "The file is corrupt (" + finding + ')', SQLITE_CORRUPT, check,
+               StoreError::Cause::damaged);
+    }
+}
+
+// Of marks that are not ours: damage may have changed them.
+StoreError::Cause causeUnlessDamaged(SQLite::Database& database, const std::filesystem::path& file,
+                                     StoreError::Cause cause) {
+    try {
+        checkIntegrity(database, file);
+        return cause;
+    } catch (const StoreError& error) {
+        return error.cause();
+    }
 }
 
 }  // namespace
@@ -59,36 +92,40 @@ void copyStore(const std::filesystem::path& file, const std::filesystem::path& c
 }
 
 void replaceStore(const std::filesystem::path& file, const std::filesystem::path& draft) {
+    if (storeFileState(file) == StoreFileState::present) {
+        foldJournals(file);
+    } else {
+        setAsideJournals(file);
+    }
     removeJournals(file);
     moveStoreFile(draft, file);
 }
 
-void checkStore(const std::filesystem::path& file, const Model& model) {
+std::int32_t checkStore(const std::filesystem::path& file, const Model& model) {
     SQLite::Database database = openForReading(file);
     const auto number = [&database](const std::string& name) {
         const std::string statement = "PRAGMA " + name;
         return translatingErrors(statement,
                                  [&] { return database.execAndGet(statement).getInt(); });
     };
+    using Cause = StoreError::Cause;
     if (number("application_id") != model.applicationId) {
         refuse(file, "The file belongs to another application", SQLITE_NOTADB,
-               "PRAGMA application_id");
+               "PRAGMA application_id",
+               causeUnlessDamaged(database, file, Cause::otherApplication));
     }
     const int version = number("user_version");
+    // Whatever its integrity: this library may take for damage what a newer one writes.
     if (version > model.version) {
         refuse(file, "The file was written by a newer version of this program", SQLITE_MISMATCH,
-               "PRAGMA user_version");
+               "PRAGMA user_version", Cause::newerVersion);
     }
     if (version < 1) {
         refuse(file, "The file has a format that this program does not know", SQLITE_MISMATCH,
-               "PRAGMA user_version");
+               "PRAGMA user_version", causeUnlessDamaged(database, file, Cause::unknownVersion));
     }
-    const std::string check = "PRAGMA integrity_check(1)";
-    const std::string finding =
-        translatingErrors(check, [&] { return database.execAndGet(check).getString(); });
-    if (finding != "ok") {
-        refuse(file, "The file is corrupt (" + finding + ')', SQLITE_CORRUPT, check);
-    }
+    checkIntegrity(database, file);
+    return version;
 }
 
 std::int64_t countRows(const std::filesystem::path& file, const EntityDescription& entity) {

@@ -19,13 +19,16 @@ class EntityDescription;
 void copyStore(const std::filesystem::path& file, const std::filesystem::path& copy,
                const Model& model);
 
-// Moves `draft` into the place of the store, whose journal goes: it must not be replayed over what
-// it does not belong to. Requires: the store is closed and both are in one directory.
+// Moves `draft` into the place of the store. What is in the store's journal is folded into it
+// before, so that it is whole without one: a journal must neither be lost while the store that it
+// belongs to is there, nor be replayed over another one. Throws where that cannot be, as while
+// another program has the store open. Requires: the store is closed here, and both are in one
+// directory.
 void replaceStore(const std::filesystem::path& file, const std::filesystem::path& draft);
 
-// Throws unless the file is an intact store of the model, or of an older version of it. Writes
-// nothing.
-void checkStore(const std::filesystem::path& file, const Model& model);
+// Throws unless the file is an intact store of the model, or of an older version of it, which it
+// returns. Writes nothing, unless another program left a write of its own to be undone.
+std::int32_t checkStore(const std::filesystem::path& file, const Model& model);
 
 std::int64_t countRows(const std::filesystem::path& file, const EntityDescription& entity);
 

@@ -3,14 +3,23 @@
 
 #include <filesystem>
 #include <functional>
+#include <string>
 
 namespace hearthmark::objectstore {
 
 // What surrounds the SQLite file in its directory. Failures throw StoreError with the errno.
 
-// Whether there is a store at the path: a file that is not empty. An empty one holds nothing to
-// lose and is replaced like a missing one.
-bool storeFileExists(const std::filesystem::path& file);
+// What stands at the path of a store. An empty file holds nothing to lose, but may be what is left
+// of a store. Throws where it cannot be told, where something else than a file is there, and where
+// a link leads to nothing: what it led to may come back.
+enum class StoreFileState { missing, empty, present };
+StoreFileState storeFileState(const std::filesystem::path& file);
+
+// What tells the file, as it is now, from any other that stands there later: what `stat -L -c
+// "%i %s %Y"` prints. Empty where there is none.
+std::string storeFileIdentity(const std::filesystem::path& file);
+
+bool isThere(const std::filesystem::path& file);
 
 // Makes the directory and those above it where they are missing, each with mode 0700, and has them
 // on the disk when it returns.
@@ -29,10 +38,18 @@ void moveStoreFile(const std::filesystem::path& from, const std::filesystem::pat
 // A file that is missing is removed already.
 void removeStoreFile(const std::filesystem::path& file);
 
+// Gives other names to the journals that lie where a file is missing: they must not be replayed
+// over a new one, but may be missed.
+void setAsideJournals(const std::filesystem::path& file);
+
 // Removes what SQLite keeps beside the file. Requires: nobody has it open.
 void removeJournals(const std::filesystem::path& file);
 
 // Whether a write-ahead log lies beside the file, as after a crash or while others read it.
 bool hasWriteAheadLog(const std::filesystem::path& file);
+
+// Whether a journal lies beside the file by which a write of another program is to be undone that
+// was interrupted.
+bool hasRollbackJournal(const std::filesystem::path& file);
 
 }  // namespace hearthmark::objectstore

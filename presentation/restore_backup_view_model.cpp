@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "presentation/restore_backup_view_model.h"
 
-#include <stdexcept>
 #include <utility>
 
 #include "objectstore/store_error.h"
@@ -33,9 +32,13 @@ RestoreBackupViewModel::RestoreBackupViewModel(
 
 void RestoreBackupViewModel::load() {
     RestoreBackupViewState state;
-    for (store::StoreBackup& backup : backups_->all()) {
-        auto counts = readable([&backup] { return store::StoreBackups::counts(backup); });
-        state.items.push_back({.backup = std::move(backup), .counts = counts});
+    try {
+        for (store::StoreBackup& backup : backups_->all()) {
+            auto counts = readable([&backup] { return store::StoreBackups::counts(backup); });
+            state.items.push_back({.backup = std::move(backup), .counts = counts});
+        }
+    } catch (const objectstore::StoreError& error) {
+        state.fault = std::string("The backups cannot be read: ") + error.what();
     }
     viewState_.setValue(std::move(state));
 }
@@ -60,7 +63,7 @@ void RestoreBackupViewModel::restore() {
     dataOperationsService_->pauseRunningIntervals();
     try {
         backups_->prepareRestore(state.items.at(state.selected.value()).backup);
-    } catch (const std::runtime_error& error) {  // StoreError, or of the file system
+    } catch (const objectstore::StoreError& error) {
         dataOperationsService_->resumePausedIntervals();
         state.fault = std::string("Nothing was restored: ") + error.what();
         viewState_.setValue(std::move(state));

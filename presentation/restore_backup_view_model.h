@@ -23,7 +23,7 @@ struct RestoreBackupViewState {
         std::optional<store::StoreBackups::Counts> counts;
     };
 
-    // Newest first.
+    // Newest first; after them those of days that are still to come.
     std::vector<Item> items;
     std::optional<std::size_t> selected;
     // By the selected one; absent where it cannot be restored.

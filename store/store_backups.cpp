@@ -2,16 +2,18 @@
 #include "store/store_backups.h"
 
 #include <algorithm>
+#include <functional>
 #include <iostream>
-#include <set>
+#include <sstream>
 #include <string_view>
+#include <system_error>
 #include <utility>
 
-#include "objectstore/store_error.h"
 #include "objectstore/store_file.h"
 #include "store/hearthmark_model.h"
 #include "store/interval.h"
 #include "store/note.h"
+#include "store/store_fault.h"
 #include "store/task.h"
 
 namespace hearthmark::store {
@@ -19,50 +21,18 @@ namespace hearthmark::store {
 namespace {
 
 constexpr auto kStoreName = "Hearthmark.sqlite";
-constexpr auto kDraftName = "Hearthmark.sqlite.restored";
+// Not beginning as the store does: the command sets aside all that begins so.
+constexpr auto kDraftName = "Restored.sqlite";
 constexpr auto kFolder = "Backups";
-// A zero stands for any digit. They sort as they follow each other.
-constexpr std::string_view kDailyName = "Hearthmark-0000-00-00.sqlite";
-constexpr std::string_view kTimedName = "Hearthmark-0000-00-00T00-00-00.sqlite";
+constexpr auto kDamagedFolder = "Damaged";
 
-constexpr std::size_t kDays = 7;
-constexpr std::size_t kWeeks = 4;
-constexpr std::size_t kMonths = 12;
-
-bool matches(const std::string& name, std::string_view pattern) {
-    return std::ranges::equal(name, pattern, [](char c, char expected) {
-        return expected == '0' ? c >= '0' && c <= '9' : c == expected;
-    });
+auto isUntil(const std::chrono::year_month_day& today) {
+    return [today](const StoreBackup& backup) { return backup.day <= today; };
 }
 
-// Absent for any other file.
-std::optional<StoreBackup> backupIn(const std::filesystem::path& file) {
-    const std::string name = file.filename();
-    const bool isTimed = matches(name, kTimedName);
-    if (!isTimed && !matches(name, kDailyName)) {
-        return std::nullopt;
-    }
-    const auto number = [&name](std::size_t place, std::size_t digits = 2) {
-        return std::stoi(name.substr(place, digits));
-    };
-    // Places of the numbers in the names.
-    const std::chrono::year_month_day day{std::chrono::year(number(11, 4)),
-                                          std::chrono::month(static_cast<unsigned>(number(16))),
-                                          std::chrono::day(static_cast<unsigned>(number(19)))};
-    if (!day.ok()) {
-        return std::nullopt;
-    }
-    StoreBackup backup{.file = file, .day = day, .timeOfDay = {}};
-    if (isTimed) {
-        backup.timeOfDay = std::chrono::hours(number(22)) + std::chrono::minutes(number(25)) +
-                           std::chrono::seconds(number(28));
-    }
-    return backup;
-}
-
-bool isGood(const StoreBackup& backup) {
+bool isGood(const std::filesystem::path& store) {
     try {
-        objectstore::checkStore(backup.file, hearthmarkModel());
+        objectstore::checkStore(store, hearthmarkModel());
         return true;
     } catch (const objectstore::StoreError&) {
         return false;
@@ -78,11 +48,6 @@ std::string quoted(const std::string& text) {
     return quoted + '\'';
 }
 
-std::string padded(std::int64_t number, std::size_t digits = 2) {
-    const std::string text = std::to_string(number);
-    return std::string(digits - std::min(digits, text.size()), '0') + text;
-}
-
 }  // namespace
 
 StoreBackups::StoreBackups(std::filesystem::path directory,
@@ -93,38 +58,110 @@ StoreBackups::StoreBackups(std::filesystem::path directory,
       clock_(std::move(clock)),
       calendar_(std::move(calendar)) {}
 
-void StoreBackups::keepDaily() const {
-    try {
-        const auto now = calendar_->localTime(clock_->now());
-        if (!now) {
-            return;
-        }
-        const std::filesystem::path file = pathOf(*now, true);
-        if (!std::filesystem::exists(file) && objectstore::countRows(store_, Task::entity()) > 0) {
-            objectstore::copyStore(store_, file, hearthmarkModel());
-            removeSurplus();
-        }
-    } catch (const std::runtime_error& error) {  // StoreError, or of the file system
-        std::cerr << "Hearthmark could not back up its data: " << error.what() << std::endl;
-    }
+std::optional<base::LocalTime> StoreBackups::now() const {
+    return calendar_->localTime(clock_->now());
 }
 
-std::vector<StoreBackup> StoreBackups::all() const {
+std::optional<StoreNotice> StoreBackups::keepDaily() const {
+    const auto moment = now();
+    return moment ? keepDaily(*moment) : std::nullopt;
+}
+
+std::optional<StoreNotice> StoreBackups::keepDaily(const base::LocalTime& now) const {
+    try {
+        const std::filesystem::path file = pathOf(now, true);
+        if (objectstore::isThere(file) || objectstore::countRows(store_, Task::entity()) == 0) {
+            return std::nullopt;
+        }
+        objectstore::copyStore(store_, file, hearthmarkModel());
+    } catch (const objectstore::StoreError& error) {
+        return failure("Hearthmark could not back up its data", error);
+    }
+    try {
+        removeSurplus(now);
+    } catch (const objectstore::StoreError& error) {
+        return failure("Hearthmark could not remove old backups", error);
+    }
+    return std::nullopt;
+}
+
+StoreNotice StoreBackups::failure(const char* title, const objectstore::StoreError& error) const {
+    std::cerr << std::string(title) + ": " + error.what() + '\n' << std::flush;
+    const std::string_view reason = faultOf(error, directory_).reason;
+    return {title, std::string(reason) + (reason.empty() ? "" : " ") + error.what()};
+}
+
+void StoreBackups::keepBeforeUpgrade() const {
+    if (objectstore::countRows(store_, Task::entity()) == 0) {
+        return;
+    }
+    const auto moment = now();
+    const bool isFirst = moment && !objectstore::isThere(pathOf(*moment, true));
+    objectstore::copyStore(store_, isFirst ? pathOf(*moment, true) : newTimedPath(),
+                           hearthmarkModel());
+}
+
+std::vector<StoreBackup> StoreBackups::newestFirst() const {
     std::vector<StoreBackup> backups;
-    std::error_code none;  // or none that can be read
-    for (const auto& entry : std::filesystem::directory_iterator(directory_ / kFolder, none)) {
-        if (auto backup = backupIn(entry.path())) {
+    std::error_code error;
+    std::filesystem::directory_iterator entry(directory_ / kFolder, error);
+    for (; !error && entry != std::filesystem::directory_iterator(); entry.increment(error)) {
+        if (auto backup = backupIn(entry->path())) {
             backups.push_back(std::move(*backup));
         }
+    }
+    if (error && error != std::errc::no_such_file_or_directory) {
+        throw objectstore::StoreError::ofCall("opendir", directory_ / kFolder, error.value());
     }
     std::ranges::sort(backups, std::ranges::greater(), &StoreBackup::file);
     return backups;
 }
 
+std::vector<StoreBackup> StoreBackups::all() const {
+    std::vector<StoreBackup> backups = newestFirst();
+    if (const auto moment = now()) {
+        std::ranges::stable_partition(backups, isUntil(moment->day));
+    }
+    return backups;
+}
+
 std::optional<StoreBackup> StoreBackups::newestGood() const {
-    const std::vector<StoreBackup> backups = all();
-    const auto found = std::ranges::find_if(backups, &isGood);
-    return found != backups.end() ? std::optional(*found) : std::nullopt;
+    std::optional<objectstore::StoreError> unread;
+    for (StoreBackup& backup : all()) {
+        try {
+            objectstore::checkStore(backup.file, hearthmarkModel());
+            return std::move(backup);
+        } catch (const objectstore::StoreError& error) {
+            if (error.cause() != objectstore::StoreError::Cause::damaged && !unread) {
+                unread = error;
+            }
+        }
+    }
+    return unread ? throw *unread : std::optional<StoreBackup>();
+}
+
+bool StoreBackups::hasAny() const {
+    try {
+        return !newestFirst().empty();
+    } catch (const objectstore::StoreError&) {
+        return true;  // a folder of them is there
+    }
+}
+
+StoreBackups::Beginning StoreBackups::beginning() const {
+    using objectstore::StoreFileState;
+    const StoreFileState state = objectstore::storeFileState(store_);
+    if (state == StoreFileState::present) {
+        return Beginning::plain;
+    }
+    const std::filesystem::path draft = directory_ / kDraftName;
+    if (state == StoreFileState::missing && objectstore::isThere(draft) && isGood(draft)) {
+        return Beginning::restoreInterrupted;
+    }
+    if (!hasAny()) {
+        return Beginning::plain;
+    }
+    return state == StoreFileState::empty ? Beginning::emptied : Beginning::withoutStore;
 }
 
 StoreBackups::Counts StoreBackups::counts(const StoreBackup& backup) {
@@ -143,78 +180,77 @@ RestoreChanges StoreBackups::changes(const StoreBackup& backup) const {
 }
 
 void StoreBackups::prepareRestore(const StoreBackup& backup) const {
-    const auto now = calendar_->localTime(clock_->now());
-    // A clock that shows no date, or the same once more, must not keep anybody from a restore.
-    base::LocalTime moment =
-        now.value_or(base::LocalTime{base::kReferenceDay, std::chrono::seconds(0)});
-    while (std::filesystem::exists(pathOf(moment, false))) {
-        ++moment.sinceMidnight;
-    }
-    objectstore::copyStore(store_, pathOf(moment, false), hearthmarkModel());
+    objectstore::copyStore(store_, newTimedPath(), hearthmarkModel());
     objectstore::copyStore(backup.file, directory_ / kDraftName, hearthmarkModel());
 }
 
 void StoreBackups::completeRestore() const {
-    objectstore::replaceStore(store_, directory_ / kDraftName);
+    const std::filesystem::path draft = directory_ / kDraftName;
+    try {
+        objectstore::replaceStore(store_, draft);
+    } catch (const objectstore::StoreError&) {
+        if (objectstore::isThere(store_)) {
+            objectstore::removeStoreFile(draft);
+        }
+        throw;
+    }
 }
 
-std::string StoreBackups::setAsideCommand() const {
-    const std::string damaged = "Damaged";
-    return "cd " + quoted(directory_.string()) + " && mkdir -p " + damaged +
-           " && mv --backup=numbered " + kStoreName + "* " + damaged;
+std::string StoreBackups::restoreCommand(const std::optional<StoreBackup>& backup) const {
+    const std::string store = kStoreName;
+    const std::string draft = kDraftName;
+    // One folder for each time, so that no log lies beside a store that it does not belong to.
+    const std::string folder = std::string(kDamagedFolder) + '/' + dateText(momentOrNone(), false);
+    std::ostringstream command;
+    command << "cd " << quoted(directory_.string()) << " && { [ \"$(stat -L -c '%i %s %Y' " << store
+            << ")\" = '" << objectstore::storeFileIdentity(store_)
+            << "' ] || { echo 'Nothing was changed: the damaged store is not there any more.'; "
+               "false; }; } && mkdir -p "
+            << folder;
+    if (backup) {
+        command << " && { cp -f " << backup->file.lexically_relative(directory_).string() << ' '
+                << draft << " && sync " << draft << " || { rm -f " << draft << "; false; }; }";
+    }
+    command << " && mv -f --backup=numbered " << store << "* " << folder;
+    if (backup) {
+        command << " && mv -f " << draft << ' ' << store;
+    }
+    command << " && sync .";
+    return command.str();
 }
 
-std::string StoreBackups::restoreCommand(const StoreBackup& backup) const {
-    return "cp " + backup.file.lexically_relative(directory_).string() + ' ' + kStoreName;
+// A clock that shows no date, or the same once more, must not keep anybody from a restore.
+base::LocalTime StoreBackups::momentOrNone() const {
+    return now().value_or(base::LocalTime{base::kReferenceDay, std::chrono::seconds(0)});
+}
+
+std::filesystem::path StoreBackups::newTimedPath() const {
+    base::LocalTime moment = momentOrNone();
+    while (objectstore::isThere(pathOf(moment, false))) {
+        ++moment.sinceMidnight;
+    }
+    return pathOf(moment, false);
 }
 
 std::filesystem::path StoreBackups::pathOf(const base::LocalTime& moment, bool isDaily) const {
-    std::string name = "Hearthmark-" + padded(static_cast<int>(moment.day.year()), 4) + '-' +
-                       padded(static_cast<unsigned>(moment.day.month())) + '-' +
-                       padded(static_cast<unsigned>(moment.day.day()));
-    if (!isDaily) {
-        const std::chrono::hh_mm_ss time(moment.sinceMidnight);
-        name += 'T' + padded(time.hours().count()) + '-' + padded(time.minutes().count()) + '-' +
-                padded(time.seconds().count());
-    }
-    return directory_ / kFolder / (name + ".sqlite");
+    return directory_ / kFolder / ("Hearthmark-" + dateText(moment, isDaily) + ".sqlite");
 }
 
 // One goes only while the next newer one that stays is good.
-void StoreBackups::removeSurplus() const {
-    const std::vector<StoreBackup> backups = all();
+void StoreBackups::removeSurplus(const base::LocalTime& now) const {
+    std::vector<StoreBackup> backups = newestFirst();
+    // Those of days to come wait until they have come.
+    std::erase_if(backups, std::not_fn(isUntil(now.day)));
     const std::vector<StoreBackup> surplus = surplusBackups(backups);
     for (const StoreBackup& each : surplus) {
         auto newer = std::ranges::find(backups, each);
         while (newer != backups.begin() && std::ranges::find(surplus, *newer) != surplus.end()) {
             --newer;
         }
-        if (isGood(*newer)) {
+        if (isGood(newer->file)) {
             objectstore::removeStoreFile(each.file);
         }
     }
-}
-
-std::vector<StoreBackup> surplusBackups(const std::vector<StoreBackup>& newestFirst) {
-    std::set<std::chrono::sys_days> days;
-    std::set<std::chrono::sys_days> mondays;
-    std::set<std::chrono::year_month> months;
-    const auto isFirstOf = [](auto& periods, const auto& period, std::size_t kept) {
-        return periods.size() < kept && periods.insert(period).second;
-    };
-    std::vector<StoreBackup> surplus;
-    for (const StoreBackup& backup : newestFirst) {
-        const std::chrono::sys_days day = backup.day;
-        const auto monday = day - (std::chrono::weekday(day) - std::chrono::Monday);
-        // Each is asked, since each notes what is kept.
-        const bool isOfDay = isFirstOf(days, day, kDays) || days.contains(day);
-        const bool isOfWeek = isFirstOf(mondays, monday, kWeeks);
-        const bool isOfMonth = isFirstOf(months, backup.day.year() / backup.day.month(), kMonths);
-        if (!isOfDay && !isOfWeek && !isOfMonth) {
-            surplus.push_back(backup);
-        }
-    }
-    return surplus;
 }
 
 }  // namespace hearthmark::store

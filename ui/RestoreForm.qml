@@ -24,7 +24,7 @@ SheetForm {
 
     Label {
         width: parent.width
-        text: root.adapter.isEmpty ? qsTr("There are no backups yet. The first start of each day makes one, once there is a task.") : qsTr("All tasks, intervals and notes become what they were then. What you have now is kept as one more backup.")
+        text: root.adapter.isEmpty ? root.adapter.fault || qsTr("There are no backups yet. The first start of each day makes one, once there is a task.") : qsTr("All tasks, intervals and notes become what they were then. What you have now is kept as one more backup.")
         wrapMode: Text.Wrap
     }
 

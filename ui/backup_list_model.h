@@ -24,7 +24,7 @@ struct BackupRow {
     bool isSelected = false;
 };
 
-// The backups that can be restored, newest first.
+// The backups that can be restored, in the order of the state.
 class BackupListModel : public RowListModel<BackupRow> {
     Q_OBJECT
     QML_ELEMENT

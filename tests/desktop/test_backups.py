@@ -9,6 +9,7 @@ import sys
 import unittest
 
 from driver import Desktop, ProgramTest, has_focus, key, press, wait_for
+from players import Daemon
 
 
 def setUpModule():
@@ -47,6 +48,21 @@ class Backups(ProgramTest):
             text=True)
         self.assertEqual(states.split(), ["2", "0", "half"],
                          "the focus is kept as paused, and what was typed as a note")
+
+    def test_a_backup_that_fails_is_shown_and_the_store_is_used(self):
+        daemon = Daemon()
+        self.make_store(*self.task_with_interval(state=0))
+        folder = os.path.join(os.path.dirname(self.program.file), "Backups")
+        os.symlink("Backups", folder)
+        self.program.launch().find("Planted", "list item")
+        wait_for(lambda: daemon.taken, "the notification")
+        title, body = daemon.taken[0][1][3:5]
+        self.assertEqual(title, "Hearthmark could not back up its data")
+        self.assertTrue(body.startswith("The path leads nowhere. "), body)
+        self.program.press("Application menu")
+        self.program.press("Restore from a backup…", "menu item")
+        self.program.find("The backups cannot be read: Too many levels of symbolic links: " + folder)
+        self.assertEqual(self.program.end(), 0)
 
 
 if __name__ == "__main__":

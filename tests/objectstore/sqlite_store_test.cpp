@@ -1,13 +1,14 @@
 // SPDX-License-Identifier: MIT
 #include <gtest/gtest.h>
-
+#include <sqlite3.h>
 #include <sys/stat.h>
-#include <array>
 
+#include <array>
 #include <fstream>
 #include <iterator>
 #include <map>
 
+#include "objectstore/store_copy.h"
 #include "objectstore/store_error.h"
 #include "store/hearthmark_model.h"
 #include "support/test_store.h"
@@ -34,13 +35,18 @@ std::map<std::string, std::string> contents(const fs::path& directory) {
     return files;
 }
 
-int errorOfOpening(const fs::path& directory) {
+std::optional<StoreError> failureOfOpening(const fs::path& directory) {
     try {
         tests::open(directory);
     } catch (const StoreError& error) {
-        return error.code();
+        return error;
     }
-    return 0;
+    return std::nullopt;
+}
+
+int errorOfOpening(const fs::path& directory) {
+    const auto failure = failureOfOpening(directory);
+    return failure ? failure->code() : 0;
 }
 
 // Copies the file of a store that is open, as a crash would leave it: what was saved last stands in
@@ -57,15 +63,23 @@ TEST(SqliteStore, LeavesAFileThatItRefusesByteForByteAsItWas) {
         const char* what;
         std::function<void(const fs::path&)> damage;
         int error;
+        StoreError::Cause cause = StoreError::Cause::damaged;
     };
     const auto change = [](const char* text) {
         return [text](const fs::path& file) { tests::sql(file, text); };
     };
     const auto rows = std::to_array<Row>({
         {"garbage", [](const auto& file) { write(file, 0, "garbage"); }, 26},
-        {"another application", change("PRAGMA application_id = 77"), 26},
-        {"newer", change("PRAGMA user_version = 1000"), 20},
-        {"unknown", change("PRAGMA user_version = 0"), 20},
+        {"another application", change("PRAGMA application_id = 77"), 26,
+         StoreError::Cause::otherApplication},
+        {"newer", change("PRAGMA user_version = 1000"), 20, StoreError::Cause::newerVersion},
+        {"newer, as it may be",
+         [](const auto& file) {
+             tests::sql(file, "PRAGMA user_version = 1000");
+             write(file, fs::file_size(file) - 8192, std::string(4096, 0));
+         },
+         20, StoreError::Cause::newerVersion},
+        {"unknown", change("PRAGMA user_version = 0"), 20, StoreError::Cause::unknownVersion},
         {"a column that is missing", change("ALTER TABLE Note RENAME COLUMN text TO t"), 1},
         {"a key that is missing",
          change("ALTER TABLE Task RENAME TO t; CREATE VIEW Task AS "
@@ -83,12 +97,47 @@ TEST(SqliteStore, LeavesAFileThatItRefusesByteForByteAsItWas) {
         store.close();
         row.damage(store.file);
         const auto before = contents(store.directory.path);
-        EXPECT_EQ(errorOfOpening(store.directory.path), row.error) << row.what;
+        const auto failure = failureOfOpening(store.directory.path);
+        ASSERT_TRUE(failure) << row.what;
+        EXPECT_EQ(failure->code(), row.error) << row.what;
+        EXPECT_EQ(failure->cause(), row.cause) << row.what;
         EXPECT_TRUE(contents(store.directory.path) == before) << row.what;
     }
     const tests::TemporaryDirectory directory;
-    fs::create_directory(directory.path / "Hearthmark.sqlite");
-    EXPECT_NE(errorOfOpening(directory.path), 0);
+    const fs::path file = directory.path / "Hearthmark.sqlite";
+    fs::create_directory(file);
+    EXPECT_EQ(failureOfOpening(directory.path)->cause(), StoreError::Cause::notAFile);
+    fs::remove(file);
+    fs::create_symlink("away", file);
+    EXPECT_EQ(failureOfOpening(directory.path)->cause(), StoreError::Cause::noPlace);
+    EXPECT_TRUE(fs::is_symlink(file)) << "what it leads to may come back";
+    fs::create_symlink("loop", directory.path / "loop");
+    EXPECT_EQ(failureOfOpening(directory.path / "loop/b")->cause(), StoreError::Cause::noPlace);
+}
+
+TEST(SqliteStore, ReadsWhatItsJournalsMakeOfAFile) {
+    tests::TestStore crashed;
+    crashed.addTask("in the log");
+    const tests::TemporaryDirectory elsewhere;
+    const tests::TemporaryDirectory here;
+    copyCrashed(crashed, elsewhere.path);
+    const fs::path link = here.path / "Hearthmark.sqlite";
+    fs::create_symlink(elsewhere.path / "Hearthmark.sqlite", link);
+    EXPECT_EQ(countRows(link, Task::entity()), 1) << "the log lies where the link leads";
+
+    crashed.close();
+    crashed.sql(
+        "WITH RECURSIVE n(i) AS (SELECT 1 UNION SELECT i + 1 FROM n WHERE i < 50) "
+        "INSERT INTO Task (name) SELECT zeroblob(10000) FROM n; PRAGMA journal_mode = DELETE");
+    const tests::TemporaryDirectory halfway;
+    sqlite3* opened = nullptr;
+    sqlite3_open(crashed.file.c_str(), &opened);
+    const std::unique_ptr<sqlite3, int (*)(sqlite3*)> other(opened, &sqlite3_close);
+    const char* write = "PRAGMA cache_size = 1; BEGIN; DELETE FROM Task WHERE pk % 2 = 0";
+    ASSERT_EQ(sqlite3_exec(opened, write, nullptr, nullptr, nullptr), SQLITE_OK);
+    fs::copy(crashed.file, halfway.path);
+    fs::copy(crashed.file.string() + "-journal", halfway.path);
+    EXPECT_EQ(tests::open(halfway.path)->viewContext().objects<Task>().size(), 51);
 }
 
 TEST(SqliteStore, LeavesTheLogOfACrashWhereItRefusesTheFile) {
@@ -130,6 +179,13 @@ TEST(SqliteStore, NeverReplaysALogOverANewFile) {
     fs::resize_file(directory.path / "Hearthmark.sqlite", 0);
     EXPECT_TRUE(tests::open(directory.path)->viewContext().objects<Task>().empty());
     EXPECT_TRUE(contents(directory.path).at("Hearthmark.sqlite-wal.orphaned") == log);
+    fs::remove(directory.path / "Hearthmark.sqlite");
+    std::ofstream(directory.path / "Hearthmark.sqlite-wal") << "another";
+    std::ofstream(directory.path / "Hearthmark.sqlite-journal") << "of another program";
+    EXPECT_TRUE(tests::open(directory.path)->viewContext().objects<Task>().empty());
+    EXPECT_TRUE(contents(directory.path).at("Hearthmark.sqlite-wal.orphaned") == log);
+    EXPECT_EQ(contents(directory.path).at("Hearthmark.sqlite-wal.orphaned-2"), "another");
+    EXPECT_EQ(contents(directory.path).count("Hearthmark.sqlite-journal.orphaned"), 1);
 }
 
 TEST(SqliteStore, ShowsItsFilesToTheirOwnerOnly) {
@@ -149,7 +205,7 @@ TEST(SqliteStore, ShowsItsFilesToTheirOwnerOnly) {
 
 TEST(SqliteStore, ReopensWithExactlyWhatWasSaved) {
     const tests::TemporaryDirectory directory;
-    const fs::path inner = directory.path / "a ?mode=memory#%41'\"";
+    const fs::path inner = "/" + (directory.path / "a ?mode=memory#%41'\"").string();
     const auto names = std::to_array<std::string>(
         {std::string("\0a\0", 3), "\xff\xc3(", "", std::string(1000000, 'x')});
     const base::Date date = tests::at(784111777.1234567);

@@ -1,9 +1,15 @@
 // SPDX-License-Identifier: MIT
 #include <gtest/gtest.h>
 
+#include <filesystem>
+#include <fstream>
+#include <thread>
+
+#include "services/daily_backup_service.h"
 #include "services/in_step_time_keeping_provider.h"
 #include "services/interval_time_keeper_service.h"
 #include "services/running_interval_visiting_service.h"
+#include "store/store_backups.h"
 #include "support/test_store.h"
 
 namespace hearthmark::services {
@@ -30,6 +36,40 @@ TEST(TimerServices, FinishOnceASecondAndStampOnceAMinuteWhileTheyLive) {
     timers->fire();
     EXPECT_EQ(interval.rawState()->visited(), at(1000)) << "its timer outlives it, for nothing";
     EXPECT_EQ(interval.intervalState(), store::IntervalState::finished());
+}
+
+TEST(DailyBackupService, BacksUpWhenTheDayChangesAndTellsOfAFailureOnceADay) {
+    constexpr base::Seconds kDay = 24h;
+    tests::TestStore store;
+    store.addTask("a");
+    store.clock->time = at(12345678);
+    const auto backups = std::make_shared<store::StoreBackups>(
+        store.directory.path, store.clock, std::make_shared<base::LocalCalendar>());
+    const auto timers = std::make_shared<tests::FakeTimeKeepingProvider>();
+    const auto center = std::make_shared<tests::FakeNotificationCenter>();
+    const auto service = std::make_shared<DailyBackupService>(backups, timers, center);
+    const auto pass = [&](base::Seconds time, auto isOver) {
+        store.clock->time = store.clock->time + time;
+        for (int look = 0; look < 1000 && !isOver(); ++look) {
+            timers->fire();
+            std::this_thread::sleep_for(1ms);  // the backup is made on a thread of its own
+        }
+        EXPECT_TRUE(isOver());
+    };
+    service->start();
+    timers->fire();
+    EXPECT_TRUE(backups->all().empty()) << "the start has made that of today";
+    pass(kDay, [&] { return backups->all().size() == 1; });
+    pass(kDay, [&] { return backups->all().size() == 2; });
+    std::filesystem::remove_all(store.directory.path / "Backups");
+    std::ofstream(store.directory.path / "Backups") << "no folder";
+    pass(kDay, [&] { return center->added.size() == 1; });
+    EXPECT_EQ(center->added[0].content.title, "Hearthmark could not back up its data");
+    int looks = 0;
+    pass(base::Seconds(60), [&] { return ++looks > 200; });  // it is tried again each hour
+    std::filesystem::remove(store.directory.path / "Backups");
+    pass(base::Seconds(3600), [&] { return backups->all().size() == 1; });
+    EXPECT_EQ(center->added.size(), 1);
 }
 
 TEST(InStepTimeKeepingProvider, FiresAllOfOneIntervalTogetherWhateverTheyDo) {

@@ -18,6 +18,8 @@
 #include <thread>
 #include <vector>
 
+#include "objectstore/store_copy.h"
+#include "store/hearthmark_model.h"
 #include "store/persistent_container_factory.h"
 #include "support/fault_vfs.h"
 #include "support/random_operations.h"
@@ -262,6 +264,42 @@ TEST(PowerCut, LosesNoOperationThatReturnedAndKeepsNoneInPart) {
     }
     std::cout << cuts << " cuts among " << events << " changes of the files; in " << unreturned
               << " the operation under way was there, whole\n";
+}
+
+TEST(PowerCut, LeavesTheOldStoreOrTheNewOneWhileItIsReplaced) {
+    FaultVfs vfs;
+    tests::TestStore old;
+    old.addTask("old");
+    tests::TestStore other;
+    other.addTask("new");
+    const tests::TemporaryDirectory directory;
+    const std::filesystem::path file = directory.path / "Hearthmark.sqlite";
+    std::filesystem::copy(old.file, file);
+    std::filesystem::copy(old.file.string() + "-wal", file.string() + "-wal");
+    const std::filesystem::path draft = directory.path / "draft";
+    objectstore::copyStore(other.file, draft, hearthmarkModel());
+    vfs.record(directory.path);
+    objectstore::replaceStore(file, draft);
+    vfs.stop();
+    EXPECT_EQ(tests::sql(file, "SELECT name FROM Task"), "new");
+    EXPECT_EQ(std::distance(std::filesystem::directory_iterator(directory.path), {}), 1);
+
+    std::mt19937 dice(1);
+    const std::size_t events = vfs.events().size();
+    for (std::size_t cut = 0; cut < 10 * events; ++cut) {
+        const tests::TemporaryDirectory after;
+        FaultVfs::Image image = imageAfterCut(vfs, cut / 10, dice);
+        for (const auto& [name, content] : image) {
+            std::ofstream(after.path / name, std::ios::binary) << content;
+        }
+        tests::open(after.path).reset();  // checks the file's integrity
+        ASSERT_EQ(tests::sql(after.path / "Hearthmark.sqlite", "SELECT name FROM Task"), "old");
+    }
+    const tests::TemporaryDirectory last;
+    std::ofstream(last.path / "Hearthmark.sqlite", std::ios::binary)
+        << imageAfterCut(vfs, events, dice)["Hearthmark.sqlite"];
+    EXPECT_EQ(tests::sql(last.path / "Hearthmark.sqlite", "SELECT name FROM Task"), "old")
+        << "before the move it needs no log";
 }
 
 }  // namespace

@@ -7,12 +7,16 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <array>
 #include <cstdlib>
 #include <fstream>
+#include <functional>
 #include <iostream>
 #include <random>
+#include <utility>
 
 #include "objectstore/store_error.h"
+#include "store/hearthmark_model.h"
 #include "store/persistent_container_factory.h"
 #include "support/fault_vfs.h"
 #include "support/test_store.h"
@@ -24,6 +28,7 @@ using namespace std::chrono_literals;
 using tests::FaultVfs;
 
 constexpr int kDamages = 300;
+constexpr auto kBackup = "Backups/Hearthmark-2001-01-02.sqlite";
 
 // The days since the reference date, whatever the time zone.
 struct UtcCalendar final : base::Calendar {
@@ -64,6 +69,11 @@ struct BackedUpStore : tests::TestStore {
         std::make_shared<StoreBackups>(directory.path, clock, std::make_shared<UtcCalendar>());
 };
 
+std::string bytesOf(const std::filesystem::path& file) {
+    std::ifstream stream(file, std::ios::binary);
+    return {std::istreambuf_iterator<char>(stream), {}};
+}
+
 // As the program begins, in a process of its own. What it said before it ended; nothing where it
 // goes on.
 std::string launchMessage(const BackedUpStore& store) {
@@ -76,8 +86,25 @@ std::string launchMessage(const BackedUpStore& store) {
     }
     int status = 0;
     ::waitpid(child, &status, 0);
-    std::ifstream said(log);
-    return WIFSIGNALED(status) ? std::string(std::istreambuf_iterator<char>(said), {}) : "";
+    return WIFSIGNALED(status) ? bytesOf(log) : "";
+}
+
+// What it tells to be typed; "false" where it tells nothing.
+std::string commandIn(const std::string& message) {
+    const auto command = message.find("cd '");
+    return command == std::string::npos ? "false" : message.substr(command);
+}
+
+int type(const std::string& command) {
+    return std::system(("exec >&- 2>&-; " + command).c_str());
+}
+
+// Whether a file of those bytes is there under whatever name.
+bool isKept(const BackedUpStore& store, const std::string& bytes) {
+    const std::filesystem::recursive_directory_iterator files(store.directory.path);
+    return std::ranges::any_of(files, [&](const auto& entry) {
+        return entry.is_regular_file() && bytesOf(entry.path()) == bytes;
+    });
 }
 
 }  // namespace
@@ -107,6 +134,21 @@ TEST(StoreBackups, KeepSevenDaysFourWeeksAndTwelveMonths) {
     EXPECT_EQ(status.st_mode & 0777U, 0600U);
 }
 
+TEST(StoreBackups, OfDaysToComeStandBackForThoseThatWere) {
+    BackedUpStore store;
+    store.addTask("task");
+    store.begin(0);
+    for (int day = 10; day < 38; ++day) {
+        std::filesystem::copy(store.directory.path / "Backups/Hearthmark-2001-01-01.sqlite",
+                              store.directory.path / "Backups" /
+                                  ("Hearthmark-2030-01-" + std::to_string(day) + ".sqlite"));
+    }
+    store.begin(1);
+    EXPECT_TRUE(store.names().starts_with("2001-01-02 2001-01-01 2030-01-31 2030-01-30 "));
+    EXPECT_EQ(store.backups->all().size(), 2 + 22) << "none of the days to come has gone";
+    EXPECT_EQ(store.backups->newestGood()->file.stem(), "Hearthmark-2001-01-02");
+}
+
 TEST(StoreBackups, RestoreWhatTheyHoldAndKeepWhatWasThere) {
     BackedUpStore store;
     store::Task& task = store.addTask("before");
@@ -134,6 +176,11 @@ TEST(StoreBackups, RestoreWhatTheyHoldAndKeepWhatWasThere) {
     EXPECT_EQ(store.backups->changes(daily).tasks, (objectstore::RowDifference{0, 0, 1}));
     EXPECT_EQ(store.backups->changes(daily).intervals, (objectstore::RowDifference{0, 0, 1}));
     store.backups->prepareRestore(*store.backups->newestGood());
+    // As while another program reads: its log would be lost, or replayed over the backup.
+    EXPECT_THROW(store.backups->completeRestore(), objectstore::StoreError);
+    EXPECT_EQ(store.sql("SELECT name FROM Task"), "changed");
+    EXPECT_FALSE(std::filesystem::exists(store.directory.path / "Restored.sqlite"));
+    store.backups->prepareRestore(store.backups->all().at(1));
     store.close();
     store.backups->completeRestore();
     EXPECT_EQ(store.content(), after);
@@ -184,6 +231,144 @@ TEST(StoreBackups, FailWithoutATraceInTheStoreAndInOlderBackups) {
     EXPECT_EQ(store.content(), content);
 }
 
+TEST(StoreBackups, LoseNothingToACommandThatFailsAtAnyStep) {
+    for (const std::string failing :
+         {"cd() { false; }; ", "stat() { echo another; }; ", "mkdir() { false; }; ",
+          "cp() { head -c 99 $2 >$3; false; }; ", "sync() { false; }; ", "mv() { false; }; ",
+          "mv() { command mv $2 $3 Damaged/*; false; }; ",
+          "mv() { [ $2 != Restored.sqlite ] && command mv $*; }; "}) {
+        BackedUpStore store;
+        store.addTask("kept");
+        const std::string content = store.content();
+        store.begin(1);
+        store.close();
+        store.damage("Hearthmark.sqlite", 0, "damaged");
+        std::ofstream(store.file.string() + "-wal") << "its log";
+        const std::string damaged = bytesOf(store.file);
+        ASSERT_NE(type(failing + commandIn(launchMessage(store))), 0) << failing;
+        const std::string message = launchMessage(store);
+        ASSERT_TRUE(isKept(store, damaged) && isKept(store, "its log")) << failing;
+        if (!message.empty()) {
+            ASSERT_EQ(type(commandIn(message)), 0) << failing;
+        }
+        EXPECT_NE(type(commandIn(message)), 0) << "it is not to be done twice";
+        EXPECT_EQ(launchMessage(store), "") << failing;
+        EXPECT_EQ(store.content(), content) << failing;
+        EXPECT_TRUE(isKept(store, damaged) && isKept(store, "its log")) << failing;
+    }
+}
+
+TEST(StoreBackups, AreAdvisedOnlyWhereTheStoreIsDamaged) {
+    struct Row {
+        const char* what;
+        std::function<void(const BackedUpStore&)> change;
+        // Nothing where the program goes on.
+        const char* said;
+        bool isAdvised = false;
+    };
+    FaultVfs vfs;  // waits for nobody
+    sqlite3* holder = nullptr;
+    const auto remove = [](const BackedUpStore& store, const char* name) {
+        std::filesystem::remove_all(store.directory.path / name);
+    };
+    const auto empty = [](const BackedUpStore& store) {
+        std::filesystem::resize_file(store.file, 0);
+    };
+    const auto rows = std::to_array<Row>({
+        {"newer", [](const auto& store) { store.sql("PRAGMA user_version = 1000"); },
+         "\nA newer version of Hearthmark wrote the file. "},
+        {"locked",
+         [&](const auto& store) {
+             sqlite3_open(store.file.c_str(), &holder);
+             sqlite3_exec(holder,
+                          "PRAGMA locking_mode = EXCLUSIVE; BEGIN EXCLUSIVE;"
+                          "UPDATE Task SET name = name",
+                          nullptr, nullptr, nullptr);
+         },
+         "\nAnother program keeps the file locked. "},
+        {"no place for a new one",
+         [&](const auto& store) {
+             remove(store, "Hearthmark.sqlite");
+             vfs.failOnce(FaultVfs::Call::write, 0, FaultVfs::Fault::outOfSpace);
+         },
+         "\nThe disk is full. "},
+        {"unreadable",
+         [&](const auto&) { vfs.failOnce(FaultVfs::Call::read, 0, FaultVfs::Fault::ioError); },
+         "\nThe disk does not read or write. "},
+        {"damaged", [](const auto& store) { store.damage("Hearthmark.sqlite", 0, "damaged"); },
+         "\nThe newest good backup is ", true},
+        {"damaged, and its marks with it",
+         [](const auto& store) { store.damage("Hearthmark.sqlite", 68, std::string(4096, 'x')); },
+         "\nThe newest good backup is ", true},
+        {"without a table", [](const auto& store) { store.sql("DROP TABLE Note"); },
+         "\nThe newest good backup is ", true},
+        {"emptied", empty, "\nThe newest good backup is ", true},
+        {"emptied, with no backup that is good",
+         [&](const auto& store) {
+             empty(store);
+             std::filesystem::resize_file(store.directory.path / kBackup, 9);
+         },
+         "\nThere is no good backup. ", true},
+        {"emptied, with backups that cannot be read",
+         [&](const auto& store) {
+             empty(store);
+             remove(store, "Backups");
+             std::filesystem::create_symlink("Backups", store.directory.path / "Backups");
+         },
+         "\nThe backups cannot be read: "},
+        {"emptied, without backups",
+         [&](const auto& store) {
+             empty(store);
+             remove(store, "Backups");
+         },
+         ""},
+        {"taken away", [&](const auto& store) { remove(store, "Hearthmark.sqlite"); }, ""},
+    });
+    for (const Row& row : rows) {
+        BackedUpStore store;
+        store.addTask("task");
+        store.begin(1);
+        store.close();
+        row.change(store);
+        const std::string before = bytesOf(store.file);
+        const std::string message = launchMessage(store);
+        EXPECT_EQ(message.empty(), *row.said == 0) << row.what;
+        EXPECT_NE(message.find(row.said), std::string::npos) << row.what << message;
+        EXPECT_EQ(commandIn(message) != "false", row.isAdvised) << row.what << message;
+        EXPECT_TRUE(message.empty() || bytesOf(store.file) == before) << row.what;
+        EXPECT_TRUE(!row.isAdvised || type(commandIn(message)) == 0) << row.what;
+        EXPECT_TRUE(!row.isAdvised || launchMessage(store).empty()) << row.what;
+        vfs.failOnce(FaultVfs::Call::read, -1, {});
+        sqlite3_close(std::exchange(holder, nullptr));
+    }
+}
+
+TEST(StoreBackups, KeepAnOlderStoreAsItWasBeforeItsTablesChange) {
+    BackedUpStore store;
+    store.addTask("task");
+    store.close();
+    const auto upgrade = [&store] {
+        store.sql("PRAGMA user_version = 1; ALTER TABLE Task DROP COLUMN name");
+        objectstore::Model model = hearthmarkModel();
+        model.version = 1000;
+        objectstore::PersistentContainer container("Hearthmark", model, store.directory.path);
+        container.loadPersistentStores([&store] { store.backups->keepBeforeUpgrade(); });
+    };
+    store.setDay(1);
+    for (const char* names : {"2001-01-02 ", "2001-01-02T01-00-00 2001-01-02 "}) {
+        upgrade();
+        EXPECT_EQ(store.sql("SELECT name FROM Task; PRAGMA user_version"), "NULL 1000");
+        EXPECT_EQ(store.names(), names);
+        const std::string columns = "SELECT name FROM pragma_table_info('Task')";
+        EXPECT_EQ(tests::sql(store.backups->all()[0].file, columns + "; PRAGMA user_version"),
+                  "pk id creationDate 1");
+    }
+    std::filesystem::remove_all(store.directory.path / "Backups");
+    std::ofstream(store.directory.path / "Backups") << "no folder";
+    EXPECT_THROW(upgrade(), objectstore::StoreError);
+    EXPECT_EQ(store.sql("PRAGMA user_version"), "1") << "none was kept, so it stays as it was";
+}
+
 TEST(StoreBackups, BringBackTheLastGoodDayWhereverTheStoreIsDamaged) {
     BackedUpStore store;
     std::vector<std::string> contents;
@@ -227,9 +412,12 @@ TEST(StoreBackups, BringBackTheLastGoodDayWhereverTheStoreIsDamaged) {
         const auto named = message.find("Backups/Hearthmark-2001-01-0" +
                                         std::to_string(isNewestGood ? 3 : 2) + ".sqlite");
         ASSERT_NE(named, std::string::npos) << message;
-        ASSERT_EQ(std::system(message.substr(message.find("cd '")).c_str()), 0) << message;
+        const std::string damaged = bytesOf(store.file);
+        ASSERT_EQ(type(commandIn(message)), 0) << message;
         ASSERT_EQ(launchMessage(store), "");
         ASSERT_EQ(store.content(), contents[isNewestGood ? 2 : 1]);
+        ASSERT_TRUE(isKept(store, damaged));
+        std::filesystem::remove_all(store.directory.path / "Damaged");
     }
     EXPECT_GT(refusals, kDamages / 3);
     std::cout << kDamages << " damages, of which " << refusals << " needed a backup\n";

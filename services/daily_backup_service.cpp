@@ -1,0 +1,76 @@
+// SPDX-License-Identifier: MIT
+#include "services/daily_backup_service.h"
+
+#include <utility>
+
+namespace hearthmark::services {
+
+namespace {
+
+using namespace std::chrono_literals;
+
+constexpr base::Seconds kLook{60};
+// An hour: a disk may have room again.
+constexpr int kLooksUntilRetry = 60;
+
+}  // namespace
+
+DailyBackupService::DailyBackupService(
+    std::shared_ptr<const store::StoreBackups> backups,
+    std::shared_ptr<TimeKeepingProviderProtocol> timeKeepingProvider,
+    std::shared_ptr<UserNotificationCenter> notificationCenter)
+    : backups_(std::move(backups)),
+      timeKeepingProvider_(std::move(timeKeepingProvider)),
+      notificationCenter_(std::move(notificationCenter)) {}
+
+void DailyBackupService::start() {
+    if (const auto now = backups_->now()) {
+        tried_ = now->day;
+    }
+    timeKeeper_ = timeKeepingProvider_->makeTimer(kLook, Repeats::yes, [weak = weak_from_this()] {
+        if (const auto self = weak.lock()) {
+            self->look();
+        }
+    });
+}
+
+void DailyBackupService::tell(const store::StoreNotice& notice) {
+    untilRetry_ = kLooksUntilRetry;
+    if (const auto now = backups_->now()) {
+        told_ = now->day;
+    }
+    notificationCenter_->add({.identifier = notice.title,
+                              .content = {.title = notice.title,
+                                          .body = notice.body,
+                                          .sound = NotificationSound::none,
+                                          .taskId = {}}});
+}
+
+void DailyBackupService::look() {
+    if (underWay_.valid()) {
+        if (underWay_.wait_for(0s) != std::future_status::ready) {
+            return;
+        }
+        takeResult();
+    }
+    const auto now = backups_->now();
+    const bool isRetry = untilRetry_ > 0 && --untilRetry_ == 0;
+    if (now && (now->day != tried_ || isRetry)) {
+        tried_ = now->day;
+        underWay_ = std::async(std::launch::async, [backups = backups_, moment = *now] {
+            return backups->keepDaily(moment);
+        });
+    }
+}
+
+void DailyBackupService::takeResult() {
+    const auto failure = underWay_.get();
+    const auto now = backups_->now();
+    if (failure && now && now->day != told_) {
+        tell(*failure);
+    } else if (failure) {
+        untilRetry_ = kLooksUntilRetry;
+    }
+}
+
+}  // namespace hearthmark::services
