@@ -31,8 +31,8 @@ constexpr auto kLook = 1s;
 
 Desktop::Desktop(const std::shared_ptr<const store::StoreBackups>& backups,
                  platform::AppcastUpdater::Configuration updates,
-                 std::shared_ptr<const base::Clock> clock, TasksApp::FirstWindow firstWindow,
-                 const base::FatalErrorHandler& fatal)
+                 std::shared_ptr<const base::Clock> clock, services::UptimeReader uptime,
+                 TasksApp::FirstWindow firstWindow, const base::FatalErrorHandler& fatal)
     : unseenFinishes_(std::make_shared<services::UnseenFinishes>()),
       updater_(std::make_shared<platform::AppcastUpdater>(std::move(updates))),
       statusBar_(std::make_shared<platform::SystemStatusBar>(platform::SystemStatusBar::Handlers{
@@ -52,7 +52,7 @@ Desktop::Desktop(const std::shared_ptr<const store::StoreBackups>& backups,
               .playSound = &platform::playCompletionSound})),
       appearance_(std::make_shared<services::AppearancePreference>()),
       desktopAppearance_(appearance_),
-      tasksApp_(environment(backups, std::move(clock), firstWindow, fatal)),
+      tasksApp_(environment(backups, std::move(clock), std::move(uptime), firstWindow, fatal)),
       unseenFinishesSubscription_(unseenFinishes_->subscribeDidChange(
           [this] { statusBar_->setNeedsAttention(!unseenFinishes_->value().empty()); })) {
     const auto showCanCheck = [this] {
@@ -71,8 +71,8 @@ Desktop::Desktop(const std::shared_ptr<const store::StoreBackups>& backups,
 
 TasksApp::Environment Desktop::environment(
     const std::shared_ptr<const store::StoreBackups>& backups,
-    std::shared_ptr<const base::Clock> clock, TasksApp::FirstWindow firstWindow,
-    const base::FatalErrorHandler& fatal) {
+    std::shared_ptr<const base::Clock> clock, services::UptimeReader uptime,
+    TasksApp::FirstWindow firstWindow, const base::FatalErrorHandler& fatal) {
     const QString storeFolder = QString::fromStdString(backups->storeDirectory().string());
     return {
         .firstWindow = firstWindow,
@@ -81,6 +81,7 @@ TasksApp::Environment Desktop::environment(
         .makeTimeKeepingProvider = [] { return std::make_shared<platform::TimeKeepingProvider>(); },
         .clock = std::move(clock),
         .sleepMonitor = std::make_shared<platform::LogindSleepMonitor>(),
+        .uptime = std::move(uptime),
         .notificationCenter = notificationCenter_,
         .statusBarPorts = {.statusBar = statusBar_,
                            .applicationWindows = std::make_shared<platform::ProgramWindows>(

@@ -31,8 +31,8 @@ class Desktop final : public QObject {
 
     Desktop(const std::shared_ptr<const store::StoreBackups>& backups,
             platform::AppcastUpdater::Configuration updates,
-            std::shared_ptr<const base::Clock> clock, TasksApp::FirstWindow firstWindow,
-            const base::FatalErrorHandler& fatal);
+            std::shared_ptr<const base::Clock> clock, services::UptimeReader uptime,
+            TasksApp::FirstWindow firstWindow, const base::FatalErrorHandler& fatal);
 
     // Called once.
     void launch();
@@ -44,6 +44,7 @@ class Desktop final : public QObject {
  private:
     TasksApp::Environment environment(const std::shared_ptr<const store::StoreBackups>& backups,
                                       std::shared_ptr<const base::Clock> clock,
+                                      services::UptimeReader uptime,
                                       TasksApp::FirstWindow firstWindow,
                                       const base::FatalErrorHandler& fatal);
     void terminate();

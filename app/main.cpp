@@ -110,7 +110,8 @@ int runApplication(int argc, char** argv, const Process& process) {
         fatal(store::unresolvedLoadError(
             {error.message() + ": " + directory, error.value(), error.value(), "lock"}));
     }
-    app::Desktop desktop(process.backups, updates(), process.clock, process.firstWindow, fatal);
+    app::Desktop desktop(process.backups, updates(), process.clock, &app::programUptime,
+                         process.firstWindow, fatal);
     QObject::connect(&applicationObject, &platform::ApplicationObject::activationRequested,
                      &desktop, &app::Desktop::activate);
     QObject::connect(&applicationObject, &platform::ApplicationObject::actionRequested, &desktop,

@@ -22,13 +22,15 @@ TasksApp::TasksApp(const Environment& environment)
     }
     const auto container = environment.persistentContainerFactory->makeContainer();
     const auto liveDataFactory = std::make_shared<store::LiveDataProvidingFactory>(container);
-    const auto makeTimeKeepingProvider = [make = environment.makeTimeKeepingProvider,
-                                          clock = clock_] {
-        return std::make_shared<services::AwakeTimeKeepingProvider>(make(), clock);
-    };
-    const auto timeKeepingProvider = makeTimeKeepingProvider();
     dataOperationsService_ = std::make_shared<store::DataOperationsService>(
         *liveDataFactory, container, clock_, environment.fatal);
+    sleepService_ = std::make_shared<services::SleepService>(
+        dataOperationsService_, environment.sleepMonitor, clock_, environment.uptime);
+    const auto makeTimeKeepingProvider = [make = environment.makeTimeKeepingProvider,
+                                          sleep = sleepService_] {
+        return std::make_shared<services::AwakeTimeKeepingProvider>(make(), sleep);
+    };
+    const auto timeKeepingProvider = makeTimeKeepingProvider();
     intervalTimeKeeper_ = std::make_shared<services::IntervalTimeKeeperService>(
         dataOperationsService_, timeKeepingProvider);
     localNotificationService_ = std::make_shared<services::LocalNotificationService>(
@@ -49,8 +51,6 @@ TasksApp::TasksApp(const Environment& environment)
         environment.statusBarPorts);
     runningIntervalVisitingService_ = std::make_shared<services::RunningIntervalVisitingService>(
         dataOperationsService_, timeKeepingProvider, clock_);
-    sleepService_ = std::make_shared<services::SleepService>(dataOperationsService_,
-                                                             environment.sleepMonitor, clock_);
     addLaunchHook();
     addQuitHook();
     environment.notificationCenter->setDelegate(appDelegate_);
@@ -86,7 +86,9 @@ void TasksApp::addLaunchHook() {
 
 void TasksApp::addQuitHook() {
     appDelegate_.onApplicationWillTerminate.emplace_back(
-        [operations = dataOperationsService_](const TerminationNotification&) {
+        [operations = dataOperationsService_,
+         sleep = sleepService_](const TerminationNotification&) {
+            sleep->mayTick();  // a sleep that no tick has found yet is not counted, either
             operations->pauseRunningIntervals();
         });
 }

@@ -22,6 +22,7 @@
 #include "services/sleep_service.h"
 #include "services/status_bar_service.h"
 #include "services/time_keeping.h"
+#include "services/uptime.h"
 #include "services/user_notification_center.h"
 #include "store/data_operations_service_protocol.h"
 #include "store/persistent_container_factory.h"
@@ -40,6 +41,7 @@ class TasksApp {
         HomeViewFactory::TimeKeepingProviderMaker makeTimeKeepingProvider;
         std::shared_ptr<const base::Clock> clock;
         std::shared_ptr<services::SleepMonitor> sleepMonitor;
+        services::UptimeReader uptime;
         std::shared_ptr<services::UserNotificationCenter> notificationCenter;
         services::StatusBarService::Ports statusBarPorts;
         HomeViewFactory::Ports homeViewPorts;

@@ -35,10 +35,11 @@ class HostileDesktop(ProgramTest):
         self.clock = os.environ["HEARTHMARK_CLOCK_OFFSET"] = os.path.join(self.program.data, "clock")
         self.set_clock(0)
 
-    def set_clock(self, offset):
+    def set_clock(self, offset, asleep=0):
+        """Seconds that the clock is ahead, and that the machine has slept as its other clocks say."""
         self.offset = offset
         with open(self.clock + ".new", "w", encoding="utf-8") as file:
-            file.write(str(offset))
+            file.write(f"{offset} {asleep}")
         os.rename(file.name, self.clock)
 
     @contextlib.contextmanager
@@ -177,6 +178,17 @@ class HostileDesktop(ProgramTest):
         self.begin()
         self.set_clock(0)
         self.assert_shown("Endless")
+        self.quit()
+
+    def test_the_machine_sleeps_for_an_hour_and_nobody_tells(self):
+        self.begin(("On", 100))
+        _, started = self.intervals()["On"]
+        with self.answering("the machine sleeps and nobody tells"):
+            slept = now()
+            self.set_clock(HOUR, HOUR)
+            wait_for(lambda: self.intervals()["On"][1] != started, "it to be noticed")
+            self.assert_shown("On")
+            self.assertAlmostEqual(self.intervals()["On"][0], 100 + slept - started, delta=1.5)
         self.quit()
 
     def test_the_machine_sleeps_for_an_hour(self):

@@ -155,6 +155,7 @@ class Program {
                 .makeTimeKeepingProvider = [this] { return timers_; },
                 .clock = clock_,
                 .sleepMonitor = std::make_shared<NeverAsleep>(),
+                .uptime = [] { return services::Uptime{}; },
                 .notificationCenter = notifications_,
                 .statusBarPorts = {.statusBar = std::make_shared<FakeStatusBar>(),
                                    .applicationWindows = nullptr},
