@@ -80,7 +80,7 @@ TasksApp::Environment Desktop::environment(
             std::make_unique<store::PersistentContainerFactory>(backups, fatal),
         .makeTimeKeepingProvider = [] { return std::make_shared<platform::TimeKeepingProvider>(); },
         .clock = std::move(clock),
-        .sleepMonitor = std::make_shared<platform::LogindSleepMonitor>(),
+        .sleepMonitor = std::make_shared<platform::LogindSleepMonitor>(&QCoreApplication::quit),
         .uptime = std::move(uptime),
         .notificationCenter = notificationCenter_,
         .statusBarPorts = {.statusBar = statusBar_,
@@ -105,6 +105,11 @@ TasksApp::Environment Desktop::environment(
 
 void Desktop::launch() {
     tasksApp_.launch();
+}
+
+void Desktop::displayLost() {
+    tasksApp_.abandonWindow();
+    terminate();
 }
 
 void Desktop::activate(const QString& activationToken) {

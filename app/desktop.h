@@ -36,6 +36,9 @@ class Desktop final : public QObject {
 
     // Called once.
     void launch();
+    // Pauses what runs, when the process ends without its event loop since the display has gone.
+    // Requires launch() to have been called.
+    void displayLost();
     // Brings the window to the front. Requires launch() to have been called.
     void activate(const QString& activationToken);
     // As the person chose from the desktop entry. Requires the same.

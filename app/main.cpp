@@ -29,6 +29,7 @@
 #include "platform/instance_lock.h"
 #include "platform/running_instance.h"
 #include "platform/start_by_bus.h"
+#include "platform/sudden_exit.h"
 #include "platform/termination_signals.h"
 #include "store/persistent_container_factory.h"
 #include "store/store_backups.h"
@@ -117,6 +118,7 @@ int runApplication(int argc, char** argv, const Process& process) {
     QObject::connect(&applicationObject, &platform::ApplicationObject::actionRequested, &desktop,
                      &app::Desktop::perform);
     desktop.launch();
+    const platform::SuddenExit suddenExit([&desktop] { desktop.displayLost(); });
     const auto signalNotifier = process.terminationSignals.listen(&QCoreApplication::quit);
     return QGuiApplication::exec();
 }

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "app/tasks_app.h"
 
+#include <utility>
+
 #include "services/awake_time_keeping_provider.h"
 #include "store/data_operations_service.h"
 #include "store/live_data.h"
@@ -101,7 +103,15 @@ void TasksApp::launch() {
 }
 
 void TasksApp::terminate() {
-    appDelegate_.applicationWillTerminate({});
+    if (!std::exchange(isTerminated_, true)) {
+        appDelegate_.applicationWillTerminate({});
+    }
+}
+
+void TasksApp::abandonWindow() {
+    if (homeView_) {
+        homeView_->abandon();
+    }
 }
 
 void TasksApp::makeWindow() {

@@ -63,8 +63,11 @@ class TasksApp {
     // then it is not even made. Called once.
     void launch();
 
-    // Runs the quit hook. Called once, when the event loop has ended.
+    // Runs the quit hook, at the first call: the display may go away while the program quits. When
+    // the event loop has ended, or never will.
     void terminate();
+    // The display has gone. The window is not touched from here on.
+    void abandonWindow();
 
     // Makes the main window, if it is not there yet.
     void makeWindow();
@@ -84,6 +87,7 @@ class TasksApp {
 
     AppDelegate appDelegate_;
     FirstWindow firstWindow_;
+    bool isTerminated_ = false;
     std::shared_ptr<services::AwakeClock> clock_;
     std::shared_ptr<store::DataOperationsServiceProtocol> dataOperationsService_;
     std::shared_ptr<services::IntervalTimeKeeperService> intervalTimeKeeper_;

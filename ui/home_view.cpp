@@ -53,6 +53,10 @@ void HomeView::hide() {
     }
 }
 
+void HomeView::abandon() {
+    adapter_->setShown(false);
+}
+
 void HomeView::displayAddSheet() {
     adapter_->displayAddSheet();
 }

@@ -28,6 +28,7 @@ class HomeView final : public QObject, public services::HomeViewProtocol {
 
     void show(const std::string& activationToken) override;
     void hide() override;
+    void abandon() override;
     void displayAddSheet() override;
     void startShortFocus() override;
     void requestAttention() override;

@@ -101,7 +101,7 @@ class Panel:
 
 
 class Logind:
-    """Notes who delays sleep, and tells of it."""
+    """Notes who delays sleep and shutdown, and tells of them."""
 
     def __init__(self):
         self.lock = None  # closed at its other end when the program lets go
@@ -110,7 +110,7 @@ class Logind:
 
     def _inhibit(self, _bus, _sender, _path, _interface, _method, arguments, invocation):
         what, who, _why, mode = arguments.unpack()
-        assert (what, who, mode) == ("sleep", "Hearthmark", "delay")
+        assert (what, who, mode) == ("shutdown:sleep", "Hearthmark", "delay")
         self.lock, theirs = os.pipe()
         descriptors = Gio.UnixFDList.new()
         descriptors.append(theirs)
@@ -120,8 +120,8 @@ class Logind:
     def is_delayed(self):
         return self.lock is not None and not select.select([self.lock], [], [], 0)[0]
 
-    def tell(self, is_starting):
-        self.bus.emit_signal(None, LOGIND_PATH, LOGIND_MANAGER, "PrepareForSleep",
+    def tell(self, is_starting, what="PrepareForSleep"):
+        self.bus.emit_signal(None, LOGIND_PATH, LOGIND_MANAGER, what,
                              GLib.Variant("(b)", (is_starting,)))
 
 
