@@ -17,6 +17,7 @@
 #include "platform/system_clipboard.h"
 #include "platform/time_keeping_provider.h"
 #include "store/persistent_container_factory.h"
+#include "ui/window_icon.h"
 
 namespace hearthmark::app {
 
@@ -49,7 +50,8 @@ Desktop::Desktop(const std::shared_ptr<const store::StoreBackups>& backups,
                       finishes.push_back(content);
                       unseenFinishes_->setValue(std::move(finishes));
                   },
-              .playSound = &platform::playCompletionSound})),
+              .playSound = &platform::playCompletionSound,
+              .icon = &ui::programPicture})),
       appearance_(std::make_shared<services::AppearancePreference>()),
       desktopAppearance_(appearance_),
       tasksApp_(environment(backups, std::move(clock), std::move(uptime), firstWindow, fatal)),
