@@ -102,11 +102,12 @@ TasksApp::Environment Desktop::environment(
         .fatal = fatal,
         .quit = &QCoreApplication::quit,
         .restartRestored = [] { QCoreApplication::exit(kRestartRestored); },
+        .mayHide = [this] { return statusBar_->isShown() || notificationCenter_->isConnected(); },
         .didHide = [this] { sayOnceThatItKeepsRunning(); }};
 }
 
-void Desktop::launch() {
-    tasksApp_.launch();
+void Desktop::launch(const std::string& activationToken) {
+    tasksApp_.launch(activationToken);
 }
 
 void Desktop::displayLost() {

@@ -34,8 +34,8 @@ class Desktop final : public QObject {
             std::shared_ptr<const base::Clock> clock, services::UptimeReader uptime,
             TasksApp::FirstWindow firstWindow, const base::FatalErrorHandler& fatal);
 
-    // Called once.
-    void launch();
+    // Called once. The token may be empty.
+    void launch(const std::string& activationToken);
     // Pauses what runs, when the process ends without its event loop since the display has gone.
     // Requires launch() to have been called.
     void displayLost();

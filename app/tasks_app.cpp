@@ -10,9 +10,13 @@
 namespace hearthmark::app {
 
 TasksApp::TasksApp(const Environment& environment)
-    : appDelegate_([this, didHide = environment.didHide] {
-          homeView_->hide();
-          didHide();
+    : appDelegate_([this, mayHide = environment.mayHide, didHide = environment.didHide] {
+          if (mayHide()) {
+              homeView_->hide();
+              didHide();
+          } else {
+              homeView_->minimize();
+          }
       }),
       firstWindow_(environment.firstWindow),
       clock_(std::make_shared<services::AwakeClock>(environment.clock)),
@@ -95,10 +99,10 @@ void TasksApp::addQuitHook() {
         });
 }
 
-void TasksApp::launch() {
+void TasksApp::launch(const std::string& activationToken) {
     appDelegate_.applicationDidFinishLaunching({});
     if (firstWindow_ == FirstWindow::atOnce) {
-        show({});
+        show(activationToken);
     }
 }
 

@@ -50,6 +50,8 @@ class TasksApp {
         std::function<void()> quit;
         // Quits and starts anew, with the backup that lies ready in the place of the store.
         std::function<void()> restartRestored;
+        // Whether the person can see how to bring a hidden window back; else it is minimised.
+        std::function<bool()> mayHide;
         // The person has closed the window, and the program lives on.
         std::function<void()> didHide;
     };
@@ -60,8 +62,8 @@ class TasksApp {
     TasksApp& operator=(const TasksApp&) = delete;
 
     // Runs the launch hook, then shows the main window, unless it is to wait until it is asked for:
-    // then it is not even made. Called once.
-    void launch();
+    // then it is not even made. The token may be empty. Called once.
+    void launch(const std::string& activationToken);
 
     // Runs the quit hook, at the first call: the display may go away while the program quits. When
     // the event loop has ended, or never will.

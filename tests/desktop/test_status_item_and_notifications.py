@@ -10,7 +10,8 @@ from collections import Counter
 
 from gi.repository import GLib
 
-from driver import Desktop, ProgramTest, click, key, now, press, wait_for
+from driver import (Desktop, ProgramTest, click, extents, key, now, press, toggle_maximised,
+                    wait_for, windows, xdotool)
 from players import Daemon, ITEM, MENU, Panel
 
 
@@ -52,8 +53,14 @@ class StatusItem(ProgramTest):
         wait_for(lambda: panel.labels()[-1] == panel.get("XAyatanaLabel") == "Hearthmark!", "the end")
         # No daemon here shows that it finished.
         wait_for(lambda: panel.get("Status") == "NeedsAttention", "the dot")
+        window, = windows()
+        toggle_maximised(window)
+        wait_for(lambda: extents(program.find("Add Task")).y > 700, "it to be large")
+        xdotool("windowminimize", window)
+        wait_for(lambda: not windows(), "the window to go")
         panel.call(ITEM, "Activate", "(ii)", 0, 0)
         wait_for(lambda: panel.get("Status") == "Active", "it to go")
+        wait_for(lambda: extents(program.find("Add Task")).y > 700, "it, large")
         self.assertEqual(panel.get("XAyatanaLabel"), "Hearthmark!")
 
     def test_the_menu_follows_the_title_and_quits(self):
