@@ -18,6 +18,7 @@
 #include "platform/system_clipboard.h"
 #include "platform/time_keeping_provider.h"
 #include "store/persistent_container_factory.h"
+#include "ui/window_icon.h"
 
 namespace hearthmark::app {
 
@@ -32,8 +33,8 @@ constexpr auto kLook = 1s;
 
 Desktop::Desktop(const std::shared_ptr<const store::StoreBackups>& backups,
                  platform::AppcastUpdater::Configuration updates,
-                 std::shared_ptr<const base::Clock> clock, TasksApp::FirstWindow firstWindow,
-                 const base::FatalErrorHandler& fatal)
+                 std::shared_ptr<const base::Clock> clock, services::UptimeReader uptime,
+                 TasksApp::FirstWindow firstWindow, const base::FatalErrorHandler& fatal)
     : unseenFinishes_(std::make_shared<services::UnseenFinishes>()),
       updater_(std::make_shared<platform::AppcastUpdater>(std::move(updates))),
       statusBar_(std::make_shared<platform::SystemStatusBar>(platform::SystemStatusBar::Handlers{
@@ -50,12 +51,13 @@ Desktop::Desktop(const std::shared_ptr<const store::StoreBackups>& backups,
                       finishes.push_back(content);
                       unseenFinishes_->setValue(std::move(finishes));
                   },
-              .playSound = &platform::playCompletionSound})),
+              .playSound = &platform::playCompletionSound,
+              .icon = &ui::programPicture})),
       dailyBackups_(std::make_shared<services::DailyBackupService>(
           backups, std::make_shared<platform::TimeKeepingProvider>(), notificationCenter_)),
       appearance_(std::make_shared<services::AppearancePreference>()),
       desktopAppearance_(appearance_),
-      tasksApp_(environment(backups, std::move(clock), firstWindow, fatal)),
+      tasksApp_(environment(backups, std::move(clock), std::move(uptime), firstWindow, fatal)),
       unseenFinishesSubscription_(unseenFinishes_->subscribeDidChange(
           [this] { statusBar_->setNeedsAttention(!unseenFinishes_->value().empty()); })) {
     const auto showCanCheck = [this] {
@@ -74,40 +76,48 @@ Desktop::Desktop(const std::shared_ptr<const store::StoreBackups>& backups,
 
 TasksApp::Environment Desktop::environment(
     const std::shared_ptr<const store::StoreBackups>& backups,
-    std::shared_ptr<const base::Clock> clock, TasksApp::FirstWindow firstWindow,
-    const base::FatalErrorHandler& fatal) {
+    std::shared_ptr<const base::Clock> clock, services::UptimeReader uptime,
+    TasksApp::FirstWindow firstWindow, const base::FatalErrorHandler& fatal) {
     const QString storeFolder = QString::fromStdString(backups->storeDirectory().string());
-    return {.firstWindow = firstWindow,
-            .persistentContainerFactory = std::make_unique<store::PersistentContainerFactory>(
-                backups, fatal,
-                [this](const store::StoreNotice& notice) { dailyBackups_->tell(notice); }),
-            .timeKeepingProvider = std::make_shared<platform::TimeKeepingProvider>(),
-            .clock = std::move(clock),
-            .sleepMonitor = std::make_shared<platform::LogindSleepMonitor>(),
-            .notificationCenter = notificationCenter_,
-            .statusBarPorts = {.statusBar = statusBar_,
-                               .applicationWindows = std::make_shared<platform::ProgramWindows>(
-                                   [this] { tasksApp_.makeWindow(); })},
-            .homeViewPorts = {.clipboard = std::make_shared<platform::SystemClipboard>(),
-                              .updater = updater_,
-                              .startAtLogin = std::make_shared<platform::AutostartEntry>(),
-                              .unseenFinishes = unseenFinishes_,
-                              .appearance = appearance_,
-                              .calendar = std::make_shared<base::LocalCalendar>(),
-                              .backups = backups},
-            .program = {.version = QCoreApplication::applicationVersion(),
-                        .storeFolder = storeFolder,
-                        .openStoreFolder =
-                            [storeFolder] { return platform::openWithDesktop(storeFolder); }},
-            .fatal = fatal,
-            .quit = &QCoreApplication::quit,
-            .restartRestored = [] { QCoreApplication::exit(kRestartRestored); },
-            .didHide = [this] { sayOnceThatItKeepsRunning(); }};
+    return {
+        .firstWindow = firstWindow,
+        .persistentContainerFactory = std::make_unique<store::PersistentContainerFactory>(
+            backups, fatal,
+            [this](const store::StoreNotice& notice) { dailyBackups_->tell(notice); }),
+        .timeKeepingProvider = std::make_shared<platform::TimeKeepingProvider>(),
+        .clock = std::move(clock),
+        .sleepMonitor = std::make_shared<platform::LogindSleepMonitor>(&QCoreApplication::quit),
+        .uptime = std::move(uptime),
+        .notificationCenter = notificationCenter_,
+        .statusBarPorts = {.statusBar = statusBar_,
+                           .applicationWindows = std::make_shared<platform::ProgramWindows>(
+                               [this] { tasksApp_.makeWindow(); })},
+        .homeViewPorts = {.clipboard = std::make_shared<platform::SystemClipboard>(),
+                          .updater = updater_,
+                          .startAtLogin = std::make_shared<platform::AutostartEntry>(),
+                          .unseenFinishes = unseenFinishes_,
+                          .appearance = appearance_,
+                          .calendar = std::make_shared<base::LocalCalendar>(),
+                          .backups = backups},
+        .program = {.version = QCoreApplication::applicationVersion(),
+                    .storeFolder = storeFolder,
+                    .openStoreFolder =
+                        [storeFolder] { return platform::openWithDesktop(storeFolder); }},
+        .fatal = fatal,
+        .quit = &QCoreApplication::quit,
+        .restartRestored = [] { QCoreApplication::exit(kRestartRestored); },
+        .mayHide = [this] { return statusBar_->isShown() || notificationCenter_->isConnected(); },
+        .didHide = [this] { sayOnceThatItKeepsRunning(); }};
 }
 
-void Desktop::launch() {
-    tasksApp_.launch();
+void Desktop::launch(const std::string& activationToken) {
+    tasksApp_.launch(activationToken);
     dailyBackups_->start();
+}
+
+void Desktop::displayLost() {
+    tasksApp_.abandonWindow();
+    terminate();
 }
 
 void Desktop::activate(const QString& activationToken) {

@@ -32,11 +32,14 @@ class Desktop final : public QObject {
 
     Desktop(const std::shared_ptr<const store::StoreBackups>& backups,
             platform::AppcastUpdater::Configuration updates,
-            std::shared_ptr<const base::Clock> clock, TasksApp::FirstWindow firstWindow,
-            const base::FatalErrorHandler& fatal);
+            std::shared_ptr<const base::Clock> clock, services::UptimeReader uptime,
+            TasksApp::FirstWindow firstWindow, const base::FatalErrorHandler& fatal);
 
-    // Called once.
-    void launch();
+    // Called once. The token may be empty.
+    void launch(const std::string& activationToken);
+    // Pauses what runs, when the process ends without its event loop since the display has gone.
+    // Requires launch() to have been called.
+    void displayLost();
     // Brings the window to the front. Requires launch() to have been called.
     void activate(const QString& activationToken);
     // As the person chose from the desktop entry. Requires the same.
@@ -45,6 +48,7 @@ class Desktop final : public QObject {
  private:
     TasksApp::Environment environment(const std::shared_ptr<const store::StoreBackups>& backups,
                                       std::shared_ptr<const base::Clock> clock,
+                                      services::UptimeReader uptime,
                                       TasksApp::FirstWindow firstWindow,
                                       const base::FatalErrorHandler& fatal);
     void terminate();

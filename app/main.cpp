@@ -6,6 +6,7 @@
 #include <QLocale>
 #include <QQuickWindow>
 #include <QStandardPaths>
+#include <algorithm>
 #include <cerrno>
 #include <chrono>
 #include <cstdlib>
@@ -17,12 +18,15 @@
 #include <string>
 #include <string_view>
 #include <system_error>
+#include <vector>
 
 #include "app/desktop.h"
 #include "app/program_clock.h"
 #include "base/calendar.h"
 #include "base/fatal_error.h"
 #include "objectstore/store_error.h"
+#include "platform/activation_socket.h"
+#include "platform/activation_token.h"
 #include "platform/appcast_updater.h"
 #include "platform/application_object.h"
 #include "platform/fatal_notification.h"
@@ -30,10 +34,13 @@
 #include "platform/reader_memory.h"
 #include "platform/running_instance.h"
 #include "platform/start_by_bus.h"
+#include "platform/sudden_exit.h"
 #include "platform/termination_signals.h"
+#include "platform/x11.h"
 #include "store/persistent_container_factory.h"
 #include "store/store_backups.h"
 #include "ui/accessibility.h"
+#include "ui/message_window.h"
 
 using namespace hearthmark;
 
@@ -56,12 +63,62 @@ std::optional<std::string_view> answer(int argc, char** argv) {
     return std::nullopt;
 }
 
-int showRunningInstance(int argc, char** argv) {
-    const QCoreApplication application(argc, argv);
-    if (platform::activateRunningInstance()) {
-        return EXIT_SUCCESS;
+// What the toolkit is given: X11 first, also on Wayland desktops, all of which offer it. What the
+// person chose comes after it and wins. Not in the environment, which all inherit that this program
+// starts. The toolkit takes away what it knows, so these are not main()'s own, with which the
+// program begins anew.
+class ToolkitArguments {
+ public:
+    ToolkitArguments(int argc, char** argv) : arguments_(argv, argv + argc) {
+        if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) {
+            arguments_.insert(arguments_.begin() + std::min(argc, 1),
+                              {option_.data(), platforms_.data()});
+        }
+        count_ = static_cast<int>(arguments_.size());
+        arguments_.push_back(nullptr);
     }
-    std::cerr << "Hearthmark is already running." << std::endl;
+
+    // Both as long as this lives.
+    int& count() { return count_; }
+    char** data() { return arguments_.data(); }
+
+ private:
+    std::string option_ = "-platform";
+    std::string platforms_ = "xcb;wayland";
+    std::vector<char*> arguments_;
+    int count_ = 0;
+};
+
+// On standard error, and where a person sees it who has no terminal.
+void sayThatItRunsElsewhere(int argc, char** argv) {
+    constexpr auto kMessage =
+        "Hearthmark is already running, but does not answer. Wait a moment and start it again. If "
+        "that does not help, end the process \"hearthmark\"; no more than the last minute of a "
+        "running focus is lost.";
+    std::cerr << kMessage << std::endl;
+    {
+        const QCoreApplication application(argc, argv);
+        if (platform::notifyThatItCannotBegin(kMessage)) {
+            return;
+        }
+    }
+    if (platform::hasDisplay()) {
+        QQuickWindow::setGraphicsApi(QSGRendererInterface::Software);
+        ToolkitArguments arguments(argc, argv);
+        const QGuiApplication application(arguments.count(), arguments.data());
+        ui::prepareAccessibility();
+        ui::showMessageWindow(kMessage);
+    }
+}
+
+int showRunningInstance(int argc, char** argv, const platform::InstanceLock& lock) {
+    {
+        const QCoreApplication application(argc, argv);
+        if (platform::activateRunningInstance(lock.name())) {
+            return EXIT_SUCCESS;
+        }
+    }
+    sayThatItRunsElsewhere(argc, argv);
     return EXIT_FAILURE;
 }
 
@@ -91,11 +148,9 @@ int runApplication(int argc, char** argv, const Process& process) {
     QGuiApplication::setApplicationVersion(QStringLiteral(HEARTHMARK_VERSION));
     QGuiApplication::setDesktopFileName(QLatin1String(platform::kApplicationId));
     QGuiApplication::setQuitOnLastWindowClosed(false);
-    if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) {
-        // X11 first, also on Wayland desktops, all of which offer it.
-        qputenv("QT_QPA_PLATFORM", "xcb;wayland");
-    }
-    QGuiApplication application(argc, argv);
+    ToolkitArguments arguments(argc, argv);
+    const QGuiApplication application(arguments.count(), arguments.data());
+    const std::string activationToken = platform::takeActivationToken();
     if (QLocale().textDirection() == Qt::RightToLeft) {
         QGuiApplication::setLayoutDirection(Qt::RightToLeft);
     }
@@ -111,12 +166,17 @@ int runApplication(int argc, char** argv, const Process& process) {
         fatal(store::loadFailure(objectstore::StoreError::ofCall("lock", directory, error),
                                  directory));
     }
-    app::Desktop desktop(process.backups, updates(), process.clock, process.firstWindow, fatal);
+    app::Desktop desktop(process.backups, updates(), process.clock, &app::programUptime,
+                         process.firstWindow, fatal);
+    const platform::ActivationSocket activationSocket(process.lock.name());
+    QObject::connect(&activationSocket, &platform::ActivationSocket::activationRequested, &desktop,
+                     &app::Desktop::activate);
     QObject::connect(&applicationObject, &platform::ApplicationObject::activationRequested,
                      &desktop, &app::Desktop::activate);
     QObject::connect(&applicationObject, &platform::ApplicationObject::actionRequested, &desktop,
                      &app::Desktop::perform);
-    desktop.launch();
+    desktop.launch(activationToken);
+    const platform::SuddenExit suddenExit([&desktop] { desktop.displayLost(); });
     const auto signalNotifier = process.terminationSignals.listen(&QCoreApplication::quit);
     return QGuiApplication::exec();
 }
@@ -160,7 +220,7 @@ int main(int argc, char** argv) {
     const std::filesystem::path storeDirectory = store::storeDirectory();
     const platform::InstanceLock lock(storeDirectory);
     if (lock.state() == platform::InstanceLock::State::heldByAnother) {
-        return showRunningInstance(argc, argv);
+        return showRunningInstance(argc, argv, lock);
     }
     const std::shared_ptr<const base::Clock> clock = app::makeProgramClock();
     const auto backups = std::make_shared<const store::StoreBackups>(

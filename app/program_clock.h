@@ -4,10 +4,13 @@
 #include <memory>
 
 #include "base/clock.h"
+#include "services/uptime.h"
 
 namespace hearthmark::app {
 
-// The clock of the program, made once by main(). The tests link another one.
+// The clock of the program, made once by main(), and what tells it that the machine has slept. The
+// tests link others.
 std::shared_ptr<const base::Clock> makeProgramClock();
+services::Uptime programUptime();
 
 }  // namespace hearthmark::app

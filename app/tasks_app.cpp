@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "app/tasks_app.h"
 
+#include <utility>
+
 #include "services/awake_time_keeping_provider.h"
 #include "store/data_operations_service.h"
 #include "store/live_data.h"
@@ -8,9 +10,13 @@
 namespace hearthmark::app {
 
 TasksApp::TasksApp(const Environment& environment)
-    : appDelegate_([this, didHide = environment.didHide] {
-          homeView_->hide();
-          didHide();
+    : appDelegate_([this, mayHide = environment.mayHide, didHide = environment.didHide] {
+          if (mayHide()) {
+              homeView_->hide();
+              didHide();
+          } else {
+              homeView_->minimize();
+          }
       }),
       firstWindow_(environment.firstWindow),
       clock_(std::make_shared<services::AwakeClock>(environment.clock)),
@@ -22,10 +28,12 @@ TasksApp::TasksApp(const Environment& environment)
     }
     const auto container = environment.persistentContainerFactory->makeContainer();
     const auto liveDataFactory = std::make_shared<store::LiveDataProvidingFactory>(container);
-    const auto timeKeepingProvider = std::make_shared<services::AwakeTimeKeepingProvider>(
-        environment.timeKeepingProvider, clock_);
     dataOperationsService_ = std::make_shared<store::DataOperationsService>(
         *liveDataFactory, container, clock_, environment.fatal);
+    sleepService_ = std::make_shared<services::SleepService>(
+        dataOperationsService_, environment.sleepMonitor, clock_, environment.uptime);
+    const auto timeKeepingProvider = std::make_shared<services::AwakeTimeKeepingProvider>(
+        environment.timeKeepingProvider, sleepService_);
     intervalTimeKeeper_ = std::make_shared<services::IntervalTimeKeeperService>(
         dataOperationsService_, timeKeepingProvider);
     localNotificationService_ = std::make_shared<services::LocalNotificationService>(
@@ -47,8 +55,6 @@ TasksApp::TasksApp(const Environment& environment)
         environment.statusBarPorts);
     runningIntervalVisitingService_ = std::make_shared<services::RunningIntervalVisitingService>(
         dataOperationsService_, timeKeepingProvider, clock_);
-    sleepService_ = std::make_shared<services::SleepService>(dataOperationsService_,
-                                                             environment.sleepMonitor, clock_);
     addLaunchHook();
     addQuitHook();
     environment.notificationCenter->setDelegate(appDelegate_);
@@ -84,21 +90,31 @@ void TasksApp::addLaunchHook() {
 
 void TasksApp::addQuitHook() {
     appDelegate_.onApplicationWillTerminate.emplace_back(
-        [operations = dataOperationsService_](const TerminationNotification&) {
+        [operations = dataOperationsService_,
+         sleep = sleepService_](const TerminationNotification&) {
+            sleep->mayTick();  // a sleep that no tick has found yet is not counted, either
             operations->pauseRunningIntervals();
         });
 }
 
-void TasksApp::launch() {
+void TasksApp::launch(const std::string& activationToken) {
     appDelegate_.applicationDidFinishLaunching({});
     if (firstWindow_ == FirstWindow::atOnce) {
-        show({});
+        show(activationToken);
     }
 }
 
 void TasksApp::terminate() {
-    drafts_->save();
-    appDelegate_.applicationWillTerminate({});
+    if (!std::exchange(isTerminated_, true)) {
+        drafts_->save();
+        appDelegate_.applicationWillTerminate({});
+    }
+}
+
+void TasksApp::abandonWindow() {
+    if (homeView_) {
+        homeView_->abandon();
+    }
 }
 
 void TasksApp::makeWindow() {

@@ -23,6 +23,7 @@
 #include "services/sleep_service.h"
 #include "services/status_bar_service.h"
 #include "services/time_keeping.h"
+#include "services/uptime.h"
 #include "services/user_notification_center.h"
 #include "store/data_operations_service_protocol.h"
 #include "store/persistent_container_factory.h"
@@ -41,6 +42,7 @@ class TasksApp {
         std::shared_ptr<services::TimeKeepingProviderProtocol> timeKeepingProvider;
         std::shared_ptr<const base::Clock> clock;
         std::shared_ptr<services::SleepMonitor> sleepMonitor;
+        services::UptimeReader uptime;
         std::shared_ptr<services::UserNotificationCenter> notificationCenter;
         services::StatusBarService::Ports statusBarPorts;
         HomeViewFactory::Ports homeViewPorts;
@@ -49,6 +51,8 @@ class TasksApp {
         std::function<void()> quit;
         // Quits and starts anew, with the backup that lies ready in the place of the store.
         std::function<void()> restartRestored;
+        // Whether the person can see how to bring a hidden window back; else it is minimised.
+        std::function<bool()> mayHide;
         // The person has closed the window, and the program lives on.
         std::function<void()> didHide;
     };
@@ -59,12 +63,14 @@ class TasksApp {
     TasksApp& operator=(const TasksApp&) = delete;
 
     // Runs the launch hook, then shows the main window, unless it is to wait until it is asked for:
-    // then it is not even made. Called once.
-    void launch();
+    // then it is not even made. The token may be empty. Called once.
+    void launch(const std::string& activationToken);
 
-    // Saves the half-written notes and runs the quit hook. Called once, when the event loop has
-    // ended.
+    // Saves the half-written notes and runs the quit hook, at the first call: the display may go
+    // away while the program quits. When the event loop has ended, or never will.
     void terminate();
+    // The display has gone. The window is not touched from here on.
+    void abandonWindow();
 
     // Makes the main window, if it is not there yet.
     void makeWindow();
@@ -84,6 +90,7 @@ class TasksApp {
 
     AppDelegate appDelegate_;
     FirstWindow firstWindow_;
+    bool isTerminated_ = false;
     std::shared_ptr<services::AwakeClock> clock_;
     std::shared_ptr<store::DataOperationsServiceProtocol> dataOperationsService_;
     std::shared_ptr<services::IntervalTimeKeeperService> intervalTimeKeeper_;

@@ -3,6 +3,7 @@
 
 #include <QDBusError>
 #include <QDBusMetaType>
+#include <QGuiApplication>
 #include <algorithm>
 #include <array>
 #include <chrono>
@@ -83,6 +84,10 @@ DbusMenu::DbusMenu(Actions actions) : actions_(std::move(actions)) {
     pause_.setSingleShot(true);
     pause_.setInterval(kPause);
     connect(&pause_, &QTimer::timeout, this, &DbusMenu::tellTitle);
+}
+
+QString DbusMenu::textDirection() const {
+    return QGuiApplication::isRightToLeft() ? QStringLiteral("rtl") : QStringLiteral("ltr");
 }
 
 void DbusMenu::setTitle(const QString& title) {

@@ -64,7 +64,7 @@ class DbusMenu final : public QObject, protected QDBusContext {
     void setCanCheckForUpdates(bool canCheckForUpdates);
 
     uint version() const { return 3; }
-    QString textDirection() const { return QStringLiteral("ltr"); }
+    QString textDirection() const;
     QString status() const { return QStringLiteral("normal"); }
     QStringList iconThemePath() const { return {}; }
 

@@ -9,9 +9,7 @@
 #include <chrono>
 #include <cmath>
 
-#include "platform/application_object.h"
 #include "platform/dbus_answer.h"
-#include "platform/notification_call.h"
 
 namespace hearthmark::platform {
 
@@ -28,21 +26,17 @@ constexpr auto kDefaultAction = "default";
 // Of the sound naming standard of the desktops.
 constexpr auto kSoundName = "complete";
 
-QDBusMessage notifyCall(const services::NotificationContent& content,
-                        const QStringList& capabilities, const QStringList& actions) {
-    QVariantMap hints{{QStringLiteral("desktop-entry"), QLatin1String(kApplicationId)}};
+DesktopNotification notification(const services::NotificationContent& content,
+                                 const QStringList& actions) {
+    QVariantMap hints;
     if (content.sound == NotificationSound::standard) {
         hints.insert(QStringLiteral("sound-name"), QLatin1String(kSoundName));
     }
-    // Only the body is read as markup.
-    QString body = QString::fromStdString(content.body);
-    if (capabilities.contains(QLatin1String("body-markup"))) {
-        body = body.toHtmlEscaped();
-    }
-    QDBusMessage call = notificationCall("Notify");
-    call << QStringLiteral("Hearthmark") << 0U << QString() << QString::fromStdString(content.title)
-         << body << actions << hints << kDefaultExpiration;
-    return call;
+    return {.title = QString::fromStdString(content.title),
+            .body = QString::fromStdString(content.body),
+            .actions = actions,
+            .hints = hints,
+            .expiration = kDefaultExpiration};
 }
 
 }  // namespace
@@ -88,7 +82,7 @@ void DesktopNotificationCenter::postWaiting() {
     }
     for (const services::NotificationRequest& request : std::exchange(waiting_, {})) {
         // Nobody would be left to answer a click.
-        bus_.send(notifyCall(request.content, {}, {}));
+        bus_.send(notifyCall(notification(request.content, {}), {}, handlers_.icon));
     }
     // Its answer comes after all that was sent before has gone.
     bus_.call(QDBusMessage::createMethodCall(
@@ -155,7 +149,8 @@ void DesktopNotificationCenter::post(const Content& content, const QStringList& 
 void DesktopNotificationCenter::notify(const Content& content, const QStringList& capabilities,
                                        std::function<void(bool isTaken)> onAnswer) {
     const QDBusMessage call =
-        notifyCall(content, capabilities, {QLatin1String(kDefaultAction), QObject::tr("Show")});
+        notifyCall(notification(content, {QLatin1String(kDefaultAction), QObject::tr("Show")}),
+                   capabilities, handlers_.icon);
     using Answer = QDBusPendingReply<uint>;
     whenAnswered<Answer>(
         bus_.asyncCall(call, kPatienceMilliseconds), this,

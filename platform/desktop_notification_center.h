@@ -14,6 +14,7 @@
 #include <vector>
 
 #include "base/uuid.h"
+#include "platform/notification_call.h"
 #include "services/user_notification_center.h"
 
 namespace hearthmark::platform {
@@ -34,6 +35,7 @@ class DesktopNotificationCenter final : public QObject,
         std::function<void(const services::NotificationContent&)> untaken;
         // The desktop does not play the sound of one.
         std::function<void()> playSound;
+        NotificationIcon icon;
     };
 
     explicit DesktopNotificationCenter(Handlers handlers);
@@ -47,6 +49,9 @@ class DesktopNotificationCenter final : public QObject,
     // Shows one without asking or delay, which is clicked like any other. Whether the desktop takes
     // it is told to nobody.
     void announce(const services::NotificationContent& content);
+
+    // Whether there is a bus to show one on.
+    bool isConnected() const { return bus_.isConnected(); }
 
     // Posts what still waits, for its delay or for the daemon. Returns when it is on the bus, for a
     // program that ends next.

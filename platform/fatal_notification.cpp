@@ -2,36 +2,53 @@
 #include "platform/fatal_notification.h"
 
 #include <QDBusConnection>
-#include <QStringList>
-#include <QVariantMap>
+#include <QDBusReply>
+#include <QDeadlineTimer>
 
-#include "platform/application_object.h"
 #include "platform/notification_call.h"
 
 namespace hearthmark::platform {
 
 namespace {
 
-constexpr int kTimeoutMilliseconds = 1000;
+constexpr int kPatienceMilliseconds = 1000;
 constexpr int kNeverExpires = 0;
 constexpr uchar kCritical = 2;
+
+bool notify(const QString& title, std::string_view message) {
+    const QDBusConnection bus = QDBusConnection::sessionBus();
+    if (!bus.isConnected()) {
+        return false;
+    }
+    const QDeadlineTimer deadline(kPatienceMilliseconds);
+    const QDBusReply<QStringList> capabilities =
+        bus.call(notificationCall("GetCapabilities"), QDBus::Block, kPatienceMilliseconds / 2);
+    if (capabilities.error().type() == QDBusError::ServiceUnknown) {
+        return false;
+    }
+    // A daemon that is too slow to say is taken for one that reads markup, as most do: it might
+    // drop what it cannot read.
+    const QDBusMessage notify = notifyCall(
+        {.title = title,
+         .body = QString::fromUtf8(message.data(), static_cast<qsizetype>(message.size())),
+         .actions = {},
+         .hints = {{QStringLiteral("urgency"), QVariant::fromValue(kCritical)}},
+         .expiration = kNeverExpires},
+        capabilities.isValid() ? capabilities.value() : QStringList{QStringLiteral("body-markup")},
+        {});
+    const QDBusMessage answer =
+        bus.call(notify, QDBus::Block, static_cast<int>(deadline.remainingTime()));
+    return answer.type() == QDBusMessage::ReplyMessage;
+}
 
 }  // namespace
 
 void notifyOfFatalError(std::string_view message) {
-    const QDBusConnection bus = QDBusConnection::sessionBus();
-    if (!bus.isConnected()) {
-        return;
-    }
-    const QString body =
-        QString::fromUtf8(message.data(), static_cast<qsizetype>(message.size())).toHtmlEscaped();
-    QDBusMessage notify = notificationCall("Notify");
-    notify << QStringLiteral("Hearthmark") << 0U << QString()
-           << QObject::tr("Hearthmark has stopped") << body << QStringList()
-           << QVariantMap{{QStringLiteral("urgency"), QVariant::fromValue(kCritical)},
-                          {QStringLiteral("desktop-entry"), QLatin1String(kApplicationId)}}
-           << kNeverExpires;
-    bus.call(notify, QDBus::Block, kTimeoutMilliseconds);
+    notify(QObject::tr("Hearthmark has stopped"), message);
+}
+
+bool notifyThatItCannotBegin(std::string_view message) {
+    return notify(QObject::tr("Hearthmark cannot start"), message);
 }
 
 }  // namespace hearthmark::platform

@@ -5,8 +5,11 @@
 
 namespace hearthmark::platform {
 
-// Shows the person why the program ends: a notification that stays, for whoever has no terminal to
-// read. Blocks for a second at most; where there is no bus or nobody shows it, it is not shown.
+// Show the person why the program ends, or cannot begin: a notification that stays, for whoever has
+// no terminal to read. They block for a second at most. Where there is no bus or nobody shows it,
+// it is not shown.
 void notifyOfFatalError(std::string_view message);
+// Whether a daemon has taken it.
+bool notifyThatItCannotBegin(std::string_view message);
 
 }  // namespace hearthmark::platform

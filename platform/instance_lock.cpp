@@ -3,6 +3,7 @@
 
 #include <fcntl.h>
 #include <sys/file.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include <cerrno>
@@ -38,6 +39,12 @@ void InstanceLock::lock(const std::filesystem::path& file) {
     } else {
         error_ = std::error_code(errno, std::generic_category());
     }
+}
+
+std::string InstanceLock::name() const {
+    struct stat status {};
+    ::fstat(descriptor_, &status);
+    return std::to_string(status.st_dev) + '-' + std::to_string(status.st_ino);
 }
 
 InstanceLock::~InstanceLock() {

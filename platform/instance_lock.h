@@ -2,6 +2,7 @@
 #pragma once
 
 #include <filesystem>
+#include <string>
 #include <system_error>
 
 namespace hearthmark::platform {
@@ -22,6 +23,9 @@ class InstanceLock {
     State state() const { return state_; }
     // Why it failed.
     std::error_code error() const { return error_; }
+    // Names what is locked, however its path is written; the same in every process. Requires that
+    // it did not fail.
+    std::string name() const;
 
  private:
     void lock(const std::filesystem::path& file);

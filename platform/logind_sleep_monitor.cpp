@@ -17,8 +17,9 @@ constexpr QLatin1String kManager("org.freedesktop.login1.Manager");
 
 }  // namespace
 
-LogindSleepMonitor::LogindSleepMonitor()
-    : bus_(QDBusConnection::systemBus()),
+LogindSleepMonitor::LogindSleepMonitor(std::function<void()> willShutDown)
+    : willShutDown_(std::move(willShutDown)),
+      bus_(QDBusConnection::systemBus()),
       watcher_(kLogind, bus_, QDBusServiceWatcher::WatchForOwnerChange) {}
 
 void LogindSleepMonitor::start(Handlers handlers) {
@@ -30,6 +31,10 @@ void LogindSleepMonitor::start(Handlers handlers) {
                       SLOT(prepareForSleep(bool)))) {
         qWarning("It cannot be heard when the machine goes to sleep.");
         return;
+    }
+    if (!bus_.connect(kLogind, kPath, kManager, QStringLiteral("PrepareForShutdown"), this,
+                      SLOT(prepareForShutdown(bool)))) {
+        qWarning("It cannot be heard when the machine shuts down.");
     }
     // Without who would tell of the waking the program must not wait for it.
     bus_.connect({}, QStringLiteral("/org/freedesktop/DBus/Local"),
@@ -53,6 +58,13 @@ void LogindSleepMonitor::prepareForSleep(bool isStarting) {
     }
 }
 
+// Not taken back where the shutdown is: what it paused goes on at the next start.
+void LogindSleepMonitor::prepareForShutdown(bool isStarting) {
+    if (isStarting) {
+        willShutDown_();
+    }
+}
+
 void LogindSleepMonitor::disconnected() {
     isAsleep_ = false;
     handlers_.didWake();
@@ -61,7 +73,7 @@ void LogindSleepMonitor::disconnected() {
 void LogindSleepMonitor::takeDelayLock() {
     QDBusMessage call =
         QDBusMessage::createMethodCall(kLogind, kPath, kManager, QStringLiteral("Inhibit"));
-    call << QStringLiteral("sleep") << QStringLiteral("Hearthmark")
+    call << QStringLiteral("shutdown:sleep") << QStringLiteral("Hearthmark")
          << tr("The time of running focus intervals is stored.") << QStringLiteral("delay");
     call.setAutoStartService(false);
     using Answer = QDBusPendingReply<QDBusUnixFileDescriptor>;
@@ -71,7 +83,7 @@ void LogindSleepMonitor::takeDelayLock() {
                 delayLock_ = reply.value();
             }
         } else if (reply.error().type() != QDBusError::ServiceUnknown) {
-            qWarning("The machine will not wait before it sleeps: %s",
+            qWarning("The machine will not wait before it sleeps or shuts down: %s",
                      qUtf8Printable(reply.error().message()));
         }
     });

@@ -2,7 +2,12 @@
 #pragma once
 
 #include <QDBusMessage>
+#include <QImage>
 #include <QLatin1String>
+#include <QString>
+#include <QStringList>
+#include <QVariantMap>
+#include <functional>
 
 namespace hearthmark::platform {
 
@@ -10,9 +15,23 @@ namespace hearthmark::platform {
 inline constexpr QLatin1String kNotifications("org.freedesktop.Notifications");
 inline constexpr QLatin1String kNotificationsPath("/org/freedesktop/Notifications");
 
-inline QDBusMessage notificationCall(const char* method) {
-    return QDBusMessage::createMethodCall(kNotifications, kNotificationsPath, kNotifications,
-                                          QLatin1String(method));
-}
+// Makes the program's icon, for a program that was not installed, so that daemons do not find it by
+// its name. May be empty.
+using NotificationIcon = std::function<QImage()>;
+
+struct DesktopNotification {
+    QString title;
+    QString body;
+    QStringList actions;
+    QVariantMap hints;
+    int expiration;
+};
+
+QDBusMessage notificationCall(const char* method);
+
+// Shows it as the program's own. The body is escaped where the capabilities say that it is read as
+// markup; the title never is.
+QDBusMessage notifyCall(const DesktopNotification& notification, const QStringList& capabilities,
+                        const NotificationIcon& icon);
 
 }  // namespace hearthmark::platform

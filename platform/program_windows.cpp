@@ -20,9 +20,8 @@ class ProgramWindow final : public services::ApplicationWindow {
             return;
         }
         window_->setVisible(true);
-        if (window_->windowState() == Qt::WindowMinimized) {
-            window_->showNormal();
-        }
+        // Maximised as it may be beside that.
+        window_->setWindowStates(window_->windowStates() & ~Qt::WindowMinimized);
         window_->raise();
     }
 

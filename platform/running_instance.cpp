@@ -8,6 +8,8 @@
 #include <QVariantMap>
 #include <chrono>
 
+#include "platform/activation_socket.h"
+#include "platform/activation_token.h"
 #include "platform/application_object.h"
 
 namespace hearthmark::platform {
@@ -19,22 +21,8 @@ using namespace std::chrono_literals;
 constexpr auto kPatience = 800ms;
 constexpr auto kPause = 50ms;
 
-// What the desktop gave this process to let a window of it take the focus.
-QVariantMap platformData() {
-    QVariantMap data;
-    const auto add = [&data](const char* key, const char* variable) {
-        if (const QByteArray value = qgetenv(variable); !value.isEmpty()) {
-            data.insert(QLatin1String(key), QString::fromUtf8(value));
-        }
-    };
-    add("activation-token", "XDG_ACTIVATION_TOKEN");
-    add("desktop-startup-id", "DESKTOP_STARTUP_ID");
-    return data;
-}
-
-}  // namespace
-
-bool activateRunningInstance() {
+// One that is not on this bus, or was started by a program that had no socket yet.
+bool activateOverBus(const QString& activationToken, std::chrono::milliseconds patience) {
     const QDBusConnection bus = QDBusConnection::sessionBus();
     if (!bus.isConnected()) {
         return false;
@@ -42,14 +30,28 @@ bool activateRunningInstance() {
     QDBusMessage activate = QDBusMessage::createMethodCall(
         QLatin1String(kApplicationId), QLatin1String(kApplicationObjectPath),
         QStringLiteral("org.freedesktop.Application"), QStringLiteral("Activate"));
-    activate << platformData();
+    activate << QVariantMap{{QStringLiteral("activation-token"), activationToken}};
     // Where the other one is not on this bus, the bus would start yet another.
     activate.setAutoStartService(false);
+    return bus.call(activate, QDBus::Block, static_cast<int>(patience.count())).type() ==
+           QDBusMessage::ReplyMessage;
+}
+
+}  // namespace
+
+bool activateRunningInstance(const std::string& instance) {
+    const std::string activationToken = takeActivationToken();
     const QDeadlineTimer deadline(kPatience);
+    const auto rest = [&deadline] {
+        return std::chrono::duration_cast<std::chrono::milliseconds>(
+            deadline.remainingTimeAsDuration());
+    };
     while (!deadline.hasExpired()) {
-        const QDBusMessage reply =
-            bus.call(activate, QDBus::Block, static_cast<int>(deadline.remainingTime()));
-        if (reply.type() == QDBusMessage::ReplyMessage) {
+        const ActivationAnswer answer = activateOverSocket(instance, activationToken, rest());
+        if (answer != ActivationAnswer::noneListens) {
+            return answer == ActivationAnswer::done;
+        }
+        if (activateOverBus(QString::fromStdString(activationToken), rest())) {
             return true;
         }
         QThread::msleep(std::chrono::milliseconds(kPause).count());

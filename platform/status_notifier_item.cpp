@@ -71,7 +71,10 @@ const QDBusArgument& operator>>(const QDBusArgument& argument, StatusToolTip& to
 
 StatusNotifierItem::StatusNotifierItem(Handlers handlers, DbusMenu::Actions menuActions)
     : handlers_(std::move(handlers)),
-      menu_(std::move(menuActions)),
+      menu_({.show = [this, show = std::move(menuActions.show)] { act(show); },
+             .checkForUpdates = [this,
+                                 check = std::move(menuActions.checkForUpdates)] { act(check); },
+             .quit = std::move(menuActions.quit)}),
       bus_(QDBusConnection::sessionBus()) {
     // Each step waits for the thread of the bus, and the window comes first.
     QTimer::singleShot(0, this, &StatusNotifierItem::appear);
@@ -193,7 +196,7 @@ QString StatusNotifierItem::labelGuide() const {
 
 // The panel has its answer before anything is done that may take time.
 void StatusNotifierItem::Activate(int /*x*/, int /*y*/) {
-    QTimer::singleShot(0, this, handlers_.activate);
+    QTimer::singleShot(0, this, [this] { act(handlers_.activate); });
 }
 
 void StatusNotifierItem::SecondaryActivate(int x, int y) {
@@ -206,8 +209,14 @@ void StatusNotifierItem::ContextMenu(int /*x*/, int /*y*/) {}
 void StatusNotifierItem::Scroll(int /*delta*/, const QString& /*orientation*/) {}
 
 void StatusNotifierItem::ProvideXdgActivationToken(const QString& token) {
-    // Where the toolkit's Wayland plugin looks for it when the next window is activated.
-    qputenv("XDG_ACTIVATION_TOKEN", token.toUtf8());
+    activationToken_ = token.toUtf8();
+}
+
+void StatusNotifierItem::act(const std::function<void()>& action) {
+    // Where the toolkit's Wayland plugin looks for it when a window is activated.
+    qputenv("XDG_ACTIVATION_TOKEN", std::exchange(activationToken_, {}));
+    action();
+    qunsetenv("XDG_ACTIVATION_TOKEN");  // it is not for what the program starts
 }
 
 void StatusNotifierItem::registerAtWatcher() {

@@ -66,7 +66,7 @@ class StatusNotifierItem final : public QObject {
     // One with a dot asks for attention.
     void setIcon(const StatusIconState& icon);
 
-    bool isHosted() const { return isHosted_; }
+    bool isHosted() const { return isHosted_ && bus_.isConnected(); }
     DbusMenu& menu() { return menu_; }
 
     QString category() const;
@@ -106,6 +106,8 @@ class StatusNotifierItem final : public QObject {
     void appear();
     void registerAtWatcher();
     void setIsHosted(bool isHosted);
+    // With the activation token that the panel has given for it.
+    void act(const std::function<void()>& action);
 
     Handlers handlers_;
     DbusMenu menu_;
@@ -114,6 +116,7 @@ class StatusNotifierItem final : public QObject {
     // Without a watcher nobody listens, and nothing is told.
     bool isWatched_ = false;
     bool isHosted_ = false;
+    QByteArray activationToken_;
     QString title_;
     QString taskName_;
     StatusIconState icon_;

@@ -24,33 +24,53 @@ HomeView::HomeView(std::unique_ptr<HomeAdapter> adapter, std::shared_ptr<MainWin
         window_.get(), &QQuickWindow::frameSwapped, this,
         [] { QGuiApplication::setWindowIcon(windowIcon()); },
         static_cast<Qt::ConnectionType>(Qt::QueuedConnection | Qt::SingleShotConnection));
-    connect(window_.get(), &QWindow::visibleChanged, adapter_.get(), &HomeAdapter::setShown);
+    connect(window_.get(), &QWindow::visibleChanged, this, &HomeView::setShown);
     QGuiApplication::instance()->installEventFilter(this);
 }
 
 HomeView::~HomeView() = default;
 
 void HomeView::show(const std::string& activationToken) {
+    window_->setVisible(true);
+    window_->setWindowStates(window_->windowStates() & ~Qt::WindowMinimized);
+    window_->raise();
     if (!activationToken.empty()) {
         // Where the toolkit's Wayland plugin looks for it.
         qputenv("XDG_ACTIVATION_TOKEN", QByteArray::fromStdString(activationToken));
     }
-    window_->setVisible(true);
-    if (window_->windowState() == Qt::WindowMinimized) {
-        window_->showNormal();
-    }
-    window_->raise();
     window_->requestActivate();
+    // It was for this window alone, not for what the program starts.
+    qunsetenv("XDG_ACTIVATION_TOKEN");
+}
+
+// Also where somebody else shows or hides it.
+void HomeView::setShown(bool isShown) {
+    if (isShown && hiddenStates_ != Qt::WindowNoState) {
+        // The window manager has put it back to where and as large as it was before; from there it
+        // is to be maximised.
+        window_->setPosition(window_->position());
+        window_->setWindowStates(hiddenStates_);
+    }
+    adapter_->setShown(isShown);
 }
 
 void HomeView::hide() {
     const QPoint place = window_->framePosition();
+    hiddenStates_ = window_->windowStates() & ~Qt::WindowMinimized;
     const bool isFree = window_->windowStates() == Qt::WindowNoState;
     window_->setVisible(false);
     if (isFree) {
         // Else the window manager looks for a place anew.
         window_->setFramePosition(place);
     }
+}
+
+void HomeView::minimize() {
+    window_->setWindowStates(window_->windowStates() | Qt::WindowMinimized);
+}
+
+void HomeView::abandon() {
+    adapter_->setShown(false);
 }
 
 void HomeView::displayAddSheet() {

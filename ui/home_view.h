@@ -28,6 +28,8 @@ class HomeView final : public QObject, public services::HomeViewProtocol {
 
     void show(const std::string& activationToken) override;
     void hide() override;
+    void minimize() override;
+    void abandon() override;
     void displayAddSheet() override;
     void startShortFocus() override;
     void requestAttention() override;
@@ -35,10 +37,14 @@ class HomeView final : public QObject, public services::HomeViewProtocol {
     bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
+    void setShown(bool isShown);
+
     WindowShouldClose windowShouldClose_;
     std::unique_ptr<HomeAdapter> adapter_;
     std::shared_ptr<MainWindowLoader> loader_;
     std::unique_ptr<QQuickWindow> window_;
+    // Maximised or full-screen, or neither, when it was hidden: the desktop forgets that.
+    Qt::WindowStates hiddenStates_ = Qt::WindowNoState;
     bool isQuitting_ = false;
 };
 

@@ -3,18 +3,29 @@
 #include <fstream>
 
 #include "app/program_clock.h"
+#include "platform/machine_uptime.h"
 
 namespace hearthmark::app {
 
 namespace {
 
-// The machine's clock, set by the number of seconds that a file holds whenever it is asked.
+// In seconds, as a file says whenever it is asked.
+struct Offsets {
+    double clock = 0;
+    double asleep = 0;
+};
+
+Offsets offsets() {
+    Offsets read;
+    std::ifstream(std::getenv("HEARTHMARK_CLOCK_OFFSET")) >> read.clock >> read.asleep;
+    return read;
+}
+
+// The machine's clock, set by the test.
 class DrivenClock final : public base::Clock {
  public:
     base::Date now() const override {
-        double offset = 0;
-        std::ifstream(std::getenv("HEARTHMARK_CLOCK_OFFSET")) >> offset;
-        return base::SystemClock().now() + base::Seconds(offset);
+        return base::SystemClock().now() + base::Seconds(offsets().clock);
     }
 };
 
@@ -22,6 +33,12 @@ class DrivenClock final : public base::Clock {
 
 std::shared_ptr<const base::Clock> makeProgramClock() {
     return std::make_shared<DrivenClock>();
+}
+
+services::Uptime programUptime() {
+    services::Uptime uptime = platform::machineUptime();
+    uptime.asleep += base::Seconds(offsets().asleep);
+    return uptime;
 }
 
 }  // namespace hearthmark::app

@@ -3,6 +3,7 @@
 accessibility bus and the keyboard."""
 
 import contextlib
+import ctypes
 import os
 import re
 import shutil
@@ -58,13 +59,7 @@ class Desktop:
         self.directory = tempfile.mkdtemp(prefix="hearthmark-desktop-")
         os.chmod(self.directory, 0o700)
         self.processes = []
-        reading, writing = os.pipe()
-        # A server that resets itself, which it does by default when a client leaves it alone, turns
-        # away whoever connects at that moment.
-        self._start(["Xvfb", "-displayfd", str(writing), "-screen", "0", "1200x800x24",
-                     "-nolisten", "tcp", "-noreset"], pass_fds=[writing])
-        os.close(writing)
-        os.environ["DISPLAY"] = ":" + os.read(reading, 16).decode().strip()
+        self.start_display()
         os.environ["XDG_RUNTIME_DIR"] = self.directory
         os.environ["QT_LINUX_ACCESSIBILITY_ALWAYS_ON"] = "1"
         os.environ["DBUS_SYSTEM_BUS_ADDRESS"] = "disabled:"
@@ -77,6 +72,17 @@ class Desktop:
         self.accessibility_bus = subprocess.check_output(
             ["dbus-send", "--session", "--print-reply=literal", "--dest=org.a11y.Bus",
              "/org/a11y/bus", "org.a11y.Bus.GetAddress"], text=True).strip()
+
+    def start_display(self):
+        """What is started from here on is shown there."""
+        reading, writing = os.pipe()
+        # A server that resets itself, which it does by default when a client leaves it alone, turns
+        # away whoever connects at that moment.
+        self.display = self._start(
+            ["Xvfb", "-displayfd", str(writing), "-screen", "0", "1200x800x24", "-nolisten", "tcp",
+             "-noreset"], pass_fds=[writing])
+        os.close(writing)
+        os.environ["DISPLAY"] = ":" + os.read(reading, 16).decode().strip()
         self._start(["openbox"])
         # A window that comes before it is given no keyboard.
         wait_for(lambda: b"#" in subprocess.check_output(["xprop", "-root", "_NET_SUPPORTING_WM_CHECK"]),
@@ -131,10 +137,10 @@ class Program:
                                         stdin=subprocess.DEVNULL, stderr=subprocess.PIPE)
         return self
 
-    def launch(self):
+    def launch(self, **environment):
         import pyatspi
 
-        self.start()
+        self.start(**environment)
         wait_for(lambda: any(window.getState().contains(pyatspi.STATE_ACTIVE) for window in self.tree()),
                  "the window to have the keyboard")
         return self
@@ -318,6 +324,26 @@ def type_text(text):
 
 def xdotool(*arguments):
     subprocess.run(["xdotool", *map(str, arguments)], check=True)
+
+
+def toggle_maximised(window):
+    """As a panel asks the window manager."""
+    x11 = ctypes.CDLL("libX11.so.6")
+    x11.XOpenDisplay.restype = ctypes.c_void_p
+    display = ctypes.c_void_p(x11.XOpenDisplay(None))
+    toggle, *states = 2, *(x11.XInternAtom(display, b"_NET_WM_STATE_MAXIMIZED_" + way, 0)
+                           for way in (b"HORZ", b"VERT"))
+    message, to_managers = 33, 0x180000
+    event = (ctypes.c_long * 24)(message, 0, 0, 0, int(window),
+                                 x11.XInternAtom(display, b"_NET_WM_STATE", 0), 32, toggle, *states)
+    x11.XSendEvent(display, ctypes.c_ulong(x11.XDefaultRootWindow(display)), 0, to_managers, event)
+    x11.XCloseDisplay(display)
+
+
+def windows():
+    """Those that can be seen; not minimised, not hidden."""
+    return subprocess.run(["xdotool", "search", "--onlyvisible", "--name", "^Hearthmark$"], text=True,
+                          check=False, stdout=subprocess.PIPE).stdout.split()
 
 
 def lines_of(colour, width):

@@ -38,8 +38,9 @@ class Daemon:
     """Takes notifications, unless it refuses each call or what it is to show, or hangs for five
     seconds."""
 
-    def __init__(self, manner="takes"):
+    def __init__(self, manner="takes", capabilities=("actions", "body", "body-markup", "sound")):
         self.manner = manner
+        self.capabilities = capabilities
         self.called = self.answered = False
         self.taken = []  # when, and the arguments
         self.bus = serve(os.environ["DBUS_SESSION_BUS_ADDRESS"], NOTIFICATIONS, NOTIFICATIONS_PATH,
@@ -57,7 +58,7 @@ class Daemon:
     def _take(self, method, arguments, invocation):
         self.answered = True
         if method == "GetCapabilities":
-            invocation.return_value(GLib.Variant("(as)", (["actions", "body", "body-markup", "sound"],)))
+            invocation.return_value(GLib.Variant("(as)", (self.capabilities,)))
         else:
             self.taken.append((time.monotonic(), arguments.unpack()))
             invocation.return_value(GLib.Variant("(u)", (len(self.taken),)))
@@ -93,15 +94,15 @@ class Panel:
         return self.bus.call_sync(self.item, path, target, method,
                                   GLib.Variant(signature, arguments), None, 0, 5000).unpack()
 
-    def get(self, name):
-        return self.call(ITEM, "Get", "(ss)", ITEM, name)[0]
+    def get(self, name, interface=ITEM):
+        return self.call(interface, "Get", "(ss)", interface, name)[0]
 
     def labels(self):
         return [told[0] for _, signal, told in self.told if signal == "XAyatanaNewLabel"]
 
 
 class Logind:
-    """Notes who delays sleep, and tells of it."""
+    """Notes who delays sleep and shutdown, and tells of them."""
 
     def __init__(self):
         self.lock = None  # closed at its other end when the program lets go
@@ -110,7 +111,7 @@ class Logind:
 
     def _inhibit(self, _bus, _sender, _path, _interface, _method, arguments, invocation):
         what, who, _why, mode = arguments.unpack()
-        assert (what, who, mode) == ("sleep", "Hearthmark", "delay")
+        assert (what, who, mode) == ("shutdown:sleep", "Hearthmark", "delay")
         self.lock, theirs = os.pipe()
         descriptors = Gio.UnixFDList.new()
         descriptors.append(theirs)
@@ -120,8 +121,8 @@ class Logind:
     def is_delayed(self):
         return self.lock is not None and not select.select([self.lock], [], [], 0)[0]
 
-    def tell(self, is_starting):
-        self.bus.emit_signal(None, LOGIND_PATH, LOGIND_MANAGER, "PrepareForSleep",
+    def tell(self, is_starting, what="PrepareForSleep"):
+        self.bus.emit_signal(None, LOGIND_PATH, LOGIND_MANAGER, what,
                              GLib.Variant("(b)", (is_starting,)))
 
 

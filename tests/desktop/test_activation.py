@@ -11,7 +11,9 @@ import tempfile
 import unittest
 from pathlib import Path
 
-from driver import Desktop, ProgramTest, connect, key, press, type_text, wait_for
+from gi.repository import GLib
+
+from driver import Desktop, ProgramTest, connect, key, press, type_text, wait_for, windows
 from players import ITEM, Panel
 
 NAME, PATH, APPLICATION = (
@@ -59,8 +61,6 @@ class Activation(ProgramTest):
         self.install(f"[D-BUS Service]\nName={NAME}\nExec={self.binary}\n")
 
     def call(self, name, interface, method, signature, *arguments):
-        from gi.repository import GLib
-
         path = PATH if name == NAME else "/org/freedesktop/DBus"
         return self.bus.call_sync(name, path, interface, method, GLib.Variant(signature, arguments),
                                   None, 0, 10000).unpack()
@@ -79,10 +79,6 @@ class Activation(ProgramTest):
         self.program.process = BusStarted(process)
         return self.program
 
-    def has_window(self):
-        return subprocess.run(["xdotool", "search", "--onlyvisible", "--name", "^Hearthmark$"],
-                              stdout=subprocess.DEVNULL, check=False).returncode == 0
-
     def test_started_by_the_bus_it_works_without_a_window_until_it_is_asked_for_one(self):
         self.make_store(*self.task_with_interval(state=0, duration=100.0))
         asks = [lambda: self.call(NAME, APPLICATION, "Activate", "(a{sv})", {}),
@@ -94,16 +90,35 @@ class Activation(ProgramTest):
             self.call(BUS, BUS, "StartServiceByName", "(su)", NAME, 0)
             self.started()
             wait_for(lambda: len(self.panel.labels()) == 2, "two seconds")
-            self.assertEqual((self.interval()[1], self.has_window()), (1, False))
+            self.assertEqual((self.interval()[1], windows()), (1, []))
             ask()
             self.program.find("Planted", "list item")
-            self.assertTrue(self.has_window())
+            self.assertTrue(windows())
             self.program.end()
             self.assertEqual(self.interval()[1], 0)
 
     def test_a_start_that_the_bus_only_handed_its_environment_to_shows_the_window(self):
-        self.program.start(DBUS_STARTER_BUS_TYPE="session", DBUS_STARTER_ADDRESS="unix:")
-        self.program.find("Add Task")
+        opened, opener = (Path(self.config.name, name) for name in ("opened", "xdg-open"))
+        opener.write_text(f"#!/bin/sh\nenv >{opened}.new\nmv {opened}.new {opened}\n")
+        opener.chmod(0o700)
+        told = {name: "told" for name in ("DBUS_STARTER_ADDRESS", "XDG_ACTIVATION_TOKEN",
+                                          "DESKTOP_STARTUP_ID")}
+        program = self.program.start(DBUS_STARTER_BUS_TYPE="session", **told,
+                                     PATH=f"{self.config.name}:{os.environ['PATH']}")
+        program.find("Add Task")
+        # What it starts is not told the same, nor which window system was chosen for it.
+        for tokens in (0, 1):
+            if tokens:
+                self.call(NAME, APPLICATION, "Activate", "(a{sv})",
+                          {"activation-token": GLib.Variant("s", "told")})
+                self.panel.call(ITEM, "ProvideXdgActivationToken", "(s)", "told")
+            program.press("Application menu")
+            program.press("About Hearthmark", "menu item")
+            program.press("Open Folder")
+            wait_for(opened.exists, "the folder")
+            self.assertNotRegex(opened.read_text(), "told|STARTER|QT_QPA_PLATFORM=")
+            opened.unlink()
+            key("Escape")
 
     def test_actions_work_and_start_the_program(self):
         program = self.act("add-task")
@@ -119,7 +134,7 @@ class Activation(ProgramTest):
         press(row)
         program.find("Letters", "heading")
         key("alt+F4")
-        wait_for(lambda: not self.has_window(), "the window to hide")
+        wait_for(lambda: not windows(), "the window to hide")
         for _ in range(2):  # the second finds one running
             self.act("start-short-focus")
             wait_for(lambda: program.section_of("Letters") == "Running", "the focus")
@@ -168,7 +183,7 @@ class Activation(ProgramTest):
         subprocess.run(shlex.split(command), check=True)
         wait_for(self.started, "the program")
         wait_for(lambda: self.panel.item, "the item")
-        self.assertFalse(self.has_window())
+        self.assertFalse(windows())
         self.call(NAME, APPLICATION, "Activate", "(a{sv})", {})
         press(item())
         wait_for(lambda: not list(autostart.iterdir()), "the file to go")

@@ -35,10 +35,11 @@ class HostileDesktop(ProgramTest):
         self.clock = os.environ["HEARTHMARK_CLOCK_OFFSET"] = os.path.join(self.program.data, "clock")
         self.set_clock(0)
 
-    def set_clock(self, offset):
+    def set_clock(self, offset, asleep=0):
+        """Seconds that the clock is ahead, and that the machine has slept as its other clocks say."""
         self.offset = offset
         with open(self.clock + ".new", "w", encoding="utf-8") as file:
-            file.write(str(offset))
+            file.write(f"{offset} {asleep}")
         os.rename(file.name, self.clock)
 
     @contextlib.contextmanager
@@ -179,10 +180,58 @@ class HostileDesktop(ProgramTest):
         self.assert_shown("Endless")
         self.quit()
 
-    def test_the_machine_sleeps_for_an_hour(self):
-        os.environ["DBUS_SYSTEM_BUS_ADDRESS"] = DESKTOP.start_bus("system.conf")
+    def start_logind(self):
+        os.environ["DBUS_SYSTEM_BUS_ADDRESS"] = DESKTOP.start_bus(self.id() + ".system.conf")
         self.addCleanup(os.environ.__setitem__, "DBUS_SYSTEM_BUS_ADDRESS", "disabled:")
-        logind = Logind()
+        return Logind()
+
+    def test_the_machine_sleeps_for_an_hour_and_nobody_tells(self):
+        self.begin(("On", 100))
+        _, started = self.intervals()["On"]
+        with self.answering("the machine sleeps and nobody tells"):
+            slept = now()
+            self.set_clock(HOUR, HOUR)
+            wait_for(lambda: self.intervals()["On"][1] != started, "it to be noticed")
+            self.assert_shown("On")
+            self.assertAlmostEqual(self.intervals()["On"][0], 100 + slept - started, delta=1.5)
+        self.quit()
+
+    def test_the_machine_shuts_down(self):
+        logind = self.start_logind()
+        program = self.begin(("On", 100))
+        wait_for(logind.is_delayed, "the delay")
+        before = self.intervals()["On"]
+        logind.tell(True, "PrepareForShutdown")
+        self.assertEqual(program.finished()[0], 0)
+        wait_for(lambda: not logind.is_delayed(), "the machine to go on")
+        spent, started = self.intervals()["On"]
+        self.assertIsNone(started)
+        self.assertAlmostEqual(spent, before[0] + now() - before[1], delta=1)
+
+    def test_the_display_goes_away(self):
+        spent = 100
+        self.begin(("On", spent))
+        for number, prepare in ((signal.SIGTERM, lambda: None),
+                                (signal.SIGKILL, lambda: self.program.press("Add Task")),
+                                (signal.SIGKILL, lambda: key("alt+F4"))):
+            self.program.find("On", "list item")
+            prepare()
+            time.sleep(0.5)
+            _, started = self.intervals()["On"]
+            DESKTOP.display.send_signal(number)
+            self.program.finished()
+            ended = now()
+            DESKTOP.display.wait()
+            DESKTOP.start_display()
+            (spent, nothing), before = self.intervals()["On"], spent
+            self.assertIsNone(nothing)
+            self.assertAlmostEqual(spent - before, ended - started, delta=0.5)
+            self.begin()
+            self.assertEqual(self.intervals()["On"][0], spent)
+        self.quit()
+
+    def test_the_machine_sleeps_for_an_hour(self):
+        logind = self.start_logind()
         self.begin(("On", 100), ("Ended", 100))
         wait_for(logind.is_delayed, "the delay")
         before, (_, started) = self.interval(), self.intervals()["On"]

@@ -14,8 +14,9 @@ from pathlib import Path
 
 from gi.repository import GLib
 
-from driver import (Desktop, ProgramTest, click, clipboard, extents, has_focus, key, lines_of,
-                    new_id, now, press, serve, type_text, wait_for, xdotool)
+from driver import (Desktop, Program, ProgramTest, click, clipboard, extents, has_focus, key,
+                    lines_of, new_id, now, press, serve, toggle_maximised,
+                    type_text, wait_for, windows, xdotool)
 
 
 def setUpModule():
@@ -330,19 +331,45 @@ class Restarts(ProgramTest):
         self.assertEqual(oct(os.stat(os.path.dirname(program.file)).st_mode)[-3:], "700")
         xdotool("search", "--onlyvisible", "--name", "^Hearthmark$", "windowmove", "--sync", 33, 44)
         place = tuple(extents(program.find("Add Task")))
-        key("alt+F4")
-        wait_for(lambda: not program.find_all("Add Task"), "the window to hide")
-        self.assertIsNone(program.process.poll())
-        before = time.monotonic()
-        second = subprocess.run([program.binary], env=program.environment(), timeout=5, check=False)
-        self.assertEqual(second.returncode, 0)
-        self.assertLess(time.monotonic() - before, 1)
+        for bus in (os.environ["DBUS_SESSION_BUS_ADDRESS"], "disabled:"):
+            key("alt+F4")
+            wait_for(lambda: not program.find_all("Add Task"), "the window to hide")
+            self.assertIsNone(program.process.poll())
+            before = time.monotonic()
+            second = subprocess.run([program.binary], timeout=5, check=False,
+                                    env=program.environment(DBUS_SESSION_BUS_ADDRESS=bus))
+            self.assertEqual(second.returncode, 0)
+            self.assertLess(time.monotonic() - before, 1)
+            wait_for(lambda: tuple(extents(program.find("Add Task"))) == place, "it at its place")
+        window, = windows()
+        toggle_maximised(window)
+        wait_for(lambda: tuple(extents(program.find("Add Task"))) != place, "it to be large")
+        large = tuple(extents(program.find("Add Task")))
+        for hide in (lambda: key("alt+F4"), lambda: xdotool("windowminimize", window)):
+            hide()
+            wait_for(lambda: not windows(), "the window to go")
+            subprocess.run([program.binary], env=program.environment(), timeout=5, check=True)
+            wait_for(lambda: tuple(extents(program.find("Add Task"))) == large, "it, large")
+        toggle_maximised(window)
         wait_for(lambda: tuple(extents(program.find("Add Task"))) == place, "it at its place")
-        silent = subprocess.run(
-            [program.binary], env=program.environment(DBUS_SESSION_BUS_ADDRESS="disabled:"), timeout=5,
-            capture_output=True, text=True, check=False)
-        self.assertEqual((silent.returncode, silent.stderr), (1, "Hearthmark is already running.\n"))
+        # One that hangs: the person is told so where there is neither a terminal nor a daemon.
+        program.process.send_signal(signal.SIGSTOP)
+        second = Program(program.binary, program.data).start()
+        wait_for(lambda: len(windows()) == 2, "the message")
+        wait_for(lambda: key("Escape") or second.process.poll(), "the end")
+        self.assertRegex(second.finished()[1], "^Hearthmark is already running, but does not answer")
         program.end(signal.SIGKILL)
+        # Where nothing could bring a hidden window back, it can still be seen.
+        program.start(DBUS_SESSION_BUS_ADDRESS="disabled:")
+        wait_for(windows, "the window")
+        wait_for(lambda: key("alt+F4") or not windows(), "it to go")
+        shown = subprocess.check_output(["xprop", "-root", "_NET_CLIENT_LIST"], text=True)
+        self.assertIn("0x", shown)  # a panel has a button for it
+        subprocess.run([program.binary], timeout=5, check=True,
+                       env=program.environment(DBUS_SESSION_BUS_ADDRESS="disabled:"))
+        wait_for(windows, "the window")
+        wait_for(lambda: key("ctrl+q") or program.process.poll() is not None, "the end")
+        self.assertEqual(program.finished()[0], 0)
         program.launch()
 
     def test_its_version_needs_neither_a_display_nor_a_store(self):

@@ -10,7 +10,8 @@ from collections import Counter
 
 from gi.repository import GLib
 
-from driver import Desktop, ProgramTest, click, key, now, press, wait_for
+from driver import (Desktop, ProgramTest, click, extents, key, now, press, toggle_maximised,
+                    wait_for, windows, xdotool)
 from players import Daemon, ITEM, MENU, Panel
 
 
@@ -52,8 +53,14 @@ class StatusItem(ProgramTest):
         wait_for(lambda: panel.labels()[-1] == panel.get("XAyatanaLabel") == "Hearthmark!", "the end")
         # No daemon here shows that it finished.
         wait_for(lambda: panel.get("Status") == "NeedsAttention", "the dot")
+        window, = windows()
+        toggle_maximised(window)
+        wait_for(lambda: extents(program.find("Add Task")).y > 700, "it to be large")
+        xdotool("windowminimize", window)
+        wait_for(lambda: not windows(), "the window to go")
         panel.call(ITEM, "Activate", "(ii)", 0, 0)
         wait_for(lambda: panel.get("Status") == "Active", "it to go")
+        wait_for(lambda: extents(program.find("Add Task")).y > 700, "it, large")
         self.assertEqual(panel.get("XAyatanaLabel"), "Hearthmark!")
 
     def test_the_menu_follows_the_title_and_quits(self):
@@ -75,6 +82,12 @@ class StatusItem(ProgramTest):
         panel.call(MENU, "Event", "(isvu)", children[-1][0], "clicked", GLib.Variant("i", 0), 0)
         self.assertEqual(program.finished()[0], 0)
         self.assertEqual(self.interval()[1], 0)
+        for language, direction in (("en_GB", "ltr"), ("ar_EG", "rtl")):
+            panel.item = None
+            program.launch(LC_ALL=f"{language}.UTF-8")
+            wait_for(lambda: panel.item, "the item")
+            self.assertEqual(panel.get("TextDirection", MENU), direction)
+            program.end()
 
 
 class Notifications(ProgramTest):
@@ -102,14 +115,18 @@ class Notifications(ProgramTest):
               f" {started}, {1797 if i < 3 else 0}, 1800, {min(i, 2)})" for i in (1, 2, 3)),
             *(f"INSERT INTO RawIntervalState VALUES ({i}, {2 if i > 2 else 0}, NULL, NULL, {i})"
               for i in (1, 2, 3)))
-        program = self.program.launch()
+        program = self.program.launch(XDG_DATA_DIRS="/nowhere")
         wait_for(lambda: not program.find_all("Finish") and len(daemon.taken) == 2, "two")
         texts = sorted(arguments[3] for _, arguments in daemon.taken)
         self.assertEqual(texts, ["-", "<b>&\""])
-        for _, (name, replaced, _, _, body, actions, hints, expiration) in daemon.taken:
+        for _, (name, replaced, icon, _, body, actions, hints, expiration) in daemon.taken:
             self.assertEqual(
-                (name, replaced, body, actions, expiration),
-                ("Hearthmark", 0, "Interval finished", ["default", "Show"], -1))
+                (name, replaced, icon, body, actions, expiration),
+                ("Hearthmark", 0, "org.hearthmark.Hearthmark", "Interval finished",
+                 ["default", "Show"], -1))
+            # Nothing has that name where the program was not installed.
+            *form, pixels = hints["image-data"]
+            self.assertEqual((form, len(pixels)), ([48, 48, 4 * 48, True, 8, 4], 4 * 48 * 48))
             self.assertEqual((hints["desktop-entry"], hints["sound-name"]),
                              ("org.hearthmark.Hearthmark", "complete"))
         # By hand, with the window hidden when it is clicked.
@@ -138,6 +155,20 @@ class Notifications(ProgramTest):
         wait_for(lambda: len(daemon.taken) == 5, "the last")
         self.assertLess(daemon.taken[4][0] - pressed, 0.9)
         self.assertEqual(daemon.taken[4][1][3], "-")
+
+    def test_why_it_cannot_go_on_is_told_in_time_and_as_the_daemon_reads_it(self):
+        for manner, capabilities, text in (("takes", ["body"], "<&>"),
+                                           ("takes", ["body", "body-markup"], "&lt;&amp;&gt;"),
+                                           ("hangs", [], None)):
+            daemon = Daemon(manner, capabilities)
+            started = time.monotonic()
+            self.program.start(XDG_DATA_HOME="/dev/null/<&>")
+            wait_for(lambda: self.program.process.poll(), "the end")
+            self.assertLess(time.monotonic() - started, 2)
+            self.assertIn("/dev/null/<&>", self.program.finished()[1])
+            if text:
+                self.assertIn(f"/dev/null/{text}", daemon.taken[0][1][4])
+            daemon.bus.close_sync()
 
 
 if __name__ == "__main__":

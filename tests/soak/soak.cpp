@@ -95,7 +95,7 @@ class Program {
  public:
     Program(const std::filesystem::path& directory, double second) : app_(environment(directory)) {
         clock_->time = at(second);
-        app_.launch();
+        app_.launch({});
         window_ = qobject_cast<QQuickWindow*>(QGuiApplication::allWindows().constFirst());
         home_ = window_->property("home").value<ui::HomeAdapter*>();
         QObject::connect(window_, &QQuickWindow::frameSwapped, window_, [this] { ++frames_; });
@@ -155,6 +155,7 @@ class Program {
                 .timeKeepingProvider = timers_,
                 .clock = clock_,
                 .sleepMonitor = std::make_shared<NeverAsleep>(),
+                .uptime = [] { return services::Uptime{}; },
                 .notificationCenter = notifications_,
                 .statusBarPorts = {.statusBar = std::make_shared<FakeStatusBar>(),
                                    .applicationWindows = nullptr},
@@ -170,6 +171,7 @@ class Program {
                 .fatal = base::FatalErrorHandler(),
                 .quit = [] {},
                 .restartRestored = [] {},
+                .mayHide = [] { return true; },
                 .didHide = [] {}};
     }
 

@@ -1,0 +1,32 @@
+// SPDX-License-Identifier: MIT
+#include "platform/sudden_exit.h"
+
+#include <cstdlib>
+#include <utility>
+
+namespace hearthmark::platform {
+
+namespace {
+
+SuddenExit* watching = nullptr;
+
+}  // namespace
+
+SuddenExit::SuddenExit(std::function<void()> onExit)
+    : onExit_(std::move(onExit)), thread_(std::this_thread::get_id()) {
+    watching = this;
+    std::atexit(&SuddenExit::handleExit);
+}
+
+SuddenExit::~SuddenExit() {
+    watching = nullptr;
+}
+
+void SuddenExit::handleExit() {
+    SuddenExit* const exit = std::exchange(watching, nullptr);
+    if (exit != nullptr && exit->thread_ == std::this_thread::get_id()) {
+        exit->onExit_();
+    }
+}
+
+}  // namespace hearthmark::platform
