@@ -20,8 +20,6 @@ RowOfKind {
 
     // The whole text is to be copied, of which this may show a part.
     signal copied
-    signal steppedUp
-    signal steppedDown
 
     shownKind: root.isPlace ? null : root.kind === TaskDetailListModel.Interval ? interval : note
     height: root.isPlace ? root.notesHeight : root.content?.height ?? 0
@@ -31,8 +29,6 @@ RowOfKind {
     Accessible.focusable: true
     Keys.onTabPressed: root.stop.leaveForward()
     Keys.onBacktabPressed: root.stop.leaveBackward()
-    Keys.onUpPressed: root.steppedUp()
-    Keys.onDownPressed: root.steppedDown()
 
     Component {
         id: interval
