@@ -1,13 +1,16 @@
 // SPDX-License-Identifier: MIT
 import QtQuick
 import Hearthmark.Controls
+import Hearthmark.Ui
 
 // A list with an item above its rows that scrolls along with them and may change its height. Unlike the
 // toolkit's own header, it stays made however far away it is.
 FreshListView {
     id: root
 
+    required property TaskDetailListModel rows
     required property Item head
+    readonly property alias rowKeys: keys
     property real shownTopMargin
 
     // Of what stands in the list.
@@ -21,6 +24,20 @@ FreshListView {
     function showRow(row: int) {
         root.currentIndex = row;
         root.positionViewAtIndex(row, ListView.Contain);
+    }
+
+    // By the keyboard: the first row with as much of what stands above it as there is room for.
+    function walkTo(row: int) {
+        root.showRow(row);
+        const bottom = root.currentItem.y + root.currentItem.height;
+        if (root.rows.rowBefore(row) === row)
+            root.contentY = Math.max(root.originY - root.topMargin, Math.min(root.contentY, bottom - root.height));
+    }
+
+    // A row that stays current would take the focus when the rows before it change.
+    function leaveRows(part: Item) {
+        if (part.activeFocus)
+            root.currentIndex = -1;
     }
 
     // A head that grows while it is in sight pushes the rows down instead of itself up.
@@ -47,6 +64,18 @@ FreshListView {
     // the head.
     currentIndex: -1
     Accessible.role: Accessible.List
+
+    RowKeys {
+        id: keys
+
+        list: root
+        onUpPressed: root.walkTo(root.rows.rowBefore(root.currentIndex))
+        onDownPressed: root.walkTo(root.rows.rowAfter(root.currentIndex))
+        onHomePressed: root.walkTo(root.rows.rowAfter(-1))
+        onEndPressed: root.walkTo(root.rows.rowBefore(root.count))
+        onPageUpPressed: row => root.walkTo(Math.min(root.rows.rowAfter(row - 1), root.rows.rowBefore(root.currentIndex)))
+        onPageDownPressed: row => root.walkTo(Math.max(root.rows.rowBefore(row + 1), root.rows.rowAfter(root.currentIndex)))
+    }
 
     ScrollBar {
         flickable: root

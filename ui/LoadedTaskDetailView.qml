@@ -10,7 +10,6 @@ HeadedListView {
 
     required property TaskDetailAdapter adapter
     required property OverviewAdapter overview
-    readonly property TaskDetailListModel rows: root.adapter.rows
     readonly property int notesRow: root.rows.notesRow
     readonly property bool canWrite: root.adapter.notes.canAddNote || root.adapter.notes.isWriting
 
@@ -41,42 +40,27 @@ HeadedListView {
             notes.addNote();
     }
 
-    // The first row with as much of what stands above it as there is room for.
-    function walkTo(row: int) {
-        root.showRow(row);
-        const bottom = root.currentItem.y + root.currentItem.height;
-        if (root.rows.rowBefore(row) === row)
-            root.contentY = Math.max(root.originY - root.topMargin, Math.min(root.contentY, bottom - root.height));
-    }
-
-    // A row that stays current would take the focus when the rows before it change.
-    function leaveRows(part: Item) {
-        if (part.activeFocus)
-            root.currentIndex = -1;
-    }
-
-    // The row after one that is deleted becomes current, and that may be the place of the notes.
+    // The row after one that is deleted becomes current, and that may be the place of the notes. After the
+    // last one the list itself has the focus, which nothing shows.
     function keepRowCurrent() {
         root.forceLayout();
-        if (root.currentIndex !== root.notesRow)
-            return;
-        if (root.count > 1)
+        if (root.currentIndex === root.notesRow && root.count > 1)
             root.currentIndex = root.rows.rowNearest(root.notesRow);
-        else if (root.activeFocus && root.canWrite)
-            notes.focusFirst();
-        else
+        else if (root.currentIndex === root.notesRow || root.Window.activeFocusItem === root)
             root.leaveLastRow();
     }
 
     function leaveLastRow() {
         root.currentIndex = -1;
-        if (root.activeFocus)
+        if (root.activeFocus && root.canWrite)
+            notes.focusFirst();
+        else if (root.activeFocus)
             header.focusFirst();
     }
 
     onRowsChanged: root.showAnew()
-
     head: header
+    rows: root.adapter.rows
     Accessible.name: qsTr("Intervals and notes")
 
     Component {
@@ -107,20 +91,8 @@ HeadedListView {
             onMenuRequested: position => root.menuRequested(row, position)
             onHeightChanged: row.followNotes()
             Component.onCompleted: row.takePlace()
-            onSteppedUp: root.walkTo(root.rows.rowBefore(row.index))
-            onSteppedDown: root.walkTo(root.rows.rowAfter(row.index))
-            Keys.forwardTo: [rowKeys]
+            Keys.forwardTo: [root.rowKeys]
         }
-    }
-
-    RowKeys {
-        id: rowKeys
-
-        list: root
-        onHomePressed: root.walkTo(root.rows.rowAfter(-1))
-        onEndPressed: root.walkTo(root.rows.rowBefore(root.count))
-        onPageUpPressed: row => root.walkTo(Math.min(root.rows.rowAfter(row - 1), root.rows.rowBefore(root.currentIndex)))
-        onPageDownPressed: row => root.walkTo(Math.max(root.rows.rowBefore(row + 1), root.rows.rowAfter(root.currentIndex)))
     }
 
     Connections {

@@ -51,8 +51,6 @@ ListView {
     Accessible.role: Accessible.List
     Accessible.name: qsTr("Tasks")
     Keys.forwardTo: [rowKeys]
-    Keys.onUpPressed: root.walkTo(root.rows.taskBefore(root.currentIndex))
-    Keys.onDownPressed: root.walkTo(root.rows.taskAfter(root.currentIndex))
     Keys.onReturnPressed: root.rows.tap(root.currentIndex)
     Keys.onEnterPressed: root.rows.tap(root.currentIndex)
     Keys.onSpacePressed: root.rows.tap(root.currentIndex)
@@ -63,6 +61,8 @@ ListView {
         id: rowKeys
 
         list: root
+        onUpPressed: root.walkTo(root.rows.taskBefore(root.currentIndex))
+        onDownPressed: root.walkTo(root.rows.taskAfter(root.currentIndex))
         onHomePressed: root.walkTo(root.rows.taskAfter(-1))
         onEndPressed: root.walkTo(root.rows.taskBefore(root.count))
         onPageUpPressed: row => root.walkTo(Math.min(root.rows.taskAfter(row - 1), root.rows.taskBefore(root.currentIndex)))

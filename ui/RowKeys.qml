@@ -1,13 +1,15 @@
 // SPDX-License-Identifier: MIT
 import QtQuick
 
-// The keys that go further through the rows of a list than to the next one. A page ends with the row
-// farthest away that is seen whole while the current one stands at the other end.
+// The keys that walk the rows of a list. A page ends with the row farthest away that is seen whole while
+// the current one stands at the other end.
 Item {
     id: root
 
     required property ListView list
 
+    signal upPressed
+    signal downPressed
     signal homePressed
     signal endPressed
     // Each with the row that ends the page, which the keyboard need not reach.
@@ -37,7 +39,7 @@ Item {
         return row < 0 ? root.list.count - 1 : item.y + item.height > bottom ? row - 1 : row;
     }
 
-    function press(event) {
+    function pressFar(event) {
         event.accepted = root.list.currentItem !== null;
         if (!event.accepted)
             return;
@@ -53,5 +55,7 @@ Item {
             event.accepted = false;
     }
 
-    Keys.onPressed: event => root.press(event)
+    Keys.onUpPressed: root.upPressed()
+    Keys.onDownPressed: root.downPressed()
+    Keys.onPressed: event => root.pressFar(event)
 }

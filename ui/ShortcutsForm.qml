@@ -32,6 +32,8 @@ SheetForm {
                 [qsTr("Finish the newest focus"), "Ctrl+F"],
                 [qsTr("Add a note"), "Ctrl+Shift+N"],
                 [qsTr("Share the task"), "Ctrl+E"],
+                [qsTr("Go to the first or last row"), qsTr("Home, End")],
+                [qsTr("Go a page up or down"), qsTr("Page Up, Page Down")],
                 [qsTr("Delete the marked row"), qsTr("Delete")],
                 [qsTr("Undo a deletion"), "Ctrl+Z"],
                 [qsTr("Show this list"), "F1"],

@@ -11,6 +11,7 @@ FocusScope {
 
     required property TaskDetailAdapter adapter
     required property OverviewAdapter overview
+    readonly property Item focusedItem: root.activeFocus ? root.Window.activeFocusItem : null
 
     signal reached
     signal menuRequested(row: DeletableRow, position: point)
@@ -20,12 +21,19 @@ FocusScope {
             root.reached();
     }
 
-    // What is there of every task.
+    // What is there of every task, even of one that is gone.
     function focusFirst() {
         chart.enter();
     }
 
+    // A button that is disabled leaves it with the whole, on which nothing shows it.
+    function passFocusOn() {
+        if (root.focusedItem === root)
+            root.focusFirst();
+    }
+
     onActiveFocusChanged: root.reportFocus()
+    onFocusedItemChanged: root.passFocusOn()
     implicitHeight: content.height + Theme.spacing
 
     Column {

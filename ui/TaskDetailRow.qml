@@ -23,8 +23,6 @@ RowOfKind {
     // The whole text is to be copied, of which this may show a part.
     signal copied
     signal wholeRequested
-    signal steppedUp
-    signal steppedDown
 
     function showEnd() {
         root.ListView.view.positionViewAtIndex(root.index, ListView.End);
@@ -52,8 +50,6 @@ RowOfKind {
     Accessible.focusable: true
     Keys.onTabPressed: root.goForward()
     Keys.onBacktabPressed: root.goBackward()
-    Keys.onUpPressed: root.steppedUp()
-    Keys.onDownPressed: root.steppedDown()
 
     Component {
         id: interval

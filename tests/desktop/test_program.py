@@ -177,8 +177,47 @@ class Use(ProgramTest):
         wait_for(lambda: program.rows("SELECT name FROM Task") == [("Two",)], "the deletion")
         wait_for(lambda: not program.find_all("One"), "the placeholder of a task that is gone")
         self.assertFalse(program.is_enabled("30:00"))
+        key("ctrl+shift+n")
+        time.sleep(0.2)
+        self.assertTrue(has_focus(program.find("Two", "list item")), "no note can be written")
         key("ctrl+q")
         self.assertEqual(program.finished()[0], 0)
+
+    def test_keys_that_go_far_or_the_way_they_point(self):
+        numbers = range(1, 31)
+        self.make_store(
+            *[("INSERT INTO Task VALUES (?, ?, ?, ?)", (pk, new_id(), pk, f"Task {pk}")) for pk in numbers],
+            *[("INSERT INTO Note VALUES (?, ?, ?, ?, 30)", (pk, new_id(), pk, f"Note {pk}")) for pk in numbers])
+        program = self.program
+
+        def reach(keys, name):
+            key(*keys.split())
+            wait_for(lambda: re.fullmatch(name, [node.name for node in program.find_all() if has_focus(node)][-1]),
+                     f"{keys} to reach {name}", 3)
+
+        def reach_day(keys, day):
+            key(*keys.split())
+            wait_for(lambda: has_focus(program.find("Focus of the last 14 days", "list")[day]), keys, 3)
+
+        for language, back, forth in [("C.UTF-8", "Left", "Right"), ("ar_EG.UTF-8", "Right", "Left")]:
+            program.start(LC_ALL=language)
+            wait_for(lambda: has_focus(program.find("Task 30", "list item")), "the keyboard")
+            for keys, day in [("Tab Tab", 13), (back, 12), ("Home", 0), (forth, 1), ("End", 13)]:
+                reach_day(keys, day)
+            reach("shift+Tab", "Add Task")
+            reach("shift+Tab", "Task 30")
+            for first, last, rows in [("Task 30", "Task 1", "Task"), ("Note 30", "Note 1", "Note")]:
+                reach("End", last)
+                reach("Home", first)
+                reach("Next", rows + " (1[0-9]|2[0-8]|[2-9])")
+                self.assertTrue(program.find_all(first), "the page begins with it")
+                reach("Prior", first)
+                self.assertTrue(program.find_all("Running" if rows == "Task" else "Add Note"))
+                key("Return", *["Tab"] * (7 if rows == "Task" else 0))
+            reach("ctrl+e shift+Tab", "JSON")
+            reach(forth, "CSV")
+            reach(back, "JSON")
+            program.end()
 
     def test_follows_the_desktop_from_dark_to_light(self):
         portal, path, settings, group = (
