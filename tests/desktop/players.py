@@ -164,24 +164,31 @@ class Questions(threading.Thread):
             in self._ask(bus, "GetConnectionUnixProcessID", "(s)", name)), "its connection")
         self.ended = threading.Event()
         self.seconds = []
+        self.busy = []  # of these, how long the program's main thread worked
 
     def _ask(self, interface, method, signature, *arguments, to=None):
         return self.bus.call_sync(to or interface, "/org/a11y/atspi/accessible/root", interface, method,
                                   GLib.Variant(signature, arguments), None, 0, 20000, None).unpack()
 
+    @staticmethod
+    def _schedule(thread):
+        """How long it worked, and waited for a processor."""
+        with open(f"/proc/{thread}/schedstat", encoding="ascii") as file:
+            return [int(part) / 1e9 for part in file.read().split()[:2]]
+
     def _seconds(self):
-        waited = 0
-        for thread in (self.process.pid, f"self/task/{threading.get_native_id()}"):
-            with open(f"/proc/{thread}/schedstat", encoding="ascii") as file:
-                waited += int(file.read().split()[1])
-        return time.monotonic() - waited / 1e9
+        busy, waited = self._schedule(f"{self.process.pid}/task/{self.process.pid}")
+        _, here = self._schedule(f"self/task/{threading.get_native_id()}")
+        return time.monotonic() - waited - here, busy
 
     def run(self):
         with contextlib.suppress(Exception):  # the program ended, as the test may want
             while not self.ended.wait(0.01):
-                asked = self._seconds()
+                asked, begun = self._seconds()
                 self._ask("org.a11y.atspi.Accessible", "GetChildren", "()", to=self.name)
-                self.seconds.append(self._seconds() - asked)
+                answered, ended = self._seconds()
+                self.seconds.append(answered - asked)
+                self.busy.append(ended - begun)
 
     def end(self):
         """Whether all were answered."""

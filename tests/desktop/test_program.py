@@ -348,6 +348,41 @@ class Use(ProgramTest):
             self.assertRegex("|".join(announced + others), f"^{text}$")
             announced.clear()
 
+    def test_who_remembers_texts_reads_no_old_second_and_hears_of_the_rest(self):
+        from gi.repository import Atspi, GLib
+        import pyatspi
+
+        self.make_store(*self.task_with_interval(state=0),
+                        ("UPDATE Interval SET creationDate = ?", (now(),)))
+        program = self.program.launch()
+        press(program.find("Planted", "list item"))
+        program.find("Planted", "heading")
+        nodes = [node for node in program.find_all() if node.getRoleName() != "notification"]
+        looks = []
+
+        def look():
+            looks.append([(node.name, node.description) for node in nodes])
+            if len(looks) == 4:
+                Atspi.event_quit()
+            return len(looks) < 4
+        look()
+        GLib.timeout_add(1100, look)
+        Atspi.event_main()  # without which nothing is remembered
+        look()
+        ticking = [texts for texts in zip(*looks) if texts[0] != texts[-1]]
+        self.assertEqual(len(ticking), 6)
+        for texts in ticking:
+            self.assertEqual(len(set(texts[:4])), 4, texts)
+
+        told = []
+        hear, kind = lambda event: told.append(event.source.name), "object:property-change:accessible-name"
+        pyatspi.Registry.registerEventListener(hear, kind)
+        self.addCleanup(pyatspi.Registry.deregisterEventListener, hear, kind)
+        program.press("Application menu")
+        program.press("Restore from a backup…", "menu item")
+        press(wait_for(lambda: program.find_all("Backups", "list")[0][0], "a backup"))
+        wait_for(lambda: "Becomes what it was: 1 interval" in told, "its summary")
+
 
 class Restarts(ProgramTest):
     def test_every_normal_end_pauses_and_the_next_launch_resumes(self):
