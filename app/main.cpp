@@ -106,7 +106,7 @@ void sayThatItRunsElsewhere(int argc, char** argv) {
         QQuickWindow::setGraphicsApi(QSGRendererInterface::Software);
         ToolkitArguments arguments(argc, argv);
         const QGuiApplication application(arguments.count(), arguments.data());
-        ui::prepareAccessibility();
+        ui::prepareAccessibility(&platform::keepFromReadersMemory);
         ui::showMessageWindow(kMessage);
     }
 }
