@@ -39,6 +39,7 @@
 #include "platform/x11.h"
 #include "store/persistent_container_factory.h"
 #include "store/store_backups.h"
+#include "store/store_fault.h"
 #include "ui/accessibility.h"
 #include "ui/message_window.h"
 
@@ -187,8 +188,9 @@ int restartRestored(int argc, char** argv, const store::StoreBackups& backups) {
         backups.completeRestore();
     } catch (const objectstore::StoreError& error) {
         const QCoreApplication application(argc, argv);
+        const std::string reason(store::faultOf(error, backups.storeDirectory()).reason);
         const std::string message =
-            std::string("Hearthmark could not restore the backup: ") + error.what();
+            "Hearthmark could not restore the backup: " + reason + ' ' + error.what();
         std::cerr << message << std::endl;
         platform::notifyOfFatalError(message);
     }

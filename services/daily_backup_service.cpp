@@ -10,6 +10,8 @@ namespace {
 using namespace std::chrono_literals;
 
 constexpr base::Seconds kLook{60};
+// Whether it has been made.
+constexpr base::Seconds kAsk{1};
 // An hour: a disk may have room again.
 constexpr int kLooksUntilRetry = 60;
 
@@ -27,11 +29,17 @@ void DailyBackupService::start() {
     if (const auto now = backups_->now()) {
         tried_ = now->day;
     }
-    timeKeeper_ = timeKeepingProvider_->makeTimer(kLook, Repeats::yes, [weak = weak_from_this()] {
-        if (const auto self = weak.lock()) {
-            self->look();
-        }
-    });
+    timeKeeper_ = makeTimer(kLook, &DailyBackupService::look);
+}
+
+std::shared_ptr<TimeKeeping> DailyBackupService::makeTimer(base::Seconds interval,
+                                                           void (DailyBackupService::*action)()) {
+    return timeKeepingProvider_->makeTimer(interval, Repeats::yes,
+                                           [weak = weak_from_this(), action] {
+                                               if (const auto self = weak.lock()) {
+                                                   (*self.*action)();
+                                               }
+                                           });
 }
 
 void DailyBackupService::tell(const store::StoreNotice& notice) {
@@ -47,23 +55,22 @@ void DailyBackupService::tell(const store::StoreNotice& notice) {
 }
 
 void DailyBackupService::look() {
-    if (underWay_.valid()) {
-        if (underWay_.wait_for(0s) != std::future_status::ready) {
-            return;
-        }
-        takeResult();
-    }
     const auto now = backups_->now();
     const bool isRetry = untilRetry_ > 0 && --untilRetry_ == 0;
-    if (now && (now->day != tried_ || isRetry)) {
+    if (now && !underWay_.valid() && (now->day != tried_ || isRetry)) {
         tried_ = now->day;
         underWay_ = std::async(std::launch::async, [backups = backups_, moment = *now] {
             return backups->keepDaily(moment);
         });
+        resultKeeper_ = makeTimer(kAsk, &DailyBackupService::takeResult);
     }
 }
 
 void DailyBackupService::takeResult() {
+    if (underWay_.wait_for(0s) != std::future_status::ready) {
+        return;
+    }
+    resultKeeper_->invalidate();
     const auto failure = underWay_.get();
     const auto now = backups_->now();
     if (failure && now && now->day != told_) {

@@ -29,6 +29,8 @@ class DailyBackupService final : public std::enable_shared_from_this<DailyBackup
     void tell(const store::StoreNotice& notice);
 
  private:
+    std::shared_ptr<TimeKeeping> makeTimer(base::Seconds interval,
+                                           void (DailyBackupService::*action)());
     void look();
     void takeResult();
 
@@ -36,6 +38,8 @@ class DailyBackupService final : public std::enable_shared_from_this<DailyBackup
     std::shared_ptr<TimeKeepingProviderProtocol> timeKeepingProvider_;
     std::shared_ptr<UserNotificationCenter> notificationCenter_;
     std::shared_ptr<TimeKeeping> timeKeeper_;
+    // While one is being made.
+    std::shared_ptr<TimeKeeping> resultKeeper_;
     // The last days of which a backup was tried, and on which something was shown.
     std::optional<std::chrono::year_month_day> tried_;
     std::optional<std::chrono::year_month_day> told_;

@@ -55,15 +55,15 @@ std::optional<StoreBackup> backupIn(const std::filesystem::path& file) {
 }
 
 std::string dateText(const base::LocalTime& moment, bool isDaily) {
-    const std::string day = padded(static_cast<int>(moment.day.year()), 4) + '-' +
-                            padded(static_cast<unsigned>(moment.day.month())) + '-' +
-                            padded(static_cast<unsigned>(moment.day.day()));
-    if (isDaily) {
-        return day;
+    std::string text = padded(static_cast<int>(moment.day.year()), 4) + '-' +
+                       padded(static_cast<unsigned>(moment.day.month())) + '-' +
+                       padded(static_cast<unsigned>(moment.day.day()));
+    if (!isDaily) {
+        const std::chrono::hh_mm_ss time(moment.sinceMidnight);
+        text += 'T' + padded(time.hours().count()) + '-' + padded(time.minutes().count()) + '-' +
+                padded(time.seconds().count());
     }
-    const std::chrono::hh_mm_ss time(moment.sinceMidnight);
-    return day + 'T' + padded(time.hours().count()) + '-' + padded(time.minutes().count()) + '-' +
-           padded(time.seconds().count());
+    return text;
 }
 
 std::vector<StoreBackup> surplusBackups(const std::vector<StoreBackup>& newestFirst) {

@@ -120,7 +120,7 @@ std::vector<StoreBackup> StoreBackups::newestFirst() const {
 std::vector<StoreBackup> StoreBackups::all() const {
     std::vector<StoreBackup> backups = newestFirst();
     if (const auto moment = now()) {
-        std::ranges::stable_partition(backups, isUntil(moment->day));
+        std::stable_partition(backups.begin(), backups.end(), isUntil(moment->day));
     }
     return backups;
 }
@@ -137,7 +137,10 @@ std::optional<StoreBackup> StoreBackups::newestGood() const {
             }
         }
     }
-    return unread ? throw *unread : std::optional<StoreBackup>();
+    if (unread) {
+        throw objectstore::StoreError(*unread);
+    }
+    return std::nullopt;
 }
 
 bool StoreBackups::hasAny() const {

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "store/store_fault.h"
 
+#include <cstdint>
 #include <system_error>
 
 namespace hearthmark::store {
@@ -10,7 +11,7 @@ namespace {
 using Cause = objectstore::StoreError::Cause;
 
 // What SQLite needs to open a file: the index of its log.
-constexpr std::uintmax_t kLeastRoom = 64 * 1024;
+constexpr std::uintmax_t kLeastRoom = 65536;
 
 bool hasNoRoom(const std::filesystem::path& directory) {
     std::error_code error;
