@@ -74,32 +74,31 @@ TasksApp::Environment Desktop::environment(
     std::shared_ptr<const base::Clock> clock, TasksApp::FirstWindow firstWindow,
     const base::FatalErrorHandler& fatal) {
     const QString storeFolder = QString::fromStdString(backups->storeDirectory().string());
-    return {
-        .firstWindow = firstWindow,
-        .persistentContainerFactory =
-            std::make_unique<store::PersistentContainerFactory>(backups, fatal),
-        .makeTimeKeepingProvider = [] { return std::make_shared<platform::TimeKeepingProvider>(); },
-        .clock = std::move(clock),
-        .sleepMonitor = std::make_shared<platform::LogindSleepMonitor>(),
-        .notificationCenter = notificationCenter_,
-        .statusBarPorts = {.statusBar = statusBar_,
-                           .applicationWindows = std::make_shared<platform::ProgramWindows>(
-                               [this] { tasksApp_.makeWindow(); })},
-        .homeViewPorts = {.clipboard = std::make_shared<platform::SystemClipboard>(),
-                          .updater = updater_,
-                          .startAtLogin = std::make_shared<platform::AutostartEntry>(),
-                          .unseenFinishes = unseenFinishes_,
-                          .appearance = appearance_,
-                          .calendar = std::make_shared<base::LocalCalendar>(),
-                          .backups = backups},
-        .program = {.version = QCoreApplication::applicationVersion(),
-                    .storeFolder = storeFolder,
-                    .openStoreFolder =
-                        [storeFolder] { return platform::openWithDesktop(storeFolder); }},
-        .fatal = fatal,
-        .quit = &QCoreApplication::quit,
-        .restartRestored = [] { QCoreApplication::exit(kRestartRestored); },
-        .didHide = [this] { sayOnceThatItKeepsRunning(); }};
+    return {.firstWindow = firstWindow,
+            .persistentContainerFactory =
+                std::make_unique<store::PersistentContainerFactory>(backups, fatal),
+            .timeKeepingProvider = std::make_shared<platform::TimeKeepingProvider>(),
+            .clock = std::move(clock),
+            .sleepMonitor = std::make_shared<platform::LogindSleepMonitor>(),
+            .notificationCenter = notificationCenter_,
+            .statusBarPorts = {.statusBar = statusBar_,
+                               .applicationWindows = std::make_shared<platform::ProgramWindows>(
+                                   [this] { tasksApp_.makeWindow(); })},
+            .homeViewPorts = {.clipboard = std::make_shared<platform::SystemClipboard>(),
+                              .updater = updater_,
+                              .startAtLogin = std::make_shared<platform::AutostartEntry>(),
+                              .unseenFinishes = unseenFinishes_,
+                              .appearance = appearance_,
+                              .calendar = std::make_shared<base::LocalCalendar>(),
+                              .backups = backups},
+            .program = {.version = QCoreApplication::applicationVersion(),
+                        .storeFolder = storeFolder,
+                        .openStoreFolder =
+                            [storeFolder] { return platform::openWithDesktop(storeFolder); }},
+            .fatal = fatal,
+            .quit = &QCoreApplication::quit,
+            .restartRestored = [] { QCoreApplication::exit(kRestartRestored); },
+            .didHide = [this] { sayOnceThatItKeepsRunning(); }};
 }
 
 void Desktop::launch() {

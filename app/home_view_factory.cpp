@@ -19,14 +19,14 @@ HomeViewFactory::HomeViewFactory(
     std::shared_ptr<const store::LiveDataProvidingFactoryProtocol> liveDataFactory,
     std::shared_ptr<const base::Clock> clock,
     std::shared_ptr<presentation::SelectedTaskId> mutableSelectedTaskId,
-    TimeKeepingProviderMaker makeTimeKeepingProvider,
+    std::shared_ptr<services::TimeKeepingProviderProtocol> timeKeepingProvider,
     std::shared_ptr<ui::MainWindowLoader> windowLoader, Ports ports,
     ui::AboutAdapter::Program program, Actions actions)
     : dataOperationsService_(std::move(dataOperationsService)),
       liveDataFactory_(std::move(liveDataFactory)),
       clock_(std::move(clock)),
       mutableSelectedTaskId_(std::move(mutableSelectedTaskId)),
-      makeTimeKeepingProvider_(std::move(makeTimeKeepingProvider)),
+      timeKeepingProvider_(std::move(timeKeepingProvider)),
       windowLoader_(std::move(windowLoader)),
       ports_(std::move(ports)),
       program_(std::move(program)),
@@ -38,10 +38,12 @@ std::unique_ptr<services::HomeViewProtocol> HomeViewFactory::makeHomeView() {
         std::make_shared<presentation::SelectedTaskIdPublisher>(*mutableSelectedTaskId_));
     const ui::HomeViewSubviewsFactory subviewsFactory(
         dataOperationsService_, liveDataFactory_, clock_, mutableSelectedTaskId_,
-        std::make_shared<services::InStepTimeKeepingProvider>(makeTimeKeepingProvider_()),
+        [provider = services::InStepTimeKeepingProvider(timeKeepingProvider_)] {
+            return std::make_shared<services::InStepTimeKeepingProvider>(provider);
+        },
         ports_.clipboard, ports_.calendar);
     const auto focusAnnouncement =
-        std::make_shared<presentation::FocusAnnouncementViewModel>(makeTimeKeepingProvider_());
+        std::make_shared<presentation::FocusAnnouncementViewModel>(timeKeepingProvider_);
     focusAnnouncement->startObserving(*liveDataFactory_);
     ui::HomeAdapter::Parts parts{
         .about = std::make_unique<ui::AboutAdapter>(program_),
@@ -53,7 +55,7 @@ std::unique_ptr<services::HomeViewProtocol> HomeViewFactory::makeHomeView() {
         .startAtLogin = std::make_unique<ui::StartAtLoginAdapter>(ports_.startAtLogin),
         .undo =
             std::make_unique<ui::UndoAdapter>(std::make_shared<presentation::UndoDeletionViewModel>(
-                dataOperationsService_, makeTimeKeepingProvider_(), clock_)),
+                dataOperationsService_, timeKeepingProvider_, clock_)),
         .unseenFinishes = std::make_unique<ui::UnseenFinishesAdapter>(ports_.unseenFinishes,
                                                                       mutableSelectedTaskId_),
         .updates = std::make_unique<ui::UpdateAdapter>(

@@ -45,14 +45,12 @@ class HomeViewFactory final : public services::HomeViewFactoryProtocol {
         // Quits, puts the backup that lies ready into the place of the store, and starts anew.
         std::function<void()> restartRestored;
     };
-    using TimeKeepingProviderMaker =
-        std::function<std::shared_ptr<services::TimeKeepingProviderProtocol>()>;
 
     HomeViewFactory(std::shared_ptr<store::DataOperationsServiceProtocol> dataOperationsService,
                     std::shared_ptr<const store::LiveDataProvidingFactoryProtocol> liveDataFactory,
                     std::shared_ptr<const base::Clock> clock,
                     std::shared_ptr<presentation::SelectedTaskId> mutableSelectedTaskId,
-                    TimeKeepingProviderMaker makeTimeKeepingProvider,
+                    std::shared_ptr<services::TimeKeepingProviderProtocol> timeKeepingProvider,
                     std::shared_ptr<ui::MainWindowLoader> windowLoader, Ports ports,
                     ui::AboutAdapter::Program program, Actions actions);
 
@@ -63,7 +61,7 @@ class HomeViewFactory final : public services::HomeViewFactoryProtocol {
     std::shared_ptr<const store::LiveDataProvidingFactoryProtocol> liveDataFactory_;
     std::shared_ptr<const base::Clock> clock_;
     std::shared_ptr<presentation::SelectedTaskId> mutableSelectedTaskId_;
-    TimeKeepingProviderMaker makeTimeKeepingProvider_;
+    std::shared_ptr<services::TimeKeepingProviderProtocol> timeKeepingProvider_;
     std::shared_ptr<ui::MainWindowLoader> windowLoader_;
     Ports ports_;
     ui::AboutAdapter::Program program_;

@@ -14,7 +14,7 @@ TasksApp::TasksApp(const Environment& environment)
       }),
       firstWindow_(environment.firstWindow),
       clock_(std::make_shared<services::AwakeClock>(environment.clock)),
-      updater_(environment.homeViewPorts.updater),
+      updaterController_(environment.homeViewPorts.updater),
       selectedTaskId_(std::make_shared<presentation::SelectedTaskId>(std::nullopt)) {
     const auto windowLoader = std::make_shared<ui::MainWindowLoader>();
     if (firstWindow_ == FirstWindow::atOnce) {
@@ -22,11 +22,8 @@ TasksApp::TasksApp(const Environment& environment)
     }
     const auto container = environment.persistentContainerFactory->makeContainer();
     const auto liveDataFactory = std::make_shared<store::LiveDataProvidingFactory>(container);
-    const auto makeTimeKeepingProvider = [make = environment.makeTimeKeepingProvider,
-                                          clock = clock_] {
-        return std::make_shared<services::AwakeTimeKeepingProvider>(make(), clock);
-    };
-    const auto timeKeepingProvider = makeTimeKeepingProvider();
+    const auto timeKeepingProvider = std::make_shared<services::AwakeTimeKeepingProvider>(
+        environment.timeKeepingProvider, clock_);
     dataOperationsService_ = std::make_shared<store::DataOperationsService>(
         *liveDataFactory, container, clock_, environment.fatal);
     intervalTimeKeeper_ = std::make_shared<services::IntervalTimeKeeperService>(
@@ -35,7 +32,7 @@ TasksApp::TasksApp(const Environment& environment)
         liveDataFactory, [center = environment.notificationCenter] { return center; },
         environment.fatal);
     homeViewFactory_ = std::make_shared<HomeViewFactory>(
-        dataOperationsService_, liveDataFactory, clock_, selectedTaskId_, makeTimeKeepingProvider,
+        dataOperationsService_, liveDataFactory, clock_, selectedTaskId_, timeKeepingProvider,
         windowLoader, environment.homeViewPorts, environment.program,
         HomeViewFactory::Actions{
             .windowShouldClose = [this] { return appDelegate_.windowShouldClose(); },
@@ -137,7 +134,7 @@ void TasksApp::showTask(const std::optional<base::Uuid>& taskId,
 
 void TasksApp::checkForUpdates() {
     show({});
-    updater_->checkForUpdates();
+    updaterController_->checkForUpdates();
 }
 
 }  // namespace hearthmark::app

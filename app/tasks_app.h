@@ -37,7 +37,7 @@ class TasksApp {
     struct Environment {
         FirstWindow firstWindow;
         std::unique_ptr<store::PersistentContainerFactoryProtocol> persistentContainerFactory;
-        HomeViewFactory::TimeKeepingProviderMaker makeTimeKeepingProvider;
+        std::shared_ptr<services::TimeKeepingProviderProtocol> timeKeepingProvider;
         std::shared_ptr<const base::Clock> clock;
         std::shared_ptr<services::SleepMonitor> sleepMonitor;
         std::shared_ptr<services::UserNotificationCenter> notificationCenter;
@@ -90,7 +90,7 @@ class TasksApp {
     std::shared_ptr<services::StatusBarService> statusBarService_;
     std::shared_ptr<services::RunningIntervalVisitingService> runningIntervalVisitingService_;
     std::shared_ptr<services::SleepService> sleepService_;
-    std::shared_ptr<services::Updater> updater_;
+    std::shared_ptr<services::Updater> updaterController_;
     std::shared_ptr<presentation::SelectedTaskId> selectedTaskId_;
     // The one window; made when it is first shown.
     std::unique_ptr<services::HomeViewProtocol> homeView_;

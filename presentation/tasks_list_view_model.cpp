@@ -35,12 +35,12 @@ void TasksListViewModel::startObserving() {
                 self->rebuild(tasks);
             }
         });
-    selectionObserver_ =
+    cancellables_.push_back(
         mutableSelectedTaskId_->subscribe([weak](const std::optional<base::Uuid>&) {
             if (const auto self = weak.lock()) {
                 self->rebuild(self->liveTasks_->tasks());
             }
-        });
+        }));
     liveTasks_->startObserving(*liveDataFactory_);
 }
 

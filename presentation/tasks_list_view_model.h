@@ -66,7 +66,7 @@ class TasksListViewModel final : public TaskListViewModelProtocol,
     std::shared_ptr<const base::Clock> clock_;
     std::shared_ptr<SelectedTaskId> mutableSelectedTaskId_;
     std::shared_ptr<LiveTasks> liveTasks_;
-    livedata::Subscription selectionObserver_;
+    std::vector<livedata::Subscription> cancellables_;
 };
 
 }  // namespace hearthmark::presentation

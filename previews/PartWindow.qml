@@ -4,10 +4,12 @@ import QtQuick
 import Hearthmark.Controls
 import Hearthmark.Ui
 
-// A part of the home screen by itself, on what a fake tells it. One of the adapters is set.
+// A part of the home screen by itself, on what a fake tells it, or the home screen in its other layout.
+// One of the adapters is set.
 Window {
     id: root
 
+    property HomeAdapter home
     property AddTaskAdapter addTask
     property ShareContainerAdapter share
     property TaskListAdapter tasks
@@ -19,6 +21,16 @@ Window {
         target: Theme
         property: "isDark"
         value: root.isDark
+    }
+
+    Repeater {
+        model: root.home ? 1 : 0
+
+        NewHomeView {
+            anchors.fill: parent
+            focus: true
+            home: root.home
+        }
     }
 
     Repeater {

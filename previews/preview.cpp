@@ -85,6 +85,8 @@ std::vector<Preview> previewsOfUsualTexts() {
         {.name = "home-delete-menu-right-to-left",
          .keys = {"Down", "Down", "Menu"},
          .direction = Qt::RightToLeft},
+        {.name = "new-home-unselected", .layout = Layout::newHome},
+        {.name = "new-home-running", .selection = kRunning, .layout = Layout::newHome},
         {.name = "add-task-empty", .content = Content::addTask, .size = {640, 420}},
         {.name = "add-task-long",
          .content = Content::addTask,

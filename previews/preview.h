@@ -25,6 +25,9 @@ enum class Content {
     loadingTasks
 };
 
+// HomeView, or NewHomeView, which the program does not use.
+enum class Layout { home, newHome };
+
 enum class Palette { light, dark };
 
 // One picture: what is in the window, what is then done in it, and how it is drawn.
@@ -40,6 +43,7 @@ struct Preview {
     services::UpdateState update{};
     std::vector<std::string> unseenFinishes{};
     bool hasBackups = false;
+    Layout layout = Layout::home;
     Palette palette = Palette::light;
     Qt::LayoutDirection direction = Qt::LeftToRight;
     int scale = 1;

@@ -22,6 +22,7 @@
 #include "store/data_operations_service.h"
 #include "store/demo_persistent_container_factory.h"
 #include "store/hearthmark_model.h"
+#include "ui/home_adapter.h"
 #include "ui/symbol_provider.h"
 
 namespace hearthmark::previews {
@@ -180,7 +181,7 @@ QImage Stage::pictureOfHome(const Preview& preview) {
         app::HomeViewFactory(
             service, liveDataFactory, clock,
             std::make_shared<presentation::SelectedTaskId>(std::nullopt),
-            [] { return std::make_shared<StoppedTimeKeepingProvider>(); },
+            std::make_shared<StoppedTimeKeepingProvider>(),
             std::make_shared<ui::MainWindowLoader>(),
             {.clipboard = nullptr,
              .updater = updater,
@@ -196,6 +197,10 @@ QImage Stage::pictureOfHome(const Preview& preview) {
             .makeHomeView();
     // The only one there is.
     auto& window = dynamic_cast<QQuickWindow&>(*QGuiApplication::allWindows().constFirst());
+    if (preview.layout == Layout::newHome) {
+        return pictureOfPart(preview, QStringLiteral("home"),
+                             *window.property("home").value<ui::HomeAdapter*>());
+    }
     show(window, preview);
     updater->state().setValue(preview.update);
     settle();
@@ -203,7 +208,7 @@ QImage Stage::pictureOfHome(const Preview& preview) {
 }
 
 QImage Stage::pictureOfPart(const Preview& preview) {
-    const auto texts = std::make_shared<exporting::FakeShareContainerViewModel>();
+    const auto texts = exporting::FakeShareContainerVMFactory().makeViewModel();
     if (preview.content == Content::loadingShare) {
         texts->viewState().setValue(std::nullopt);
     }
@@ -216,14 +221,18 @@ QImage Stage::pictureOfPart(const Preview& preview) {
         {Content::loadingShare, {"share", &share}},
         {Content::loadingTasks, {"tasks", &tasks}}};
     const auto& [property, adapter] = adapters.at(preview.content);
+    return pictureOfPart(preview, property, *adapter);
+}
+
+QImage Stage::pictureOfPart(const Preview& preview, const QString& property, QObject& adapter) {
     QQmlEngine engine;
-    QQmlEngine::setObjectOwnership(adapter, QQmlEngine::CppOwnership);
+    QQmlEngine::setObjectOwnership(&adapter, QQmlEngine::CppOwnership);
     engine.addImportPath(QStringLiteral("qrc:/qt/qml"));
     engine.addImageProvider(QStringLiteral("symbols"), new ui::SymbolProvider);
     QQmlComponent component(&engine, QUrl("qrc:/qt/qml/Hearthmark/Previews/PartWindow.qml"));
     const std::unique_ptr<QQuickWindow> window(qobject_cast<QQuickWindow*>(
         component.createWithInitialProperties({{"isDark", preview.palette == Palette::dark},
-                                               {property, QVariant::fromValue(adapter)}})));
+                                               {property, QVariant::fromValue(&adapter)}})));
     if (!window) {
         qFatal("A part cannot be shown: %s", qUtf8Printable(component.errorString()));
     }

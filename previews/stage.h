@@ -38,6 +38,8 @@ class Stage {
     void settle();
     QImage pictureOfHome(const Preview& preview);
     QImage pictureOfPart(const Preview& preview);
+    // PartWindow.qml with the adapter as one of its properties.
+    QImage pictureOfPart(const Preview& preview, const QString& property, QObject& adapter);
 
     Animations animations_;
 };

@@ -70,7 +70,8 @@ class InStepTimeKeepingProvider::Beat final : public std::enable_shared_from_thi
 
 InStepTimeKeepingProvider::InStepTimeKeepingProvider(
     std::shared_ptr<TimeKeepingProviderProtocol> timeKeepingProvider)
-    : timeKeepingProvider_(std::move(timeKeepingProvider)) {}
+    : timeKeepingProvider_(std::move(timeKeepingProvider)),
+      beats_(std::make_shared<std::map<base::Seconds, std::shared_ptr<Beat>>>()) {}
 
 std::shared_ptr<TimeKeeping> InStepTimeKeepingProvider::makeTimer(base::Seconds interval,
                                                                   Repeats repeats,
@@ -78,7 +79,7 @@ std::shared_ptr<TimeKeeping> InStepTimeKeepingProvider::makeTimer(base::Seconds 
     if (repeats == Repeats::no) {
         return timeKeepingProvider_->makeTimer(interval, repeats, std::move(action));
     }
-    std::shared_ptr<Beat>& beat = beats_[interval];
+    std::shared_ptr<Beat>& beat = (*beats_)[interval];
     if (!beat) {
         beat = std::make_shared<Beat>(
             [provider = timeKeepingProvider_, interval](std::function<void()> fire) {

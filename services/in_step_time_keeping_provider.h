@@ -11,7 +11,8 @@ namespace hearthmark::services {
 
 // Timers that repeat at the same interval fire one right after the other, whenever they were made,
 // so that texts beside each other change together. The first firing may come sooner than an
-// interval from now, for that; all else is as the given provider has it. Outlived by its timers.
+// interval from now, for that; all else is as the given provider has it. A copy is in step with
+// what it was made of. Outlived by its timers.
 class InStepTimeKeepingProvider final : public TimeKeepingProviderProtocol {
  public:
     explicit InStepTimeKeepingProvider(
@@ -24,7 +25,7 @@ class InStepTimeKeepingProvider final : public TimeKeepingProviderProtocol {
     class Beat;
 
     std::shared_ptr<TimeKeepingProviderProtocol> timeKeepingProvider_;
-    std::map<base::Seconds, std::shared_ptr<Beat>> beats_;
+    std::shared_ptr<std::map<base::Seconds, std::shared_ptr<Beat>>> beats_;
 };
 
 }  // namespace hearthmark::services

@@ -31,12 +31,12 @@ void LocalNotificationService::startObserving() {
     }
     intervalProvider_ =
         liveDataFactory_->makeProvider<store::Interval>({.key = "creationDate", .ascending = true});
-    cancellable_ = intervalProvider_->currentItems()->subscribe(
+    cancellables_.push_back(intervalProvider_->currentItems()->subscribe(
         [weak = weak_from_this()](const store::Intervals& intervals) {
             if (const auto self = weak.lock()) {
                 self->handle(intervals);
             }
-        });
+        }));
     intervalProvider_->startObserving();
 }
 

@@ -4,6 +4,7 @@
 #include <memory>
 #include <optional>
 #include <unordered_set>
+#include <vector>
 
 #include "base/fatal_error.h"
 #include "base/uuid.h"
@@ -35,7 +36,7 @@ class LocalNotificationService final
     std::unique_ptr<store::LiveDataProvider<store::Interval>> intervalProvider_;
     // Absent until the first set has been seen.
     std::optional<std::unordered_set<base::Uuid>> oldRunningIntervalsIds_;
-    livedata::Subscription cancellable_;
+    std::vector<livedata::Subscription> cancellables_;
 };
 
 }  // namespace hearthmark::services

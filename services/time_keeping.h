@@ -30,4 +30,7 @@ class TimeKeepingProviderProtocol {
                                                    std::function<void()> action) = 0;
 };
 
+// Makes such providers, one for whoever wants one of its own.
+using TimeKeepingProviderMaker = std::function<std::shared_ptr<TimeKeepingProviderProtocol>()>;
+
 }  // namespace hearthmark::services

@@ -27,7 +27,7 @@ Item {
         color: root.isSelected ? Theme.colors.selectedContent : area.containsMouse ? Theme.colors.rowHovered : "transparent"
     }
 
-    Label {
+    ElidedLabel {
         id: date
 
         anchors.left: parent.left
@@ -36,7 +36,7 @@ Item {
         anchors.verticalCenter: parent.verticalCenter
         text: root.text
         color: root.isSelected ? Theme.colors.selectedText : Theme.colors.text
-        elide: Text.ElideRight
+        isMarked: root.isSelected
         Accessible.ignored: true
     }
 

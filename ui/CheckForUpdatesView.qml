@@ -10,7 +10,7 @@ ExplainedMenuItem {
     required property UpdateAdapter updates
 
     text: qsTr("Check for Updates…")
-    enabled: root.updates.canCheck
+    enabled: root.updates.canCheckForUpdates
     reason: root.updates.unavailableReason
     onTriggered: root.updates.check()
 }

@@ -10,6 +10,8 @@ Item {
     // The Delete key asks no question, so the row that it would delete is marked, unless the person has
     // just clicked on it.
     property bool clicked: false
+    // The arrow keys, or those like them, have just come here.
+    property bool isWalkedTo: false
     // Then the Delete key means that, and does nothing.
     property bool isTextMarked: false
     // Marked too while its menu is open.
@@ -23,10 +25,12 @@ Item {
     signal menuRequested(position: point)
 
     function changeFocus() {
-        if (root.activeFocus)
+        if (root.activeFocus) {
             root.focused();
-        else
+        } else {
             root.clicked = false;
+            root.isWalkedTo = false;
+        }
     }
 
     function pressDelete() {

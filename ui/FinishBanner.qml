@@ -29,14 +29,13 @@ FocusScope {
         width: parent.width - Theme.wideSpacing - Theme.spacing
         spacing: Theme.spacing
 
-        Label {
+        ElidedLabel {
             width: parent.width - showButton.width - dismissButton.width - 2 * parent.spacing
             anchors.verticalCenter: parent.verticalCenter
             text: root.finishes.text
             color: Theme.colors.selectedText
             font.weight: Font.DemiBold
-            elide: Text.ElideRight
-            maximumLineCount: 1
+            isMarked: root.activeFocus
         }
 
         PushButton {

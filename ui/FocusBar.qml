@@ -14,13 +14,14 @@ Item {
 
     Accessible.role: Accessible.ListItem
     Accessible.name: root.text
+    Accessible.focusable: true
 
     Rectangle {
         anchors.bottom: parent.bottom
         width: parent.width
         height: Math.max(Theme.focusWidth, Math.round(root.share * root.height))
         radius: Theme.focusWidth
-        color: root.hovered || root.isToday ? Theme.colors.accent : Theme.colors.scrollBar
+        color: root.hovered || root.activeFocus || root.isToday ? Theme.colors.accent : Theme.colors.scrollBar
     }
 
     MouseArea {

@@ -5,19 +5,37 @@ import Hearthmark.Controls
 import Hearthmark.Ui
 
 // The focus of each of the last days as a bar; above them today's in words, beside the day that is
-// pointed at.
+// pointed at. The Tab key comes to one bar, from which the arrow keys go on.
 Column {
     id: root
 
     required property OverviewAdapter overview
     property real barsHeight: Theme.chartHeight
     property FocusBar pointedAt
+    // Of the bar that the keyboard is or was on.
+    property int daysAgo: 0
+    readonly property int walkedTo: days.count - 1 - root.daysAgo
+    readonly property FocusBar shown: root.pointedAt ? root.pointedAt : bars.activeFocus ? days.itemAt(root.walkedTo) as FocusBar : null
 
     function point(bar: FocusBar) {
         if (bar.hovered)
             root.pointedAt = bar;
         else if (root.pointedAt === bar)
             root.pointedAt = null;
+    }
+
+    function enter() {
+        bars.forceActiveFocus(Qt.TabFocusReason);
+    }
+
+    function walk(step: int) {
+        root.daysAgo = Math.max(0, Math.min(root.daysAgo - step, days.count - 1));
+    }
+
+    function walkOnKey(event) {
+        event.accepted = event.key === Qt.Key_Home || event.key === Qt.Key_End;
+        if (event.accepted)
+            root.walk(event.key === Qt.Key_Home ? -days.count : days.count);
     }
 
     spacing: Theme.tightSpacing
@@ -46,36 +64,54 @@ Column {
             y: texts.isStacked ? today.height : 0
             anchors.right: parent.right
             width: texts.isStacked ? parent.width : undefined
-            text: root.pointedAt?.text ?? qsTr("The last 14 days")
+            text: root.shown?.text ?? qsTr("The last 14 days")
             color: Theme.colors.secondaryText
             Accessible.ignored: true
         }
     }
 
-    Row {
+    // A bar that goes because the days become another task's leaves the focus here, for its successor.
+    FocusScope {
         id: bars
 
         width: parent.width
         height: root.barsHeight
-        spacing: Theme.tightSpacing
         Accessible.role: Accessible.List
         Accessible.name: qsTr("Focus of the last 14 days")
+        Keys.onLeftPressed: root.walk(root.LayoutMirroring.enabled ? 1 : -1)
+        Keys.onRightPressed: root.walk(root.LayoutMirroring.enabled ? -1 : 1)
+        Keys.onPressed: event => root.walkOnKey(event)
 
-        Repeater {
-            id: days
+        Row {
+            id: row
 
-            model: root.overview?.days ?? null
+            anchors.fill: parent
+            spacing: Theme.tightSpacing
 
-            FocusBar {
-                id: bar
+            Repeater {
+                id: days
 
-                required property int index
+                model: root.overview?.days ?? null
 
-                width: (bars.width - (days.count - 1) * bars.spacing) / days.count
-                height: bars.height
-                isToday: bar.index === days.count - 1
-                onHoveredChanged: root.point(bar)
+                FocusBar {
+                    id: bar
+
+                    required property int index
+
+                    width: (row.width - (days.count - 1) * row.spacing) / days.count
+                    height: row.height
+                    isToday: bar.index === days.count - 1
+                    focus: bar.index === root.walkedTo
+                    activeFocusOnTab: bar.focus
+                    onHoveredChanged: root.point(bar)
+                }
             }
+        }
+
+        FocusRing {
+            parent: days.itemAt(root.walkedTo)
+            visible: bars.activeFocus
+            controlRadius: Theme.focusWidth
         }
     }
 }

@@ -73,7 +73,7 @@ Item {
     }
 
     AddTaskSheet {
-        visible: root.home.addTask !== null
+        visible: root.home.isAddSheetDisplayed
         adapter: root.home.addTask
         onClosed: root.home.dismissAddSheet()
     }

@@ -130,6 +130,6 @@ FocusScope {
         given: ({
                 home: root.home
             })
-        wanted: root.home.addTask !== null || root.home.updates.presented
+        wanted: root.home.isAddSheetDisplayed || root.home.updates.presented
     }
 }

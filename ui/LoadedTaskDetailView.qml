@@ -12,6 +12,7 @@ HeadedListView {
     required property OverviewAdapter overview
     readonly property TaskDetailListModel rows: root.adapter.rows
     readonly property int notesRow: root.rows.notesRow
+    readonly property bool canWrite: root.adapter.notes.canAddNote || root.adapter.notes.isWriting
 
     // Absent while it is too far out of sight; the notes section stays, since one may be half written.
     property Item notesPlace
@@ -30,12 +31,22 @@ HeadedListView {
         root.changeModel(root.rows, rowDelegate);
         root.currentIndex = -1;
         if (root.activeFocus)
-            header.forceActiveFocus(Qt.OtherFocusReason);
+            header.focusFirst();
         root.showTop();
     }
 
+    // The task may be gone, and with it whatever of the notes could have the keyboard.
     function addNote() {
-        notes.addNote();
+        if (root.canWrite)
+            notes.addNote();
+    }
+
+    // The first row with as much of what stands above it as there is room for.
+    function walkTo(row: int) {
+        root.showRow(row);
+        const bottom = root.currentItem.y + root.currentItem.height;
+        if (root.rows.rowBefore(row) === row)
+            root.contentY = Math.max(root.originY - root.topMargin, Math.min(root.contentY, bottom - root.height));
     }
 
     // A row that stays current would take the focus when the rows before it change.
@@ -51,10 +62,16 @@ HeadedListView {
             return;
         if (root.count > 1)
             root.currentIndex = root.rows.rowNearest(root.notesRow);
-        else if (root.activeFocus)
+        else if (root.activeFocus && root.canWrite)
             notes.focusFirst();
         else
-            root.currentIndex = -1;
+            root.leaveLastRow();
+    }
+
+    function leaveLastRow() {
+        root.currentIndex = -1;
+        if (root.activeFocus)
+            header.focusFirst();
     }
 
     onRowsChanged: root.showAnew()
@@ -90,9 +107,20 @@ HeadedListView {
             onMenuRequested: position => root.menuRequested(row, position)
             onHeightChanged: row.followNotes()
             Component.onCompleted: row.takePlace()
-            onSteppedUp: root.showRow(root.rows.rowBefore(row.index))
-            onSteppedDown: root.showRow(root.rows.rowAfter(row.index))
+            onSteppedUp: root.walkTo(root.rows.rowBefore(row.index))
+            onSteppedDown: root.walkTo(root.rows.rowAfter(row.index))
+            Keys.forwardTo: [rowKeys]
         }
+    }
+
+    RowKeys {
+        id: rowKeys
+
+        list: root
+        onHomePressed: root.walkTo(root.rows.rowAfter(-1))
+        onEndPressed: root.walkTo(root.rows.rowBefore(root.count))
+        onPageUpPressed: row => root.walkTo(Math.min(root.rows.rowAfter(row - 1), root.rows.rowBefore(root.currentIndex)))
+        onPageDownPressed: row => root.walkTo(Math.max(root.rows.rowBefore(row + 1), root.rows.rowAfter(root.currentIndex)))
     }
 
     Connections {

@@ -19,12 +19,14 @@ ListView {
             root.positionViewAtIndex(row, ListView.Contain);
     }
 
-    // The first task with what stands above it.
-    function stepUp() {
-        const row = root.rows.taskBefore(root.currentIndex);
-        root.showRow(row);
-        if (root.rows.taskBefore(row) === row)
+    // By the keyboard: the first task with what stands above it.
+    function walkTo(row: int) {
+        const task = root.rows.taskNearest(row);
+        root.showRow(task);
+        if (root.rows.taskBefore(task) === task)
             root.contentY = root.originY;
+        if (root.currentItem)
+            (root.currentItem as TaskListRow).isWalkedTo = true;
     }
 
     // The current row follows its task when that changes sections, but not before the layout.
@@ -48,13 +50,24 @@ ListView {
 
     Accessible.role: Accessible.List
     Accessible.name: qsTr("Tasks")
-    Keys.onUpPressed: root.stepUp()
-    Keys.onDownPressed: root.showRow(root.rows.taskAfter(root.currentIndex))
+    Keys.forwardTo: [rowKeys]
+    Keys.onUpPressed: root.walkTo(root.rows.taskBefore(root.currentIndex))
+    Keys.onDownPressed: root.walkTo(root.rows.taskAfter(root.currentIndex))
     Keys.onReturnPressed: root.rows.tap(root.currentIndex)
     Keys.onEnterPressed: root.rows.tap(root.currentIndex)
     Keys.onSpacePressed: root.rows.tap(root.currentIndex)
     Component.onCompleted: root.keepTaskCurrent()
     move: shift
+
+    RowKeys {
+        id: rowKeys
+
+        list: root
+        onHomePressed: root.walkTo(root.rows.taskAfter(-1))
+        onEndPressed: root.walkTo(root.rows.taskBefore(root.count))
+        onPageUpPressed: row => root.walkTo(Math.min(root.rows.taskAfter(row - 1), root.rows.taskBefore(root.currentIndex)))
+        onPageDownPressed: row => root.walkTo(Math.max(root.rows.taskBefore(row + 1), root.rows.taskAfter(root.currentIndex)))
+    }
 
     ScrollBar {
         flickable: root

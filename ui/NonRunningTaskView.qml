@@ -9,13 +9,12 @@ TaskListItemGroupBoxStyle {
     required property string taskName
     required property string timeSpent
 
-    Label {
+    ElidedLabel {
         width: parent.width
         text: root.taskName
         font.pointSize: Theme.title3Size
         color: root.textColor
-        elide: Text.ElideRight
-        maximumLineCount: 1
+        isMarked: root.row.isWalkedTo
         Accessible.ignored: true
     }
 

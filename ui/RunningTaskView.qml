@@ -16,13 +16,12 @@ TaskListItemGroupBoxStyle {
     signal itemTapped
     signal menuRequested(line: DeletableRow, position: point)
 
-    Label {
+    ElidedLabel {
         width: parent.width
         text: root.taskName
         font.pointSize: Theme.title3Size
         color: root.textColor
-        elide: Text.ElideRight
-        maximumLineCount: 1
+        isMarked: root.row.isWalkedTo
         Accessible.ignored: true
     }
 

@@ -20,6 +20,11 @@ FocusScope {
             root.reached();
     }
 
+    // What is there of every task.
+    function focusFirst() {
+        chart.enter();
+    }
+
     onActiveFocusChanged: root.reportFocus()
     implicitHeight: content.height + Theme.spacing
 
@@ -50,6 +55,8 @@ FocusScope {
         }
 
         FocusChart {
+            id: chart
+
             width: parent.width
             topPadding: Theme.spacing
             barsHeight: Theme.smallChartHeight

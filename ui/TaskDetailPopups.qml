@@ -18,7 +18,7 @@ Item {
     }
 
     ShareSheet {
-        visible: root.view.adapter.share !== null
+        visible: root.view.adapter.isShareSheetDisplayed
         adapter: root.view.adapter.share
         onClosed: root.view.adapter.dismissShareSheet()
     }

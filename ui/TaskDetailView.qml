@@ -74,6 +74,6 @@ Item {
         given: ({
                 view: root
             })
-        wanted: root.adapter.share !== null || root.adapter.wholeNote !== null
+        wanted: root.adapter.isShareSheetDisplayed || root.adapter.wholeNote !== null
     }
 }

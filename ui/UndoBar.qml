@@ -36,13 +36,12 @@ FocusScope {
         anchors.verticalCenter: parent.verticalCenter
         spacing: Theme.wideSpacing
 
-        Label {
+        ElidedLabel {
             width: Math.min(implicitWidth, Theme.sheetWidth - Theme.pageMargin, root.maximumWidth - undoButton.width - 2 * content.spacing - Theme.spacing)
             anchors.verticalCenter: parent.verticalCenter
             text: root.adapter.text
             color: Theme.colors.content
-            elide: Text.ElideRight
-            maximumLineCount: 1
+            isMarked: root.activeFocus
             Accessible.ignored: true
         }
 

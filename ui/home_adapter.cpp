@@ -26,13 +26,14 @@ HomeAdapter::HomeAdapter(std::shared_ptr<presentation::HomeViewModelProtocol> vi
 void HomeAdapter::displayAddSheet() {
     if (!addTask_) {
         addTask_ = subviewsFactory_.makeAddTaskView();
-        emit addTaskChanged();
+        emit isAddSheetDisplayedChanged();
     }
 }
 
 void HomeAdapter::dismissAddSheet() {
     if (addTask_) {
-        replaceAdapter<AddTaskAdapter>(addTask_, nullptr, [this] { emit addTaskChanged(); });
+        replaceAdapter<AddTaskAdapter>(addTask_, nullptr,
+                                       [this] { emit isAddSheetDisplayedChanged(); });
     }
 }
 

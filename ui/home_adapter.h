@@ -38,7 +38,10 @@ class HomeAdapter final : public QObject {
     Q_PROPERTY(hearthmark::ui::TaskDetailAdapter* taskDetail READ taskDetail NOTIFY
                    taskDetailChanged FINAL)
     Q_PROPERTY(hearthmark::ui::OverviewAdapter* overview READ overview NOTIFY overviewChanged FINAL)
-    Q_PROPERTY(hearthmark::ui::AddTaskAdapter* addTask READ addTask NOTIFY addTaskChanged FINAL)
+    Q_PROPERTY(
+        bool isAddSheetDisplayed READ isAddSheetDisplayed NOTIFY isAddSheetDisplayedChanged FINAL)
+    Q_PROPERTY(hearthmark::ui::AddTaskAdapter* addTask READ addTask NOTIFY
+                   isAddSheetDisplayedChanged FINAL)
     Q_PROPERTY(hearthmark::ui::AboutAdapter* about READ about CONSTANT FINAL)
     Q_PROPERTY(
         hearthmark::ui::UnseenFinishesAdapter* unseenFinishes READ unseenFinishes CONSTANT FINAL)
@@ -74,7 +77,8 @@ class HomeAdapter final : public QObject {
     TaskDetailAdapter* taskDetail() const { return taskDetail_.get(); }
     // Of the selected task; of all tasks while none is.
     OverviewAdapter* overview() const { return overview_.get(); }
-    // Present while the add-task sheet is displayed.
+    bool isAddSheetDisplayed() const { return addTask_ != nullptr; }
+    // Present while its sheet is displayed.
     AddTaskAdapter* addTask() const { return addTask_.get(); }
     AboutAdapter* about() const { return parts_.about.get(); }
     AppearanceAdapter* appearance() const { return parts_.appearance.get(); }
@@ -96,7 +100,7 @@ class HomeAdapter final : public QObject {
  signals:
     void taskDetailChanged();
     void overviewChanged();
-    void addTaskChanged();
+    void isAddSheetDisplayedChanged();
 
  private:
     void showSelectedTask();

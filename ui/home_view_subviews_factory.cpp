@@ -15,19 +15,19 @@ HomeViewSubviewsFactory::HomeViewSubviewsFactory(
     std::shared_ptr<const store::LiveDataProvidingFactoryProtocol> liveDataFactory,
     std::shared_ptr<const base::Clock> clock,
     std::shared_ptr<presentation::SelectedTaskId> mutableSelectedTaskId,
-    std::shared_ptr<services::TimeKeepingProviderProtocol> timeKeepingProvider,
+    services::TimeKeepingProviderMaker makeTimeKeepingProvider,
     std::shared_ptr<exporting::Clipboard> clipboard, std::shared_ptr<const base::Calendar> calendar)
     : dataOperationsService_(std::move(dataOperationsService)),
       liveDataFactory_(std::move(liveDataFactory)),
       clock_(std::move(clock)),
       mutableSelectedTaskId_(std::move(mutableSelectedTaskId)),
-      timeKeepingProvider_(std::move(timeKeepingProvider)),
+      makeTimeKeepingProvider_(std::move(makeTimeKeepingProvider)),
       clipboard_(std::move(clipboard)),
       calendar_(std::move(calendar)) {}
 
 std::unique_ptr<TaskListAdapter> HomeViewSubviewsFactory::makeTaskListView() const {
     const presentation::TaskListVMFactory factory(dataOperationsService_, liveDataFactory_,
-                                                  timeKeepingProvider_, clock_,
+                                                  makeTimeKeepingProvider_(), clock_,
                                                   mutableSelectedTaskId_);
     return std::make_unique<TaskListAdapter>(factory.makeViewModel());
 }
@@ -35,7 +35,7 @@ std::unique_ptr<TaskListAdapter> HomeViewSubviewsFactory::makeTaskListView() con
 std::unique_ptr<TaskDetailAdapter> HomeViewSubviewsFactory::makeTaskDetailView(
     const base::Uuid& taskId) const {
     const presentation::TaskDetailVMFactory factory(dataOperationsService_, liveDataFactory_,
-                                                    taskId, timeKeepingProvider_, clock_);
+                                                    taskId, makeTimeKeepingProvider_(), clock_);
     return std::make_unique<TaskDetailAdapter>(
         factory.makeViewModel(),
         TaskDetailSubviewsFactory(
@@ -49,7 +49,7 @@ std::unique_ptr<TaskDetailAdapter> HomeViewSubviewsFactory::makeTaskDetailView(
 std::unique_ptr<OverviewAdapter> HomeViewSubviewsFactory::makeOverviewView(
     std::optional<base::Uuid> taskId) const {
     return std::make_unique<OverviewAdapter>(std::make_shared<presentation::FocusOverviewViewModel>(
-        liveDataFactory_, timeKeepingProvider_, clock_, calendar_, taskId));
+        liveDataFactory_, makeTimeKeepingProvider_(), clock_, calendar_, taskId));
 }
 
 std::unique_ptr<AddTaskAdapter> HomeViewSubviewsFactory::makeAddTaskView() const {

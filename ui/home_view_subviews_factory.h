@@ -23,13 +23,13 @@ namespace hearthmark::ui {
 // value.
 class HomeViewSubviewsFactory {
  public:
-    // All views keep their time by the one provider.
+    // Each view keeps its time by a provider of its own.
     HomeViewSubviewsFactory(
         std::shared_ptr<store::DataOperationsServiceProtocol> dataOperationsService,
         std::shared_ptr<const store::LiveDataProvidingFactoryProtocol> liveDataFactory,
         std::shared_ptr<const base::Clock> clock,
         std::shared_ptr<presentation::SelectedTaskId> mutableSelectedTaskId,
-        std::shared_ptr<services::TimeKeepingProviderProtocol> timeKeepingProvider,
+        services::TimeKeepingProviderMaker makeTimeKeepingProvider,
         std::shared_ptr<exporting::Clipboard> clipboard,
         std::shared_ptr<const base::Calendar> calendar);
 
@@ -44,7 +44,7 @@ class HomeViewSubviewsFactory {
     std::shared_ptr<const store::LiveDataProvidingFactoryProtocol> liveDataFactory_;
     std::shared_ptr<const base::Clock> clock_;
     std::shared_ptr<presentation::SelectedTaskId> mutableSelectedTaskId_;
-    std::shared_ptr<services::TimeKeepingProviderProtocol> timeKeepingProvider_;
+    services::TimeKeepingProviderMaker makeTimeKeepingProvider_;
     std::shared_ptr<exporting::Clipboard> clipboard_;
     std::shared_ptr<const base::Calendar> calendar_;
 };

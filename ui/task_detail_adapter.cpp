@@ -65,15 +65,18 @@ void TaskDetailAdapter::startLongFocus() {
 }
 
 void TaskDetailAdapter::displayShareSheet() {
-    if (!share_) {
+    if (!displayedSheetType_) {
+        displayedSheetType_ = TaskDetailViewSheetType::share;
         share_ = subviewsFactory_.makeShareView();
-        emit shareChanged();
+        emit displayedSheetTypeChanged();
     }
 }
 
 void TaskDetailAdapter::dismissShareSheet() {
-    if (share_) {
-        replaceAdapter<ShareContainerAdapter>(share_, nullptr, [this] { emit shareChanged(); });
+    if (displayedSheetType_) {
+        displayedSheetType_.reset();
+        replaceAdapter<ShareContainerAdapter>(share_, nullptr,
+                                              [this] { emit displayedSheetTypeChanged(); });
     }
 }
 

@@ -6,6 +6,7 @@
 #include <QObject>
 #include <QString>
 #include <memory>
+#include <optional>
 
 #include "livedata/subscription.h"
 #include "presentation/task_detail_view_model.h"
@@ -17,6 +18,9 @@
 #include "ui/whole_note_adapter.h"
 
 namespace hearthmark::ui {
+
+// The sheets over a task's detail pane.
+enum class TaskDetailViewSheetType { share };
 
 // Hands the view state of one task to TaskDetailView.qml. Owns its view model and the adapters of
 // the notes section, which stays, and of the sheets of sharing and of a whole note, which are made
@@ -35,7 +39,10 @@ class TaskDetailAdapter final : public QObject {
         hearthmark::ui::IntervalListModel* runningIntervals READ runningIntervals CONSTANT FINAL)
     Q_PROPERTY(hearthmark::ui::TaskDetailListModel* rows READ rows CONSTANT FINAL)
     Q_PROPERTY(hearthmark::ui::NotesAdapter* notes READ notes CONSTANT FINAL)
-    Q_PROPERTY(hearthmark::ui::ShareContainerAdapter* share READ share NOTIFY shareChanged FINAL)
+    Q_PROPERTY(bool isShareSheetDisplayed READ isShareSheetDisplayed NOTIFY
+                   displayedSheetTypeChanged FINAL)
+    Q_PROPERTY(hearthmark::ui::ShareContainerAdapter* share READ share NOTIFY
+                   displayedSheetTypeChanged FINAL)
     Q_PROPERTY(
         hearthmark::ui::WholeNoteAdapter* wholeNote READ wholeNote NOTIFY wholeNoteChanged FINAL)
 
@@ -57,7 +64,14 @@ class TaskDetailAdapter final : public QObject {
     IntervalListModel* runningIntervals() { return &runningIntervals_; }
     TaskDetailListModel* rows() { return &rows_; }
     NotesAdapter* notes() const { return notes_.get(); }
-    // Present while the share sheet is displayed.
+    // Absent while no sheet is displayed.
+    std::optional<TaskDetailViewSheetType> displayedSheetType() const {
+        return displayedSheetType_;
+    }
+    bool isShareSheetDisplayed() const {
+        return displayedSheetType_ == TaskDetailViewSheetType::share;
+    }
+    // Present while its sheet is displayed.
     ShareContainerAdapter* share() const { return share_.get(); }
     // Present while a long note is displayed in a sheet.
     WholeNoteAdapter* wholeNote() const { return wholeNote_.get(); }
@@ -77,7 +91,7 @@ class TaskDetailAdapter final : public QObject {
     void taskNameChanged();
     void totalTimeSpentChanged();
     void canStartFocusChanged();
-    void shareChanged();
+    void displayedSheetTypeChanged();
     void wholeNoteChanged();
     // From the event loop, once the views have followed all rows of a new state.
     void rowsShown();
@@ -88,6 +102,7 @@ class TaskDetailAdapter final : public QObject {
     std::shared_ptr<presentation::TaskDetailViewModelProtocol> viewModel_;
     TaskDetailSubviewsFactory subviewsFactory_;
     std::unique_ptr<NotesAdapter> notes_;
+    std::optional<TaskDetailViewSheetType> displayedSheetType_;
     std::unique_ptr<ShareContainerAdapter> share_;
     std::unique_ptr<WholeNoteAdapter> wholeNote_;
     QString taskName_;

@@ -18,12 +18,14 @@ QString sizeText(std::int64_t bytes) {
 
 }  // namespace
 
-UpdateAdapter::UpdateAdapter(std::shared_ptr<presentation::CheckForUpdatesViewModel> viewModel,
-                             std::shared_ptr<services::Updater> updater)
-    : viewModel_(std::move(viewModel)),
+UpdateAdapter::UpdateAdapter(
+    std::shared_ptr<presentation::CheckForUpdatesViewModel> checkForUpdatesViewModel,
+    std::shared_ptr<services::Updater> updater)
+    : checkForUpdatesViewModel_(std::move(checkForUpdatesViewModel)),
       updater_(std::move(updater)),
-      canCheckSubscription_(
-          viewModel_->canCheckForUpdates().subscribeDidChange([this] { emit canCheckChanged(); })),
+      canCheckForUpdatesSubscription_(
+          checkForUpdatesViewModel_->canCheckForUpdates().subscribeDidChange(
+              [this] { emit canCheckForUpdatesChanged(); })),
       stateSubscription_(updater_->state().subscribeDidChange([this] { show(); })) {}
 
 QString UpdateAdapter::unavailableReason() const {

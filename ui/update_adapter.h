@@ -20,7 +20,8 @@ class UpdateAdapter final : public QObject {
     Q_OBJECT
     QML_ELEMENT
     QML_UNCREATABLE("made by the home view factory")
-    Q_PROPERTY(bool canCheck READ canCheck NOTIFY canCheckChanged FINAL)
+    Q_PROPERTY(
+        bool canCheckForUpdates READ canCheckForUpdates NOTIFY canCheckForUpdatesChanged FINAL)
     Q_PROPERTY(QString unavailableReason READ unavailableReason CONSTANT FINAL)
     Q_PROPERTY(bool presented READ isPresented NOTIFY stateChanged FINAL)
     Q_PROPERTY(QString title READ title NOTIFY stateChanged FINAL)
@@ -36,10 +37,12 @@ class UpdateAdapter final : public QObject {
     Q_PROPERTY(QString fault READ fault NOTIFY stateChanged FINAL)
 
  public:
-    UpdateAdapter(std::shared_ptr<presentation::CheckForUpdatesViewModel> viewModel,
+    UpdateAdapter(std::shared_ptr<presentation::CheckForUpdatesViewModel> checkForUpdatesViewModel,
                   std::shared_ptr<services::Updater> updater);
 
-    bool canCheck() const { return viewModel_->canCheckForUpdates().value(); }
+    bool canCheckForUpdates() const {
+        return checkForUpdatesViewModel_->canCheckForUpdates().value();
+    }
     QString unavailableReason() const;
     bool isPresented() const;
     QString title() const;
@@ -67,19 +70,19 @@ class UpdateAdapter final : public QObject {
     Q_INVOKABLE void dismiss();
 
  signals:
-    void canCheckChanged();
+    void canCheckForUpdatesChanged();
     void stateChanged();
 
  private:
     const services::UpdateState& state() const { return updater_->state().value(); }
     void show();
 
-    std::shared_ptr<presentation::CheckForUpdatesViewModel> viewModel_;
+    std::shared_ptr<presentation::CheckForUpdatesViewModel> checkForUpdatesViewModel_;
     std::shared_ptr<services::Updater> updater_;
     std::string notesText_;
     TextLinesModel notes_;
     QString fault_;
-    livedata::Subscription canCheckSubscription_;
+    livedata::Subscription canCheckForUpdatesSubscription_;
     livedata::Subscription stateSubscription_;
 };
 

@@ -35,9 +35,11 @@ TEST(TimerServices, FinishOnceASecondAndStampOnceAMinuteWhileTheyLive) {
 TEST(InStepTimeKeepingProvider, FiresAllOfOneIntervalTogetherWhateverTheyDo) {
     const auto timers = std::make_shared<tests::FakeTimeKeepingProvider>();
     InStepTimeKeepingProvider provider(timers);
+    InStepTimeKeepingProvider another(provider);
     std::string fired;
     std::map<char, std::shared_ptr<TimeKeeping>> handles;
     const auto add = [&](char name, base::Seconds interval, const std::function<void()>& then) {
+        std::swap(provider, another);
         handles[name] = provider.makeTimer(interval, Repeats::yes, [&fired, name, then] {
             fired += name;
             then();

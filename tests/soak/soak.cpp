@@ -152,7 +152,7 @@ class Program {
         return {.firstWindow = app::TasksApp::FirstWindow::atOnce,
                 .persistentContainerFactory = std::make_unique<store::PersistentContainerFactory>(
                     directory, base::FatalErrorHandler()),
-                .makeTimeKeepingProvider = [this] { return timers_; },
+                .timeKeepingProvider = timers_,
                 .clock = clock_,
                 .sleepMonitor = std::make_shared<NeverAsleep>(),
                 .notificationCenter = notifications_,

@@ -2,7 +2,7 @@
 import QtQuick
 import QtQuick.Templates as T
 
-// A row of tabs; the arrow keys go from one to the next.
+// A row of tabs; the arrow keys go from one to the next, the way they point.
 T.TabBar {
     id: root
 
@@ -17,8 +17,8 @@ T.TabBar {
     spacing: 2
 
     Accessible.role: Accessible.PageTabList
-    Keys.onLeftPressed: root.selectBy(-1)
-    Keys.onRightPressed: root.selectBy(1)
+    Keys.onLeftPressed: root.selectBy(root.mirrored ? 1 : -1)
+    Keys.onRightPressed: root.selectBy(root.mirrored ? -1 : 1)
 
     contentItem: ListView {
         implicitHeight: Theme.controlHeight

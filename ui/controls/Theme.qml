@@ -90,6 +90,7 @@ QtObject {
 
     // Milliseconds.
     readonly property int motionDuration: 150
+    readonly property int toolTipDelay: 700
 
     readonly property string fixedFamily: "monospace"
 
@@ -118,8 +119,10 @@ QtObject {
     readonly property int chartHeight: 64
     readonly property int smallChartHeight: 36
     readonly property int menuWidth: 240 * root.textScale
+    readonly property int toolTipWidth: 400
     readonly property int editorMaximumHeight: 200
     readonly property int noteEditorHeight: 100
     // Each line of a text takes its time, and a name may be a megabyte.
     readonly property int nameMaximumLineCount: 100
+    readonly property int toolTipMaximumLineCount: 10
 }
