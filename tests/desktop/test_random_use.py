@@ -11,8 +11,8 @@ import tempfile
 import time
 import unittest
 
-from driver import (Desktop, ProgramTest, extents, is_showing, key, new_id, now, press, type_text,
-                    wait_for, xdotool)
+from driver import (Desktop, ProgramTest, extents, has_focus, is_showing, key, new_id, now, press,
+                    type_text, wait_for, xdotool)
 from players import Daemon, Questions
 
 SECONDS = float(os.environ.get("HEARTHMARK_RANDOM_SECONDS", 30))
@@ -222,6 +222,9 @@ class RandomUse(ProgramTest):
             self.end()
         except BaseException:
             print(f"After {self.count} acts, the last of which were:", *self.acts, sep="\n", flush=True)
+            if self.program.process.poll() is None:
+                print("It shows", [f"{node.getRoleName()} {node.name[:40]!r}" + " with the keyboard" * has_focus(node)
+                                   for node in self.program.find_all()], flush=True)
             raise
         print(f"{self.count} acts, the slowest answer took {self.slowest * 1000:.0f} ms", flush=True)
 

@@ -17,7 +17,8 @@ T.TabButton {
     horizontalPadding: Theme.wideSpacing
     spacing: Theme.spacing
     hoverEnabled: true
-    focusPolicy: root.checked ? Qt.TabFocus : Qt.NoFocus
+    // Not while it has the keyboard, which moves to the one that gets checked.
+    focusPolicy: root.checked || root.activeFocus ? Qt.TabFocus : Qt.NoFocus
 
     Accessible.role: Accessible.PageTab
     Accessible.name: root.text
