@@ -107,7 +107,8 @@ void measure(std::int64_t intervals, const std::string& name) {
         app::HomeViewFactory(
             opened.service, opened.liveDataFactory, opened.clock,
             std::make_shared<presentation::SelectedTaskId>(task.id()),
-            [] { return std::make_shared<platform::TimeKeepingProvider>(); },
+            std::make_shared<presentation::NoteDrafts>(opened.service, *opened.liveDataFactory),
+            std::make_shared<platform::TimeKeepingProvider>(),
             std::make_shared<ui::MainWindowLoader>(),
             {.clipboard = nullptr,
              .updater = std::make_shared<platform::AppcastUpdater>(
