@@ -4,7 +4,6 @@
 #include <algorithm>
 #include <functional>
 #include <iostream>
-#include <sstream>
 #include <string_view>
 #include <system_error>
 #include <utility>
@@ -13,6 +12,7 @@
 #include "store/hearthmark_model.h"
 #include "store/interval.h"
 #include "store/note.h"
+#include "store/restore_command.h"
 #include "store/store_fault.h"
 #include "store/task.h"
 
@@ -37,15 +37,6 @@ bool isGood(const std::filesystem::path& store) {
     } catch (const objectstore::StoreError&) {
         return false;
     }
-}
-
-// For a shell.
-std::string quoted(const std::string& text) {
-    std::string quoted = "'";
-    for (const char c : text) {
-        quoted += c == '\'' ? std::string("'\\''") : std::string(1, c);
-    }
-    return quoted + '\'';
 }
 
 }  // namespace
@@ -200,26 +191,12 @@ void StoreBackups::completeRestore() const {
 }
 
 std::string StoreBackups::restoreCommand(const std::optional<StoreBackup>& backup) const {
-    const std::string store = kStoreName;
-    const std::string draft = kDraftName;
-    // One folder for each time, so that no log lies beside a store that it does not belong to.
-    const std::string folder = std::string(kDamagedFolder) + '/' + dateText(momentOrNone(), false);
-    std::ostringstream command;
-    command << "cd " << quoted(directory_.string()) << " && { [ \"$(stat -L -c '%i %s %Y' " << store
-            << ")\" = '" << objectstore::storeFileIdentity(store_)
-            << "' ] || { echo 'Nothing was changed: the damaged store is not there any more.'; "
-               "false; }; } && mkdir -p "
-            << folder;
-    if (backup) {
-        command << " && { cp -f " << backup->file.lexically_relative(directory_).string() << ' '
-                << draft << " && sync " << draft << " || { rm -f " << draft << "; false; }; }";
-    }
-    command << " && mv -f --backup=numbered " << store << "* " << folder;
-    if (backup) {
-        command << " && mv -f " << draft << ' ' << store;
-    }
-    command << " && sync .";
-    return command.str();
+    return store::restoreCommand(
+        {.store = store_,
+         .backup = backup ? std::optional(backup->file) : std::nullopt,
+         .draft = kDraftName,
+         // One for each time, so that no log lies beside a store that it does not belong to.
+         .folder = std::string(kDamagedFolder) + '/' + dateText(momentOrNone(), false)});
 }
 
 // A clock that shows no date, or the same once more, must not keep anybody from a restore.
