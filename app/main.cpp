@@ -99,7 +99,7 @@ void sayThatItRunsElsewhere(int argc, char** argv) {
     std::cerr << kMessage << std::endl;
     {
         const QCoreApplication application(argc, argv);
-        if (platform::notifyThatItCannotBegin(kMessage)) {
+        if (platform::notifyBeforeTheEnd(QObject::tr("Hearthmark cannot start"), kMessage)) {
             return;
         }
     }
@@ -160,7 +160,9 @@ int runApplication(int argc, char** argv, const Process& process) {
     platform::ApplicationObject applicationObject;
     applicationObject.registerOnSessionBus();
 
-    const base::FatalErrorHandler fatal(&platform::notifyOfFatalError);
+    const base::FatalErrorHandler fatal([](std::string_view message) {
+        platform::notifyBeforeTheEnd(QObject::tr("Hearthmark has stopped"), message);
+    });
     if (process.lock.state() == platform::InstanceLock::State::failed) {
         const std::filesystem::path& directory = process.backups->storeDirectory();
         const int error = process.lock.error().value();
@@ -189,10 +191,10 @@ int restartRestored(int argc, char** argv, const store::StoreBackups& backups) {
     } catch (const objectstore::StoreError& error) {
         const QCoreApplication application(argc, argv);
         const std::string reason(store::faultOf(error, backups.storeDirectory()).reason);
-        const std::string message =
-            "Hearthmark could not restore the backup: " + reason + ' ' + error.what();
-        std::cerr << message << std::endl;
-        platform::notifyOfFatalError(message);
+        const std::string message = reason + (reason.empty() ? "" : " ") + error.what();
+        std::cerr << "Hearthmark could not restore the backup: " << message << std::endl;
+        platform::notifyBeforeTheEnd(QObject::tr("Hearthmark could not restore the backup"),
+                                     message);
     }
     std::error_code error;
     std::string program = std::filesystem::read_symlink("/proc/self/exe", error);

@@ -15,7 +15,9 @@ constexpr int kPatienceMilliseconds = 1000;
 constexpr int kNeverExpires = 0;
 constexpr uchar kCritical = 2;
 
-bool notify(const QString& title, std::string_view message) {
+}  // namespace
+
+bool notifyBeforeTheEnd(const QString& title, std::string_view message) {
     const QDBusConnection bus = QDBusConnection::sessionBus();
     if (!bus.isConnected()) {
         return false;
@@ -39,16 +41,6 @@ bool notify(const QString& title, std::string_view message) {
     const QDBusMessage answer =
         bus.call(notify, QDBus::Block, static_cast<int>(deadline.remainingTime()));
     return answer.type() == QDBusMessage::ReplyMessage;
-}
-
-}  // namespace
-
-void notifyOfFatalError(std::string_view message) {
-    notify(QObject::tr("Hearthmark has stopped"), message);
-}
-
-bool notifyThatItCannotBegin(std::string_view message) {
-    return notify(QObject::tr("Hearthmark cannot start"), message);
 }
 
 }  // namespace hearthmark::platform

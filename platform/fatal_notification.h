@@ -1,15 +1,14 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <QString>
 #include <string_view>
 
 namespace hearthmark::platform {
 
-// Show the person why the program ends, or cannot begin: a notification that stays, for whoever has
-// no terminal to read. They block for a second at most. Where there is no bus or nobody shows it,
-// it is not shown.
-void notifyOfFatalError(std::string_view message);
-// Whether a daemon has taken it.
-bool notifyThatItCannotBegin(std::string_view message);
+// Shows the person why this process ends, or begins anew: a notification that stays, for whoever
+// has no terminal to read. Blocks for a second at most. Whether a daemon has taken it: where there
+// is no bus or nobody shows it, it is not shown.
+bool notifyBeforeTheEnd(const QString& title, std::string_view message);
 
 }  // namespace hearthmark::platform
