@@ -28,8 +28,7 @@ const QQuickItem* overlayAround(const QQuickItem* item) {
     return item;
 }
 
-// Whether a sheet or a menu has the keyboard, which would not be closed by it any more if what lies
-// behind took it away.
+// Whether a sheet or a menu has the keyboard, and the item lies behind it.
 bool isBehindPopup(const QQuickItem& item) {
     return item.window() != nullptr && overlayAround(item.window()->activeFocusItem()) != nullptr &&
            overlayAround(&item) == nullptr;
@@ -107,9 +106,14 @@ class Item final : public QAccessibleQuickItem, public QAccessibleEditableTextIn
     }
 
     void doAction(const QString& name) override {
+        // As with the mouse. The keyboard, besides, would go there, and no key close what lies over
+        // it.
+        if (isBehindPopup(*item())) {
+            return;
+        }
         if (name == showMenuAction() && hasMenu()) {
             item()->metaObject()->method(menuMethod()).invoke(item());
-        } else if (name != setFocusAction() || !isBehindPopup(*item())) {
+        } else {
             QAccessibleQuickItem::doAction(name);
         }
     }
