@@ -90,8 +90,35 @@ class ToolkitArguments {
     int count_ = 0;
 };
 
+// The toolkit, set up for windows of this program.
+class Toolkit {
+ public:
+    Toolkit(int argc, char** argv)
+        : arguments_(argc, argv), application_(prepared().count(), arguments_.data()) {
+        if (QLocale().textDirection() == Qt::RightToLeft) {
+            QGuiApplication::setLayoutDirection(Qt::RightToLeft);
+        }
+        ui::prepareAccessibility(&platform::keepFromReadersMemory);
+    }
+
+ private:
+    ToolkitArguments& prepared() {
+        // A few words are repainted each second: the software scene graph takes less than half the
+        // memory.
+        QQuickWindow::setGraphicsApi(QSGRendererInterface::Software);
+        QGuiApplication::setApplicationName(QStringLiteral("Hearthmark"));
+        QGuiApplication::setApplicationVersion(QStringLiteral(HEARTHMARK_VERSION));
+        QGuiApplication::setDesktopFileName(QLatin1String(platform::kApplicationId));
+        return arguments_;
+    }
+
+    ToolkitArguments arguments_;
+    QGuiApplication application_;
+};
+
 // On standard error, and where a person sees it who has no terminal.
-void sayThatItRunsElsewhere(int argc, char** argv) {
+void sayThatItRunsElsewhere(int argc, char** argv,
+                            const platform::TerminationSignals& terminationSignals) {
     constexpr auto kMessage =
         "Hearthmark is already running, but does not answer. Wait a moment and start it again. If "
         "that does not help, end the process \"hearthmark\"; no more than the last minute of a "
@@ -104,22 +131,21 @@ void sayThatItRunsElsewhere(int argc, char** argv) {
         }
     }
     if (platform::hasDisplay()) {
-        QQuickWindow::setGraphicsApi(QSGRendererInterface::Software);
-        ToolkitArguments arguments(argc, argv);
-        const QGuiApplication application(arguments.count(), arguments.data());
-        ui::prepareAccessibility(&platform::keepFromReadersMemory);
+        const Toolkit toolkit(argc, argv);
+        const auto signalNotifier = terminationSignals.listen(&QCoreApplication::quit);
         ui::showMessageWindow(kMessage);
     }
 }
 
-int showRunningInstance(int argc, char** argv, const platform::InstanceLock& lock) {
+int showRunningInstance(int argc, char** argv, const platform::InstanceLock& lock,
+                        const platform::TerminationSignals& terminationSignals) {
     {
         const QCoreApplication application(argc, argv);
         if (platform::activateRunningInstance(lock.name())) {
             return EXIT_SUCCESS;
         }
     }
-    sayThatItRunsElsewhere(argc, argv);
+    sayThatItRunsElsewhere(argc, argv, terminationSignals);
     return EXIT_FAILURE;
 }
 
@@ -142,20 +168,9 @@ struct Process {
 };
 
 int runApplication(int argc, char** argv, const Process& process) {
-    // A few words are repainted each second: the software scene graph takes less than half the
-    // memory.
-    QQuickWindow::setGraphicsApi(QSGRendererInterface::Software);
-    QGuiApplication::setApplicationName(QStringLiteral("Hearthmark"));
-    QGuiApplication::setApplicationVersion(QStringLiteral(HEARTHMARK_VERSION));
-    QGuiApplication::setDesktopFileName(QLatin1String(platform::kApplicationId));
+    const Toolkit toolkit(argc, argv);
     QGuiApplication::setQuitOnLastWindowClosed(false);
-    ToolkitArguments arguments(argc, argv);
-    const QGuiApplication application(arguments.count(), arguments.data());
     const std::string activationToken = platform::takeActivationToken();
-    if (QLocale().textDirection() == Qt::RightToLeft) {
-        QGuiApplication::setLayoutDirection(Qt::RightToLeft);
-    }
-    ui::prepareAccessibility(&platform::keepFromReadersMemory);
 
     platform::ApplicationObject applicationObject;
     applicationObject.registerOnSessionBus();
@@ -224,7 +239,7 @@ int main(int argc, char** argv) {
     const std::filesystem::path storeDirectory = store::storeDirectory();
     const platform::InstanceLock lock(storeDirectory);
     if (lock.state() == platform::InstanceLock::State::heldByAnother) {
-        return showRunningInstance(argc, argv, lock);
+        return showRunningInstance(argc, argv, lock, terminationSignals);
     }
     const std::shared_ptr<const base::Clock> clock = app::makeProgramClock();
     const auto backups = std::make_shared<const store::StoreBackups>(

@@ -16,7 +16,16 @@ using Cause = StoreError::Cause;
 
 constexpr int kPrimaryCode = 0xFF;
 
-Cause causeOf(int code, Cause unsuited) {
+std::string_view modeFor(const std::filesystem::path& file) {
+    if (hasRollbackJournal(file)) {
+        return "";
+    }
+    return hasWriteAheadLog(file) ? "?mode=ro" : "?immutable=1";
+}
+
+}  // namespace
+
+StoreError::Cause causeOfCode(int code, Cause unsuited) {
     switch (code & kPrimaryCode) {
         case SQLITE_CORRUPT:
         case SQLITE_NOTADB:
@@ -41,21 +50,12 @@ Cause causeOf(int code, Cause unsuited) {
     }
 }
 
-std::string_view modeFor(const std::filesystem::path& file) {
-    if (hasRollbackJournal(file)) {
-        return "";
-    }
-    return hasWriteAheadLog(file) ? "?mode=ro" : "?immutable=1";
-}
-
-}  // namespace
-
 void rethrowAsStoreError(std::string_view statement, Cause unsuited) {
     try {
         throw;
     } catch (const SQLite::Exception& error) {
         throw StoreError(error.what(), error.getErrorCode(), error.getExtendedErrorCode(),
-                         std::string(statement), causeOf(error.getErrorCode(), unsuited));
+                         std::string(statement), causeOfCode(error.getErrorCode(), unsuited));
     }
 }
 

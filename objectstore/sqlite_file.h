@@ -18,6 +18,9 @@ namespace hearthmark::objectstore {
 // How long a statement waits for a lock that another program holds on the file.
 constexpr int kBusyTimeoutMilliseconds = 5000;
 
+// What a result code of SQLite says; `unsuited` where it cannot make sense of the statement.
+StoreError::Cause causeOfCode(int code, StoreError::Cause unsuited);
+
 // Throws what SQLite just threw as a StoreError that names the statement; anything else as it is.
 // Requires: an exception is being handled.
 [[noreturn]] void rethrowAsStoreError(std::string_view statement, StoreError::Cause unsuited);

@@ -5,6 +5,7 @@
 #include <SQLiteCpp/SQLiteCpp.h>
 #include <sqlite3.h>
 
+#include <cstdlib>
 #include <sstream>
 #include <string>
 
@@ -60,13 +61,27 @@ void foldJournals(const std::filesystem::path& file) {
     });
 }
 
+// The check reports a page that the disk does not give back as one more finding, with SQLite's
+// code.
+StoreError::Cause causeOfFinding(const std::string& finding) {
+    const std::string mark = "error code=";
+    const std::size_t place = finding.find(mark);
+    const int code =
+        place != std::string::npos ? std::atoi(finding.c_str() + place + mark.size()) : 0;
+    return code != 0 ? causeOfCode(code, StoreError::Cause::damaged) : StoreError::Cause::damaged;
+}
+
 void checkIntegrity(SQLite::Database& database, const std::filesystem::path& file) {
     const std::string check = "PRAGMA integrity_check(1)";
     const std::string finding = translatingErrors(
         check, [&] { return database.execAndGet(check).getString(); }, StoreError::Cause::damaged);
     if (finding != "ok") {
-        refuse(file, "The file is corrupt (" + finding + ')', SQLITE_CORRUPT, check,
-               StoreError::Cause::damaged);
+        const StoreError::Cause cause = causeOfFinding(finding);
+        refuse(file,
+               (cause == StoreError::Cause::damaged ? "The file is corrupt ("
+                                                    : "The file cannot be read (") +
+                   finding + ')',
+               SQLITE_CORRUPT, check, cause);
     }
 }
 

@@ -67,6 +67,28 @@ bool isComplete(const AppcastItem& item) {
            item.size > 0 && item.size <= kLargestPackage && !item.signature.isEmpty();
 }
 
+// Of what begins with "<" and goes on to the next one. What follows the tag's own end, as notes
+// with lines of equals signs do, is text.
+qsizetype equalsSignsInTag(QByteArrayView tag) {
+    if (tag.startsWith("<!")) {
+        return 0;  // a comment, or text that is not read as tags
+    }
+    qsizetype signs = 0;
+    char quote = 0;
+    for (const char c : tag) {
+        if (quote != 0) {
+            quote = c == quote ? char(0) : quote;
+        } else if (c == '"' || c == '\'') {
+            quote = c;
+        } else if (c == '>') {
+            break;
+        } else if (c == '=') {
+            ++signs;
+        }
+    }
+    return signs;
+}
+
 // How many names the XML reader compares at most: each element and attribute looks through all
 // namespaces that are declared around it, and each attribute through the others of its element.
 // Without this bound a feed of 1 MB holds up the program for many seconds. What only looks like an
@@ -78,7 +100,7 @@ qsizetype comparisons(const QByteArray& feed) {
     for (qsizetype begin = feed.indexOf('<'); begin >= 0;) {
         const qsizetype next = feed.indexOf('<', begin + 1);
         const qsizetype length = (next < 0 ? feed.size() : next) - begin;
-        const qsizetype signs = QByteArrayView(feed).sliced(begin, length).count('=');
+        const qsizetype signs = equalsSignsInTag(QByteArrayView(feed).sliced(begin, length));
         ++elements;
         attributes += signs;
         pairs += signs * signs;

@@ -26,6 +26,8 @@ void SuddenExit::handleExit() {
     SuddenExit* const exit = std::exchange(watching, nullptr);
     if (exit != nullptr && exit->thread_ == std::this_thread::get_id()) {
         exit->onExit_();
+        // At once: other threads may still use what would be destroyed next.
+        std::_Exit(EXIT_FAILURE);
     }
 }
 

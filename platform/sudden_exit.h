@@ -8,7 +8,8 @@ namespace hearthmark::platform {
 
 // Calls a function when this thread ends the process by exit() from the middle of its work. The
 // toolkit does so when the X server goes away, as it does at the end of every bare session: then
-// nothing that stands on the stack is destroyed and no event loop ends. At most one at a time.
+// nothing that stands on the stack is destroyed and no event loop ends. After the function the
+// process is gone, with the status EXIT_FAILURE. At most one at a time.
 class SuddenExit {
  public:
     // `onExit` must not touch the display. What it uses must be there already, also what is made

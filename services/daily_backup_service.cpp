@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "services/daily_backup_service.h"
 
+#include <exception>
+#include <system_error>
 #include <utility>
 
 namespace hearthmark::services {
@@ -43,9 +45,11 @@ std::shared_ptr<TimeKeeping> DailyBackupService::makeTimer(base::Seconds interva
 }
 
 void DailyBackupService::tell(const store::StoreNotice& notice) {
-    untilRetry_ = kLooksUntilRetry;
-    if (const auto now = backups_->now()) {
-        told_ = now->day;
+    if (notice.isFailure) {
+        untilRetry_ = kLooksUntilRetry;
+        if (const auto now = backups_->now()) {
+            told_ = now->day;
+        }
     }
     notificationCenter_->add({.identifier = notice.title,
                               .content = {.title = notice.title,
@@ -59,10 +63,26 @@ void DailyBackupService::look() {
     const bool isRetry = untilRetry_ > 0 && --untilRetry_ == 0;
     if (now && !underWay_.valid() && (now->day != tried_ || isRetry)) {
         tried_ = now->day;
-        underWay_ = std::async(std::launch::async, [backups = backups_, moment = *now] {
+        begin(*now);
+    }
+}
+
+// Whatever fails says nothing against the store, for want of memory or of a thread, too.
+void DailyBackupService::begin(const base::LocalTime& moment) {
+    const auto keep = [backups = backups_, moment]() -> std::optional<store::StoreNotice> {
+        try {
             return backups->keepDaily(moment);
-        });
+        } catch (const std::exception& error) {
+            return store::StoreNotice{.title = "Hearthmark could not back up its data",
+                                      .body = error.what(),
+                                      .isFailure = true};
+        }
+    };
+    try {
+        underWay_ = std::async(std::launch::async, keep);
         resultKeeper_ = makeTimer(kAsk, &DailyBackupService::takeResult);
+    } catch (const std::system_error&) {
+        untilRetry_ = kLooksUntilRetry;
     }
 }
 

@@ -32,6 +32,7 @@ class DailyBackupService final : public std::enable_shared_from_this<DailyBackup
     std::shared_ptr<TimeKeeping> makeTimer(base::Seconds interval,
                                            void (DailyBackupService::*action)());
     void look();
+    void begin(const base::LocalTime& moment);
     void takeResult();
 
     std::shared_ptr<const store::StoreBackups> backups_;

@@ -70,9 +70,10 @@ void keepBeforeUpgrade(const StoreBackups& backups) {
     }
 }
 
-const StoreNotice kBegunAnew{"Hearthmark has begun a new store",
-                             "There was none, but there are backups: Restore from a backup… in the "
-                             "application menu brings back a day."};
+const StoreNotice kBegunAnew{
+    "Hearthmark has begun a new store",
+    "It found none in its folder, but there are backups. If that surprises you: Restore from a "
+    "backup… in the application menu brings back your data as they were on a day."};
 const StoreNotice kRestoreCompleted{"Hearthmark has completed a restore",
                                     "It had been interrupted."};
 
@@ -119,6 +120,7 @@ void PersistentContainerFactory::load(objectstore::PersistentContainer& containe
         tell(kRestoreCompleted);
     }
     container.loadPersistentStores([this] { keepBeforeUpgrade(*backups_); });
+    backups_->forgetRestore();
     if (beginning == StoreBackups::Beginning::withoutStore) {
         tell(kBegunAnew);
     }

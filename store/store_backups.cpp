@@ -79,7 +79,9 @@ std::optional<StoreNotice> StoreBackups::keepDaily(const base::LocalTime& now) c
 StoreNotice StoreBackups::failure(const char* title, const objectstore::StoreError& error) const {
     std::cerr << std::string(title) + ": " + error.what() + '\n' << std::flush;
     const std::string_view reason = faultOf(error, directory_).reason;
-    return {title, std::string(reason) + (reason.empty() ? "" : " ") + error.what()};
+    return {.title = title,
+            .body = std::string(reason) + (reason.empty() ? "" : " ") + error.what(),
+            .isFailure = true};
 }
 
 void StoreBackups::keepBeforeUpgrade() const {
@@ -156,6 +158,10 @@ StoreBackups::Beginning StoreBackups::beginning() const {
         return Beginning::plain;
     }
     return state == StoreFileState::empty ? Beginning::emptied : Beginning::withoutStore;
+}
+
+void StoreBackups::forgetRestore() const {
+    objectstore::removeStoreFile(directory_ / kDraftName);
 }
 
 StoreBackups::Counts StoreBackups::counts(const StoreBackup& backup) {

@@ -76,6 +76,10 @@ class StoreBackups {
     };
     Beginning beginning() const;
 
+    // Lets go of what a restore that was cut off before its end had laid ready. Requires: the store
+    // is there and good.
+    void forgetRestore() const;
+
     // These two throw StoreError where the backup cannot be read; the second checks all of it.
     static Counts counts(const StoreBackup& backup);
     RestoreChanges changes(const StoreBackup& backup) const;

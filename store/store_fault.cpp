@@ -34,8 +34,12 @@ StoreFault faultOf(const objectstore::StoreError& error, const std::filesystem::
             return {"A newer version of Hearthmark wrote the file.",
                     "Your data are as they were: start that version, or install it again."};
         case Cause::unknownVersion:
-            return {"Another program has changed the version in the file.",
-                    "Your data are as they were: set its user_version back to what it was."};
+            return {
+                "The file does not say which version of Hearthmark it is of: another program "
+                "has changed that.",
+                "It was left as it is. Undo what that program did, as by PRAGMA user_version = "
+                "1 in an SQLite tool, or move the file to another folder and restore a "
+                "backup."};
         case Cause::otherApplication:
             return {"Another program made the file.",
                     "It was left as it is: move it to another folder and start Hearthmark again."};
@@ -56,7 +60,7 @@ StoreFault faultOf(const objectstore::StoreError& error, const std::filesystem::
                     "Look where its links lead, whether that disk is mounted, and what "
                     "XDG_DATA_HOME says. Nothing was changed."};
         case Cause::notAFile:
-            return {"Something that is no file stands in its place.",
+            return {"A folder, or something else that is not a file, has the name of the store.",
                     "It was left there: move it to another folder and start Hearthmark again."};
         case Cause::inputOutput:
             return {"The disk does not read or write.",

@@ -10,6 +10,8 @@ namespace hearthmark::store {
 struct StoreNotice {
     std::string title;
     std::string body;
+    // Something could not be done, and is tried again.
+    bool isFailure = false;
 };
 
 }  // namespace hearthmark::store

@@ -30,7 +30,7 @@ FocusScope {
         spacing: Theme.spacing
 
         ElidedLabel {
-            width: parent.width - showButton.width - dismissButton.width - 2 * parent.spacing
+            width: parent.width - buttons.width - parent.spacing
             anchors.verticalCenter: parent.verticalCenter
             text: root.finishes.text
             color: Theme.colors.selectedText
@@ -38,18 +38,21 @@ FocusScope {
             isMarked: root.activeFocus
         }
 
-        PushButton {
-            id: showButton
+        Row {
+            id: buttons
 
-            text: qsTr("Show")
-            onClicked: root.finishes.show()
-        }
+            spacing: Theme.spacing
 
-        PushButton {
-            id: dismissButton
+            PushButton {
+                visible: root.finishes.canShow
+                text: qsTr("Show")
+                onClicked: root.finishes.show()
+            }
 
-            text: qsTr("Dismiss")
-            onClicked: root.finishes.dismiss()
+            PushButton {
+                text: qsTr("Dismiss")
+                onClicked: root.finishes.dismiss()
+            }
         }
     }
 }

@@ -14,8 +14,10 @@ void NoteTextBinding::setAdapter(NotesAdapter* adapter) {
     if (adapter == adapter_) {
         return;
     }
-    // What is being composed belongs to the note that was shown so far.
-    QGuiApplication::inputMethod()->commit();
+    if (adapter_) {
+        // What is being composed belongs to the note that was shown so far.
+        QGuiApplication::inputMethod()->commit();
+    }
     disconnect(shown_);
     adapter_ = adapter;
     if (adapter_) {

@@ -69,7 +69,7 @@ class TaskDetailAdapter final : public QObject {
         return displayedSheetType_;
     }
     bool isShareSheetDisplayed() const {
-        return displayedSheetType_ == TaskDetailViewSheetType::share;
+        return displayedSheetType() == TaskDetailViewSheetType::share;
     }
     // Present while its sheet is displayed.
     ShareContainerAdapter* share() const { return share_.get(); }

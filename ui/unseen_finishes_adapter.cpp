@@ -19,10 +19,17 @@ QString UnseenFinishesAdapter::text() const {
         return {};
     }
     const services::NotificationContent& latest = finishes_->value().back();
-    const QString sentence = toQString(latest.body) + QLatin1String(": ") + toQString(latest.title);
+    const QString title = toQString(latest.title);
+    const QString body = toQString(latest.body);
+    const QLatin1String colon(": ");
+    const QString sentence = canShow() ? body + colon + title : title + colon + body;
     const auto others = finishes_->value().size() - 1;
     return others == 0 ? sentence
                        : tr("%1 (and %2 before it)").arg(sentence, QString::number(others));
+}
+
+bool UnseenFinishesAdapter::canShow() const {
+    return isPresented() && finishes_->value().back().taskId;
 }
 
 void UnseenFinishesAdapter::show() {

@@ -20,6 +20,7 @@ class UnseenFinishesAdapter final : public QObject {
     QML_UNCREATABLE("made by the home view factory")
     Q_PROPERTY(bool presented READ isPresented NOTIFY changed FINAL)
     Q_PROPERTY(QString text READ text NOTIFY changed FINAL)
+    Q_PROPERTY(bool canShow READ canShow NOTIFY changed FINAL)
 
  public:
     UnseenFinishesAdapter(std::shared_ptr<services::UnseenFinishes> finishes,
@@ -28,6 +29,9 @@ class UnseenFinishesAdapter final : public QObject {
     bool isPresented() const { return !finishes_->value().empty(); }
     // Of the latest, with the number of those before it.
     QString text() const;
+
+    // Whether the latest is of a task; else it is a notice of the program's own.
+    bool canShow() const;
 
     // Selects the latest one's task.
     Q_INVOKABLE void show();

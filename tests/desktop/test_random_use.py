@@ -147,6 +147,8 @@ class RandomUse(ProgramTest):
     def assert_fine(self):
         errors = (self.program.process.stderr.read() or b"").decode()
         self.assertFalse(errors, errors[:1000])
+        if not self.questions.is_alive():
+            wait_for(lambda: self.program.process.poll() is not None, "an answer, or the end")
         for seconds, busy in [*zip(self.questions.seconds, self.questions.busy)][self.answers:]:
             self.answers += 1
             self.slowest = max(self.slowest, seconds)
@@ -196,8 +198,12 @@ class RandomUse(ProgramTest):
             end = [*(row[:2] for row in rows), ("heading", "Not running")].index(("heading", "Not running"))
             shown = {name for role, name, _ in rows[:end] if role == "list item"}
             return rows[0][1] == "Running" and shown <= running and bool(shown) == bool(running)
+        def is_keyboard_shown():
+            return any(has_focus(node) and node.getRoleName() not in ("frame", "list")
+                       for node in self.program.find_all())
         key("Escape", "Escape", "Escape")
         wait_for(is_shown, "what runs to be shown")
+        wait_for(is_keyboard_shown, "where the keyboard is to be shown")
 
     def test_nothing_it_is_used_for_does_harm(self):
         # Some are done; some end soon, or half way through.

@@ -55,7 +55,11 @@ TEST(Appcast, FindsTheNewestVersionThatIsHigherAndCanBeInstalled) {
         {"<!DOCTYPE rss [" + numbered("<!ATTLIST a", " b CDATA 'c'>", 100) + "]>" +
              feed(item("1.4")),
          unreadable, ""},
-        // What would not: years of releases, each with a declaration of its own.
+        // What would not: notes with lines of equals signs.
+        {feed(item("1.4") + "<title>" + QByteArray(20'000, '=') + "</title><title><![CDATA[" +
+              QByteArray(20'000, '=') + "]]></title>"),
+         newer, "1.4"},
+        // Nor: years of releases, each with a declaration of its own.
         {feed(item("1.4").replace("<item>", "<item xmlns:v='v'>").repeated(800)), newer, "1.4"},
         {"<html><channel>" + item("1.4") + "</channel></html>", unreadable, ""},
         {"", unreadable, ""},

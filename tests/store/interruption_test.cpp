@@ -179,6 +179,24 @@ TEST(IoErrors, EndTheProgramOrChangeNothingAndLoseNoOperationThatReturned) {
     std::cout << faults << " faults, of which " << ends << " ended the program\n";
 }
 
+TEST(IoErrors, AreNotTakenForDamage) {
+    FaultVfs vfs;
+    const tests::TemporaryDirectory directory;
+    operate(directory.path, kOperationsBeforeCut, [] {});
+    int after = 0;
+    do {
+        vfs.failOnce(FaultVfs::Call::read, after, FaultVfs::Fault::ioError);
+        try {
+            objectstore::checkStore(directory.path / "Hearthmark.sqlite", hearthmarkModel());
+        } catch (const objectstore::StoreError& error) {
+            ASSERT_NE(error.cause(), objectstore::StoreError::Cause::damaged)
+                << error.what() << ", at read " << after;
+        }
+        ++after;
+    } while (vfs.hasFailed());
+    EXPECT_GT(after, 10);
+}
+
 void writeAt(std::string& content, sqlite3_int64 offset, const std::string& bytes) {
     const auto begin = static_cast<std::size_t>(offset);
     content.resize(std::max(content.size(), begin + bytes.size()));
