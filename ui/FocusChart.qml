@@ -15,7 +15,9 @@ Column {
     // Of the bar that the keyboard is or was on.
     property int daysAgo: 0
     readonly property int walkedTo: days.count - 1 - root.daysAgo
-    readonly property FocusBar shown: root.pointedAt ? root.pointedAt : bars.activeFocus ? days.itemAt(root.walkedTo) as FocusBar : null
+    // Found anew when the days of another task have been made.
+    readonly property FocusBar walked: days.made > 0 ? days.itemAt(root.walkedTo) as FocusBar : null
+    readonly property FocusBar shown: root.pointedAt ? root.pointedAt : bars.activeFocus ? root.walked : null
 
     function point(bar: FocusBar) {
         if (bar.hovered)
@@ -91,7 +93,10 @@ Column {
             Repeater {
                 id: days
 
+                property int made: 0
+
                 model: root.overview?.days ?? null
+                onItemAdded: ++days.made
 
                 FocusBar {
                     id: bar
@@ -109,7 +114,7 @@ Column {
         }
 
         FocusRing {
-            parent: days.itemAt(root.walkedTo)
+            parent: root.walked
             visible: bars.activeFocus
             controlRadius: Theme.focusWidth
         }

@@ -17,6 +17,18 @@ FreshListView {
     readonly property real columnWidth: Math.min(Theme.pageWidth, root.width - 2 * Theme.pageMargin)
     readonly property real columnX: root.LayoutMirroring.enabled ? root.width - Theme.pageMargin - root.columnWidth : Theme.pageMargin
 
+    // What has the keyboard may be out of sight. Told once all that moves has moved.
+    signal focusDisplaced
+
+    function displaceFocus() {
+        moving.restart();
+    }
+
+    // Down to there, from its top where there is room for that.
+    function showHead(bottom: real) {
+        root.contentY = Math.max(root.originY - root.topMargin, root.head.y + bottom + Theme.spacing - root.height);
+    }
+
     function showTop() {
         root.contentY = root.originY - root.topMargin;
     }
@@ -48,9 +60,11 @@ FreshListView {
         if (root.contentY <= root.originY && !isFollowed)
             root.contentY = Math.max(top, root.contentY - root.topMargin + root.shownTopMargin);
         root.shownTopMargin = root.topMargin;
+        root.displaceFocus();
     }
 
     onTopMarginChanged: root.followHead()
+    onHeightChanged: root.displaceFocus()
 
     clip: true
     topMargin: root.head.height
@@ -75,6 +89,13 @@ FreshListView {
         onEndPressed: root.walkTo(root.rows.rowBefore(root.count))
         onPageUpPressed: row => root.walkTo(Math.min(root.rows.rowAfter(row - 1), root.rows.rowBefore(root.currentIndex)))
         onPageDownPressed: row => root.walkTo(Math.max(root.rows.rowBefore(row + 1), root.rows.rowAfter(root.currentIndex)))
+    }
+
+    Timer {
+        id: moving
+
+        interval: 0
+        onTriggered: root.focusDisplaced()
     }
 
     ScrollBar {

@@ -101,6 +101,7 @@ FocusScope {
         Loader {
             anchors.fill: parent
             anchors.leftMargin: 1
+            anchors.bottomMargin: undoBar.visible ? undoBar.height + 2 * Theme.wideSpacing : 0
             active: root.home.taskDetail !== null
             Component.onCompleted: setSource(Qt.resolvedUrl("TaskDetailView.qml"), {
                 home: root.home

@@ -18,6 +18,15 @@ HeadedListView {
 
     signal menuRequested(row: DeletableRow, position: point)
 
+    function revealFocus() {
+        if (header.activeFocus)
+            header.revealFocus();
+        else if (notes.activeFocus)
+            notes.revealFocus();
+        else if (root.activeFocus && root.currentIndex >= 0)
+            root.showRow(root.currentIndex);
+    }
+
     function showNotes(top: real, bottom: real) {
         if (!root.notesPlace)
             root.positionViewAtIndex(root.notesRow, ListView.Contain);
@@ -59,6 +68,7 @@ HeadedListView {
     }
 
     onRowsChanged: root.showAnew()
+    onFocusDisplaced: root.revealFocus()
     head: header
     rows: root.adapter.rows
     Accessible.name: qsTr("Intervals and notes")
@@ -77,7 +87,7 @@ HeadedListView {
             // An editor that grows, or goes, takes what has the focus along.
             function followNotes() {
                 if (root.notesPlace === row)
-                    notes.revealFocus();
+                    root.displaceFocus();
             }
 
             x: root.columnX
@@ -114,7 +124,8 @@ HeadedListView {
             width: root.columnWidth
             adapter: root.adapter
             overview: root.overview
-            onReached: root.showTop()
+            onFocusMoved: root.displaceFocus()
+            onRevealed: bottom => root.showHead(bottom)
             onActiveFocusChanged: root.leaveRows(header)
             onMenuRequested: (row, position) => root.menuRequested(row, position)
         }

@@ -13,13 +13,10 @@ FocusScope {
     required property OverviewAdapter overview
     readonly property Item focusedItem: root.activeFocus ? root.Window.activeFocusItem : null
 
-    signal reached
+    signal focusMoved
+    // From the top to there this is to be brought on screen.
+    signal revealed(bottom: real)
     signal menuRequested(row: DeletableRow, position: point)
-
-    function reportFocus() {
-        if (root.activeFocus)
-            root.reached();
-    }
 
     // What is there of every task, even of one that is gone.
     function focusFirst() {
@@ -27,13 +24,14 @@ FocusScope {
     }
 
     // A button that is disabled leaves it with the whole, on which nothing shows it.
-    function passFocusOn() {
+    function revealFocus() {
         if (root.focusedItem === root)
             root.focusFirst();
+        else if (root.focusedItem)
+            root.revealed(root.focusedItem.mapToItem(root, 0, root.focusedItem.height).y);
     }
 
-    onActiveFocusChanged: root.reportFocus()
-    onFocusedItemChanged: root.passFocusOn()
+    onFocusedItemChanged: root.focusMoved()
     implicitHeight: content.height + Theme.spacing
 
     Column {

@@ -2,6 +2,7 @@
 #include "ui/accessibility.h"
 
 #include <QAccessible>
+#include <QPointer>
 #include <QQuickItem>
 #include <QQuickWindow>
 #include <QVariant>
@@ -106,15 +107,17 @@ class Item final : public QAccessibleQuickItem, public QAccessibleEditableTextIn
     }
 
     void doAction(const QString& name) override {
-        // As with the mouse. The keyboard, besides, would go there, and no key close what lies over
-        // it.
-        if (isBehindPopup(*item())) {
-            return;
-        }
+        const bool isBehind = isBehindPopup(*item());
+        const QPointer<QQuickItem> focused =
+            isBehind ? item()->window()->activeFocusItem() : nullptr;
         if (name == showMenuAction() && hasMenu()) {
             item()->metaObject()->method(menuMethod()).invoke(item());
-        } else {
+        } else if (name != setFocusAction() || !isBehind) {
             QAccessibleQuickItem::doAction(name);
+        }
+        // What is used behind a sheet must not take the keyboard from it: no key would close it.
+        if (focused && focused->isVisible()) {
+            focused->forceActiveFocus();
         }
     }
 

@@ -188,6 +188,7 @@ class NotesAndShare(ProgramTest):
         set_clipboard("before")
         for close in [lambda: program.press("Close"), lambda: key("Escape"),
                       lambda: click(program.find("Hearthmark", "heading")),  # beside the sheet
+                      lambda: [program.press("Add Note"), key("Escape")],  # behind it
                       lambda: press(program.find("B", "list item"))]:
             program.press("Share")
             program.find("CSV", "page tab")
