@@ -166,7 +166,7 @@ QImage Stage::pictureOfHome(const Preview& preview) {
     const auto unseenFinishes = std::make_shared<services::UnseenFinishes>();
     std::vector<services::NotificationContent> finishes;
     for (const std::string& name : preview.unseenFinishes) {
-        finishes.push_back({.title = name, .body = "Interval finished", .taskId = {}});
+        finishes.push_back({.title = name, .body = "Interval finished", .taskId = base::Uuid()});
     }
     unseenFinishes->setValue(std::move(finishes));
     const auto updater = std::make_shared<FakeUpdater>();

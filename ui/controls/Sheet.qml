@@ -18,6 +18,25 @@ T.Dialog {
         }
     }
 
+    readonly property Item focusedItem: (root.parent as Item)?.Window.activeFocusItem ?? null
+    // Once all that takes the keyboard has taken it.
+    readonly property Timer keeping: Timer {
+        interval: 0
+        onTriggered: root.keepFocus()
+    }
+
+    // What closes, or is used, behind it must not keep the keyboard: no key would close the sheet then.
+    function keepFocus() {
+        let item = root.focusedItem;
+        while (item && item !== root.parent)
+            item = item.parent;
+        if (root.opened && root.focusedItem && !item)
+            root.forceActiveFocus(Qt.PopupFocusReason);
+    }
+
+    onFocusedItemChanged: root.keeping.restart()
+    onOpened: root.keeping.restart()
+
     parent: T.Overlay.overlay
     anchors.centerIn: parent
     width: Math.min(root.preferredWidth, (parent?.width ?? 0) - 2 * Theme.pageMargin)
