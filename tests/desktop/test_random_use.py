@@ -198,13 +198,8 @@ class RandomUse(ProgramTest):
             end = [*(row[:2] for row in rows), ("heading", "Not running")].index(("heading", "Not running"))
             shown = {name for role, name, _ in rows[:end] if role == "list item"}
             return rows[0][1] == "Running" and shown <= running and bool(shown) == bool(running)
-        def is_keyboard_shown():
-            roles = [node.getRoleName() for node in self.program.find_all() if has_focus(node)]
-            # A list without rows has nothing to show it on.
-            return set(roles) - {"frame", "list"} or "list" in roles and not self.program.rows("SELECT * FROM Task")
         key("Escape", "Escape", "Escape")
         wait_for(is_shown, "what runs to be shown")
-        wait_for(is_keyboard_shown, "where the keyboard is to be shown")
 
     def test_nothing_it_is_used_for_does_harm(self):
         # Some are done; some end soon, or half way through.
