@@ -32,10 +32,14 @@ SheetForm {
                 [qsTr("Finish the newest focus"), "Ctrl+F"],
                 [qsTr("Add a note"), "Ctrl+Shift+N"],
                 [qsTr("Share the task"), "Ctrl+E"],
+                [qsTr("Save the name or note"), "Ctrl+Enter"],
+                [qsTr("Show the marked task"), qsTr("Enter")],
+                [qsTr("Open the menu of the marked row"), qsTr("Menu")],
                 [qsTr("Go to the first or last row"), qsTr("Home, End")],
                 [qsTr("Go a page up or down"), qsTr("Page Up, Page Down")],
                 [qsTr("Delete the marked row"), qsTr("Delete")],
                 [qsTr("Undo a deletion"), "Ctrl+Z"],
+                [qsTr("Close a sheet or a menu"), qsTr("Escape")],
                 [qsTr("Show this list"), "F1"],
                 [qsTr("Quit"), "Ctrl+Q"]
             ]
