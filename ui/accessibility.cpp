@@ -2,7 +2,6 @@
 #include "ui/accessibility.h"
 
 #include <QAccessible>
-#include <QPointer>
 #include <QQuickItem>
 #include <QQuickWindow>
 #include <QVariant>
@@ -29,7 +28,8 @@ const QQuickItem* overlayAround(const QQuickItem* item) {
     return item;
 }
 
-// Whether a sheet or a menu has the keyboard, and the item lies behind it.
+// Whether a sheet or a menu has the keyboard, which would not be closed by it any more if what lies
+// behind took it away.
 bool isBehindPopup(const QQuickItem& item) {
     return item.window() != nullptr && overlayAround(item.window()->activeFocusItem()) != nullptr &&
            overlayAround(&item) == nullptr;
@@ -107,17 +107,10 @@ class Item final : public QAccessibleQuickItem, public QAccessibleEditableTextIn
     }
 
     void doAction(const QString& name) override {
-        const bool isBehind = isBehindPopup(*item());
-        const QPointer<QQuickItem> focused =
-            isBehind ? item()->window()->activeFocusItem() : nullptr;
         if (name == showMenuAction() && hasMenu()) {
             item()->metaObject()->method(menuMethod()).invoke(item());
-        } else if (name != setFocusAction() || !isBehind) {
+        } else if (name != setFocusAction() || !isBehindPopup(*item())) {
             QAccessibleQuickItem::doAction(name);
-        }
-        // What is used behind a sheet must not take the keyboard from it: no key would close it.
-        if (focused && focused->isVisible()) {
-            focused->forceActiveFocus();
         }
     }
 
