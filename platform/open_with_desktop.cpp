@@ -3,30 +3,10 @@
 
 #include <QDesktopServices>
 #include <QUrl>
-#include <csignal>
+
+#include "platform/unblocked_signals.h"
 
 namespace hearthmark::platform {
-
-namespace {
-
-// For its lifetime no signal is blocked: what is started inherits it, and must not be deaf to the
-// signals that this program waits for by a descriptor.
-class UnblockedSignals {
- public:
-    UnblockedSignals() {
-        sigset_t none;
-        sigemptyset(&none);
-        pthread_sigmask(SIG_SETMASK, &none, &blocked_);
-    }
-    UnblockedSignals(const UnblockedSignals&) = delete;
-    UnblockedSignals& operator=(const UnblockedSignals&) = delete;
-    ~UnblockedSignals() { pthread_sigmask(SIG_SETMASK, &blocked_, nullptr); }
-
- private:
-    sigset_t blocked_{};
-};
-
-}  // namespace
 
 bool openWithDesktop(const QString& path) {
     const UnblockedSignals unblocked;

@@ -6,8 +6,9 @@
 #include <QProcess>
 #include <QUrl>
 #include <chrono>
-#include <csignal>
 #include <utility>
+
+#include "platform/unblocked_signals.h"
 
 namespace hearthmark::platform {
 
@@ -30,22 +31,14 @@ command -v xdg-open && exec xdg-open "$1"
 exec gio open "$1"
 )sh";
 
-// What is started must not be deaf to the signals that this program waits for by a descriptor, nor
-// end with the terminal that it was started from.
-void prepareChild() {
-    sigset_t none;
-    sigemptyset(&none);
-    sigprocmask(SIG_SETMASK, &none, nullptr);
-    setsid();
-}
-
 }  // namespace
 
 PackageHandover::PackageHandover(const QString& path, OnAnswer onAnswer)
     : onAnswer_(std::move(onAnswer)) {
     // Deletes itself at its end: whoever deletes it before that kills it.
     auto* opener = new QProcess;
-    opener->setChildProcessModifier(&prepareChild);
+    // It does not end with the terminal that this program was started from.
+    opener->setChildProcessModifier([] { setsid(); });
     opener->setStandardInputFile(QProcess::nullDevice());
     opener->setStandardOutputFile(QProcess::nullDevice());
     opener->setStandardErrorFile(QProcess::nullDevice());
@@ -59,6 +52,7 @@ PackageHandover::PackageHandover(const QString& path, OnAnswer onAnswer)
         Qt::QueuedConnection);
     QObject::connect(&patience_, &QTimer::timeout, &listener_, [this] { answer(true); });
     patience_.start(kPatience);
+    const UnblockedSignals unblocked;
     opener->start(QStringLiteral("/bin/sh"),
                   {QStringLiteral("-c"), QString::fromLatin1(kOpen), QStringLiteral("sh"),
                    QUrl::fromLocalFile(path).toString(QUrl::FullyEncoded)});
