@@ -61,6 +61,7 @@ Item {
 
     function pressKey(event) {
         root.clicked = false;
+        root.isWalkedTo = false;
         event.accepted = event.key === Qt.Key_F10 && event.modifiers === Qt.ShiftModifier;
         if (event.accepted)
             root.requestMenu();

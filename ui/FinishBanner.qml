@@ -27,7 +27,7 @@ FocusScope {
         anchors.leftMargin: Theme.wideSpacing
         y: Theme.spacing
         width: parent.width - Theme.wideSpacing - Theme.spacing
-        spacing: Theme.spacing
+        spacing: Theme.wideSpacing
 
         ElidedLabel {
             width: parent.width - buttons.width - parent.spacing
@@ -45,11 +45,13 @@ FocusScope {
 
             PushButton {
                 visible: root.finishes.canShow
+                ringColor: Theme.colors.selectedText
                 text: qsTr("Show")
                 onClicked: root.finishes.show()
             }
 
             PushButton {
+                ringColor: Theme.colors.selectedText
                 text: qsTr("Dismiss")
                 onClicked: root.finishes.dismiss()
             }

@@ -46,6 +46,14 @@ FreshListView {
             root.contentY = Math.max(root.originY - root.topMargin, Math.min(root.contentY, bottom - root.height));
     }
 
+    // Where no row is current: what stands in the head may be higher than the view.
+    function scrollByPage(event) {
+        const page = root.height - Theme.controlHeight;
+        event.accepted = event.key === Qt.Key_PageUp || event.key === Qt.Key_PageDown;
+        if (event.accepted)
+            root.scrollBy(event.key === Qt.Key_PageUp ? -page : page);
+    }
+
     // A row that stays current would take the focus when the rows before it change.
     function leaveRows(part: Item) {
         if (part.activeFocus)
@@ -63,6 +71,7 @@ FreshListView {
         root.displaceFocus();
     }
 
+    Keys.onPressed: event => root.scrollByPage(event)
     onTopMarginChanged: root.followHead()
     onHeightChanged: root.displaceFocus()
 

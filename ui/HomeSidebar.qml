@@ -11,6 +11,14 @@ FocusScope {
 
     signal menuRequested(button: Item)
 
+    // A list without tasks would have the keyboard unseen, and nothing for it to act on.
+    function passFocus() {
+        const from = list.isEmpty ? list : addButton;
+        const to = list.isEmpty ? addButton : list;
+        if (from.focus)
+            to.focus = true;
+    }
+
     Rectangle {
         anchors.fill: parent
         color: Theme.colors.sidebar
@@ -59,6 +67,7 @@ FocusScope {
         width: parent.width
         focus: true
         adapter: root.home.taskList
+        onIsEmptyChanged: root.passFocus()
     }
 
     Rectangle {

@@ -10,6 +10,7 @@ FocusScope {
 
     required property TaskListAdapter adapter
     readonly property alias atTop: list.atYBeginning
+    readonly property bool isEmpty: root.adapter.loaded && list.currentIndex < 0
 
     LoadedTaskListView {
         id: list

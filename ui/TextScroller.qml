@@ -12,13 +12,10 @@ FreshListView {
     property TextLinesModel lines
 
     property string fontFamily: Theme.fixedFamily
+    // Shown after each line and never copied: a line of data without letters runs from left to right.
+    property string lineEnd: "\u200e"
     readonly property real lineStep: Theme.controlHeight
     readonly property real pageStep: root.height - root.lineStep
-
-    function scrollBy(distance: real) {
-        const bottom = root.originY + root.contentHeight + root.bottomMargin - root.height;
-        root.contentY = Math.max(root.originY - root.topMargin, Math.min(root.contentY + distance, bottom));
-    }
 
     function showBeginning() {
         root.positionViewAtBeginning();
@@ -123,7 +120,8 @@ FreshListView {
             x: Theme.spacing
             width: root.width - 2 * Theme.spacing
             enabled: false // mouse and keys are for the whole, not for a line
-            text: label.line
+            text: label.line + root.lineEnd
+            Accessible.name: label.line
             font.family: root.fontFamily
             onSelectedFromChanged: label.markSelection()
             onSelectedToChanged: label.markSelection()

@@ -48,6 +48,7 @@ FocusScope {
         PushButton {
             id: undoButton
 
+            ringColor: Theme.colors.content
             text: qsTr("Undo")
             onClicked: root.adapter.undo()
         }

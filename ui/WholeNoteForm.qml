@@ -53,6 +53,7 @@ FocusScope {
             focus: true
             lines: root.adapter?.lines ?? null
             fontFamily: title.font.family
+            lineEnd: ""
             Accessible.name: qsTr("The whole note")
         }
     }

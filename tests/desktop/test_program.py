@@ -126,8 +126,8 @@ class Use(ProgramTest):
 
     def test_keyboard_alone(self):
         program = self.program.launch()
-        for name in ["One", "Two"]:
-            key("ctrl+n")
+        for keys, name in [("Return", "One"), ("ctrl+n", "Two")]:
+            key(keys)
             program.find("Task name")
             key("space", "ctrl+Return")  # a blank name is not saved
             type_text(name)
@@ -180,6 +180,8 @@ class Use(ProgramTest):
         key("ctrl+shift+n")
         time.sleep(0.2)
         self.assertTrue(has_focus(program.find("Two", "list item")), "no note can be written")
+        key("Delete")
+        wait_for(lambda: has_focus(program.find("Add Task")), "the keyboard where it can do something")
         key("ctrl+q")
         self.assertEqual(program.finished()[0], 0)
 
@@ -219,6 +221,10 @@ class Use(ProgramTest):
                 reach("Prior", first)
                 self.assertTrue(program.find_all("Running" if rows == "Task" else "Add Note"))
                 key("Return")
+            tab_to("Focus of the last 14 days")
+            for keys, headings in [("Next", 0), ("Prior", 1)]:
+                key(keys)
+                wait_for(lambda: len(program.find_all("Task 30", "heading")) == headings, keys)
             reach("ctrl+e shift+Tab", "JSON")
             reach(forth, "CSV")
             reach(back, "JSON")

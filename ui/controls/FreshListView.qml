@@ -6,6 +6,11 @@ import QtQuick
 ListView {
     id: root
 
+    function scrollBy(distance: real) {
+        const bottom = root.originY + root.contentHeight + root.bottomMargin - root.height;
+        root.contentY = Math.max(root.originY - root.topMargin, Math.min(root.contentY + distance, bottom));
+    }
+
     function changeModel(rows: QtObject, rowDelegate: Component) {
         root.model = nothing;
         root.model = rows;

@@ -9,6 +9,7 @@ BasicButton {
 
     property int look: PushButton.Standard
     property string symbol
+    property color ringColor: Theme.colors.focus
     readonly property bool isPrimary: root.look === PushButton.Primary && root.enabled
     readonly property color textColor: {
         if (!root.enabled)
@@ -39,6 +40,7 @@ BasicButton {
 
         FocusRing {
             visible: root.activeFocus
+            border.color: root.ringColor
         }
     }
 

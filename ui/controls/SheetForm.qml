@@ -50,7 +50,7 @@ FocusScope {
 
         anchors.fill: parent
         anchors.leftMargin: -scroller.ringRoom
-        anchors.rightMargin: -Theme.spacing
+        anchors.rightMargin: -Theme.spacing - Theme.tightSpacing
         anchors.bottomMargin: row.height + Theme.wideSpacing
         contentHeight: column.height
         boundsBehavior: Flickable.StopAtBounds
