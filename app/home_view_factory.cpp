@@ -38,11 +38,10 @@ std::unique_ptr<services::HomeViewProtocol> HomeViewFactory::makeHomeView() {
     const presentation::HomeVMFactory homeVMFactory(
         dataOperationsService_,
         std::make_shared<presentation::SelectedTaskIdPublisher>(*mutableSelectedTaskId_));
+    const auto beat = std::make_shared<services::InStepTimeKeepingProvider>(timeKeepingProvider_);
     const ui::HomeViewSubviewsFactory subviewsFactory(
         dataOperationsService_, liveDataFactory_, clock_, mutableSelectedTaskId_, drafts_,
-        [provider = services::InStepTimeKeepingProvider(timeKeepingProvider_)] {
-            return std::make_shared<services::InStepTimeKeepingProvider>(provider);
-        },
+        [beat] { return std::make_shared<services::InStepTimeKeepingProvider>(*beat); },
         ports_.clipboard, ports_.calendar);
     const auto focusAnnouncement =
         std::make_shared<presentation::FocusAnnouncementViewModel>(timeKeepingProvider_);
@@ -64,7 +63,8 @@ std::unique_ptr<services::HomeViewProtocol> HomeViewFactory::makeHomeView() {
             std::make_shared<presentation::CheckForUpdatesViewModel>(ports_.updater),
             ports_.updater),
         .newestFocus =
-            std::make_unique<presentation::NewestFocus>(dataOperationsService_, *liveDataFactory_)};
+            std::make_unique<presentation::NewestFocus>(dataOperationsService_, *liveDataFactory_),
+        .beat = beat};
     return std::make_unique<ui::HomeView>(
         std::make_unique<ui::HomeAdapter>(homeVMFactory.makeViewModel(), subviewsFactory,
                                           std::move(parts), actions_.quit),

@@ -95,6 +95,7 @@ class Toolkit {
  public:
     Toolkit(int argc, char** argv)
         : arguments_(argc, argv), application_(prepared().count(), arguments_.data()) {
+        qunsetenv(kWithoutSharedPictures);
         if (QLocale().textDirection() == Qt::RightToLeft) {
             QGuiApplication::setLayoutDirection(Qt::RightToLeft);
         }
@@ -102,7 +103,12 @@ class Toolkit {
     }
 
  private:
+    // Of a picture that it shares with the X server the toolkit asks, before each change, whether
+    // the last one was taken: two wake-ups each second, for a few words that are sent as fast.
+    static constexpr auto kWithoutSharedPictures = "QT_XCB_NO_MITSHM";
+
     ToolkitArguments& prepared() {
+        qputenv(kWithoutSharedPictures, "1");
         // A few words are repainted each second: the software scene graph takes less than half the
         // memory.
         QQuickWindow::setGraphicsApi(QSGRendererInterface::Software);

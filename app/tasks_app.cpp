@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "services/awake_time_keeping_provider.h"
+#include "services/in_step_time_keeping_provider.h"
 #include "store/data_operations_service.h"
 #include "store/live_data.h"
 
@@ -32,8 +33,9 @@ TasksApp::TasksApp(const Environment& environment)
         *liveDataFactory, container, clock_, environment.fatal);
     sleepService_ = std::make_shared<services::SleepService>(
         dataOperationsService_, environment.sleepMonitor, clock_, environment.uptime);
-    const auto timeKeepingProvider = std::make_shared<services::AwakeTimeKeepingProvider>(
-        environment.timeKeepingProvider, sleepService_);
+    const auto timeKeepingProvider = std::make_shared<services::InStepTimeKeepingProvider>(
+        std::make_shared<services::AwakeTimeKeepingProvider>(environment.timeKeepingProvider,
+                                                             sleepService_));
     intervalTimeKeeper_ = std::make_shared<services::IntervalTimeKeeperService>(
         dataOperationsService_, timeKeepingProvider);
     localNotificationService_ = std::make_shared<services::LocalNotificationService>(

@@ -36,10 +36,16 @@ FocusOverviewViewModel::~FocusOverviewViewModel() {
 
 void FocusOverviewViewModel::startObserving() {
     const auto weak = weak_from_this();
-    liveTasks_ =
-        std::make_shared<LiveTasks>(timeKeepingProvider_, [weak](const store::Tasks& tasks) {
+    liveTasks_ = std::make_shared<LiveTasks>(
+        timeKeepingProvider_,
+        [weak](const store::Tasks& tasks) {
             if (const auto self = weak.lock()) {
-                self->rebuild(tasks);
+                self->follow(tasks);
+            }
+        },
+        [weak] {
+            if (const auto self = weak.lock()) {
+                self->rebuild();
             }
         });
     renewDays();
@@ -47,34 +53,61 @@ void FocusOverviewViewModel::startObserving() {
     timer_ = timeKeepingProvider_->makeTimer(kCalendarTick, services::Repeats::yes, [weak] {
         if (const auto self = weak.lock()) {
             self->renewDays();
-            self->rebuild(self->liveTasks_->tasks());
+            self->follow(self->liveTasks_->tasks());
         }
     });
 }
 
 void FocusOverviewViewModel::renewDays() {
     starts_ = calendar_->dayStarts(clock_->now(), kOverviewDays);
+    settledSpent_.clear();
 }
 
-void FocusOverviewViewModel::rebuild(const store::Tasks& tasks) {
+void FocusOverviewViewModel::add(const store::Interval& interval,
+                                 std::vector<base::Seconds>& spent) const {
+    const auto& created = interval.creationDate();
+    if (created && *created >= starts_.front() && *created < starts_.back()) {
+        const auto next = std::ranges::upper_bound(starts_, *created, std::ranges::less());
+        spent[static_cast<std::size_t>(next - starts_.begin()) - 1] +=
+            interval.totalDuration(clock_->now());
+    }
+}
+
+void FocusOverviewViewModel::follow(const store::Tasks& tasks) {
+    std::vector<const store::Task*> counted;
+    running_.clear();
+    for (const store::Task& task : tasks) {
+        if (!taskId_ || task.id() == taskId_) {
+            counted.push_back(&task);
+            if (!task.intervalSummary()->running.empty()) {
+                running_.push_back(&task);
+            }
+        }
+    }
+    tasks_ = tasks;
+    if ((versions_.renew(counted) || settledSpent_.empty()) && !starts_.empty()) {
+        settledSpent_.assign(starts_.size() - 1, base::Seconds(0));
+        for (const store::Task* task : counted) {
+            for (const store::Interval* interval : task->intervalSummary()->settled->intervals) {
+                if (interval->creationDate() && *interval->creationDate() < starts_.front()) {
+                    break;  // and those that come after it
+                }
+                add(*interval, settledSpent_);
+            }
+        }
+    }
+    rebuild();
+}
+
+void FocusOverviewViewModel::rebuild() {
     if (starts_.empty()) {
         viewState_.setValue(FocusOverviewViewState::View{.today = orDash({}), .days = {}});
         return;
     }
-    const base::Date now = clock_->now();
-    std::vector<base::Seconds> spent(starts_.size() - 1, base::Seconds(0));
-    for (const store::Task& task : tasks) {
-        const auto& latest = task.intervalSummary().latestCreation;
-        if ((taskId_ && task.id() != taskId_) || !latest || *latest < starts_.front()) {
-            continue;
-        }
-        for (const store::Interval* interval : task.intervals()) {
-            const auto& created = interval->creationDate();
-            if (created && *created >= starts_.front() && *created < starts_.back()) {
-                const auto next = std::ranges::upper_bound(starts_, *created, std::ranges::less());
-                spent[static_cast<std::size_t>(next - starts_.begin()) - 1] +=
-                    interval->totalDuration(now);
-            }
+    std::vector<base::Seconds> spent = settledSpent_;
+    for (const store::Task* task : running_) {
+        for (const store::Interval* interval : task->intervalSummary()->running) {
+            add(*interval, spent);
         }
     }
     // What has no text, since a file may hold any number, has no bar either.

@@ -12,6 +12,7 @@
 #include "base/uuid.h"
 #include "livedata/published.h"
 #include "presentation/live_tasks.h"
+#include "presentation/task_versions.h"
 #include "services/time_keeping.h"
 #include "store/live_data.h"
 
@@ -65,9 +66,13 @@ class FocusOverviewViewModel final : public std::enable_shared_from_this<FocusOv
     void startObserving();
 
  private:
-    void rebuild(const store::Tasks& tasks);
+    void follow(const store::Tasks& tasks);
+    // Of the tasks that are followed, at this moment.
+    void rebuild();
     // Where now may be of another day than before.
     void renewDays();
+    // The interval's time to that of its day, where it is one of them.
+    void add(const store::Interval& interval, std::vector<base::Seconds>& spent) const;
 
     livedata::Published<std::optional<FocusOverviewViewState::View>> viewState_;
     std::shared_ptr<const store::LiveDataProvidingFactoryProtocol> liveDataFactory_;
@@ -78,6 +83,12 @@ class FocusOverviewViewModel final : public std::enable_shared_from_this<FocusOv
     std::shared_ptr<LiveTasks> liveTasks_;
     // Where each day begins, and tomorrow.
     std::vector<base::Date> starts_;
+    // They keep those alive of which something runs.
+    store::Tasks tasks_;
+    std::vector<const store::Task*> running_;
+    // Of each day, without what runs, and what it was made of. Empty where the days are new.
+    std::vector<base::Seconds> settledSpent_;
+    TaskVersions versions_;
     // For midnight, and for a change of the time zone.
     std::shared_ptr<services::TimeKeeping> timer_;
 };

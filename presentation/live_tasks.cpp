@@ -14,8 +14,10 @@ constexpr base::Seconds kTick{1};
 }  // namespace
 
 LiveTasks::LiveTasks(std::shared_ptr<services::TimeKeepingProviderProtocol> timeKeepingProvider,
-                     OnChange onChange)
-    : timeKeepingProvider_(std::move(timeKeepingProvider)), onChange_(std::move(onChange)) {}
+                     OnChange onChange, std::function<void()> onTick)
+    : timeKeepingProvider_(std::move(timeKeepingProvider)),
+      onChange_(std::move(onChange)),
+      onTick_(std::move(onTick)) {}
 
 LiveTasks::~LiveTasks() {
     stopTimer();
@@ -62,7 +64,7 @@ void LiveTasks::followStates(const store::RawIntervalStates& states) {
         timer_ = timeKeepingProvider_->makeTimer(kTick, services::Repeats::yes,
                                                  [weak = weak_from_this()] {
                                                      if (const auto self = weak.lock()) {
-                                                         self->onChange_(self->tasks());
+                                                         self->onTick_();
                                                      }
                                                  });
     }

@@ -13,14 +13,15 @@
 namespace hearthmark::presentation {
 
 // The tasks of the store as a view model follows them: tells of every change of a task, an interval
-// or an interval's state, and once a second while some interval runs. All of it ends when this is
-// destroyed. To be held by a shared pointer: its closures hold it weakly.
+// or an interval's state, and once a second while some interval runs, when nothing but the time has
+// changed. All of it ends when this is destroyed. To be held by a shared pointer: its closures hold
+// it weakly.
 class LiveTasks final : public std::enable_shared_from_this<LiveTasks> {
  public:
     using OnChange = std::function<void(const store::Tasks&)>;
 
     LiveTasks(std::shared_ptr<services::TimeKeepingProviderProtocol> timeKeepingProvider,
-              OnChange onChange);
+              OnChange onChange, std::function<void()> onTick);
     LiveTasks(const LiveTasks&) = delete;
     LiveTasks& operator=(const LiveTasks&) = delete;
     ~LiveTasks();
@@ -42,6 +43,7 @@ class LiveTasks final : public std::enable_shared_from_this<LiveTasks> {
 
     std::shared_ptr<services::TimeKeepingProviderProtocol> timeKeepingProvider_;
     OnChange onChange_;
+    std::function<void()> onTick_;
     std::unique_ptr<store::LiveDataProvider<store::Task>> tasksProvider_;
     std::unique_ptr<store::LiveDataProvider<store::Interval>> intervalProvider_;
     std::unique_ptr<store::LiveDataProvider<store::RawIntervalState>> intervalStateProvider_;

@@ -20,7 +20,7 @@ void NewestFocus::finish() {
     const store::Tasks tasks = tasksProvider_->currentItems()->value();
     const store::Interval* newest = nullptr;
     for (const store::Task& task : tasks) {
-        for (const store::Interval* interval : task.intervalSummary().running) {
+        for (const store::Interval* interval : task.intervalSummary()->running) {
             if (task.id() && interval->id() &&
                 (newest == nullptr || store::NewestFirst()(interval, newest))) {
                 newest = interval;

@@ -5,7 +5,6 @@
 #include <vector>
 
 #include "presentation/texts.h"
-#include "store/newest_first.h"
 #include "store/note.h"
 
 namespace hearthmark::presentation {
@@ -44,26 +43,33 @@ void NotesViewModel::rebuild(const store::Tasks& tasks) {
 }
 
 NotesViewState::View NotesViewModel::view(const store::Task& task) {
-    NotesViewState::View view{.canAddNote = !*pendingNote_,
-                              .onAddNoteTapped = makeAction(&NotesViewModel::openPendingNote),
-                              .committedNotes = {},
-                              .pendingNote = pendingNoteView()};
-    std::vector<store::Note*> sorted = task.notes();
-    store::sortNewestFirst(sorted);
-    for (const store::Note* note : sorted) {
-        if (!note->id()) {
-            continue;
-        }
-        view.committedNotes.push_back(
-            {.id = *note->id(),
-             .noteText = orDash(note->text()),
-             .onDeleteCommand = livedata::makeAction([weak = weak_from_this(), id = *note->id()] {
-                 if (const auto self = weak.lock()) {
-                     self->dataOperationsService_->deleteNote(id, self->taskId_);
-                 }
-             })});
+    if (newestNotes_ != task.newestNotes()) {
+        newestNotes_ = task.newestNotes();
+        committedNotes_ = committedNotes(*newestNotes_);
     }
-    return view;
+    return {.canAddNote = !*pendingNote_,
+            .onAddNoteTapped = makeAction(&NotesViewModel::openPendingNote),
+            .committedNotes = committedNotes_,
+            .pendingNote = pendingNoteView()};
+}
+
+livedata::SharedList<NotesViewState::CommittedNote> NotesViewModel::committedNotes(
+    const std::vector<const store::Note*>& notes) {
+    std::vector<NotesViewState::CommittedNote> rows;
+    rows.reserve(notes.size());
+    for (const store::Note* note : notes) {
+        if (note->id()) {
+            rows.push_back({.id = *note->id(),
+                            .noteText = orDash(note->text()),
+                            .onDeleteCommand =
+                                livedata::makeAction([weak = weak_from_this(), id = *note->id()] {
+                                    if (const auto self = weak.lock()) {
+                                        self->dataOperationsService_->deleteNote(id, self->taskId_);
+                                    }
+                                })});
+        }
+    }
+    return livedata::SharedList(std::move(rows));
 }
 
 std::optional<NotesViewState::PendingNote> NotesViewModel::pendingNoteView() {

@@ -4,6 +4,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "base/clock.h"
 #include "base/uuid.h"
@@ -47,6 +48,8 @@ class NotesViewModel final : public NotesViewModelProtocol,
  private:
     void rebuild(const store::Tasks& tasks);
     NotesViewState::View view(const store::Task& task);
+    livedata::SharedList<NotesViewState::CommittedNote> committedNotes(
+        const std::vector<const store::Note*>& notes);
     std::optional<NotesViewState::PendingNote> pendingNoteView();
     livedata::Action makeAction(void (NotesViewModel::*operation)());
     livedata::ActionOn<std::string> makeActionOnText(
@@ -68,6 +71,9 @@ class NotesViewModel final : public NotesViewModelProtocol,
     std::shared_ptr<NoteDrafts::Draft> pendingNote_;
     std::unique_ptr<store::LiveDataProvider<store::Task>> tasksProvider_;
     livedata::Subscription tasksCancellable_;
+    // Of the last state, with what they were made of.
+    livedata::SharedList<NotesViewState::CommittedNote> committedNotes_;
+    std::shared_ptr<const std::vector<const store::Note*>> newestNotes_;
 };
 
 }  // namespace hearthmark::presentation

@@ -3,10 +3,10 @@
 
 #include <optional>
 #include <string>
-#include <vector>
 
 #include "base/uuid.h"
 #include "livedata/block.h"
+#include "livedata/shared_list.h"
 
 namespace hearthmark::presentation {
 
@@ -40,8 +40,8 @@ struct NotesViewState {
         // No note is being written.
         bool canAddNote;
         livedata::Action onAddNoteTapped;
-        // From the newest to the oldest.
-        std::vector<CommittedNote> committedNotes;
+        // From the newest to the oldest; the same list as before where nothing of it has changed.
+        livedata::SharedList<CommittedNote> committedNotes;
         std::optional<PendingNote> pendingNote;
 
         bool operator==(const View&) const = default;

@@ -5,7 +5,6 @@
 #include <utility>
 
 #include "presentation/texts.h"
-#include "store/newest_first.h"
 #include "store/time_texts.h"
 
 namespace hearthmark::presentation {
@@ -13,7 +12,7 @@ namespace hearthmark::presentation {
 namespace {
 
 bool hasRunningInterval(const store::Task& task) {
-    return !task.intervalSummary().running.empty();
+    return !task.intervalSummary()->running.empty();
 }
 
 TaskDetailViewState::View placeholder() {
@@ -41,50 +40,70 @@ TaskDetailViewModel::TaskDetailViewModel(
       selectedTaskId_(selectedTaskId) {}
 
 void TaskDetailViewModel::startObserving() {
-    liveTasks_ = std::make_shared<LiveTasks>(timeKeepingProvider_,
-                                             [weak = weak_from_this()](const store::Tasks& tasks) {
-                                                 if (const auto self = weak.lock()) {
-                                                     self->rebuild(tasks);
-                                                 }
-                                             });
+    const auto weak = weak_from_this();
+    liveTasks_ = std::make_shared<LiveTasks>(
+        timeKeepingProvider_,
+        [weak](const store::Tasks& tasks) {
+            if (const auto self = weak.lock()) {
+                self->follow(tasks);
+            }
+        },
+        [weak] {
+            if (const auto self = weak.lock()) {
+                self->rebuild();
+            }
+        });
     liveTasks_->startObserving(*liveDataFactory_);
 }
 
-void TaskDetailViewModel::rebuild(const store::Tasks& tasks) {
-    const bool canStartFocus = std::none_of(tasks.begin(), tasks.end(), hasRunningInterval);
-    const store::Task* task = store::taskWithId(tasks, selectedTaskId_);
-    viewState_.setValue(task != nullptr ? view(*task, canStartFocus) : placeholder());
+void TaskDetailViewModel::follow(const store::Tasks& tasks) {
+    tasks_ = tasks;
+    task_ = store::taskWithId(tasks, selectedTaskId_);
+    canStartFocus_ = std::none_of(tasks.begin(), tasks.end(), hasRunningInterval);
+    rebuild();
 }
 
-TaskDetailViewState::View TaskDetailViewModel::view(const store::Task& task, bool canStartFocus) {
+void TaskDetailViewModel::rebuild() {
+    viewState_.setValue(task_ != nullptr ? view(*task_) : placeholder());
+}
+
+TaskDetailViewState::View TaskDetailViewModel::view(const store::Task& task) {
+    const store::Task::IntervalSummary& intervals = *task.intervalSummary();
+    if (settledIntervals_ != intervals.settled) {
+        settledIntervals_ = intervals.settled;
+        nonRunningIntervals_ = nonRunningIntervals(settledIntervals_->intervals);
+    }
     TaskDetailViewState::View view{
-        .canStartFocus = canStartFocus,
+        .canStartFocus = canStartFocus_,
         .onStartLongFocusTap = startAction(kLongFocus),
         .onStartShortFocusTap = startAction(kShortFocus),
-        .nonRunningIntervals = {},
+        .nonRunningIntervals = nonRunningIntervals_,
         .runningIntervals = {},
         .taskName = orDash(task.name()),
         .totalTimeSpent = orDash(store::formattedDuration(store::timeSpent(task, *clock_)))};
-
-    std::vector<store::Interval*> sorted = task.intervals();
-    store::sortNewestFirst(sorted);
-    for (const store::Interval* interval : sorted) {
-        const auto state = interval->intervalState();
-        if (!state || !interval->id()) {
-            continue;
-        }
-        if (state->isRunning()) {
+    for (const store::Interval* interval : intervals.running) {
+        if (interval->id()) {
             view.runningIntervals.push_back({.intervalId = *interval->id(),
                                              .onDeleteCommand = deleteAction(*interval->id()),
                                              .totalTimeSpent = timeSpentText(*interval),
                                              .progress = store::progress(*interval, *clock_)});
-        } else {
-            view.nonRunningIntervals.push_back({.intervalId = *interval->id(),
-                                                .onDeleteCommand = deleteAction(*interval->id()),
-                                                .totalTimeSpent = timeSpentText(*interval)});
         }
     }
     return view;
+}
+
+livedata::SharedList<TaskDetailViewState::NonRunningInterval>
+TaskDetailViewModel::nonRunningIntervals(const std::vector<const store::Interval*>& settled) {
+    std::vector<TaskDetailViewState::NonRunningInterval> rows;
+    rows.reserve(settled.size());
+    for (const store::Interval* interval : settled) {
+        if (interval->intervalState() && interval->id()) {
+            rows.push_back({.intervalId = *interval->id(),
+                            .onDeleteCommand = deleteAction(*interval->id()),
+                            .totalTimeSpent = timeSpentText(*interval)});
+        }
+    }
+    return livedata::SharedList(std::move(rows));
 }
 
 livedata::Action TaskDetailViewModel::deleteAction(const base::Uuid& intervalId) {

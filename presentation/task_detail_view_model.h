@@ -43,8 +43,12 @@ class TaskDetailViewModel final : public TaskDetailViewModelProtocol,
     void startObserving() override;
 
  private:
-    void rebuild(const store::Tasks& tasks);
-    TaskDetailViewState::View view(const store::Task& task, bool canStartFocus);
+    void follow(const store::Tasks& tasks);
+    // Of the tasks that are followed, at this moment.
+    void rebuild();
+    TaskDetailViewState::View view(const store::Task& task);
+    livedata::SharedList<TaskDetailViewState::NonRunningInterval> nonRunningIntervals(
+        const std::vector<const store::Interval*>& settled);
     livedata::Action deleteAction(const base::Uuid& intervalId);
     std::string timeSpentText(const store::Interval& interval) const;
     livedata::Action startAction(base::Seconds maxDuration);
@@ -57,6 +61,14 @@ class TaskDetailViewModel final : public TaskDetailViewModelProtocol,
     std::shared_ptr<const base::Clock> clock_;
     base::Uuid selectedTaskId_;
     std::shared_ptr<LiveTasks> liveTasks_;
+    // They keep the selected one alive.
+    store::Tasks tasks_;
+    // Null where it is gone.
+    const store::Task* task_ = nullptr;
+    bool canStartFocus_ = false;
+    // As they are shown, and what that was made of.
+    livedata::SharedList<TaskDetailViewState::NonRunningInterval> nonRunningIntervals_;
+    std::shared_ptr<const store::Task::SettledIntervals> settledIntervals_;
 };
 
 }  // namespace hearthmark::presentation

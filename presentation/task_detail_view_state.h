@@ -7,6 +7,7 @@
 #include "base/date.h"
 #include "base/uuid.h"
 #include "livedata/block.h"
+#include "livedata/shared_list.h"
 
 namespace hearthmark::presentation {
 
@@ -36,13 +37,14 @@ struct TaskDetailViewState {
         bool operator==(const NonRunningInterval&) const = default;
     };
 
-    // Both lists from the newest interval to the oldest.
+    // Both lists from the newest interval to the oldest. What does not run is the same list as
+    // before where nothing of it has changed.
     struct View {
         // No interval of any task is running.
         bool canStartFocus;
         livedata::Action onStartLongFocusTap;
         livedata::Action onStartShortFocusTap;
-        std::vector<NonRunningInterval> nonRunningIntervals;
+        livedata::SharedList<NonRunningInterval> nonRunningIntervals;
         std::vector<RunningInterval> runningIntervals;
         std::string taskName;
         std::string totalTimeSpent;

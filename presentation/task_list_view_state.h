@@ -6,6 +6,7 @@
 
 #include "base/uuid.h"
 #include "livedata/block.h"
+#include "livedata/shared_list.h"
 
 namespace hearthmark::presentation {
 
@@ -50,10 +51,11 @@ struct TaskListViewState {
         bool operator==(const NonRunningItem&) const = default;
     };
 
-    // Both lists from the newest task to the oldest.
+    // Both lists from the newest task to the oldest. What does not run is the same list as before
+    // where nothing of it has changed.
     struct View {
         std::vector<RunningItem> runningItems;
-        std::vector<NonRunningItem> nonRunningItems;
+        livedata::SharedList<NonRunningItem> nonRunningItems;
 
         bool operator==(const View&) const = default;
     };

@@ -29,49 +29,63 @@ TasksListViewModel::TasksListViewModel(
 
 void TasksListViewModel::startObserving() {
     const auto weak = weak_from_this();
-    liveTasks_ =
-        std::make_shared<LiveTasks>(timeKeepingProvider_, [weak](const store::Tasks& tasks) {
+    liveTasks_ = std::make_shared<LiveTasks>(
+        timeKeepingProvider_,
+        [weak](const store::Tasks& tasks) {
             if (const auto self = weak.lock()) {
-                self->rebuild(tasks);
+                self->follow(tasks);
+            }
+        },
+        [weak] {
+            if (const auto self = weak.lock()) {
+                self->rebuild();
             }
         });
     cancellables_.push_back(
         mutableSelectedTaskId_->subscribe([weak](const std::optional<base::Uuid>&) {
             if (const auto self = weak.lock()) {
-                self->rebuild(self->liveTasks_->tasks());
+                self->follow(self->liveTasks_->tasks());
             }
         }));
     liveTasks_->startObserving(*liveDataFactory_);
 }
 
-void TasksListViewModel::rebuild(const store::Tasks& tasks) {
-    std::vector<const store::Task*> sorted;
-    sorted.reserve(tasks.size());
+void TasksListViewModel::follow(const store::Tasks& tasks) {
+    std::vector<const store::Task*> others;
+    running_.clear();
     for (const store::Task& task : tasks) {
-        sorted.push_back(&task);
+        if (task.id()) {
+            (task.intervalSummary()->running.empty() ? others : running_).push_back(&task);
+        }
     }
-    store::sortNewestFirst(sorted);
+    tasks_ = tasks;
+    store::sortNewestFirst(running_);
+    const std::optional<base::Uuid>& selected = mutableSelectedTaskId_->value();
+    if (versions_.renew(others) || selected != shownSelection_) {
+        shownSelection_ = selected;
+        store::sortNewestFirst(others);
+        std::vector<TaskListViewState::NonRunningItem> items;
+        items.reserve(others.size());
+        for (const store::Task* task : others) {
+            items.push_back(nonRunningItem(*task, *task->id()));
+        }
+        nonRunningItems_ = livedata::SharedList(std::move(items));
+    }
+    rebuild();
+}
 
-    TaskListViewState::View view;
-    for (const store::Task* task : sorted) {
-        if (!task->id()) {
-            continue;
-        }
-        if (task->intervalSummary().running.empty()) {
-            view.nonRunningItems.push_back(nonRunningItem(*task, *task->id()));
-        } else {
-            view.runningItems.push_back(runningItem(*task, *task->id()));
-        }
+void TasksListViewModel::rebuild() {
+    TaskListViewState::View view{.runningItems = {}, .nonRunningItems = nonRunningItems_};
+    for (const store::Task* task : running_) {
+        view.runningItems.push_back(runningItem(*task, *task->id()));
     }
     viewState_.setValue(std::move(view));
 }
 
 TaskListViewState::RunningItem TasksListViewModel::runningItem(const store::Task& task,
                                                                const base::Uuid& taskId) {
-    std::vector<const store::Interval*> running = task.intervalSummary().running;
-    store::sortNewestFirst(running);
     std::vector<TaskListViewState::RunningItemInterval> intervals;
-    for (const store::Interval* interval : running) {
+    for (const store::Interval* interval : task.intervalSummary()->running) {
         if (interval->id()) {
             intervals.push_back(runningItemInterval(*interval, *interval->id(), taskId));
         }

@@ -11,6 +11,7 @@
 #include "presentation/live_tasks.h"
 #include "presentation/selected_task_id.h"
 #include "presentation/task_list_view_state.h"
+#include "presentation/task_versions.h"
 #include "services/time_keeping.h"
 #include "store/data_operations_service_protocol.h"
 #include "store/live_data.h"
@@ -47,7 +48,9 @@ class TasksListViewModel final : public TaskListViewModelProtocol,
     void startObserving() override;
 
  private:
-    void rebuild(const store::Tasks& tasks);
+    void follow(const store::Tasks& tasks);
+    // Of the tasks that are followed, at this moment.
+    void rebuild();
     TaskListViewState::RunningItem runningItem(const store::Task& task, const base::Uuid& taskId);
     TaskListViewState::NonRunningItem nonRunningItem(const store::Task& task,
                                                      const base::Uuid& taskId);
@@ -66,6 +69,14 @@ class TasksListViewModel final : public TaskListViewModelProtocol,
     std::shared_ptr<const base::Clock> clock_;
     std::shared_ptr<SelectedTaskId> mutableSelectedTaskId_;
     std::shared_ptr<LiveTasks> liveTasks_;
+    // They keep those that run alive.
+    store::Tasks tasks_;
+    // Newest first.
+    std::vector<const store::Task*> running_;
+    // The others as they are shown, and what that was made of.
+    livedata::SharedList<TaskListViewState::NonRunningItem> nonRunningItems_;
+    TaskVersions versions_;
+    std::optional<base::Uuid> shownSelection_;
     std::vector<livedata::Subscription> cancellables_;
 };
 

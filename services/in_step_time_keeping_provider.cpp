@@ -13,15 +13,25 @@ class InStepTimeKeepingProvider::Beat final : public std::enable_shared_from_thi
     // Starts the timer of a beat.
     using Start = std::function<std::shared_ptr<TimeKeeping>(std::function<void()> fire)>;
 
-    explicit Beat(Start start) : start_(std::move(start)) {}
+    Beat(Start start, bool isResting) : start_(std::move(start)), isResting_(isResting) {}
 
     std::shared_ptr<TimeKeeping> add(std::function<void()> action) {
+        if (followers_.size() == 1) {
+            stop();
+        }
         auto follower = std::make_shared<Follower>(weak_from_this(), std::move(action));
         followers_.push_back(follower);
-        if (!timer_) {
-            timer_ = start_([beat = shared_from_this()] { beat->fire(); });
-        }
+        startOrStop();
         return follower;
+    }
+
+    void setResting(bool isResting) {
+        if (isResting != std::exchange(isResting_, isResting)) {
+            startOrStop();
+            if (!isResting) {
+                fire();
+            }
+        }
     }
 
  private:
@@ -57,21 +67,33 @@ class InStepTimeKeepingProvider::Beat final : public std::enable_shared_from_thi
 
     void remove(const Follower* removed) {
         std::erase_if(followers_, [removed](const auto& each) { return each.get() == removed; });
-        if (followers_.empty()) {
+        startOrStop();
+    }
+
+    void startOrStop() {
+        if (isResting_ || followers_.empty()) {
+            stop();
+        } else if (!timer_) {
+            timer_ = start_([beat = shared_from_this()] { beat->fire(); });
+        }
+    }
+
+    void stop() {
+        if (timer_) {
             timer_->invalidate();
             timer_.reset();
         }
     }
 
     Start start_;
+    bool isResting_;
     std::shared_ptr<TimeKeeping> timer_;
     std::vector<std::shared_ptr<Follower>> followers_;
 };
 
 InStepTimeKeepingProvider::InStepTimeKeepingProvider(
     std::shared_ptr<TimeKeepingProviderProtocol> timeKeepingProvider)
-    : timeKeepingProvider_(std::move(timeKeepingProvider)),
-      beats_(std::make_shared<std::map<base::Seconds, std::shared_ptr<Beat>>>()) {}
+    : timeKeepingProvider_(std::move(timeKeepingProvider)), beats_(std::make_shared<Beats>()) {}
 
 std::shared_ptr<TimeKeeping> InStepTimeKeepingProvider::makeTimer(base::Seconds interval,
                                                                   Repeats repeats,
@@ -79,14 +101,23 @@ std::shared_ptr<TimeKeeping> InStepTimeKeepingProvider::makeTimer(base::Seconds 
     if (repeats == Repeats::no) {
         return timeKeepingProvider_->makeTimer(interval, repeats, std::move(action));
     }
-    std::shared_ptr<Beat>& beat = (*beats_)[interval];
+    std::shared_ptr<Beat>& beat = beats_->ofInterval[interval];
     if (!beat) {
         beat = std::make_shared<Beat>(
             [provider = timeKeepingProvider_, interval](std::function<void()> fire) {
                 return provider->makeTimer(interval, Repeats::yes, std::move(fire));
-            });
+            },
+            beats_->areResting);
     }
     return beat->add(std::move(action));
+}
+
+void InStepTimeKeepingProvider::setResting(bool areResting) {
+    beats_->areResting = areResting;
+    // What fires may make timers of another interval.
+    for (const auto& [interval, beat] : std::map(beats_->ofInterval)) {
+        beat->setResting(areResting);
+    }
 }
 
 }  // namespace hearthmark::services

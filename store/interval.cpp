@@ -70,7 +70,7 @@ bool Interval::isRunning() const {
 
 void Interval::willChange() {
     if (task_ != nullptr) {
-        task_->willChange();
+        task_->intervalWillChange(*this);
     }
 }
 

@@ -28,9 +28,13 @@ struct NewestFirst {
     }
 };
 
+// Of rows in the order of the store, oldest first, little is left to be sorted.
 template <class Entity>
 void sortNewestFirst(std::vector<Entity*>& entities) {
-    std::ranges::sort(entities, NewestFirst());
+    std::ranges::reverse(entities);
+    if (!std::ranges::is_sorted(entities, NewestFirst())) {
+        std::ranges::sort(entities, NewestFirst());
+    }
 }
 
 }  // namespace hearthmark::store

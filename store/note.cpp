@@ -33,4 +33,10 @@ void Note::setTask(Task* task) {
     relate(entity().references().front(), task);
 }
 
+void Note::willChange() {
+    if (task_ != nullptr) {
+        task_->noteWillChange();
+    }
+}
+
 }  // namespace hearthmark::store

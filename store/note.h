@@ -40,6 +40,9 @@ class Note final : public objectstore::ManagedObject, public CreationDateReprese
     Task* task() const { return task_; }
 
  private:
+    // What the task remembers of its notes changes with them.
+    void willChange() override;
+
     std::optional<base::Uuid> id_;
     std::optional<base::Date> creationDate_;
     std::optional<std::string> text_;

@@ -45,30 +45,48 @@ class Task final : public objectstore::ManagedObject,
     const std::vector<Interval*>& intervals() const { return intervals_; }
     const std::vector<Note*>& notes() const { return notes_; }
 
-    struct IntervalSummary {
-        std::vector<const Interval*> running;
-        // The sum of the durations of those that do not run.
-        base::Seconds settledDuration{0};
-        // Of the creation dates.
-        std::optional<base::Date> latestCreation;
+    // Those that do not run.
+    struct SettledIntervals {
+        // Newest first.
+        std::vector<const Interval*> intervals;
+        // The sum of theirs.
+        base::Seconds duration{0};
     };
 
-    // Worked out when first asked for after a change of the intervals and then remembered, so that
-    // a tick costs what runs and not what was ever done.
-    const IntervalSummary& intervalSummary() const;
+    struct IntervalSummary {
+        // Newest first.
+        std::vector<const Interval*> running;
+        // The same one as before where nothing of them has changed.
+        std::shared_ptr<const SettledIntervals> settled;
+    };
+
+    // Worked out when first asked for after a change, of the task or of its intervals, and then
+    // remembered: a tick costs what runs and not what was ever done, and who still holds the one of
+    // before sees by its address whether anything has changed. Its pointers are valid until then.
+    const std::shared_ptr<const IntervalSummary>& intervalSummary() const;
+
+    // Newest first. Remembered in the same way: the same one until a note changes, comes or goes.
+    const std::shared_ptr<const std::vector<const Note*>>& newestNotes() const;
 
  private:
     friend class Interval;
     friend class Note;
 
-    void willChange() override { intervalSummary_.reset(); }
+    void willChange() override;
+    // Before a change of one of them alone.
+    void intervalWillChange(const Interval& interval);
+    void noteWillChange();
 
     std::optional<base::Uuid> id_;
     std::optional<base::Date> creationDate_;
     std::optional<std::string> name_;
     std::vector<Interval*> intervals_;
     std::vector<Note*> notes_;
-    mutable std::optional<IntervalSummary> intervalSummary_;
+    mutable std::shared_ptr<const IntervalSummary> intervalSummary_;
+    // As last worked out; absent where one of them has changed since.
+    mutable std::shared_ptr<const SettledIntervals> settledIntervals_;
+    mutable std::shared_ptr<const std::vector<const Note*>> newestNotes_;
+    mutable bool areNotesCurrent_ = false;
 };
 
 }  // namespace hearthmark::store

@@ -27,8 +27,8 @@ base::Seconds timeSpent(const Interval& interval, const base::Clock& clock) {
 }
 
 base::Seconds timeSpent(const Task& task, const base::Clock& clock) {
-    base::Seconds sum = task.intervalSummary().settledDuration;
-    for (const Interval* interval : task.intervalSummary().running) {
+    base::Seconds sum = task.intervalSummary()->settled->duration;
+    for (const Interval* interval : task.intervalSummary()->running) {
         sum += timeSpent(*interval, clock);
     }
     return sum;

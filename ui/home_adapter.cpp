@@ -45,6 +45,7 @@ void HomeAdapter::startShortFocus() {
 
 void HomeAdapter::setShown(bool isShown) {
     isShown_ = isShown;
+    parts_.beat->setResting(!isShown);
     taskList_->setShown(isShown);
     if (taskDetail_) {
         taskDetail_->setShown(isShown);

@@ -12,6 +12,7 @@
 #include "livedata/subscription.h"
 #include "presentation/home_view_model.h"
 #include "presentation/newest_focus.h"
+#include "services/in_step_time_keeping_provider.h"
 #include "ui/about_adapter.h"
 #include "ui/add_task_adapter.h"
 #include "ui/appearance_adapter.h"
@@ -65,6 +66,8 @@ class HomeAdapter final : public QObject {
         std::unique_ptr<UnseenFinishesAdapter> unseenFinishes;
         std::unique_ptr<UpdateAdapter> updates;
         std::unique_ptr<presentation::NewestFocus> newestFocus;
+        // Of all views; it rests while they are not seen.
+        std::shared_ptr<services::InStepTimeKeepingProvider> beat;
     };
 
     HomeAdapter(std::shared_ptr<presentation::HomeViewModelProtocol> viewModel,

@@ -3,7 +3,9 @@
 
 #include <QAbstractListModel>
 #include <algorithm>
+#include <iterator>
 #include <unordered_map>
+#include <unordered_set>
 #include <utility>
 #include <vector>
 
@@ -28,22 +30,7 @@ class RowListModel : public QAbstractListModel {
     }
 
     // Answers whether rows came, went or moved.
-    bool update(std::vector<Row>&& next) {
-        if (rows_.empty()) {
-            insertAll(std::move(next));
-            return !rows_.empty();
-        }
-        Places places;
-        places.reserve(next.size());
-        for (std::size_t index = 0; index < next.size(); ++index) {
-            places.emplace(next[index].key, index);
-        }
-        bool isRearranged = removeMissing(places);
-        for (std::size_t index = 0; index < next.size(); ++index) {
-            isRearranged |= place(index, std::move(next[index]), places);
-        }
-        return isRearranged;
-    }
+    bool update(std::vector<Row>&& next) { return update(0, rows_.size(), std::move(next)); }
 
     // Leaves the model without rows; for a model that only carries them to another one.
     std::vector<Row> takeRows() && { return std::move(rows_); }
@@ -57,54 +44,79 @@ class RowListModel : public QAbstractListModel {
         return exists ? &rows_[static_cast<std::size_t>(index)] : nullptr;
     }
 
+    // Only from `first` to before `last`. The rows beside them stay, and have other keys.
+    bool update(std::size_t first, std::size_t last, std::vector<Row>&& next) {
+        Places places;
+        places.reserve(next.size());
+        for (std::size_t index = 0; index < next.size(); ++index) {
+            places.emplace(next[index].key, first + index);
+        }
+        std::size_t end = removeMissing(first, last, places);
+        bool isRearranged = end != last;
+        std::unordered_set<RowKey, RowKey::Hash> present;
+        for (std::size_t index = first; index < end; ++index) {
+            present.insert(rows_[index].key);
+        }
+        const auto isPresent = [&present](const Row& row) { return present.contains(row.key); };
+        std::size_t index = first;
+        for (auto row = next.begin(); row != next.end();) {
+            if (const auto known = std::find_if(row, next.end(), isPresent); known != row) {
+                insert(index, row, known);
+                index += static_cast<std::size_t>(known - row);
+                end += static_cast<std::size_t>(known - row);
+                isRearranged = true;
+                row = known;
+            } else {
+                isRearranged |= place(index++, end, std::move(*row++), places);
+            }
+        }
+        return isRearranged;
+    }
+
  private:
     // Of the next state.
     using Places = std::unordered_map<RowKey, std::size_t, RowKey::Hash>;
+    using Iterator = typename std::vector<Row>::iterator;
 
-    void insertAll(std::vector<Row>&& next) {
-        if (next.empty()) {
-            return;
+    Iterator at(std::size_t index) { return rows_.begin() + static_cast<std::ptrdiff_t>(index); }
+
+    // Answers where those that stay end.
+    std::size_t removeMissing(std::size_t index, std::size_t end, const Places& places) {
+        const auto isMissing = [&places](const Row& row) { return !places.contains(row.key); };
+        while (true) {
+            const auto first = std::find_if(at(index), at(end), isMissing);
+            if (first == at(end)) {
+                return end;
+            }
+            const auto last = std::find_if_not(first, at(end), isMissing);
+            index = static_cast<std::size_t>(first - rows_.begin());
+            end -= static_cast<std::size_t>(last - first);
+            beginRemoveRows({}, static_cast<int>(index),
+                            static_cast<int>(last - rows_.begin()) - 1);
+            rows_.erase(first, last);
+            endRemoveRows();
         }
-        beginInsertRows({}, 0, static_cast<int>(next.size()) - 1);
-        rows_ = std::move(next);
+    }
+
+    void insert(std::size_t index, Iterator first, Iterator last) {
+        beginInsertRows({}, static_cast<int>(index),
+                        static_cast<int>(index) + static_cast<int>(last - first) - 1);
+        rows_.insert(at(index), std::make_move_iterator(first), std::make_move_iterator(last));
         endInsertRows();
     }
 
-    bool removeMissing(const Places& places) {
-        const auto isMissing = [&places](const Row& row) { return !places.contains(row.key); };
-        auto first = std::ranges::find_if(rows_, isMissing);
-        const bool isAnyMissing = first != rows_.end();
-        while (first != rows_.end()) {
-            const auto last = std::find_if_not(first, rows_.end(), isMissing);
-            beginRemoveRows({}, static_cast<int>(first - rows_.begin()),
-                            static_cast<int>(last - rows_.begin()) - 1);
-            first = rows_.erase(first, last);
-            endRemoveRows();
-            first = std::find_if(first, rows_.end(), isMissing);
-        }
-        return isAnyMissing;
-    }
-
-    bool place(std::size_t index, Row&& next, const Places& places) {
+    // A row that is there, at `index` or behind it.
+    bool place(std::size_t index, std::size_t end, Row&& next, const Places& places) {
         const int row = static_cast<int>(index);
-        const auto position = rows_.begin() + static_cast<std::ptrdiff_t>(index);
-        const auto found = std::find_if(position, rows_.end(), [&next](const Row& candidate) {
-            return candidate.key == next.key;
-        });
-        if (found == rows_.end()) {
-            beginInsertRows({}, row, row);
-            rows_.insert(position, std::move(next));
-            endInsertRows();
-            return true;
-        }
-        const bool isMoved = found != position;
-        if (found == position + 1) {
+        const auto found = std::ranges::find(at(index), at(end), next.key, &Row::key);
+        const bool isMoved = found != at(index);
+        if (found == at(index) + 1) {
             // One row that goes down, rather than all below it going up.
-            moveDown(index, std::min(places.at(position->key), rows_.size() - 1));
+            moveDown(index, std::min(places.at(rows_[index].key), end - 1));
         } else if (isMoved) {
             const int from = static_cast<int>(found - rows_.begin());
             beginMoveRows({}, from, from, {}, row);
-            std::rotate(position, found, found + 1);
+            std::rotate(at(index), found, found + 1);
             endMoveRows();
         }
         assign(index, std::move(next));
@@ -112,10 +124,9 @@ class RowListModel : public QAbstractListModel {
     }
 
     void moveDown(std::size_t from, std::size_t to) {
-        const auto position = rows_.begin() + static_cast<std::ptrdiff_t>(from);
-        const int row = static_cast<int>(from);
-        beginMoveRows({}, row, row, {}, static_cast<int>(to) + 1);
-        std::rotate(position, position + 1, rows_.begin() + static_cast<std::ptrdiff_t>(to) + 1);
+        beginMoveRows({}, static_cast<int>(from), static_cast<int>(from), {},
+                      static_cast<int>(to) + 1);
+        std::rotate(at(from), at(from) + 1, at(to) + 1);
         endMoveRows();
     }
 

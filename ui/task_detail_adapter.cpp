@@ -99,9 +99,7 @@ void TaskDetailAdapter::setShown(bool isShown) {
 
 void TaskDetailAdapter::showNotes() {
     if (const auto& state = notes_->state()) {
-        rows_.showNotes(*state);
-    } else {
-        rows_.showNotes({});
+        rows_.showNotes(state->committedNotes);
     }
 }
 
@@ -111,7 +109,7 @@ void TaskDetailAdapter::show() {
         return;
     }
     runningIntervals_.update(intervalRows(state->runningIntervals));
-    rows_.showIntervals(*state);
+    rows_.showIntervals(state->nonRunningIntervals);
     if (QString name = toQString(state->taskName); name != taskName_) {
         taskName_ = std::move(name);
         emit taskNameChanged();

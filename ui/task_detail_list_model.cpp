@@ -46,43 +46,52 @@ QList<int> TaskDetailRow::assign(TaskDetailRow&& next) {
     return changed;
 }
 
-void TaskDetailListModel::showIntervals(const TaskDetailViewState::View& state) {
-    std::vector<TaskDetailRow> intervals;
-    intervals.reserve(state.nonRunningIntervals.size() + notes_.size() + 1);
-    RowKeys keys;
-    for (const TaskDetailViewState::NonRunningInterval& interval : state.nonRunningIntervals) {
-        intervals.push_back({.key = keys.next(interval.intervalId, Interval),
-                             .text = toQString(interval.totalTimeSpent),
-                             .wholeText = {},
-                             .onDelete = interval.onDeleteCommand});
-    }
-    show(std::move(intervals));
+TaskDetailListModel::TaskDetailListModel(QObject* parent) : RowListModel(parent) {
+    update({{.key = {.kind = NotesSection, .id = {}, .ordinal = 0},
+             .text = {},
+             .wholeText = {},
+             .onDelete = {}}});
 }
 
-void TaskDetailListModel::showNotes(const NotesViewState::View& state) {
-    notes_.clear();
+void TaskDetailListModel::showIntervals(
+    const livedata::SharedList<TaskDetailViewState::NonRunningInterval>& intervals) {
+    if (intervals.isSame(shownIntervals_)) {
+        return;
+    }
+    shownIntervals_ = intervals;
+    std::vector<TaskDetailRow> next;
+    next.reserve(intervals.size());
     RowKeys keys;
-    for (const NotesViewState::CommittedNote& note : state.committedNotes) {
+    for (const TaskDetailViewState::NonRunningInterval& interval : intervals) {
+        next.push_back({.key = keys.next(interval.intervalId, Interval),
+                        .text = toQString(interval.totalTimeSpent),
+                        .wholeText = {},
+                        .onDelete = interval.onDeleteCommand});
+    }
+    update(0, static_cast<std::size_t>(notesRow()), std::move(next));
+    emit shown();
+}
+
+void TaskDetailListModel::showNotes(
+    const livedata::SharedList<NotesViewState::CommittedNote>& notes) {
+    if (notes.isSame(shownNotes_)) {
+        return;
+    }
+    shownNotes_ = notes;
+    std::vector<TaskDetailRow> next;
+    next.reserve(notes.size());
+    RowKeys keys;
+    for (const NotesViewState::CommittedNote& note : notes) {
         const QString wholeText = toQString(note.noteText);
         const qsizetype shown = shownLength(wholeText);
         const bool isCut = shown < wholeText.size();
-        notes_.push_back({.key = keys.next(note.id, Note),
-                          .text = isCut ? wholeText.left(shown) + QChar(0x2026) : wholeText,
-                          .wholeText = wholeText,
-                          .isCut = isCut,
-                          .onDelete = note.onDeleteCommand});
+        next.push_back({.key = keys.next(note.id, Note),
+                        .text = isCut ? wholeText.left(shown) + QChar(0x2026) : wholeText,
+                        .wholeText = wholeText,
+                        .isCut = isCut,
+                        .onDelete = note.onDeleteCommand});
     }
-    show({rows().begin(), rows().begin() + notesRow()});
-}
-
-void TaskDetailListModel::show(std::vector<TaskDetailRow> intervals) {
-    std::vector<TaskDetailRow> next = std::move(intervals);
-    next.push_back({.key = {.kind = NotesSection, .id = {}, .ordinal = 0},
-                    .text = {},
-                    .wholeText = {},
-                    .onDelete = {}});
-    next.insert(next.end(), notes_.begin(), notes_.end());
-    update(std::move(next));
+    update(static_cast<std::size_t>(notesRow()) + 1, rows().size(), std::move(next));
     emit shown();
 }
 

@@ -41,11 +41,14 @@ class TaskDetailListModel : public RowListModel<TaskDetailRow> {
     Q_ENUM(Kind)
     enum Role { KindRole = Qt::UserRole, TextRole, IsCutRole };
 
-    using RowListModel::RowListModel;
+    // With the place of the notes section alone.
+    explicit TaskDetailListModel(QObject* parent = nullptr);
 
     // Each leaves what the other has shown.
-    void showIntervals(const presentation::TaskDetailViewState::View& state);
-    void showNotes(const presentation::NotesViewState::View& state);
+    void showIntervals(
+        const livedata::SharedList<presentation::TaskDetailViewState::NonRunningInterval>&
+            intervals);
+    void showNotes(const livedata::SharedList<presentation::NotesViewState::CommittedNote>& notes);
 
     QVariant data(const QModelIndex& index, int role) const override;
     QHash<int, QByteArray> roleNames() const override;
@@ -69,15 +72,14 @@ class TaskDetailListModel : public RowListModel<TaskDetailRow> {
     }
 
  signals:
-    // A new state has come.
+    // Other intervals or notes than before.
     void shown();
 
  private:
-    void show(std::vector<TaskDetailRow> intervals);
     int stepped(int row, int step) const;
 
-    // Kept, since they change seldom and the intervals may change each second.
-    std::vector<TaskDetailRow> notes_;
+    livedata::SharedList<presentation::TaskDetailViewState::NonRunningInterval> shownIntervals_;
+    livedata::SharedList<presentation::NotesViewState::CommittedNote> shownNotes_;
 };
 
 }  // namespace hearthmark::ui

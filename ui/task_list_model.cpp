@@ -61,13 +61,12 @@ std::shared_ptr<IntervalListModel> intervalList(
     return list;
 }
 
-std::vector<TaskListRow> taskListRows(const TaskListViewState::View& state) {
+std::vector<TaskListRow> runningRows(const std::vector<TaskListViewState::RunningItem>& items,
+                                     RowKeys& keys) {
     std::vector<TaskListRow> rows;
-    rows.reserve(state.runningItems.size() + state.nonRunningItems.size() + 4);
-    RowKeys keys;
     appendSection(rows, Section::running, QObject::tr("Running"),
-                  QObject::tr("No tasks in progress."), state.runningItems.empty());
-    for (const TaskListViewState::RunningItem& item : state.runningItems) {
+                  QObject::tr("No tasks in progress."), items.empty());
+    for (const TaskListViewState::RunningItem& item : items) {
         TaskListRow& row = rows.emplace_back(taskRow(item, keys));
         row.intervalViewStates = intervalList(item.intervalViewStates);
         // A running task is deleted by way of its newest running interval.
@@ -75,13 +74,18 @@ std::vector<TaskListRow> taskListRows(const TaskListViewState::View& state) {
             row.onDelete = item.intervalViewStates.front().onDeleteCommand;
         }
     }
+    return rows;
+}
+
+void appendNonRunningRows(std::vector<TaskListRow>& rows,
+                          const livedata::SharedList<TaskListViewState::NonRunningItem>& items,
+                          RowKeys& keys) {
+    rows.reserve(rows.size() + items.size() + 2);
     appendSection(rows, Section::nonRunning, QObject::tr("Not running"),
-                  QObject::tr("Add your first task by pressing the button below 👇"),
-                  state.nonRunningItems.empty());
-    for (const TaskListViewState::NonRunningItem& item : state.nonRunningItems) {
+                  QObject::tr("Add your first task by pressing the button below 👇"), items.empty());
+    for (const TaskListViewState::NonRunningItem& item : items) {
         rows.emplace_back(taskRow(item, keys)).onDelete = item.onDeleteCommand;
     }
-    return rows;
 }
 
 }  // namespace
@@ -106,18 +110,28 @@ QList<int> TaskListRow::assign(TaskListRow&& next) {
 }
 
 void TaskListModel::show(const TaskListViewState::View& state) {
-    runningCount_ = static_cast<int>(state.runningItems.size());
-    taskCount_ = runningCount_ + static_cast<int>(state.nonRunningItems.size());
-    if (update(taskListRows(state))) {
+    RowKeys keys;
+    std::vector<TaskListRow> next = runningRows(state.runningItems, keys);
+    std::size_t end = next.size();
+    const int runningCount = static_cast<int>(state.runningItems.size());
+    if (rowCount() == 0 || runningCount != runningCount_ ||
+        !state.nonRunningItems.isSame(shownNonRunning_)) {
+        appendNonRunningRows(next, state.nonRunningItems, keys);
+        end = rows().size();
+    }
+    runningCount_ = runningCount;
+    shownNonRunning_ = state.nonRunningItems;
+    if (update(0, end, std::move(next))) {
         emit dataChanged(index(0), index(rowCount() - 1), {DescriptionRole});
     }
 }
 
 QString TaskListModel::description(int row) const {
     const int firstSection = std::max(runningCount_, 1) + 1;
+    const int taskCount = runningCount_ + static_cast<int>(shownNonRunning_.size());
     const int position = row < firstSection ? row : runningCount_ + row - firstSection;
     //: The time spent on a task, and its place in the list.
-    return tr("%1, %2 of %3").arg(rowAt(row)->timeSpent).arg(position).arg(taskCount_);
+    return tr("%1, %2 of %3").arg(rowAt(row)->timeSpent).arg(position).arg(taskCount);
 }
 
 QVariant TaskListModel::data(const QModelIndex& index, int role) const {

@@ -74,7 +74,7 @@ class TaskListModel : public RowListModel<TaskListRow> {
     QString description(int row) const;
 
     int runningCount_ = 0;
-    int taskCount_ = 0;
+    livedata::SharedList<presentation::TaskListViewState::NonRunningItem> shownNonRunning_;
 };
 
 }  // namespace hearthmark::ui

@@ -18,6 +18,7 @@ from players import Daemon, Questions
 SECONDS = float(os.environ.get("HEARTHMARK_RANDOM_SECONDS", 30))
 SEED = int(os.environ.get("HEARTHMARK_RANDOM_SEED", random.SystemRandom().randrange(10 ** 6)))
 PATIENCE = 0.1  # seconds
+MOST_TASKS = 60
 LEFT_ALONE = "Restore and Restart"  # after which nobody answers to the old name
 KEYS = """Tab shift+Tab Up Down Left Right Home End Page_Up Page_Down Return KP_Enter space Escape Delete
     BackSpace F1 F10 Menu shift+F10 shift+Up shift+Down shift+End shift+Return ctrl+Return ctrl+a ctrl+c ctrl+x
@@ -138,6 +139,12 @@ class RandomUse(ProgramTest):
     # What has to hold.
 
     def begin(self):
+        # The top of a list that only grows would soon be too far to be scrolled to.
+        old = f"SELECT pk FROM Task ORDER BY pk DESC LIMIT -1 OFFSET {MOST_TASKS}"
+        self.program.plant(
+            f"DELETE FROM RawIntervalState WHERE interval IN (SELECT pk FROM Interval WHERE task IN ({old}))",
+            *(f"DELETE FROM {table} WHERE task IN ({old})" for table in ("Interval", "Note")),
+            f"DELETE FROM Task WHERE pk IN ({old})")
         self.program.launch()
         os.set_blocking(self.program.process.stderr.fileno(), False)
         self.questions = Questions(DESKTOP.accessibility_bus, self.program.process)
@@ -188,18 +195,25 @@ class RandomUse(ProgramTest):
 
     def assert_shown(self):
         """What runs stands on top of the list."""
+        state = []
+
         def is_shown():
             key("Escape")  # what opened late, too
             running = {name for name, in self.program.rows(
                 "SELECT name FROM Task t JOIN Interval i ON task = t.pk JOIN RawIntervalState"
                 " ON interval = i.pk WHERE state = 1")}
             place = extents(self.program.find_all("Tasks", "list")[0])
-            xdotool("mousemove", place.x + 20, place.y + 20, "click", "--repeat", 30, "--delay", 1, 4)
+            xdotool("mousemove", place.x + 20, place.y + 20, "click", "--repeat", 100, "--delay", 1, 4)
             rows = self.program.listed()
             end = [*(row[:2] for row in rows), ("heading", "Not running")].index(("heading", "Not running"))
             shown = {name for role, name, _ in rows[:end] if role == "list item"}
+            state[:] = rows[0], shown, running
             return rows[0][1] == "Running" and shown <= running and bool(shown) == bool(running)
-        wait_for(is_shown, "what runs to be shown")
+        try:
+            wait_for(is_shown, "what runs to be shown")
+        except AssertionError:
+            print("The first row, what is shown to run, and what runs:", *state, sep="\n", flush=True)
+            raise
 
     def test_nothing_it_is_used_for_does_harm(self):
         # Some are done; some end soon, or half way through.
@@ -224,9 +238,9 @@ class RandomUse(ProgramTest):
             self.end()
         except BaseException:
             print(f"After {self.count} acts, the last of which were:", *self.acts, sep="\n", flush=True)
-            if self.program.process.poll() is None:
-                print("It shows", [f"{node.getRoleName()} {node.name[:40]!r}" + " with the keyboard" * has_focus(node)
-                                   for node in self.program.find_all()], flush=True)
+            with contextlib.suppress(Exception):  # it may have ended
+                for node in self.program.find_all():
+                    print(node.getRoleName(), repr(node.name[:40]), "with the keyboard" * has_focus(node), flush=True)
             raise
         print(f"{self.count} acts, the slowest answer took {self.slowest * 1000:.0f} ms", flush=True)
 

@@ -133,13 +133,13 @@ TEST_F(ManagedObjectContextTest, MayEndBeforeTheHandlesOnItsObjects) {
     const auto held = std::static_pointer_cast<Task>(task.shared_from_this());
     const auto interval = std::static_pointer_cast<Interval>(
         store.addInterval(task, IntervalState::running(at(0))).shared_from_this());
-    EXPECT_EQ(held->intervalSummary().running.size(), 1U);
+    EXPECT_EQ(held->intervalSummary()->running.size(), 1U);
     const auto unsaved = store.context().insert<Interval>();
     task.addIntervalsObject(*unsaved);
     store.close();
     EXPECT_EQ(held->name(), "a");
     EXPECT_TRUE(held->intervals().empty());
-    EXPECT_TRUE(held->intervalSummary().running.empty());
+    EXPECT_TRUE(held->intervalSummary()->running.empty());
     EXPECT_EQ(interval->task(), nullptr);
     EXPECT_EQ(unsaved->task(), nullptr);
     held->setName("b");

@@ -47,7 +47,7 @@ TEST_F(NotesViewModelTest, SavesTheNoteOpenedLastTrimmedAndDatedWhenItWasOpened)
     EXPECT_EQ(text(), "- new old []");
     (*view().onAddNoteTapped)();
     (*view().pendingNote.value().onSaveTap)(" \n\u00a0\u2003");
-    (*view().committedNotes.at(1).onDeleteCommand)();
+    (*view().committedNotes[1].onDeleteCommand)();
     EXPECT_EQ(text(), "- old []") << "stays open where it is blank and where others change";
     (*view().pendingNote.value().onSaveTap)("\u2003two  words\u00a0\n");
     EXPECT_EQ(text(), "+two  words - old ");
@@ -72,7 +72,7 @@ TEST_F(NotesViewModelTest, DoesNothingOnceItsTaskOrItIsGone) {
     (*last.onAddNoteTapped)();
     (*last.pendingNote->onSaveTap)("late");
     (*last.pendingNote->onDiscardTap)();
-    (*last.committedNotes.at(0).onDeleteCommand)();
+    (*last.committedNotes[0].onDeleteCommand)();
     EXPECT_EQ(store.sql("SELECT count(*) FROM Note WHERE task"), "5");
 }
 
@@ -83,7 +83,7 @@ TEST_F(NotesViewModelTest, KeepsTheDraftOfItsTaskUntilItIsSavedOrDiscarded) {
     (*view().pendingNote.value().onEdit)("half ");
     EXPECT_EQ(text(), "- new old [half ]");
     EXPECT_EQ(states, 0) << "not for each key";
-    (*view().committedNotes.at(1).onDeleteCommand)();
+    (*view().committedNotes[1].onDeleteCommand)();
     EXPECT_EQ(text(), "- old [half ]") << "after a rebuild";
     store.service->deleteTask(id);
     EXPECT_EQ(text(), "");

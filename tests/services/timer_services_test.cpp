@@ -91,10 +91,18 @@ TEST(InStepTimeKeepingProvider, FiresAllOfOneIntervalTogetherWhateverTheyDo) {
         handles['c']->invalidate();
         add('d', 1s, [] {});
     });
+    EXPECT_EQ(timers->timers.size(), 2) << "the first, alone, took the step of the second";
     add('m', 60s, [] {});
     EXPECT_EQ(timers->validTimers(), 2);
     timers->fire();
     EXPECT_EQ(std::exchange(fired, ""), "acm") << "one that goes or comes meanwhile does not fire";
+    timers->fire();
+    EXPECT_EQ(std::exchange(fired, ""), "mad");
+    provider.setResting(true);
+    EXPECT_EQ(timers->validTimers(), 0);
+    another.setResting(false);
+    EXPECT_EQ(std::exchange(fired, ""), "adm") << "at once, and once";
+    another.setResting(false);
     timers->fire();
     EXPECT_EQ(std::exchange(fired, ""), "adm");
     for (auto& [name, handle] : handles) {

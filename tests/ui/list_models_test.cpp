@@ -137,15 +137,17 @@ TEST(TaskListModel, AnyStateFollowsAnyOther) {
     std::mt19937 random(7);
     for (int round = 0; round < 300; ++round) {
         TaskListViewState::View state;
+        std::vector<TaskListViewState::NonRunningItem> idle;
         for (int count = static_cast<int>(random() % 8); count > 0; --count) {
             const std::size_t which = random() % ids.size();
             const std::string name = std::to_string(which);
             if (random() % 4 == 0) {
                 state.runningItems.push_back(calls.running(ids[which], name, "0", ids[0]));
             } else {
-                state.nonRunningItems.push_back(calls.idle(ids[which], name));
+                idle.push_back(calls.idle(ids[which], name));
             }
         }
+        state.nonRunningItems = livedata::SharedList(std::move(idle));
         model.show(state);
         QStringList expected;
         const auto expect = [&](const auto& items) {
@@ -183,12 +185,8 @@ TEST(TaskDetailListModel, ShowsTheBeginningOfANoteThatIsTooLong) {
              {repeated(19'999, "a") + "🍅", repeated(19'999, "a") + "…"},
              {repeated(20'000, "é"), repeated(20'000, "é")},
              {repeated(30'000, "é"), repeated(20'000, "é") + "…"}}) {
-        model.showNotes({.canAddNote = true,
-                         .onAddNoteTapped = nullptr,
-                         .committedNotes = {{.id = base::Uuid::random(),
-                                             .noteText = note,
-                                             .onDeleteCommand = nullptr}},
-                         .pendingNote = {}});
+        model.showNotes(
+            {{.id = base::Uuid::random(), .noteText = note, .onDeleteCommand = nullptr}});
         const QString text = model.index(1).data(TaskDetailListModel::TextRole).toString();
         EXPECT_TRUE(text.toStdString() == shown) << note.size();
         EXPECT_EQ(model.index(1).data(TaskDetailListModel::IsCutRole), note != shown);
