@@ -18,6 +18,7 @@
 #include <string>
 #include <string_view>
 #include <system_error>
+#include <utility>
 #include <vector>
 
 #include "app/desktop.h"
@@ -42,6 +43,7 @@
 #include "store/store_fault.h"
 #include "ui/accessibility.h"
 #include "ui/message_window.h"
+#include "ui/toolkit_setting.h"
 
 using namespace hearthmark;
 
@@ -95,7 +97,7 @@ class Toolkit {
  public:
     Toolkit(int argc, char** argv)
         : arguments_(argc, argv), application_(prepared().count(), arguments_.data()) {
-        qunsetenv(kWithoutSharedPictures);
+        withoutSharedPictures_.reset();
         if (QLocale().textDirection() == Qt::RightToLeft) {
             QGuiApplication::setLayoutDirection(Qt::RightToLeft);
         }
@@ -103,12 +105,7 @@ class Toolkit {
     }
 
  private:
-    // Of a picture that it shares with the X server the toolkit asks, before each change, whether
-    // the last one was taken: two wake-ups each second, for a few words that are sent as fast.
-    static constexpr auto kWithoutSharedPictures = "QT_XCB_NO_MITSHM";
-
     ToolkitArguments& prepared() {
-        qputenv(kWithoutSharedPictures, "1");
         // A few words are repainted each second: the software scene graph takes less than half the
         // memory.
         QQuickWindow::setGraphicsApi(QSGRendererInterface::Software);
@@ -119,6 +116,10 @@ class Toolkit {
     }
 
     ToolkitArguments arguments_;
+    // Of a picture that it shares with the X server the toolkit asks, before each change, whether
+    // the last one was taken: two wake-ups each second, for a few words that are sent as fast.
+    std::optional<ui::ToolkitSetting> withoutSharedPictures_{std::in_place, "QT_XCB_NO_MITSHM",
+                                                             "1"};
     QGuiApplication application_;
 };
 

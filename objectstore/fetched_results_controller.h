@@ -1,23 +1,19 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <algorithm>
 #include <boost/signals2/connection.hpp>
-#include <cassert>
 #include <functional>
 #include <memory>
 #include <optional>
 #include <string>
 #include <utility>
-#include <vector>
 
 #include "objectstore/entity_description.h"
 #include "objectstore/managed_object_context.h"
 
 namespace hearthmark::objectstore {
 
-// An order by one attribute of the entity, named by its column. Absent values come first where
-// ascending; ties go by the row's key.
+// An order by one attribute of the entity, named by its column.
 struct SortDescriptor {
     std::string key;
     bool ascending;
@@ -67,40 +63,14 @@ class FetchedResultsController {
     // The fetched set, shared with every other controller of the entity; absent before the fetch.
     const std::optional<ObjectSet<Object>>& fetchedSet() const { return objects_; }
 
-    // The fetched objects in the order of the request, sorted at each call.
-    std::vector<std::shared_ptr<Object>> fetchedObjects() const {
-        std::vector<std::pair<Value, Object*>> keyed;
-        const AttributeDescription& attribute = sortAttribute();
-        for (Object& object : objects_.value_or(ObjectSet<Object>())) {
-            keyed.emplace_back(attribute.value(object), &object);
-        }
-        const bool ascending = request_.sortDescriptor.ascending;
-        std::ranges::stable_sort(keyed, [ascending](const auto& a, const auto& b) {
-            return ascending ? a.first < b.first : b.first < a.first;
-        });
-        std::vector<std::shared_ptr<Object>> objects;
-        objects.reserve(keyed.size());
-        for (const auto& [value, object] : keyed) {
-            objects.push_back(std::static_pointer_cast<Object>(object->shared_from_this()));
-        }
-        return objects;
-    }
-
  private:
-    const AttributeDescription& sortAttribute() const {
-        const auto& attributes = Object::entity().attributes();
-        const auto found =
-            std::ranges::find(attributes, request_.sortDescriptor.key, &AttributeDescription::name);
-        assert(found != attributes.end());
-        return *found;
-    }
-
     void call(std::function<void()> Delegate::*function) {
         if (const std::shared_ptr<const Delegate> kept = delegate_; kept && (*kept).*function) {
             ((*kept).*function)();
         }
     }
 
+    // Kept, but of no consequence: what is published is a set.
     FetchRequest<Object> request_;
     ManagedObjectContext& context_;
     std::shared_ptr<const Delegate> delegate_;

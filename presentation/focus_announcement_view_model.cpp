@@ -3,6 +3,7 @@
 
 #include <utility>
 
+#include "base/weakly.h"
 #include "presentation/texts.h"
 #include "store/time_texts.h"
 
@@ -36,11 +37,9 @@ void FocusAnnouncementViewModel::startObserving(
     intervalProvider_->startObserving();
     news(intervalProvider_->currentItems()->value());
     cancellable_ = intervalProvider_->currentItems()->subscribe(
-        [weak = weak_from_this()](const store::Intervals& intervals) {
-            if (const auto self = weak.lock()) {
-                self->announce(self->news(intervals));
-            }
-        });
+        base::weakly(weak_from_this(), [](auto& self, const store::Intervals& intervals) {
+            self.announce(self.news(intervals));
+        }));
 }
 
 std::vector<std::string> FocusAnnouncementViewModel::news(const store::Intervals& intervals) {
@@ -72,12 +71,10 @@ void FocusAnnouncementViewModel::announce(const std::vector<std::string>& lines)
     }
     // Repeats, since what fires while the machine goes to sleep does nothing.
     timer_ = timeKeepingProvider_->makeTimer(kAnnouncementTime, services::Repeats::yes,
-                                             [weak = weak_from_this()] {
-                                                 if (const auto self = weak.lock()) {
-                                                     self->stopTimer();
-                                                     self->announcement_.setValue({});
-                                                 }
-                                             });
+                                             base::weakly(weak_from_this(), [](auto& self) {
+                                                 self.stopTimer();
+                                                 self.announcement_.setValue({});
+                                             }));
     announcement_.setValue({});
     announcement_.setValue(std::move(text));
 }

@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "base/weakly.h"
 #include "presentation/texts.h"
 #include "store/time_texts.h"
 
@@ -36,26 +37,16 @@ FocusOverviewViewModel::~FocusOverviewViewModel() {
 
 void FocusOverviewViewModel::startObserving() {
     const auto weak = weak_from_this();
-    liveTasks_ = std::make_shared<LiveTasks>(
-        timeKeepingProvider_,
-        [weak](const store::Tasks& tasks) {
-            if (const auto self = weak.lock()) {
-                self->follow(tasks);
-            }
-        },
-        [weak] {
-            if (const auto self = weak.lock()) {
-                self->rebuild();
-            }
-        });
+    liveTasks_ = std::make_shared<LiveTasks>(timeKeepingProvider_,
+                                             base::weakly(weak, &FocusOverviewViewModel::follow),
+                                             base::weakly(weak, &FocusOverviewViewModel::rebuild));
     renewDays();
     liveTasks_->startObserving(*liveDataFactory_);
-    timer_ = timeKeepingProvider_->makeTimer(kCalendarTick, services::Repeats::yes, [weak] {
-        if (const auto self = weak.lock()) {
-            self->renewDays();
-            self->follow(self->liveTasks_->tasks());
-        }
-    });
+    timer_ = timeKeepingProvider_->makeTimer(kCalendarTick, services::Repeats::yes,
+                                             base::weakly(weak, [](auto& self) {
+                                                 self.renewDays();
+                                                 self.follow(self.liveTasks_->tasks());
+                                             }));
 }
 
 void FocusOverviewViewModel::renewDays() {

@@ -3,6 +3,8 @@
 
 #include <utility>
 
+#include "base/weakly.h"
+
 namespace hearthmark::presentation {
 
 HomeViewModel::HomeViewModel(
@@ -15,12 +17,9 @@ std::shared_ptr<HomeViewModel> HomeViewModel::make(
     std::shared_ptr<SelectedTaskIdPublisher> selectedTaskId) {
     std::shared_ptr<HomeViewModel> model(
         new HomeViewModel(std::move(dataOperationsService), std::move(selectedTaskId)));
-    model->cancellables_.push_back(model->publisher_->subscribe(
-        [weak = std::weak_ptr(model)](const std::optional<base::Uuid>& taskId) {
-            if (const auto self = weak.lock()) {
-                self->selectedTaskId_.setValue(taskId);
-            }
-        }));
+    model->cancellables_.push_back(model->publisher_->subscribe(base::weakly(
+        std::weak_ptr(model),
+        [](auto& self, const auto& taskId) { self.selectedTaskId_.setValue(taskId); })));
     return model;
 }
 

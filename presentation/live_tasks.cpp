@@ -5,6 +5,8 @@
 #include <string>
 #include <utility>
 
+#include "base/weakly.h"
+
 namespace hearthmark::presentation {
 
 namespace {
@@ -45,12 +47,8 @@ void LiveTasks::observe(const store::LiveDataProvidingFactoryProtocol& liveDataF
                         std::unique_ptr<store::LiveDataProvider<Entity>>& provider,
                         void (*onItems)(LiveTasks&, const objectstore::ObjectSet<Entity>&)) {
     provider = liveDataFactory.makeProvider<Entity>({.key = sortKey, .ascending = true});
-    cancellables_.push_back(provider->currentItems()->subscribe(
-        [weak = weak_from_this(), onItems](const objectstore::ObjectSet<Entity>& items) {
-            if (const auto self = weak.lock()) {
-                onItems(*self, items);
-            }
-        }));
+    cancellables_.push_back(
+        provider->currentItems()->subscribe(base::weakly(weak_from_this(), onItems)));
     provider->startObserving();
 }
 
@@ -61,12 +59,9 @@ void LiveTasks::followStates(const store::RawIntervalStates& states) {
     if (!runs) {
         stopTimer();
     } else if (!timer_) {
-        timer_ = timeKeepingProvider_->makeTimer(kTick, services::Repeats::yes,
-                                                 [weak = weak_from_this()] {
-                                                     if (const auto self = weak.lock()) {
-                                                         self->onTick_();
-                                                     }
-                                                 });
+        timer_ = timeKeepingProvider_->makeTimer(
+            kTick, services::Repeats::yes,
+            base::weakly(weak_from_this(), [](auto& self) { self.onTick_(); }));
     }
 }
 

@@ -4,6 +4,7 @@
 #include <utility>
 #include <vector>
 
+#include "base/weakly.h"
 #include "presentation/texts.h"
 #include "store/note.h"
 
@@ -23,11 +24,7 @@ void NotesViewModel::startObserving() {
     tasksProvider_ =
         liveDataFactory_->makeProvider<store::Task>({.key = "creationDate", .ascending = true});
     tasksCancellable_ = tasksProvider_->currentItems()->subscribe(
-        [weak = weak_from_this()](const store::Tasks& tasks) {
-            if (const auto self = weak.lock()) {
-                self->rebuild(tasks);
-            }
-        });
+        base::weakly(weak_from_this(), &NotesViewModel::rebuild));
     tasksProvider_->startObserving();
 }
 
@@ -61,12 +58,10 @@ livedata::SharedList<NotesViewState::CommittedNote> NotesViewModel::committedNot
         if (note->id()) {
             rows.push_back({.id = *note->id(),
                             .noteText = orDash(note->text()),
-                            .onDeleteCommand =
-                                livedata::makeAction([weak = weak_from_this(), id = *note->id()] {
-                                    if (const auto self = weak.lock()) {
-                                        self->dataOperationsService_->deleteNote(id, self->taskId_);
-                                    }
-                                })});
+                            .onDeleteCommand = livedata::makeAction(
+                                base::weakly(weak_from_this(), [id = *note->id()](auto& self) {
+                                    self.dataOperationsService_->deleteNote(id, self.taskId_);
+                                }))});
         }
     }
     return livedata::SharedList(std::move(rows));
@@ -86,21 +81,13 @@ std::optional<NotesViewState::PendingNote> NotesViewModel::pendingNoteView() {
 }
 
 livedata::Action NotesViewModel::makeAction(void (NotesViewModel::*operation)()) {
-    return livedata::makeAction([weak = weak_from_this(), operation] {
-        if (const auto self = weak.lock()) {
-            ((*self).*operation)();
-        }
-    });
+    return livedata::makeAction(base::weakly(weak_from_this(), operation));
 }
 
 livedata::ActionOn<std::string> NotesViewModel::makeActionOnText(
     void (NotesViewModel::*operation)(const std::string&)) {
     return std::make_shared<const livedata::Block<std::string>>(
-        [weak = weak_from_this(), operation](const std::string& text) {
-            if (const auto self = weak.lock()) {
-                ((*self).*operation)(text);
-            }
-        });
+        base::weakly(weak_from_this(), operation));
 }
 
 void NotesViewModel::patchPendingNote() {

@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "base/weakly.h"
 #include "presentation/texts.h"
 #include "store/time_texts.h"
 
@@ -41,18 +42,9 @@ TaskDetailViewModel::TaskDetailViewModel(
 
 void TaskDetailViewModel::startObserving() {
     const auto weak = weak_from_this();
-    liveTasks_ = std::make_shared<LiveTasks>(
-        timeKeepingProvider_,
-        [weak](const store::Tasks& tasks) {
-            if (const auto self = weak.lock()) {
-                self->follow(tasks);
-            }
-        },
-        [weak] {
-            if (const auto self = weak.lock()) {
-                self->rebuild();
-            }
-        });
+    liveTasks_ = std::make_shared<LiveTasks>(timeKeepingProvider_,
+                                             base::weakly(weak, &TaskDetailViewModel::follow),
+                                             base::weakly(weak, &TaskDetailViewModel::rebuild));
     liveTasks_->startObserving(*liveDataFactory_);
 }
 
@@ -107,11 +99,9 @@ TaskDetailViewModel::nonRunningIntervals(const std::vector<const store::Interval
 }
 
 livedata::Action TaskDetailViewModel::deleteAction(const base::Uuid& intervalId) {
-    return livedata::makeAction([weak = weak_from_this(), intervalId] {
-        if (const auto self = weak.lock()) {
-            self->dataOperationsService_->deleteInterval(intervalId, self->selectedTaskId_);
-        }
-    });
+    return livedata::makeAction(base::weakly(weak_from_this(), [intervalId](auto& self) {
+        self.dataOperationsService_->deleteInterval(intervalId, self.selectedTaskId_);
+    }));
 }
 
 std::string TaskDetailViewModel::timeSpentText(const store::Interval& interval) const {
@@ -119,11 +109,8 @@ std::string TaskDetailViewModel::timeSpentText(const store::Interval& interval) 
 }
 
 livedata::Action TaskDetailViewModel::startAction(base::Seconds maxDuration) {
-    return livedata::makeAction([weak = weak_from_this(), maxDuration] {
-        if (const auto self = weak.lock()) {
-            self->startFocus(maxDuration);
-        }
-    });
+    return livedata::makeAction(base::weakly(
+        weak_from_this(), [maxDuration](auto& self) { self.startFocus(maxDuration); }));
 }
 
 void TaskDetailViewModel::startFocus(base::Seconds maxDuration) {

@@ -3,6 +3,7 @@
 
 #include <utility>
 
+#include "base/weakly.h"
 #include "presentation/texts.h"
 #include "store/newest_first.h"
 #include "store/raw_interval_state.h"
@@ -29,24 +30,11 @@ TasksListViewModel::TasksListViewModel(
 
 void TasksListViewModel::startObserving() {
     const auto weak = weak_from_this();
-    liveTasks_ = std::make_shared<LiveTasks>(
-        timeKeepingProvider_,
-        [weak](const store::Tasks& tasks) {
-            if (const auto self = weak.lock()) {
-                self->follow(tasks);
-            }
-        },
-        [weak] {
-            if (const auto self = weak.lock()) {
-                self->rebuild();
-            }
-        });
-    cancellables_.push_back(
-        mutableSelectedTaskId_->subscribe([weak](const std::optional<base::Uuid>&) {
-            if (const auto self = weak.lock()) {
-                self->follow(self->liveTasks_->tasks());
-            }
-        }));
+    liveTasks_ = std::make_shared<LiveTasks>(timeKeepingProvider_,
+                                             base::weakly(weak, &TasksListViewModel::follow),
+                                             base::weakly(weak, &TasksListViewModel::rebuild));
+    cancellables_.push_back(mutableSelectedTaskId_->subscribe(base::weakly(
+        weak, [](auto& self, const auto&) { self.follow(self.liveTasks_->tasks()); })));
     liveTasks_->startObserving(*liveDataFactory_);
 }
 
@@ -113,11 +101,11 @@ TaskListViewState::RunningItemInterval TasksListViewModel::runningItemInterval(
     const store::Interval& interval, const base::Uuid& intervalId, const base::Uuid& taskId) {
     return {.button = kFinish,
             .intervalId = intervalId,
-            .onButtonTap = livedata::makeAction([weak = weak_from_this(), intervalId, taskId] {
-                if (const auto self = weak.lock()) {
-                    self->dataOperationsService_->finishInterval(intervalId, taskId);
-                }
-            }),
+            .onButtonTap = livedata::makeAction(
+                base::weakly(weak_from_this(),
+                             [intervalId, taskId](auto& self) {
+                                 self.dataOperationsService_->finishInterval(intervalId, taskId);
+                             })),
             .onDeleteCommand = deleteTaskAction(taskId),
             .timeSpent = orDash(store::formattedTimeSpent(interval, *clock_)),
             .progress = store::progress(interval, *clock_)};
@@ -132,19 +120,14 @@ std::string TasksListViewModel::taskTimeSpent(const store::Task& task) const {
 }
 
 livedata::Action TasksListViewModel::selectAction(const base::Uuid& taskId) {
-    return livedata::makeAction([weak = weak_from_this(), taskId] {
-        if (const auto self = weak.lock()) {
-            self->mutableSelectedTaskId_->setValue(taskId);
-        }
-    });
+    return livedata::makeAction(base::weakly(
+        weak_from_this(), [taskId](auto& self) { self.mutableSelectedTaskId_->setValue(taskId); }));
 }
 
 livedata::Action TasksListViewModel::deleteTaskAction(const base::Uuid& taskId) {
-    return livedata::makeAction([weak = weak_from_this(), taskId] {
-        if (const auto self = weak.lock()) {
-            self->dataOperationsService_->deleteTask(taskId);
-        }
-    });
+    return livedata::makeAction(base::weakly(weak_from_this(), [taskId](auto& self) {
+        self.dataOperationsService_->deleteTask(taskId);
+    }));
 }
 
 }  // namespace hearthmark::presentation

@@ -4,6 +4,7 @@
 #include <utility>
 #include <variant>
 
+#include "base/weakly.h"
 #include "presentation/texts.h"
 
 namespace hearthmark::presentation {
@@ -37,23 +38,17 @@ UndoDeletionViewModel::~UndoDeletionViewModel() {
 }
 
 void UndoDeletionViewModel::startObserving() {
-    cancellable_ =
-        dataOperationsService_->latestDeletion().subscribeDidChange([weak = weak_from_this()] {
-            if (const auto self = weak.lock()) {
-                self->offer(self->dataOperationsService_->latestDeletion().value());
-            }
-        });
+    cancellable_ = dataOperationsService_->latestDeletion().subscribeDidChange(base::weakly(
+        weak_from_this(),
+        [](auto& self) { self.offer(self.dataOperationsService_->latestDeletion().value()); }));
 }
 
 void UndoDeletionViewModel::offer(std::shared_ptr<const store::Deletion> deletion) {
     offers_.push_back({.deletion = std::move(deletion), .until = clock_->now() + kUndoTime});
     if (!timer_) {
-        timer_ = timeKeepingProvider_->makeTimer(kTick, services::Repeats::yes,
-                                                 [weak = weak_from_this()] {
-                                                     if (const auto self = weak.lock()) {
-                                                         self->dropOldOffers();
-                                                     }
-                                                 });
+        timer_ = timeKeepingProvider_->makeTimer(
+            kTick, services::Repeats::yes,
+            base::weakly(weak_from_this(), &UndoDeletionViewModel::dropOldOffers));
     }
     show();
 }
@@ -89,13 +84,10 @@ void UndoDeletionViewModel::show() {
         viewState_.setValue(std::nullopt);
         return;
     }
-    viewState_.setValue(
-        UndoDeletionViewState{.text = textOf(*offers_.back().deletion),
-                              .onUndo = livedata::makeAction([weak = weak_from_this()] {
-                                  if (const auto self = weak.lock()) {
-                                      self->undo();
-                                  }
-                              })});
+    viewState_.setValue(UndoDeletionViewState{
+        .text = textOf(*offers_.back().deletion),
+        .onUndo =
+            livedata::makeAction(base::weakly(weak_from_this(), &UndoDeletionViewModel::undo))});
 }
 
 }  // namespace hearthmark::presentation

@@ -5,6 +5,8 @@
 #include <system_error>
 #include <utility>
 
+#include "base/weakly.h"
+
 namespace hearthmark::services {
 
 namespace {
@@ -37,11 +39,7 @@ void DailyBackupService::start() {
 std::shared_ptr<TimeKeeping> DailyBackupService::makeTimer(base::Seconds interval,
                                                            void (DailyBackupService::*action)()) {
     return timeKeepingProvider_->makeTimer(interval, Repeats::yes,
-                                           [weak = weak_from_this(), action] {
-                                               if (const auto self = weak.lock()) {
-                                                   (*self.*action)();
-                                               }
-                                           });
+                                           base::weakly(weak_from_this(), action));
 }
 
 void DailyBackupService::tell(const store::StoreNotice& notice) {

@@ -3,6 +3,8 @@
 
 #include <utility>
 
+#include "base/weakly.h"
+
 namespace hearthmark::services {
 
 namespace {
@@ -18,11 +20,10 @@ IntervalTimeKeeperService::IntervalTimeKeeperService(
       timeKeepingProvider_(std::move(timeKeepingProvider)) {}
 
 void IntervalTimeKeeperService::start() {
-    timeKeeper_ = timeKeepingProvider_->makeTimer(kTick, Repeats::yes, [weak = weak_from_this()] {
-        if (const auto self = weak.lock()) {
-            self->intervalFinisher_->finishDueIntervals();
-        }
-    });
+    timeKeeper_ = timeKeepingProvider_->makeTimer(kTick, Repeats::yes,
+                                                  base::weakly(weak_from_this(), [](auto& self) {
+                                                      self.intervalFinisher_->finishDueIntervals();
+                                                  }));
 }
 
 }  // namespace hearthmark::services

@@ -5,6 +5,8 @@
 #include <utility>
 #include <vector>
 
+#include "base/weakly.h"
+
 namespace hearthmark::services {
 
 namespace {
@@ -32,11 +34,7 @@ void LocalNotificationService::startObserving() {
     intervalProvider_ =
         liveDataFactory_->makeProvider<store::Interval>({.key = "creationDate", .ascending = true});
     cancellables_.push_back(intervalProvider_->currentItems()->subscribe(
-        [weak = weak_from_this()](const store::Intervals& intervals) {
-            if (const auto self = weak.lock()) {
-                self->handle(intervals);
-            }
-        }));
+        base::weakly(weak_from_this(), &LocalNotificationService::handle)));
     intervalProvider_->startObserving();
 }
 

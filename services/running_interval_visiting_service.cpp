@@ -3,6 +3,8 @@
 
 #include <utility>
 
+#include "base/weakly.h"
+
 namespace hearthmark::services {
 
 namespace {
@@ -20,12 +22,10 @@ RunningIntervalVisitingService::RunningIntervalVisitingService(
       clock_(std::move(clock)) {}
 
 void RunningIntervalVisitingService::start() {
-    timeKeeper_ =
-        timeKeepingProvider_->makeTimer(kVisitInterval, Repeats::yes, [weak = weak_from_this()] {
-            if (const auto self = weak.lock()) {
-                self->dataOperationsService_->markRunningIntervalsVisited(self->clock_->now());
-            }
-        });
+    timeKeeper_ = timeKeepingProvider_->makeTimer(
+        kVisitInterval, Repeats::yes, base::weakly(weak_from_this(), [](auto& self) {
+            self.dataOperationsService_->markRunningIntervalsVisited(self.clock_->now());
+        }));
 }
 
 }  // namespace hearthmark::services

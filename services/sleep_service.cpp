@@ -3,6 +3,8 @@
 
 #include <utility>
 
+#include "base/weakly.h"
+
 namespace hearthmark::services {
 
 namespace {
@@ -26,15 +28,8 @@ SleepService::SleepService(
       excluded_(uptime_().asleep) {}
 
 void SleepService::start() {
-    const auto handler = [weak = weak_from_this()](void (SleepService::*handle)()) {
-        return [weak, handle] {
-            if (const auto self = weak.lock()) {
-                ((*self).*handle)();
-            }
-        };
-    };
-    sleepMonitor_->start(
-        {.willSleep = handler(&SleepService::sleep), .didWake = handler(&SleepService::wake)});
+    sleepMonitor_->start({.willSleep = base::weakly(weak_from_this(), &SleepService::sleep),
+                          .didWake = base::weakly(weak_from_this(), &SleepService::wake)});
 }
 
 void SleepService::sleep() {

@@ -3,6 +3,7 @@
 
 #include <utility>
 
+#include "base/weakly.h"
 #include "store/newest_first.h"
 #include "store/time_texts.h"
 
@@ -45,18 +46,10 @@ void StatusBarService::setUp() {
         return;
     }
     button->setTitle(kIdleTitle);
-    button->setAction([weak = weak_from_this()] {
-        if (const auto self = weak.lock()) {
-            self->statusItemButtonAction();
-        }
-    });
+    button->setAction(base::weakly(weak_from_this(), &StatusBarService::statusItemButtonAction));
     // The subscription tells of the present set at once.
     intervalsObserver_ = intervalsProvider_->currentItems()->subscribe(
-        [weak = weak_from_this()](const store::Intervals& intervals) {
-            if (const auto self = weak.lock()) {
-                self->handle(intervals);
-            }
-        });
+        base::weakly(weak_from_this(), &StatusBarService::handle));
 }
 
 void StatusBarService::handle(const store::Intervals& intervals) {
@@ -76,12 +69,9 @@ void StatusBarService::handle(const store::Intervals& intervals) {
 }
 
 void StatusBarService::startTimer(const std::shared_ptr<store::Interval>& interval) {
-    timer_ =
-        timeKeepingProvider_->makeTimer(kTick, Repeats::yes, [weak = weak_from_this(), interval] {
-            if (const auto self = weak.lock()) {
-                self->show(*interval);
-            }
-        });
+    timer_ = timeKeepingProvider_->makeTimer(
+        kTick, Repeats::yes,
+        base::weakly(weak_from_this(), [interval](auto& self) { self.show(*interval); }));
 }
 
 void StatusBarService::stopTimer() {

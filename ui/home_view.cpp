@@ -12,28 +12,19 @@
 
 namespace hearthmark::ui {
 
-namespace {
-
-// Looked at with the first frame: for how long, in milliseconds, the toolkit gathers changes before
-// it draws. All of a second's come together, and waiting is one wake-up more.
-constexpr auto kGatheringTime = "QT_QPA_UPDATE_IDLE_TIME";
-
-}  // namespace
-
 HomeView::HomeView(std::unique_ptr<HomeAdapter> adapter, std::shared_ptr<MainWindowLoader> loader,
                    WindowShouldClose windowShouldClose)
     : windowShouldClose_(std::move(windowShouldClose)),
       adapter_(std::move(adapter)),
       loader_(std::move(loader)),
       window_(loader_->makeWindow(*adapter_)) {
-    qputenv(kGatheringTime, "0");
     window_->resize(window_->size().boundedTo(window_->screen()->availableSize()));
     // A panel takes the icon also from a window that it shows already.
     connect(
         window_.get(), &QQuickWindow::frameSwapped, this,
-        [] {
+        [this] {
             QGuiApplication::setWindowIcon(windowIcon());
-            qunsetenv(kGatheringTime);  // what the program starts is not to inherit it
+            gatheringTime_.reset();
         },
         static_cast<Qt::ConnectionType>(Qt::QueuedConnection | Qt::SingleShotConnection));
     connect(window_.get(), &QWindow::visibleChanged, this, &HomeView::setShown);

@@ -4,9 +4,12 @@
 #include <QObject>
 #include <functional>
 #include <memory>
+#include <optional>
+#include <utility>
 
 #include "services/home_view_factory_protocol.h"
 #include "ui/home_adapter.h"
+#include "ui/toolkit_setting.h"
 
 class QQuickWindow;
 
@@ -43,6 +46,9 @@ class HomeView final : public QObject, public services::HomeViewProtocol {
     std::unique_ptr<HomeAdapter> adapter_;
     std::shared_ptr<MainWindowLoader> loader_;
     std::unique_ptr<QQuickWindow> window_;
+    // How many milliseconds the toolkit gathers changes before it draws, which it looks up with the
+    // first frame. All of a second's come together, and to wait for more is one wake-up more.
+    std::optional<ToolkitSetting> gatheringTime_{std::in_place, "QT_QPA_UPDATE_IDLE_TIME", "0"};
     // Maximised or full-screen, or neither, when it was hidden: the desktop forgets that.
     Qt::WindowStates hiddenStates_ = Qt::WindowNoState;
     bool isQuitting_ = false;
