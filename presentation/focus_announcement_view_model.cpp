@@ -26,10 +26,6 @@ FocusAnnouncementViewModel::FocusAnnouncementViewModel(
     std::shared_ptr<services::TimeKeepingProviderProtocol> timeKeepingProvider)
     : timeKeepingProvider_(std::move(timeKeepingProvider)) {}
 
-FocusAnnouncementViewModel::~FocusAnnouncementViewModel() {
-    stopTimer();
-}
-
 void FocusAnnouncementViewModel::startObserving(
     const store::LiveDataProvidingFactoryProtocol& liveDataFactory) {
     intervalProvider_ =
@@ -64,7 +60,7 @@ void FocusAnnouncementViewModel::announce(const std::vector<std::string>& lines)
     if (lines.empty()) {
         return;
     }
-    stopTimer();
+    timer_.stop();
     std::string text;
     for (const std::string& line : lines) {
         text += (text.empty() ? "" : "\n") + line;
@@ -72,18 +68,11 @@ void FocusAnnouncementViewModel::announce(const std::vector<std::string>& lines)
     // Repeats, since what fires while the machine goes to sleep does nothing.
     timer_ = timeKeepingProvider_->makeTimer(kAnnouncementTime, services::Repeats::yes,
                                              base::weakly(weak_from_this(), [](auto& self) {
-                                                 self.stopTimer();
+                                                 self.timer_.stop();
                                                  self.announcement_.setValue({});
                                              }));
     announcement_.setValue({});
     announcement_.setValue(std::move(text));
-}
-
-void FocusAnnouncementViewModel::stopTimer() {
-    if (timer_) {
-        timer_->invalidate();
-        timer_.reset();
-    }
 }
 
 }  // namespace hearthmark::presentation

@@ -10,6 +10,7 @@
 #include "base/uuid.h"
 #include "livedata/published.h"
 #include "livedata/subscription.h"
+#include "services/owned_timer.h"
 #include "services/time_keeping.h"
 #include "store/live_data.h"
 
@@ -26,9 +27,6 @@ class FocusAnnouncementViewModel final
     // To be held by a shared pointer: its closures hold it weakly.
     explicit FocusAnnouncementViewModel(
         std::shared_ptr<services::TimeKeepingProviderProtocol> timeKeepingProvider);
-    FocusAnnouncementViewModel(const FocusAnnouncementViewModel&) = delete;
-    FocusAnnouncementViewModel& operator=(const FocusAnnouncementViewModel&) = delete;
-    ~FocusAnnouncementViewModel();
 
     // A line for each focus; empty while there is nothing to say, and for a moment between two
     // announcements, so that each of them is seen to appear.
@@ -41,7 +39,6 @@ class FocusAnnouncementViewModel final
     // A text for each interval that differs from what was seen before.
     std::vector<std::string> news(const store::Intervals& intervals);
     void announce(const std::vector<std::string>& lines);
-    void stopTimer();
 
     livedata::Published<std::string> announcement_;
     std::shared_ptr<services::TimeKeepingProviderProtocol> timeKeepingProvider_;
@@ -50,7 +47,7 @@ class FocusAnnouncementViewModel final
     // or an undo is no start.
     std::unordered_set<base::Uuid> begun_;
     // Present only while something is announced.
-    std::shared_ptr<services::TimeKeeping> timer_;
+    services::OwnedTimer timer_;
     livedata::Subscription cancellable_;
 };
 

@@ -29,12 +29,6 @@ FocusOverviewViewModel::FocusOverviewViewModel(
       calendar_(std::move(calendar)),
       taskId_(taskId) {}
 
-FocusOverviewViewModel::~FocusOverviewViewModel() {
-    if (timer_) {
-        timer_->invalidate();
-    }
-}
-
 void FocusOverviewViewModel::startObserving() {
     const auto weak = weak_from_this();
     liveTasks_ = std::make_shared<LiveTasks>(timeKeepingProvider_,

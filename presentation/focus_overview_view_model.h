@@ -13,6 +13,7 @@
 #include "livedata/published.h"
 #include "presentation/live_tasks.h"
 #include "presentation/task_versions.h"
+#include "services/owned_timer.h"
 #include "services/time_keeping.h"
 #include "store/live_data.h"
 
@@ -53,9 +54,6 @@ class FocusOverviewViewModel final : public std::enable_shared_from_this<FocusOv
         std::shared_ptr<services::TimeKeepingProviderProtocol> timeKeepingProvider,
         std::shared_ptr<const base::Clock> clock, std::shared_ptr<const base::Calendar> calendar,
         std::optional<base::Uuid> taskId);
-    FocusOverviewViewModel(const FocusOverviewViewModel&) = delete;
-    FocusOverviewViewModel& operator=(const FocusOverviewViewModel&) = delete;
-    ~FocusOverviewViewModel();
 
     // Absent until observation has begun.
     livedata::Published<std::optional<FocusOverviewViewState::View>>& viewState() {
@@ -90,7 +88,7 @@ class FocusOverviewViewModel final : public std::enable_shared_from_this<FocusOv
     std::vector<base::Seconds> settledSpent_;
     TaskVersions versions_;
     // For midnight, and for a change of the time zone.
-    std::shared_ptr<services::TimeKeeping> timer_;
+    services::OwnedTimer timer_;
 };
 
 }  // namespace hearthmark::presentation

@@ -21,10 +21,6 @@ LiveTasks::LiveTasks(std::shared_ptr<services::TimeKeepingProviderProtocol> time
       onChange_(std::move(onChange)),
       onTick_(std::move(onTick)) {}
 
-LiveTasks::~LiveTasks() {
-    stopTimer();
-}
-
 void LiveTasks::startObserving(const store::LiveDataProvidingFactoryProtocol& liveDataFactory) {
     observe<store::Task>(liveDataFactory, "creationDate", tasksProvider_,
                          [](LiveTasks& self, const store::Tasks& tasks) { self.onChange_(tasks); });
@@ -57,18 +53,11 @@ void LiveTasks::followStates(const store::RawIntervalStates& states) {
         std::any_of(states.begin(), states.end(),
                     [](const store::RawIntervalState& state) { return state.isRunning(); });
     if (!runs) {
-        stopTimer();
+        timer_.stop();
     } else if (!timer_) {
         timer_ = timeKeepingProvider_->makeTimer(
             kTick, services::Repeats::yes,
             base::weakly(weak_from_this(), [](auto& self) { self.onTick_(); }));
-    }
-}
-
-void LiveTasks::stopTimer() {
-    if (timer_) {
-        timer_->invalidate();
-        timer_.reset();
     }
 }
 

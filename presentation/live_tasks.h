@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "livedata/subscription.h"
+#include "services/owned_timer.h"
 #include "services/time_keeping.h"
 #include "store/live_data.h"
 
@@ -22,9 +23,6 @@ class LiveTasks final : public std::enable_shared_from_this<LiveTasks> {
 
     LiveTasks(std::shared_ptr<services::TimeKeepingProviderProtocol> timeKeepingProvider,
               OnChange onChange, std::function<void()> onTick);
-    LiveTasks(const LiveTasks&) = delete;
-    LiveTasks& operator=(const LiveTasks&) = delete;
-    ~LiveTasks();
 
     // Called once.
     void startObserving(const store::LiveDataProvidingFactoryProtocol& liveDataFactory);
@@ -39,7 +37,6 @@ class LiveTasks final : public std::enable_shared_from_this<LiveTasks> {
                  std::unique_ptr<store::LiveDataProvider<Entity>>& provider,
                  void (*onItems)(LiveTasks& self, const objectstore::ObjectSet<Entity>& items));
     void followStates(const store::RawIntervalStates& states);
-    void stopTimer();
 
     std::shared_ptr<services::TimeKeepingProviderProtocol> timeKeepingProvider_;
     OnChange onChange_;
@@ -48,7 +45,7 @@ class LiveTasks final : public std::enable_shared_from_this<LiveTasks> {
     std::unique_ptr<store::LiveDataProvider<store::Interval>> intervalProvider_;
     std::unique_ptr<store::LiveDataProvider<store::RawIntervalState>> intervalStateProvider_;
     // Present only while some interval runs.
-    std::shared_ptr<services::TimeKeeping> timer_;
+    services::OwnedTimer timer_;
     std::vector<livedata::Subscription> cancellables_;
 };
 

@@ -31,12 +31,6 @@ UndoDeletionViewModel::UndoDeletionViewModel(
       timeKeepingProvider_(std::move(timeKeepingProvider)),
       clock_(std::move(clock)) {}
 
-UndoDeletionViewModel::~UndoDeletionViewModel() {
-    if (timer_) {
-        timer_->invalidate();
-    }
-}
-
 void UndoDeletionViewModel::startObserving() {
     cancellable_ = dataOperationsService_->latestDeletion().subscribeDidChange(base::weakly(
         weak_from_this(),
@@ -77,10 +71,7 @@ void UndoDeletionViewModel::dropOldOffers() {
 
 void UndoDeletionViewModel::show() {
     if (offers_.empty()) {
-        if (timer_) {
-            timer_->invalidate();
-            timer_.reset();
-        }
+        timer_.stop();
         viewState_.setValue(std::nullopt);
         return;
     }

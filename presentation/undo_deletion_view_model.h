@@ -11,6 +11,7 @@
 #include "livedata/block.h"
 #include "livedata/published.h"
 #include "livedata/subscription.h"
+#include "services/owned_timer.h"
 #include "services/time_keeping.h"
 #include "store/data_operations_service_protocol.h"
 
@@ -34,9 +35,6 @@ class UndoDeletionViewModel final : public std::enable_shared_from_this<UndoDele
         std::shared_ptr<store::DataOperationsServiceProtocol> dataOperationsService,
         std::shared_ptr<services::TimeKeepingProviderProtocol> timeKeepingProvider,
         std::shared_ptr<const base::Clock> clock);
-    UndoDeletionViewModel(const UndoDeletionViewModel&) = delete;
-    UndoDeletionViewModel& operator=(const UndoDeletionViewModel&) = delete;
-    ~UndoDeletionViewModel();
 
     // Absent while there is nothing to undo.
     livedata::Published<std::optional<UndoDeletionViewState>>& viewState() { return viewState_; }
@@ -62,7 +60,7 @@ class UndoDeletionViewModel final : public std::enable_shared_from_this<UndoDele
     // Oldest first.
     std::vector<Offer> offers_;
     // Present only while something is offered.
-    std::shared_ptr<services::TimeKeeping> timer_;
+    services::OwnedTimer timer_;
     livedata::Subscription cancellable_;
 };
 

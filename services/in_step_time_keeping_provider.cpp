@@ -5,6 +5,8 @@
 #include <utility>
 #include <vector>
 
+#include "services/owned_timer.h"
+
 namespace hearthmark::services {
 
 // What the timers of one interval follow. Its own timer runs while any of them does.
@@ -17,7 +19,7 @@ class InStepTimeKeepingProvider::Beat final : public std::enable_shared_from_thi
 
     std::shared_ptr<TimeKeeping> add(std::function<void()> action) {
         if (followers_.size() == 1) {
-            stop();
+            timer_.stop();
         }
         auto follower = std::make_shared<Follower>(weak_from_this(), std::move(action));
         followers_.push_back(follower);
@@ -72,22 +74,15 @@ class InStepTimeKeepingProvider::Beat final : public std::enable_shared_from_thi
 
     void startOrStop() {
         if (isResting_ || followers_.empty()) {
-            stop();
+            timer_.stop();
         } else if (!timer_) {
             timer_ = start_([beat = shared_from_this()] { beat->fire(); });
         }
     }
 
-    void stop() {
-        if (timer_) {
-            timer_->invalidate();
-            timer_.reset();
-        }
-    }
-
     Start start_;
     bool isResting_;
-    std::shared_ptr<TimeKeeping> timer_;
+    OwnedTimer timer_;
     std::vector<std::shared_ptr<Follower>> followers_;
 };
 

@@ -59,11 +59,11 @@ void StatusBarService::handle(const store::Intervals& intervals) {
         statusItem_->button()->setProgress({});
         // The interval is remembered, so that one that comes back after this is not shown again;
         // that is wanted.
-        stopTimer();
+        timer_.stop();
     } else if (latest != latestRunningInterval_.get()) {
         latestRunningInterval_ =
             std::static_pointer_cast<store::Interval>(latest->shared_from_this());
-        stopTimer();
+        timer_.stop();
         startTimer(latestRunningInterval_);
     }
 }
@@ -72,13 +72,6 @@ void StatusBarService::startTimer(const std::shared_ptr<store::Interval>& interv
     timer_ = timeKeepingProvider_->makeTimer(
         kTick, Repeats::yes,
         base::weakly(weak_from_this(), [interval](auto& self) { self.show(*interval); }));
-}
-
-void StatusBarService::stopTimer() {
-    if (timer_) {
-        timer_->invalidate();
-        timer_.reset();
-    }
 }
 
 void StatusBarService::show(const store::Interval& interval) {

@@ -9,6 +9,7 @@
 #include "livedata/subscription.h"
 #include "services/application_windows.h"
 #include "services/home_view_factory_protocol.h"
+#include "services/owned_timer.h"
 #include "services/status_bar.h"
 #include "services/time_keeping.h"
 #include "store/live_data.h"
@@ -40,7 +41,6 @@ class StatusBarService final : public std::enable_shared_from_this<StatusBarServ
  private:
     void handle(const store::Intervals& intervals);
     void startTimer(const std::shared_ptr<store::Interval>& interval);
-    void stopTimer();
     void show(const store::Interval& interval);
     void statusItemButtonAction() const;
 
@@ -53,7 +53,7 @@ class StatusBarService final : public std::enable_shared_from_this<StatusBarServ
     std::shared_ptr<store::Interval> latestRunningInterval_;
     std::unique_ptr<StatusItem> statusItem_;
     // Present only while an interval is shown.
-    std::shared_ptr<TimeKeeping> timer_;
+    OwnedTimer timer_;
     livedata::Subscription intervalsObserver_;
 };
 

@@ -6,7 +6,6 @@
 #include <QTime>
 #include <utility>
 
-#include "ui/assign_shown.h"
 #include "ui/restore_adapter.h"
 
 namespace hearthmark::ui {
@@ -34,12 +33,11 @@ QString detailText(const presentation::RestoreBackupViewState::Item& item) {
 
 }  // namespace
 
-QList<int> BackupRow::assign(BackupRow&& next) {
-    QList<int> changed;
-    assignShown(text, std::move(next.text), BackupListModel::TextRole, changed);
-    assignShown(detail, std::move(next.detail), BackupListModel::DetailRole, changed);
-    assignShown(isSelected, next.isSelected, BackupListModel::IsSelectedRole, changed);
-    return changed;
+const std::vector<RowRole<BackupRow>>& BackupRow::roles() {
+    static const std::vector kRoles{role<&BackupRow::text>("text"),
+                                    role<&BackupRow::detail>("detail"),
+                                    role<&BackupRow::isSelected>("isSelected")};
+    return kRoles;
 }
 
 void BackupListModel::show(const presentation::RestoreBackupViewState& state) {
@@ -52,27 +50,6 @@ void BackupListModel::show(const presentation::RestoreBackupViewState& state) {
                         .isSelected = rows.size() == state.selected});
     }
     update(std::move(rows));
-}
-
-QVariant BackupListModel::data(const QModelIndex& index, int role) const {
-    const BackupRow* row = rowAt(index.row());
-    if (row == nullptr) {
-        return {};
-    }
-    switch (role) {
-        case TextRole:
-            return row->text;
-        case DetailRole:
-            return row->detail;
-        case IsSelectedRole:
-            return row->isSelected;
-        default:
-            return {};
-    }
-}
-
-QHash<int, QByteArray> BackupListModel::roleNames() const {
-    return {{TextRole, "text"}, {DetailRole, "detail"}, {IsSelectedRole, "isSelected"}};
 }
 
 }  // namespace hearthmark::ui

@@ -13,7 +13,7 @@ namespace hearthmark::ui {
 
 // A backup in the list.
 struct BackupRow {
-    QList<int> assign(BackupRow&& next);
+    static const std::vector<RowRole<BackupRow>>& roles();
 
     // Its place from above.
     RowKey key;
@@ -31,14 +31,9 @@ class BackupListModel : public RowListModel<BackupRow> {
     QML_UNCREATABLE("made by the restore adapter")
 
  public:
-    enum Role { TextRole = Qt::UserRole, DetailRole, IsSelectedRole };
-
     using RowListModel::RowListModel;
 
     void show(const presentation::RestoreBackupViewState& state);
-
-    QVariant data(const QModelIndex& index, int role) const override;
-    QHash<int, QByteArray> roleNames() const override;
 };
 
 }  // namespace hearthmark::ui

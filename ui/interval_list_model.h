@@ -12,7 +12,7 @@ namespace hearthmark::ui {
 
 // One interval as a line: its text and what can be done with it. An absent action does nothing.
 struct IntervalRow {
-    QList<int> assign(IntervalRow&& next);
+    static const std::vector<RowRole<IntervalRow>>& roles();
 
     RowKey key;
     QString timeSpent;
@@ -30,12 +30,7 @@ class IntervalListModel : public RowListModel<IntervalRow> {
     QML_UNCREATABLE("made by the adapters")
 
  public:
-    enum Role { TimeSpentRole = Qt::UserRole, ButtonRole, ProgressRole };
-
     using RowListModel::RowListModel;
-
-    QVariant data(const QModelIndex& index, int role) const override;
-    QHash<int, QByteArray> roleNames() const override;
 
     Q_INVOKABLE void tapButton(int row) const;
     Q_INVOKABLE void deleteRow(int row) const;

@@ -3,7 +3,7 @@
 
 #include <utility>
 
-#include "ui/assign_shown.h"
+#include "ui/run_action.h"
 #include "ui/text_conversion.h"
 #include "ui/typed_text.h"
 

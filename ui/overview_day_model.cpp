@@ -6,7 +6,6 @@
 #include <cmath>
 #include <utility>
 
-#include "ui/assign_shown.h"
 #include "ui/text_conversion.h"
 
 namespace hearthmark::ui {
@@ -22,11 +21,10 @@ QString dayText(const presentation::FocusOverviewViewState::Day& day) {
 
 }  // namespace
 
-QList<int> OverviewDayRow::assign(OverviewDayRow&& next) {
-    QList<int> changed;
-    assignShown(text, std::move(next.text), OverviewDayModel::TextRole, changed);
-    assignShown(share, next.share, OverviewDayModel::ShareRole, changed);
-    return changed;
+const std::vector<RowRole<OverviewDayRow>>& OverviewDayRow::roles() {
+    static const std::vector kRoles{role<&OverviewDayRow::text>("text"),
+                                    role<&OverviewDayRow::share>("share")};
+    return kRoles;
 }
 
 void OverviewDayModel::show(const std::vector<presentation::FocusOverviewViewState::Day>& days) {
@@ -37,25 +35,6 @@ void OverviewDayModel::show(const std::vector<presentation::FocusOverviewViewSta
         rows.push_back({.key = keys.next({}), .text = dayText(day), .share = day.share});
     }
     update(std::move(rows));
-}
-
-QVariant OverviewDayModel::data(const QModelIndex& index, int role) const {
-    const OverviewDayRow* row = rowAt(index.row());
-    if (row == nullptr) {
-        return {};
-    }
-    switch (role) {
-        case TextRole:
-            return row->text;
-        case ShareRole:
-            return row->share;
-        default:
-            return {};
-    }
-}
-
-QHash<int, QByteArray> OverviewDayModel::roleNames() const {
-    return {{TextRole, "text"}, {ShareRole, "share"}};
 }
 
 }  // namespace hearthmark::ui

@@ -13,7 +13,7 @@ namespace hearthmark::ui {
 
 // A bar of the chart.
 struct OverviewDayRow {
-    QList<int> assign(OverviewDayRow&& next);
+    static const std::vector<RowRole<OverviewDayRow>>& roles();
 
     // Its place from the left.
     RowKey key;
@@ -29,14 +29,9 @@ class OverviewDayModel : public RowListModel<OverviewDayRow> {
     QML_UNCREATABLE("made by the overview adapter")
 
  public:
-    enum Role { TextRole = Qt::UserRole, ShareRole };
-
     using RowListModel::RowListModel;
 
     void show(const std::vector<presentation::FocusOverviewViewState::Day>& days);
-
-    QVariant data(const QModelIndex& index, int role) const override;
-    QHash<int, QByteArray> roleNames() const override;
 };
 
 }  // namespace hearthmark::ui

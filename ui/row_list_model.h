@@ -2,6 +2,9 @@
 #pragma once
 
 #include <QAbstractListModel>
+#include <QByteArray>
+#include <QHash>
+#include <QVariant>
 #include <algorithm>
 #include <iterator>
 #include <unordered_map>
@@ -13,13 +16,47 @@
 
 namespace hearthmark::ui {
 
+// A field of a row as views know it: its name in QML, what they are given, and whether two states
+// of the row differ in it.
+template <class Row>
+struct RowRole {
+    const char* name;
+    QVariant (*value)(const Row& row);
+    bool (*differs)(const Row& a, const Row& b);
+};
+
+template <auto Member>
+struct RowField;
+
+template <class Row_, class Value, Value Row_::*Member>
+struct RowField<Member> {
+    using Row = Row_;
+    static QVariant value(const Row& row) { return row.*Member; }
+    static bool differs(const Row& a, const Row& b) { return a.*Member != b.*Member; }
+};
+
+// The field of a member.
+template <auto Member>
+RowRole<typename RowField<Member>::Row> role(const char* name) {
+    return {name, &RowField<Member>::value, &RowField<Member>::differs};
+}
+
+// The kind in its key, which a row keeps.
+template <class Row>
+RowRole<Row> kindRole() {
+    return {"kind", [](const Row& row) { return QVariant(row.key.kind); },
+            [](const Row& /*a*/, const Row& /*b*/) { return false; }};
+}
+
 // A list of rows that changes from one whole state to the next while touching only what differs, so
 // that a rebuild each second moves no scroll bar, closes no menu and drops no focus.
 //
 // Row must offer:
 //   `RowKey key`, unique within one list;
-//   `QList<int> assign(Row&& next)`, which takes over a row with the same key, always with its
-//   actions, and returns the roles whose shown value differs.
+//   `static const std::vector<RowRole<Row>>& roles()`, all that views see of it; the first is
+//   Qt::UserRole, and so on;
+//   and may have `void settle(Row* shown)`, called before it takes the place of the row with the
+//   same key, or comes anew.
 template <class Row>
 class RowListModel : public QAbstractListModel {
  public:
@@ -29,11 +66,23 @@ class RowListModel : public QAbstractListModel {
         return parent.isValid() ? 0 : static_cast<int>(rows_.size());
     }
 
+    QVariant data(const QModelIndex& index, int role) const override {
+        const Row* row = rowAt(index.row());
+        const auto place = static_cast<std::size_t>(role - Qt::UserRole);
+        const bool isThere = row != nullptr && role >= Qt::UserRole && place < Row::roles().size();
+        return isThere ? Row::roles()[place].value(*row) : QVariant();
+    }
+
+    QHash<int, QByteArray> roleNames() const override {
+        QHash<int, QByteArray> names;
+        for (const RowRole<Row>& role : Row::roles()) {
+            names.insert(Qt::UserRole + static_cast<int>(names.size()), role.name);
+        }
+        return names;
+    }
+
     // Answers whether rows came, went or moved.
     bool update(std::vector<Row>&& next) { return update(0, rows_.size(), std::move(next)); }
-
-    // Leaves the model without rows; for a model that only carries them to another one.
-    std::vector<Row> takeRows() && { return std::move(rows_); }
 
  protected:
     const std::vector<Row>& rows() const { return rows_; }
@@ -99,6 +148,7 @@ class RowListModel : public QAbstractListModel {
     }
 
     void insert(std::size_t index, Iterator first, Iterator last) {
+        std::for_each(first, last, [](Row& row) { settle(row, nullptr); });
         beginInsertRows({}, static_cast<int>(index),
                         static_cast<int>(index) + static_cast<int>(last - first) - 1);
         rows_.insert(at(index), std::make_move_iterator(first), std::make_move_iterator(last));
@@ -131,9 +181,25 @@ class RowListModel : public QAbstractListModel {
     }
 
     void assign(std::size_t index, Row&& next) {
-        if (const QList<int> roles = rows_[index].assign(std::move(next)); !roles.isEmpty()) {
-            const QModelIndex changed = this->index(static_cast<int>(index));
-            emit dataChanged(changed, changed, roles);
+        Row& shown = rows_[index];
+        settle(next, &shown);
+        QList<int> changed;
+        for (int role = Qt::UserRole; const RowRole<Row>& each : Row::roles()) {
+            if (each.differs(shown, next)) {
+                changed.append(role);
+            }
+            ++role;
+        }
+        shown = std::move(next);
+        if (!changed.isEmpty()) {
+            const QModelIndex place = this->index(static_cast<int>(index));
+            emit dataChanged(place, place, changed);
+        }
+    }
+
+    static void settle(Row& next, Row* shown) {
+        if constexpr (requires { next.settle(shown); }) {
+            next.settle(shown);
         }
     }
 

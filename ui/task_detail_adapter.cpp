@@ -5,8 +5,8 @@
 #include <vector>
 
 #include "store/time_texts.h"
-#include "ui/assign_shown.h"
 #include "ui/replace_adapter.h"
+#include "ui/run_action.h"
 #include "ui/text_conversion.h"
 
 namespace hearthmark::ui {

@@ -6,7 +6,7 @@
 #include <algorithm>
 #include <utility>
 
-#include "ui/assign_shown.h"
+#include "ui/run_action.h"
 #include "ui/text_conversion.h"
 
 namespace hearthmark::ui {
@@ -37,13 +37,10 @@ qsizetype shownLength(const QString& note) {
 
 }  // namespace
 
-QList<int> TaskDetailRow::assign(TaskDetailRow&& next) {
-    QList<int> changed;
-    assignShown(text, std::move(next.text), TaskDetailListModel::TextRole, changed);
-    wholeText = std::move(next.wholeText);
-    assignShown(isCut, next.isCut, TaskDetailListModel::IsCutRole, changed);
-    onDelete = std::move(next.onDelete);
-    return changed;
+const std::vector<RowRole<TaskDetailRow>>& TaskDetailRow::roles() {
+    static const std::vector kRoles{kindRole<TaskDetailRow>(), role<&TaskDetailRow::text>("text"),
+                                    role<&TaskDetailRow::isCut>("isCut")};
+    return kRoles;
 }
 
 TaskDetailListModel::TaskDetailListModel(QObject* parent) : RowListModel(parent) {
@@ -93,27 +90,6 @@ void TaskDetailListModel::showNotes(
     }
     update(static_cast<std::size_t>(notesRow()) + 1, rows().size(), std::move(next));
     emit shown();
-}
-
-QVariant TaskDetailListModel::data(const QModelIndex& index, int role) const {
-    const TaskDetailRow* row = rowAt(index.row());
-    if (row == nullptr) {
-        return {};
-    }
-    switch (role) {
-        case KindRole:
-            return row->key.kind;
-        case TextRole:
-            return row->text;
-        case IsCutRole:
-            return row->isCut;
-        default:
-            return {};
-    }
-}
-
-QHash<int, QByteArray> TaskDetailListModel::roleNames() const {
-    return {{KindRole, "kind"}, {TextRole, "text"}, {IsCutRole, "isCut"}};
 }
 
 void TaskDetailListModel::deleteRow(int row) const {

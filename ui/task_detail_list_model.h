@@ -16,7 +16,7 @@ namespace hearthmark::ui {
 // A line of the detail pane: an interval that does not run, the place of the notes section, or a
 // note.
 struct TaskDetailRow {
-    QList<int> assign(TaskDetailRow&& next);
+    static const std::vector<RowRole<TaskDetailRow>>& roles();
 
     // Its kind is one of TaskDetailListModel::Kind.
     RowKey key;
@@ -39,7 +39,6 @@ class TaskDetailListModel : public RowListModel<TaskDetailRow> {
  public:
     enum Kind { Interval, NotesSection, Note };
     Q_ENUM(Kind)
-    enum Role { KindRole = Qt::UserRole, TextRole, IsCutRole };
 
     // With the place of the notes section alone.
     explicit TaskDetailListModel(QObject* parent = nullptr);
@@ -49,9 +48,6 @@ class TaskDetailListModel : public RowListModel<TaskDetailRow> {
         const livedata::SharedList<presentation::TaskDetailViewState::NonRunningInterval>&
             intervals);
     void showNotes(const livedata::SharedList<presentation::NotesViewState::CommittedNote>& notes);
-
-    QVariant data(const QModelIndex& index, int role) const override;
-    QHash<int, QByteArray> roleNames() const override;
 
     Q_INVOKABLE void deleteRow(int row) const;
     // To the clipboard.

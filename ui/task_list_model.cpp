@@ -4,7 +4,7 @@
 #include <algorithm>
 #include <utility>
 
-#include "ui/assign_shown.h"
+#include "ui/run_action.h"
 #include "ui/text_conversion.h"
 
 namespace hearthmark::ui {
@@ -41,7 +41,7 @@ TaskListRow taskRow(const Item& item, RowKeys& keys) {
     return row;
 }
 
-std::shared_ptr<IntervalListModel> intervalList(
+std::vector<IntervalRow> lines(
     const std::vector<TaskListViewState::RunningItemInterval>& intervals) {
     std::vector<IntervalRow> rows;
     rows.reserve(intervals.size());
@@ -54,11 +54,7 @@ std::shared_ptr<IntervalListModel> intervalList(
                         .onButtonTap = interval.onButtonTap,
                         .onDelete = interval.onDeleteCommand});
     }
-    // Deleted later, since it may go while one of its own actions runs.
-    std::shared_ptr<IntervalListModel> list(new IntervalListModel,
-                                            [](IntervalListModel* model) { model->deleteLater(); });
-    list->update(std::move(rows));
-    return list;
+    return rows;
 }
 
 std::vector<TaskListRow> runningRows(const std::vector<TaskListViewState::RunningItem>& items,
@@ -68,7 +64,7 @@ std::vector<TaskListRow> runningRows(const std::vector<TaskListViewState::Runnin
                   QObject::tr("No tasks in progress."), items.empty());
     for (const TaskListViewState::RunningItem& item : items) {
         TaskListRow& row = rows.emplace_back(taskRow(item, keys));
-        row.intervalViewStates = intervalList(item.intervalViewStates);
+        row.lines = lines(item.intervalViewStates);
         // A running task is deleted by way of its newest running interval.
         if (!item.intervalViewStates.empty()) {
             row.onDelete = item.intervalViewStates.front().onDeleteCommand;
@@ -90,23 +86,33 @@ void appendNonRunningRows(std::vector<TaskListRow>& rows,
 
 }  // namespace
 
-QList<int> TaskListRow::assign(TaskListRow&& next) {
-    QList<int> changed;
-    assignShown(text, std::move(next.text), TaskListModel::TextRole, changed);
-    assignShown(timeSpent, std::move(next.timeSpent), TaskListModel::TimeSpentRole, changed);
-    if (changed.contains(TaskListModel::TimeSpentRole)) {
-        changed.append(TaskListModel::DescriptionRole);
+const std::vector<RowRole<TaskListRow>>& TaskListRow::roles() {
+    // The description, which the model makes, changes with the time.
+    static const std::vector<RowRole<TaskListRow>> kRoles{
+        role<&TaskListRow::timeSpent>("description"),
+        kindRole<TaskListRow>(),
+        role<&TaskListRow::text>("text"),
+        role<&TaskListRow::timeSpent>("timeSpent"),
+        role<&TaskListRow::isSelected>("isSelected"),
+        {"intervalViewStates",
+         [](const TaskListRow& row) { return QVariant::fromValue(row.intervalViewStates.get()); },
+         &RowField<&TaskListRow::intervalViewStates>::differs}};
+    return kRoles;
+}
+
+void TaskListRow::settle(TaskListRow* shown) {
+    if (!lines) {
+        return;
     }
-    assignShown(isSelected, next.isSelected, TaskListModel::IsSelectedRole, changed);
-    if (intervalViewStates && next.intervalViewStates) {
-        intervalViewStates->update(std::move(*next.intervalViewStates).takeRows());
+    if (shown != nullptr && shown->intervalViewStates) {
+        intervalViewStates = shown->intervalViewStates;
     } else {
-        assignShown(intervalViewStates, std::move(next.intervalViewStates),
-                    TaskListModel::IntervalViewStatesRole, changed);
+        // Deleted later, since it may go while one of its own actions runs.
+        intervalViewStates = {new IntervalListModel,
+                              [](IntervalListModel* model) { model->deleteLater(); }};
     }
-    onTap = std::move(next.onTap);
-    onDelete = std::move(next.onDelete);
-    return changed;
+    intervalViewStates->update(std::move(*lines));
+    lines.reset();
 }
 
 void TaskListModel::show(const TaskListViewState::View& state) {
@@ -122,7 +128,7 @@ void TaskListModel::show(const TaskListViewState::View& state) {
     runningCount_ = runningCount;
     shownNonRunning_ = state.nonRunningItems;
     if (update(0, end, std::move(next))) {
-        emit dataChanged(index(0), index(rowCount() - 1), {DescriptionRole});
+        emit dataChanged(index(0), index(rowCount() - 1), {kDescriptionRole});
     }
 }
 
@@ -135,35 +141,10 @@ QString TaskListModel::description(int row) const {
 }
 
 QVariant TaskListModel::data(const QModelIndex& index, int role) const {
-    const TaskListRow* row = rowAt(index.row());
-    if (row == nullptr) {
-        return {};
+    if (role == kDescriptionRole) {
+        return isTask(index.row()) ? description(index.row()) : QString();
     }
-    switch (role) {
-        case KindRole:
-            return row->key.kind;
-        case TextRole:
-            return row->text;
-        case TimeSpentRole:
-            return row->timeSpent;
-        case DescriptionRole:
-            return isTask(index.row()) ? description(index.row()) : QString();
-        case IsSelectedRole:
-            return row->isSelected;
-        case IntervalViewStatesRole:
-            return QVariant::fromValue(row->intervalViewStates.get());
-        default:
-            return {};
-    }
-}
-
-QHash<int, QByteArray> TaskListModel::roleNames() const {
-    return {{KindRole, "kind"},
-            {TextRole, "text"},
-            {TimeSpentRole, "timeSpent"},
-            {DescriptionRole, "description"},
-            {IsSelectedRole, "isSelected"},
-            {IntervalViewStatesRole, "intervalViewStates"}};
+    return RowListModel::data(index, role);
 }
 
 void TaskListModel::tap(int row) const {

@@ -5,6 +5,8 @@
 
 #include <QString>
 #include <memory>
+#include <optional>
+#include <vector>
 
 #include "livedata/block.h"
 #include "presentation/task_list_view_state.h"
@@ -18,15 +20,19 @@ struct TaskListRow {
     enum class Kind { header, hint, task };
 
     Kind kind() const { return static_cast<Kind>(key.kind); }
-    QList<int> assign(TaskListRow&& next);
+    static const std::vector<RowRole<TaskListRow>>& roles();
+    // The lines go on in the model that the view has of the task.
+    void settle(TaskListRow* shown);
 
     // The id is a task's; the others have none, and are numbered by their section.
     RowKey key;
     QString text;  // the header, the hint or the task's name
     QString timeSpent;
     bool isSelected = false;
-    // The running intervals of a running task; another row has none.
+    // The running intervals of a running task; another row has none. Made from the lines when the
+    // row is settled.
     std::shared_ptr<IntervalListModel> intervalViewStates;
+    std::optional<std::vector<IntervalRow>> lines;
     // Absent for headers and hints.
     livedata::Action onTap;
     livedata::Action onDelete;
@@ -42,21 +48,14 @@ class TaskListModel : public RowListModel<TaskListRow> {
  public:
     enum Kind { Header, Hint, Task };
     Q_ENUM(Kind)
-    enum Role {
-        KindRole = Qt::UserRole,
-        TextRole,
-        TimeSpentRole,
-        DescriptionRole,
-        IsSelectedRole,
-        IntervalViewStatesRole
-    };
+    // Of a task, for screen readers: its time, and its place among all.
+    static constexpr int kDescriptionRole = Qt::UserRole;
 
     using RowListModel::RowListModel;
 
     void show(const presentation::TaskListViewState::View& state);
 
     QVariant data(const QModelIndex& index, int role) const override;
-    QHash<int, QByteArray> roleNames() const override;
 
     // What the row's task can do; headers and hints do nothing.
     Q_INVOKABLE void tap(int row) const;
@@ -70,7 +69,6 @@ class TaskListModel : public RowListModel<TaskListRow> {
 
  private:
     bool isTask(int row) const;
-    // For screen readers: a task's time and its place among all tasks.
     QString description(int row) const;
 
     int runningCount_ = 0;

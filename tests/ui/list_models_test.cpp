@@ -61,16 +61,20 @@ struct Calls {
     }
 };
 
+QVariant fieldOf(const QAbstractItemModel& model, int row, const char* role) {
+    return model.index(row, 0).data(model.roleNames().key(role));
+}
+
 std::vector<QString> texts(const TaskListModel& model) {
     std::vector<QString> texts;
     for (int row = 0; row < model.rowCount(); ++row) {
-        texts.push_back(model.index(row).data(TaskListModel::TextRole).toString());
+        texts.push_back(fieldOf(model, row, "text").toString());
     }
     return texts;
 }
 
 IntervalListModel& intervalsOfFirst(const TaskListModel& model) {
-    return *model.index(1).data(TaskListModel::IntervalViewStatesRole).value<IntervalListModel*>();
+    return *fieldOf(model, 1, "intervalViewStates").value<IntervalListModel*>();
 }
 
 TEST(TaskListModel, TickTouchesOnlyTheTimesOfWhatRuns) {
@@ -89,7 +93,7 @@ TEST(TaskListModel, TickTouchesOnlyTheTimesOfWhatRuns) {
     ASSERT_EQ(changed.size(), 1);
     EXPECT_EQ(changed[0][0].toModelIndex().row(), 1);
     EXPECT_EQ(changed[0][2].value<QList<int>>(),
-              (QList<int>{TaskListModel::TimeSpentRole, TaskListModel::DescriptionRole}));
+              (QList<int>{TaskListModel::kDescriptionRole, model.roleNames().key("timeSpent")}));
     EXPECT_EQ(lineChanged.size(), 1);
     EXPECT_EQ(&intervalsOfFirst(model), &intervals);
 }
@@ -160,14 +164,14 @@ TEST(TaskListModel, AnyStateFollowsAnyOther) {
         };
         expect(state.runningItems);
         expect(state.nonRunningItems);
-        QStringList shown;
+        QStringList rows;
         for (int row = 0; row < model.rowCount(); ++row) {
-            const QString place = model.index(row).data(TaskListModel::DescriptionRole).toString();
+            const QString place = fieldOf(model, row, "description").toString();
             if (!place.isEmpty()) {
-                shown += model.index(row).data(TaskListModel::TextRole).toString() + ' ' + place;
+                rows += fieldOf(model, row, "text").toString() + ' ' + place;
             }
         }
-        ASSERT_EQ(shown, expected) << round;
+        ASSERT_EQ(rows, expected) << round;
     }
 }
 
@@ -187,9 +191,9 @@ TEST(TaskDetailListModel, ShowsTheBeginningOfANoteThatIsTooLong) {
              {repeated(30'000, "é"), repeated(20'000, "é") + "…"}}) {
         model.showNotes(
             {{.id = base::Uuid::random(), .noteText = note, .onDeleteCommand = nullptr}});
-        const QString text = model.index(1).data(TaskDetailListModel::TextRole).toString();
+        const QString text = fieldOf(model, 1, "text").toString();
         EXPECT_TRUE(text.toStdString() == shown) << note.size();
-        EXPECT_EQ(model.index(1).data(TaskDetailListModel::IsCutRole), note != shown);
+        EXPECT_EQ(fieldOf(model, 1, "isCut"), note != shown);
         EXPECT_TRUE(model.wholeText(1).toStdString() == note);
     }
 }
