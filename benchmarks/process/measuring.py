@@ -13,7 +13,9 @@ import time
 IDLE_SECONDS = 1.0
 # A program that has just started still looks round for a panel, and a window that is shown for its place.
 SETTLING_SECONDS = 10.0
-PATIENCE = 60.0  # seconds
+PATIENCE = 180.0  # seconds
+# A program that takes longer to its window is started only once.
+SLOW = 10_000.0  # milliseconds
 
 
 class Windows:
@@ -87,12 +89,13 @@ def proportional_memory(pid):
 
 
 def wait_until_idle(pid):
-    """The processor time by when nothing more happens."""
+    """The processor time by when nothing more happens, or patience is at its end."""
     before = processor_times(pid)
+    deadline = time.monotonic() + PATIENCE
     while True:
         time.sleep(IDLE_SECONDS)
         after = processor_times(pid)
-        if growth(before, after) < 5 * IDLE_SECONDS:
+        if growth(before, after) < 5 * IDLE_SECONDS or time.monotonic() > deadline:
             return sum(after.values())
         before = after
 
@@ -113,13 +116,17 @@ class Subject:
         environment = {**os.environ, "XDG_DATA_HOME": self.data, "HOME": self.data}
         process = subprocess.Popen(self.command, env=environment, stdin=subprocess.DEVNULL,
                                    stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
-        windows.wait_for_one()
-        yield process.pid
-        process.terminate()
-        process.wait()
-        windows.wait_for_none()
+        try:
+            windows.wait_for_one()
+            yield process.pid
+        finally:
+            process.terminate()
+            process.wait()
+            windows.wait_for_none()
 
     def measure_start(self, windows):
+        if self.mapped and self.mapped[0] > SLOW:
+            return
         begun = time.monotonic()
         with self.started(windows) as pid:
             self.mapped.append((time.monotonic() - begun) * 1000)
@@ -139,15 +146,17 @@ def watch(pid, timer, seconds):
 
 
 def print_steady(states_of_subjects, windows, timer, seconds):
-    """Of each subject by name of its state: what reaches that from the one before. At the end of the line is
-    how many times it takes the processor time of the first subject."""
+    """Of each subject by name of its state: what reaches that from the one before, or nothing. At the end of the
+    line is how many times it takes the processor time of the first subject."""
     first = {}
     for subject, states in states_of_subjects.items():
         print()
         with subject.started(windows) as pid:
+            wait_until_idle(pid)
             for state, reach in states.items():
-                reach()
-                time.sleep(SETTLING_SECONDS)
+                if reach:
+                    reach()
+                    time.sleep(SETTLING_SECONDS)
                 processor, bare, woken = watch(pid, timer, seconds)
                 ratio = processor / first.setdefault(state, processor)
                 print(f"{subject.name:24}{state:24}{woken:6.2f} wake-ups and{processor:7.2f} ms of CPU a"

@@ -8,15 +8,14 @@ STARTS how often each program is started."""
 import argparse
 import contextlib
 import os
-import shutil
 import subprocess
 
 from driver import Desktop
 from measuring import Subject, Windows, print_steady
 from one_task import add_task, hide, make_subject, print_extremes, print_one_task, start_focus
+from peers import make_peers, states as peers_states
 
-OTHERS = ["ktimetracker", "gtimelog", "gnome-clocks"]
-PARTS = ["starts", "steady", "one-task", "extremes"]
+PARTS = ["starts", "steady", "peers", "one-task", "extremes"]
 
 
 def ratios(subject, base):
@@ -27,21 +26,23 @@ def print_starts(subjects, windows, starts):
     for _ in range(starts):
         for subject in subjects:
             subject.measure_start(windows)
-    bare, empty, _, *others = subjects
-    print(f"{'':28}{'exec to window':>16}{'CPU until idle':>16}{'PSS':>12}   as many times the bare window")
+    bare, empty, full, *others = subjects
+    print(f"{'':28}{'starts':>6}{'exec to window':>16}{'CPU until idle':>16}{'PSS':>12}"
+          "   as many times the bare window")
     for subject in subjects:
         mapped, processor, memory = subject.figures()
-        print(f"{subject.name:28}{mapped:13.0f} ms{processor:13.0f} ms{memory:8.1f} MiB"
+        print(f"{subject.name:28}{len(subject.mapped):6}{mapped:13.0f} ms{processor:13.0f} ms{memory:8.1f} MiB"
               + ratios(subject, bare))
     for other in others:
-        print(f"{empty.name} / {other.name:36}{'':16}" + ratios(empty, other))
+        ours = full if other.name.endswith("ten years") else empty
+        print(f"{ours.name + ' / ' + other.name:78}" + ratios(ours, other))
 
 
 def states(subject, windows):
     def run():
         add_task()
         start_focus(subject)
-    return {"nothing running": lambda: None, "running, window visible": run,
+    return {"nothing running": None, "running, window visible": run,
             "running, window hidden": lambda: hide(windows)}
 
 
@@ -51,7 +52,7 @@ def arguments():
     parser.add_argument("directory")
     parser.add_argument("--only", choices=PARTS, help="measure nothing else")
     parser.add_argument("--seconds", type=float, default=60)
-    parser.add_argument("--starts", type=int, default=7)
+    parser.add_argument("--starts", type=int, default=5)
     return parser.parse_args()
 
 
@@ -62,18 +63,15 @@ def measure(given, windows):
                                                ("bare_window", "bare_timer", "ten_year_store"))
     empty = Subject("Hearthmark, empty", [given.hearthmark])
     full = make_subject("Hearthmark, ten years", given.hearthmark, ten_year_store)
-    subjects = [Subject("bare window", [bare_window]), empty, full]
-    for other in OTHERS:
-        if shutil.which(other):
-            subjects.append(Subject(other, [other]))
-        else:
-            print(f"{other} is not installed and is not compared with")
+    peers = make_peers(full.data)
     if is_asked_for("starts"):
-        print_starts(subjects, windows, given.starts)
+        print_starts([Subject("bare window", [bare_window]), empty, full, *peers], windows, given.starts)
     timer = subprocess.Popen([bare_timer])
     if is_asked_for("steady"):
         print_steady({subject: states(subject, windows) for subject in (empty, full)}, windows, timer.pid,
                      given.seconds)
+    if is_asked_for("peers"):
+        print_steady({peer: peers_states(peer) for peer in peers}, windows, timer.pid, given.seconds / 2)
     if is_asked_for("one-task"):
         print_one_task(given.hearthmark, ten_year_store, windows, timer.pid, given.seconds, given.starts)
     if is_asked_for("extremes"):
