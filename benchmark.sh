@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # SPDX-License-Identifier: MIT
 # Installs what is missing, builds the benchmarks and runs them: single operations, the window, and whole
-# programs beside each other, which takes ten minutes. With arguments, which go to Google Benchmark, only
+# programs beside each other, which takes half an hour. With arguments, which go to Google Benchmark, only
 # single operations are measured.
 set -euo pipefail
 cd "$(dirname "$0")"

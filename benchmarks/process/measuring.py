@@ -145,19 +145,26 @@ def watch(pid, timer, seconds):
     return [grown / seconds for grown in map(growth, before, after)]
 
 
+def print_states(subject, states, windows, timer, seconds, first):
+    with subject.started(windows) as pid:
+        wait_until_idle(pid)
+        for state, reach in states.items():
+            if reach:
+                reach()
+                time.sleep(SETTLING_SECONDS)
+            processor, bare, woken = watch(pid, timer, seconds)
+            ratio = processor / first.setdefault(state, processor)
+            print(f"{subject.name:24}{state:24}{woken:6.2f} wake-ups and{processor:7.2f} ms of CPU a second,"
+                  f" a bare timer{bare:6.2f} ms{ratio:8.2f}", flush=True)
+
+
 def print_steady(states_of_subjects, windows, timer, seconds):
-    """Of each subject by name of its state: what reaches that from the one before, or nothing. At the end of the
-    line is how many times it takes the processor time of the first subject."""
+    """Of each subject by name of its state: what reaches that from the one before, or nothing. At the end of
+    the line is how many times it takes the processor time of the first subject."""
+    print(f"\nfor {seconds:.0f} s each, and as many times the first of them")
     first = {}
     for subject, states in states_of_subjects.items():
-        print()
-        with subject.started(windows) as pid:
-            wait_until_idle(pid)
-            for state, reach in states.items():
-                if reach:
-                    reach()
-                    time.sleep(SETTLING_SECONDS)
-                processor, bare, woken = watch(pid, timer, seconds)
-                ratio = processor / first.setdefault(state, processor)
-                print(f"{subject.name:24}{state:24}{woken:6.2f} wake-ups and{processor:7.2f} ms of CPU a"
-                      f" second, a bare timer{bare:6.2f} ms{ratio:8.2f}", flush=True)
+        try:
+            print_states(subject, states, windows, timer, seconds, first)
+        except TimeoutError as error:
+            print(f"{subject.name}: {error}")

@@ -1,6 +1,6 @@
 # SPDX-License-Identifier: MIT
 """Other time trackers, where they are installed: our ten years in the form that each of them keeps, and how
-something is made to run in it. What they keep was learnt from their manuals and from files that they wrote."""
+something is made to run in it. The forms were learnt from their manuals and from files that they wrote."""
 
 import contextlib
 import os
