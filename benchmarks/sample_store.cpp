@@ -107,18 +107,17 @@ std::filesystem::path singleTaskStore(std::int64_t intervals, const std::string&
                        });
 }
 
-void makeTenYearStore(const std::filesystem::path& directory) {
-    constexpr std::int64_t kTasks = 2'000;
-    constexpr std::int64_t kIntervals = 20;
-    constexpr std::int64_t kNotes = 5;
+void makeTenYearStore(const std::filesystem::path& directory, TenYears ofUse) {
     constexpr base::Seconds kTenYears{315'600'000};
     const auto container = openContainer(directory);
     const base::Date now = base::SystemClock().now();
-    for (std::int64_t ordinal = 0; ordinal < kTasks; ++ordinal) {
+    for (std::int64_t ordinal = 0; ordinal < ofUse.tasks; ++ordinal) {
         store::Task& task = *container->viewContext().insert<store::Task>();
         task.setName("Chapter " + std::to_string(ordinal) + ": read, mark, summarise");
-        const base::Seconds age = kTenYears * static_cast<double>(kTasks - ordinal) / kTasks;
-        fillTask(task, now + -age, kIntervals, kNotes, container->viewContext());
+        const base::Seconds age = kTenYears * static_cast<double>(ofUse.tasks - ordinal) /
+                                  static_cast<double>(ofUse.tasks);
+        fillTask(task, now + -age, ofUse.intervalsOfTask, ofUse.notesOfTask,
+                 container->viewContext());
     }
     container->viewContext().save();
 }

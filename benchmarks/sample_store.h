@@ -30,9 +30,15 @@ std::filesystem::path sampleStore(std::int64_t intervals);
 // The same for one task of so many intervals, with a note for every tenth.
 std::filesystem::path singleTaskStore(std::int64_t intervals, const std::string& name);
 
-// Fills a new store in the directory with ten years of use up to now: 2,000 tasks, 40,000 intervals
-// and 10,000 notes.
-void makeTenYearStore(const std::filesystem::path& directory);
+// 40,000 intervals and 10,000 notes in all, unless told otherwise.
+struct TenYears {
+    std::int64_t tasks = 2'000;
+    std::int64_t intervalsOfTask = 20;
+    std::int64_t notesOfTask = 5;
+};
+
+// Fills a new store in the directory with ten years of use up to now.
+void makeTenYearStore(const std::filesystem::path& directory, TenYears ofUse);
 
 // What the program holds of a store, without view models.
 struct OpenedStore {
