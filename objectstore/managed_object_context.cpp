@@ -105,6 +105,7 @@ ManagedObjectContext::ManagedObjectContext(std::unique_ptr<SqliteStore> store, c
     for (const std::unique_ptr<Record>& loaded : records_) {
         loadRows(*loaded);
     }
+    store_->beginWriting();
 }
 
 ManagedObjectContext::~ManagedObjectContext() {
