@@ -3,6 +3,8 @@
 
 #include <chrono>
 #include <compare>
+#include <limits>
+#include <optional>
 
 namespace hearthmark::base {
 
@@ -30,6 +32,23 @@ class Date {
 
  private:
     Seconds sinceReferenceDate_;
+};
+
+// A date or none as objects hold it, in the room of a date. A date that is not a number is none.
+class OptionalDate {
+ public:
+    constexpr OptionalDate() = default;
+    // NOLINTBEGIN(google-explicit-constructor): the same value, only held in less room
+    constexpr OptionalDate(std::optional<Date> date) : date_(date.value_or(kNone)) {}
+    constexpr operator std::optional<Date>() const {
+        return date_ == date_ ? std::optional(date_) : std::nullopt;
+    }
+    // NOLINTEND(google-explicit-constructor)
+
+ private:
+    static constexpr Date kNone{Seconds(std::numeric_limits<double>::quiet_NaN())};
+
+    Date date_ = kNone;
 };
 
 // The day, in UTC, from whose first moment a Date counts.
