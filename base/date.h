@@ -34,12 +34,11 @@ class Date {
     Seconds sinceReferenceDate_;
 };
 
-// A date or none as objects hold it, in the room of a date. A date that is not a number is none.
+// A date or none, in the room of a date. One that is not a number is none.
 class OptionalDate {
  public:
-    constexpr OptionalDate() = default;
     // NOLINTBEGIN(google-explicit-constructor): the same value, only held in less room
-    constexpr OptionalDate(std::optional<Date> date) : date_(date.value_or(kNone)) {}
+    constexpr OptionalDate(std::optional<Date> date = {}) : date_(date.value_or(kNone)) {}
     constexpr operator std::optional<Date>() const {
         return date_ == date_ ? std::optional(date_) : std::nullopt;
     }
@@ -48,7 +47,7 @@ class OptionalDate {
  private:
     static constexpr Date kNone{Seconds(std::numeric_limits<double>::quiet_NaN())};
 
-    Date date_ = kNone;
+    Date date_;
 };
 
 // The day, in UTC, from whose first moment a Date counts.

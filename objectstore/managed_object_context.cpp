@@ -17,10 +17,8 @@ namespace hearthmark::objectstore {
 
 namespace {
 
-// Of objects that are loaded. Made one by one each would take some 30 bytes beside itself; a few
-// are not to take the room of many.
-constexpr std::size_t kLeastBlock = 8;
-constexpr std::size_t kGreatestBlock = 512;
+// Of objects that are loaded: made one by one each would take some 30 bytes beside itself.
+constexpr std::size_t kBlockSize = 64;
 
 std::vector<Value> columnValues(const ManagedObject& object) {
     const EntityDescription& entity = object.entityDescription();
@@ -135,7 +133,7 @@ void ManagedObjectContext::loadRows(Record& record) {
     auto next = block.begin();
     store_->read(*record.entity, [&](const RowReader& row) {
         if (next == block.end()) {
-            block = record.entity->make(std::clamp(objects.size(), kLeastBlock, kGreatestBlock));
+            block = record.entity->make(kBlockSize);
             next = block.begin();
         }
         const std::shared_ptr<ManagedObject>& object = objects.emplace_back(std::move(*next++));
