@@ -3,6 +3,8 @@
 
 #include <chrono>
 #include <compare>
+#include <limits>
+#include <optional>
 
 namespace hearthmark::base {
 
@@ -30,6 +32,22 @@ class Date {
 
  private:
     Seconds sinceReferenceDate_;
+};
+
+// A date or none, in the room of a date. One that is not a number is none.
+class OptionalDate {
+ public:
+    // NOLINTBEGIN(google-explicit-constructor): the same value, only held in less room
+    constexpr OptionalDate(std::optional<Date> date = {}) : date_(date.value_or(kNone)) {}
+    constexpr operator std::optional<Date>() const {
+        return date_ == date_ ? std::optional(date_) : std::nullopt;
+    }
+    // NOLINTEND(google-explicit-constructor)
+
+ private:
+    static constexpr Date kNone{Seconds(std::numeric_limits<double>::quiet_NaN())};
+
+    Date date_;
 };
 
 // The day, in UTC, from whose first moment a Date counts.

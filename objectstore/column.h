@@ -33,7 +33,7 @@ struct Column<std::optional<base::Uuid>> {
 };
 
 template <>
-struct Column<std::optional<base::Date>> {
+struct Column<base::OptionalDate> {
     static constexpr const char* kDeclaration = "REAL";
     static std::optional<base::Date> read(const RowReader& row, int column) {
         const auto seconds = row.real(column);

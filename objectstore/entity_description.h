@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <cstddef>
 #include <memory>
 #include <string>
 #include <type_traits>
@@ -8,7 +9,7 @@
 #include <vector>
 
 #include "objectstore/column.h"
-#include "objectstore/managed_object.h"
+#include "objectstore/object_list.h"
 
 namespace hearthmark::objectstore {
 
@@ -57,14 +58,15 @@ class EntityDescription {
     const std::string& name() const { return name_; }
     const std::vector<AttributeDescription>& attributes() const { return attributes_; }
     const std::vector<ReferenceDescription>& references() const { return references_; }
-    std::shared_ptr<ManagedObject> make() const { return make_(); }
+    // New objects, made in one block, which lives as long as one of them.
+    ObjectHandles make(std::size_t count) const { return make_(count); }
 
  private:
-    EntityDescription(std::string name, std::shared_ptr<ManagedObject> (*maker)())
+    EntityDescription(std::string name, ObjectHandles (*maker)(std::size_t))
         : name_(std::move(name)), make_(maker) {}
 
     std::string name_;
-    std::shared_ptr<ManagedObject> (*make_)();
+    ObjectHandles (*make_)(std::size_t);
     std::vector<AttributeDescription> attributes_;
     std::vector<ReferenceDescription> references_;
 };
@@ -143,8 +145,15 @@ struct Ends {
 
 template <class Object>
 EntityDescription EntityDescription::of(std::string name) {
-    return {std::move(name),
-            []() -> std::shared_ptr<ManagedObject> { return std::make_shared<Object>(); }};
+    return {std::move(name), [](std::size_t count) {
+                const std::shared_ptr<Object[]> block(new Object[count]);
+                ObjectHandles objects;
+                objects.reserve(count);
+                for (std::size_t place = 0; place < count; ++place) {
+                    objects.emplace_back(block, &block[place]);
+                }
+                return objects;
+            }};
 }
 
 template <auto Member>

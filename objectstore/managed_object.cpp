@@ -12,10 +12,15 @@ ManagedObject::ManagedObject() = default;
 
 ManagedObject::~ManagedObject() = default;
 
+std::shared_ptr<ManagedObject> ManagedObject::shared_from_this() {
+    assert(isManaged());
+    return context_->handle(*this);
+}
+
 void ManagedObject::touch() {
     willChange();
     if (context_ != nullptr && !isTouched_) {
-        context_->touched(*this);
+        context_->touched(shared_from_this());
     }
 }
 

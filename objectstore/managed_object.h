@@ -2,6 +2,7 @@
 #pragma once
 
 #include <memory>
+#include <type_traits>
 #include <utility>
 
 #include "objectstore/value.h"
@@ -15,8 +16,9 @@ struct ReferenceDescription;
 // An object that stands for one row of a store. There is one for each row and context, so objects
 // are compared by identity. The context owns it; whoever else holds a handle may outlive its
 // deletion and the context: attributes then stay readable, relationships read empty, and changes
-// reach no store. Only on the thread of the context.
-class ManagedObject : public std::enable_shared_from_this<ManagedObject> {
+// reach no store. Those that were loaded live in blocks, each as long as one of its objects. Only
+// on the thread of the context.
+class ManagedObject {
  public:
     ManagedObject(const ManagedObject&) = delete;
     ManagedObject& operator=(const ManagedObject&) = delete;
@@ -27,6 +29,10 @@ class ManagedObject : public std::enable_shared_from_this<ManagedObject> {
     RowKey key() const { return key_; }
     // False once it has been deleted or its context is gone.
     bool isManaged() const { return context_ != nullptr; }
+    // A handle on it, which the context looks up: to know it would take each object 16 bytes.
+    // Requires: isManaged().
+    // NOLINTNEXTLINE(readability-identifier-naming): as the standard library calls it
+    std::shared_ptr<ManagedObject> shared_from_this();
 
  protected:
     ManagedObject();
@@ -34,7 +40,7 @@ class ManagedObject : public std::enable_shared_from_this<ManagedObject> {
     // Every attribute is set through this. An assignment of an equal value touches the object too:
     // it writes nothing, but its entity is published by the next save.
     template <class Attribute>
-    void assign(Attribute& attribute, Attribute value) {
+    void assign(Attribute& attribute, std::type_identity_t<Attribute> value) {
         touch();
         attribute = std::move(value);
     }

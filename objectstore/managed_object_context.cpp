@@ -17,6 +17,9 @@ namespace hearthmark::objectstore {
 
 namespace {
 
+// Of objects that are loaded: made one by one each would take some 30 bytes beside itself.
+constexpr std::size_t kBlockSize = 64;
+
 std::vector<Value> columnValues(const ManagedObject& object) {
     const EntityDescription& entity = object.entityDescription();
     std::vector<Value> values;
@@ -105,6 +108,7 @@ ManagedObjectContext::ManagedObjectContext(std::unique_ptr<SqliteStore> store, c
     for (const std::unique_ptr<Record>& loaded : records_) {
         loadRows(*loaded);
     }
+    store_->beginWriting();
 }
 
 ManagedObjectContext::~ManagedObjectContext() {
@@ -125,8 +129,14 @@ void ManagedObjectContext::loadRows(Record& record) {
     const std::vector<AttributeDescription>& attributes = record.entity->attributes();
     const std::vector<ReferenceDescription>& references = record.entity->references();
     ObjectHandles objects;
+    ObjectHandles block;
+    auto next = block.begin();
     store_->read(*record.entity, [&](const RowReader& row) {
-        const std::shared_ptr<ManagedObject> object = record.entity->make();
+        if (next == block.end()) {
+            block = record.entity->make(kBlockSize);
+            next = block.begin();
+        }
+        const std::shared_ptr<ManagedObject>& object = objects.emplace_back(std::move(*next++));
         object->key_ = row.integer(0).value();
         object->context_ = this;
         int column = 1;
@@ -137,19 +147,18 @@ void ManagedObjectContext::loadRows(Record& record) {
             if (const auto key = row.integer(column++)) {
                 // A key that leads nowhere stays in the file and reads as absent.
                 Record& destination = this->record(reference.destination());
-                if (ManagedObject* parent = destination.current->find(*key)) {
-                    reference.link(*object, parent);
+                if (const auto parent = destination.current->find(*key)) {
+                    reference.link(*object, parent.get());
                 } else {
                     destination.missing.insert(*key);
                 }
             }
         }
-        objects.push_back(object);
     });
     if (!objects.empty()) {
         record.lastKey = std::max<RowKey>(objects.back()->key(), 0);
     }
-    record.current = std::make_shared<const ObjectList>(objects);
+    record.current = std::make_shared<const ObjectList>(std::move(objects));
 }
 
 ManagedObjectContext::Record& ManagedObjectContext::record(const EntityDescription& entity) const {
@@ -164,25 +173,33 @@ std::shared_ptr<const ObjectList> ManagedObjectContext::current(
 
 std::shared_ptr<ManagedObject> ManagedObjectContext::insert(const EntityDescription& entity) {
     Record& target = record(entity);
-    std::shared_ptr<ManagedObject> object = entity.make();
+    std::shared_ptr<ManagedObject> object = std::move(entity.make(1).front());
     object->key_ = target.nextKey();
     object->context_ = this;
     object->isInserted_ = true;
     target.inserted.push_back(object);
-    touched(*object);
+    touched(object);
     return object;
 }
 
-void ManagedObjectContext::touched(ManagedObject& object) {
-    object.isTouched_ = true;
-    touched_.push_back({object.shared_from_this(),
-                        object.isInserted_ ? std::vector<Value>() : columnValues(object)});
+std::shared_ptr<ManagedObject> ManagedObjectContext::handle(const ManagedObject& object) const {
+    const Record& owner = record(object.entityDescription());
+    return object.isInserted_
+               ? *std::ranges::find(owner.inserted, &object, &std::shared_ptr<ManagedObject>::get)
+               : owner.current->find(object.key());
+}
+
+void ManagedObjectContext::touched(std::shared_ptr<ManagedObject> object) {
+    object->isTouched_ = true;
+    auto stored = object->isInserted_ ? std::vector<Value>() : columnValues(*object);
+    touched_.push_back({std::move(object), std::move(stored)});
 }
 
 void ManagedObjectContext::remove(ManagedObject& object) {
     if (object.context_ != this) {
         return;
     }
+    const std::shared_ptr<ManagedObject> held = handle(object);
     object.touch();
     Record& owner = record(object.entityDescription());
     releaseChildren(owner, object);
@@ -191,9 +208,9 @@ void ManagedObjectContext::remove(ManagedObject& object) {
     }
     object.context_ = nullptr;
     if (object.isInserted_) {
-        std::erase(owner.inserted, object.shared_from_this());
+        std::erase(owner.inserted, held);
     } else {
-        owner.removed.push_back(object.shared_from_this());
+        owner.removed.push_back(held);
     }
 }
 

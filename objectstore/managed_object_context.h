@@ -80,7 +80,8 @@ class ManagedObjectContext {
     std::shared_ptr<ManagedObject> insert(const EntityDescription& entity);
     std::shared_ptr<const ObjectList> current(const EntityDescription& entity) const;
     void loadRows(Record& record);
-    void touched(ManagedObject& object);
+    std::shared_ptr<ManagedObject> handle(const ManagedObject& object) const;
+    void touched(std::shared_ptr<ManagedObject> object);
     void releaseChildren(const Record& record, ManagedObject& object);
     Record& record(const EntityDescription& entity) const;
     std::vector<RowChange> rowChanges() const;

@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <cstdint>
 #include <functional>
+#include <iterator>
 #include <set>
 #include <utility>
 
@@ -26,11 +27,11 @@ std::uint64_t distance(RowKey from, RowKey to) {
 
 }  // namespace
 
-ObjectList::ObjectList(const ObjectHandles& objects) {
-    append(objects);
+ObjectList::ObjectList(ObjectHandles objects) {
+    append(std::move(objects));
 }
 
-void ObjectList::append(const ObjectHandles& objects) {
+void ObjectList::append(ObjectHandles objects) {
     auto next = objects.begin();
     while (next != objects.end()) {
         ObjectHandles chunk;
@@ -41,7 +42,7 @@ void ObjectList::append(const ObjectHandles& objects) {
         }
         const auto room = static_cast<std::ptrdiff_t>(kChunkSize - chunk.size());
         const auto last = next + std::min(room, objects.end() - next);
-        chunk.insert(chunk.end(), next, last);
+        chunk.insert(chunk.end(), std::move_iterator(next), std::move_iterator(last));
         chunks_.push_back(std::make_shared<const ObjectHandles>(std::move(chunk)));
         next = last;
     }
@@ -73,13 +74,13 @@ ObjectList ObjectList::changed(const ObjectHandles& removed, ObjectHandles inser
         // Only where the keys have been used up and free ones are taken.
         inserted.insert(inserted.end(), list.begin(), list.end());
         std::ranges::sort(inserted, {}, kByKey);
-        return ObjectList(inserted);
+        return ObjectList(std::move(inserted));
     }
-    list.append(inserted);
+    list.append(std::move(inserted));
     return list;
 }
 
-ManagedObject* ObjectList::find(RowKey key) const {
+std::shared_ptr<ManagedObject> ObjectList::find(RowKey key) const {
     if (chunks_.empty() || key < firstKey(chunks_.front())) {
         return nullptr;
     }
@@ -87,10 +88,10 @@ ManagedObject* ObjectList::find(RowKey key) const {
     // Keys mostly run without a gap, so the place is tried before it is searched.
     const std::uint64_t offset = distance(chunk.front()->key(), key);
     if (offset < chunk.size() && chunk[offset]->key() == key) {
-        return chunk[offset].get();
+        return chunk[offset];
     }
     const auto found = std::ranges::lower_bound(chunk, key, {}, kByKey);
-    return found != chunk.end() && (*found)->key() == key ? found->get() : nullptr;
+    return found != chunk.end() && (*found)->key() == key ? *found : nullptr;
 }
 
 std::size_t ObjectList::chunkFor(RowKey key) const {

@@ -62,7 +62,7 @@ class ObjectList {
 
     ObjectList() = default;
     // Requires: ascending by key.
-    explicit ObjectList(const ObjectHandles& objects);
+    explicit ObjectList(ObjectHandles objects);
 
     // The list without the objects that are no longer managed, which `removed` names, and with
     // those inserted.
@@ -73,7 +73,7 @@ class ObjectList {
     std::size_t size() const { return size_; }
 
     // Null where there is none.
-    ManagedObject* find(RowKey key) const;
+    std::shared_ptr<ManagedObject> find(RowKey key) const;
 
  private:
     // None is empty.
@@ -81,7 +81,7 @@ class ObjectList {
 
     // Where the key is if it is anywhere. Requires: a chunk that does not begin behind it.
     std::size_t chunkFor(RowKey key) const;
-    void append(const ObjectHandles& objects);
+    void append(ObjectHandles objects);
 
     Chunks chunks_;
     std::size_t size_ = 0;

@@ -46,7 +46,9 @@ class ObjectSet {
     Iterator end() const { return Iterator(objects_->end()); }
     std::size_t size() const { return objects_->size(); }
     bool empty() const { return objects_->size() == 0; }
-    bool contains(const Object& object) const { return objects_->find(object.key()) == &object; }
+    bool contains(const Object& object) const {
+        return objects_->find(object.key()).get() == &object;
+    }
 
  private:
     std::shared_ptr<const ObjectList> objects_;

@@ -7,6 +7,7 @@
 #include <string>
 #include <string_view>
 #include <unordered_map>
+#include <utility>
 
 #include "objectstore/entity_description.h"
 #include "objectstore/row_reader.h"
@@ -66,15 +67,40 @@ void createFile(const std::filesystem::path& file, const Model& model) {
     });
 }
 
+SQLite::Database open(const std::string& name) {
+    return translatingErrors("open " + name, [&name] {
+        return SQLite::Database(name, SQLite::OPEN_READWRITE | SQLite::OPEN_NOMUTEX,
+                                kBusyTimeoutMilliseconds);
+    });
+}
+
+SQLite::Database openForWriting(const std::filesystem::path& file) {
+    SQLite::Database database = open(file.string());
+    // SQLite opens a write-protected file for reading only, without a word.
+    if (sqlite3_db_readonly(database.getHandle(), "main") != 0) {
+        refuse(file, "The file is write-protected", SQLITE_READONLY, "open " + file.string(),
+               StoreError::Cause::noAccess);
+    }
+    const std::string logging = "PRAGMA journal_mode = WAL";
+    translatingErrors(logging, [&] {
+        if (database.execAndGet(logging).getString() != "wal") {
+            refuse(file, "The file cannot have a write-ahead log", SQLITE_CANTOPEN, logging,
+                   StoreError::Cause::other);
+        }
+    });
+    execute(database, "PRAGMA synchronous = FULL");
+    execute(database, "PRAGMA foreign_keys = ON");
+    // The first look opens the log: from here on others know that the file is in use.
+    execute(database, "SELECT count(*) FROM sqlite_schema");
+    return database;
+}
+
 }  // namespace
 
 // Used by one thread, so SQLite need not lock it at each call.
 class SqliteStore::Connection {
  public:
-    Connection(const std::string& name, int flags)
-        : database_(translatingErrors("open " + name, [&] {
-              return SQLite::Database(name, flags | SQLite::OPEN_NOMUTEX, kBusyTimeoutMilliseconds);
-          })) {
+    explicit Connection(SQLite::Database database) : database_(std::move(database)) {
         // Else the name of a column that is missing reads as a text, in every row.
         sqlite3_db_config(database_.getHandle(), SQLITE_DBCONFIG_DQS_DML, 0, nullptr);
     }
@@ -95,40 +121,37 @@ class SqliteStore::Connection {
 };
 
 SqliteStore::SqliteStore(const std::optional<std::filesystem::path>& file, const Model& model,
-                         const std::function<void()>& beforeUpgrade) {
+                         const std::function<void()>& beforeUpgrade)
+    : file_(file) {
     if (!file) {
-        connection_ =
-            std::make_unique<Connection>(":memory:", SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE);
+        connection_ = std::make_unique<Connection>(open(":memory:"));
         translatingErrors("create", [&] { createSchema(connection_->database(), model); });
         return;
     }
-    bool isOlder = false;
-    if (storeFileState(*file) == StoreFileState::present) {
-        isOlder = checkStore(*file, model) < model.version;
-    } else {
+    if (storeFileState(*file) != StoreFileState::present) {
         createFile(*file, model);
-    }
-    if (isOlder && beforeUpgrade) {
-        beforeUpgrade();
-    }
-    connection_ = std::make_unique<Connection>(file->string(), SQLite::OPEN_READWRITE);
-    SQLite::Database& database = connection_->database();
-    // SQLite opens a write-protected file for reading only, without a word.
-    if (sqlite3_db_readonly(database.getHandle(), "main") != 0) {
-        refuse(*file, "The file is write-protected", SQLITE_READONLY, "open " + file->string(),
-               StoreError::Cause::noAccess);
-    }
-    const std::string logging = "PRAGMA journal_mode = WAL";
-    translatingErrors(logging, [&] {
-        if (database.execAndGet(logging).getString() != "wal") {
-            refuse(*file, "The file cannot have a write-ahead log", SQLITE_CANTOPEN, logging,
-                   StoreError::Cause::other);
+    } else if (checkMarks(*file, model) < model.version) {
+        checkIntegrity(*file);
+        if (beforeUpgrade) {
+            beforeUpgrade();
         }
-    });
-    execute(database, "PRAGMA synchronous = FULL");
-    execute(database, "PRAGMA foreign_keys = ON");
-    if (isOlder) {
+        SQLite::Database database = openForWriting(*file);
         upgradeSchema(database, model);
+    }
+    // Beside the reading of the rows; after it where a journal makes readers wait for each other,
+    // or no thread can be had.
+    const bool hasJournal = hasWriteAheadLog(*file) || hasRollbackJournal(*file);
+    integrity_ =
+        std::async(hasJournal ? std::launch::deferred : std::launch::async | std::launch::deferred,
+                   [file = *file] { checkIntegrity(file); });
+    connection_ = std::make_unique<Connection>(openForReading(*file));
+}
+
+void SqliteStore::beginWriting() {
+    if (file_) {
+        connection_.reset();
+        integrity_.get();
+        connection_ = std::make_unique<Connection>(openForWriting(*file_));
     }
 }
 
@@ -142,6 +165,8 @@ void SqliteStore::read(const EntityDescription& entity,
         // reads every column of the store and takes them from SQLite itself.
         sqlite3_stmt* raw = nullptr;
         sqlite3* handle = connection_->database().getHandle();
+        // Each page is read once, and none is to be left between the objects that this makes.
+        connection_->database().exec("PRAGMA cache_size = 16");
         if (sqlite3_prepare_v2(handle, text.c_str(), -1, &raw, nullptr) != SQLITE_OK) {
             throw SQLite::Exception(handle);
         }
@@ -164,7 +189,14 @@ void SqliteStore::read(const EntityDescription& entity,
             throw SQLite::Exception(handle);
         }
     };
-    translatingErrors(text, readAll, StoreError::Cause::damaged);
+    try {
+        translatingErrors(text, readAll, StoreError::Cause::damaged);
+    } catch (const std::exception&) {
+        if (integrity_.valid()) {
+            integrity_.get();  // damage comes before whatever it has led to
+        }
+        throw;
+    }
 }
 
 namespace {

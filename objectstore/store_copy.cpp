@@ -117,6 +117,17 @@ void replaceStore(const std::filesystem::path& file, const std::filesystem::path
 }
 
 std::int32_t checkStore(const std::filesystem::path& file, const Model& model) {
+    const std::int32_t version = checkMarks(file, model);
+    checkIntegrity(file);
+    return version;
+}
+
+void checkIntegrity(const std::filesystem::path& file) {
+    SQLite::Database database = openForReading(file);
+    checkIntegrity(database, file);
+}
+
+std::int32_t checkMarks(const std::filesystem::path& file, const Model& model) {
     SQLite::Database database = openForReading(file);
     const auto number = [&database](const std::string& name) {
         const std::string statement = "PRAGMA " + name;
@@ -139,7 +150,6 @@ std::int32_t checkStore(const std::filesystem::path& file, const Model& model) {
         refuse(file, "The file has a format that this program does not know", SQLITE_MISMATCH,
                "PRAGMA user_version", causeUnlessDamaged(database, file, Cause::unknownVersion));
     }
-    checkIntegrity(database, file);
     return version;
 }
 

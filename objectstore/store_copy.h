@@ -30,6 +30,10 @@ void replaceStore(const std::filesystem::path& file, const std::filesystem::path
 // returns. Writes nothing, unless another program left a write of its own to be undone.
 std::int32_t checkStore(const std::filesystem::path& file, const Model& model);
 
+// Its two halves: the quick look at what the file says that it is, and the one at every page.
+std::int32_t checkMarks(const std::filesystem::path& file, const Model& model);
+void checkIntegrity(const std::filesystem::path& file);
+
 std::int64_t countRows(const std::filesystem::path& file, const EntityDescription& entity);
 
 // How the rows of one entity differ between two stores.

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <concepts>
 #include <optional>
 
 #include "base/date.h"
@@ -8,12 +9,9 @@
 namespace hearthmark::store {
 
 // What is ordered by its creation date.
-class CreationDateRepresentable {
- public:
-    virtual const std::optional<base::Date>& creationDate() const = 0;
-
- protected:
-    ~CreationDateRepresentable() = default;
+template <class Entity>
+concept CreationDateRepresentable = requires(const Entity& entity) {
+    { entity.creationDate() } -> std::same_as<std::optional<base::Date>>;
 };
 
 }  // namespace hearthmark::store

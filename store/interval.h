@@ -9,7 +9,6 @@
 #include "objectstore/fetched_results_controller.h"
 #include "objectstore/managed_object.h"
 #include "objectstore/managed_object_context.h"
-#include "store/creation_date_representable.h"
 #include "store/interval_data.h"
 #include "store/interval_state.h"
 
@@ -20,7 +19,7 @@ class Task;
 
 // One focus interval. Belongs to a task, or to none once it was taken out of its task's set.
 // Deleting it deletes its raw state.
-class Interval final : public objectstore::ManagedObject, public CreationDateRepresentable {
+class Interval final : public objectstore::ManagedObject {
  public:
     static const objectstore::EntityDescription& entity();
     static objectstore::FetchRequest<Interval> fetchRequest();
@@ -43,7 +42,7 @@ class Interval final : public objectstore::ManagedObject, public CreationDateRep
     void finish();
 
     const std::optional<base::Uuid>& id() const { return id_; }
-    const std::optional<base::Date>& creationDate() const override { return creationDate_; }
+    std::optional<base::Date> creationDate() const { return creationDate_; }
     // Time already spent, without the running stretch.
     base::Seconds duration() const { return duration_; }
     // The length that it aims at; 0 for no limit.
@@ -68,7 +67,7 @@ class Interval final : public objectstore::ManagedObject, public CreationDateRep
     void willChange() override;
 
     std::optional<base::Uuid> id_;
-    std::optional<base::Date> creationDate_;
+    base::OptionalDate creationDate_;
     base::Seconds duration_{0};
     base::Seconds maxDuration_{0};
     Task* task_ = nullptr;

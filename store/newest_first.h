@@ -6,18 +6,18 @@
 #include <vector>
 
 #include "base/date.h"
+#include "store/creation_date_representable.h"
 
 namespace hearthmark::store {
 
 // The order in which tasks, intervals and notes are shown: without a creation date first, then from
 // the newest to the oldest; of equals the one with the higher row key, the later made, comes first.
-// A strict weak order, so a rebuild never swaps two rows. Works on the entities with a creation
-// date.
+// A strict weak order, so a rebuild never swaps two rows.
 struct NewestFirst {
-    template <class Entity>
+    template <CreationDateRepresentable Entity>
     bool operator()(const Entity* a, const Entity* b) const {
-        const std::optional<base::Date>& dateA = a->creationDate();
-        const std::optional<base::Date>& dateB = b->creationDate();
+        const std::optional<base::Date> dateA = a->creationDate();
+        const std::optional<base::Date> dateB = b->creationDate();
         if (dateA.has_value() != dateB.has_value()) {
             return !dateA.has_value();
         }
@@ -29,7 +29,7 @@ struct NewestFirst {
 };
 
 // Of rows in the order of the store, oldest first, little is left to be sorted.
-template <class Entity>
+template <CreationDateRepresentable Entity>
 void sortNewestFirst(std::vector<Entity*>& entities) {
     std::ranges::reverse(entities);
     if (!std::ranges::is_sorted(entities, NewestFirst())) {

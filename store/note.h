@@ -10,7 +10,6 @@
 #include "objectstore/fetched_results_controller.h"
 #include "objectstore/managed_object.h"
 #include "objectstore/managed_object_context.h"
-#include "store/creation_date_representable.h"
 #include "store/note_data.h"
 
 namespace hearthmark::store {
@@ -18,7 +17,7 @@ namespace hearthmark::store {
 class Task;
 
 // A note on a task, or on none once it was taken out of its task's set.
-class Note final : public objectstore::ManagedObject, public CreationDateRepresentable {
+class Note final : public objectstore::ManagedObject {
  public:
     static const objectstore::EntityDescription& entity();
     static objectstore::FetchRequest<Note> fetchRequest();
@@ -35,7 +34,7 @@ class Note final : public objectstore::ManagedObject, public CreationDateReprese
     void setTask(Task* task);
 
     const std::optional<base::Uuid>& id() const { return id_; }
-    const std::optional<base::Date>& creationDate() const override { return creationDate_; }
+    std::optional<base::Date> creationDate() const { return creationDate_; }
     const std::optional<std::string>& text() const { return text_; }
     Task* task() const { return task_; }
 
@@ -44,7 +43,7 @@ class Note final : public objectstore::ManagedObject, public CreationDateReprese
     void willChange() override;
 
     std::optional<base::Uuid> id_;
-    std::optional<base::Date> creationDate_;
+    base::OptionalDate creationDate_;
     std::optional<std::string> text_;
     Task* task_ = nullptr;
 };

@@ -63,8 +63,8 @@ void RawIntervalState::close() {
 std::optional<IntervalState> RawIntervalState::intervalState() const {
     switch (static_cast<StateCode>(state_)) {
         case StateCode::running:
-            return started_ ? std::optional(IntervalState::running(*started_, visited_))
-                            : std::nullopt;
+            return isRunning() ? std::optional(IntervalState::running(*started(), visited()))
+                               : std::nullopt;
         case StateCode::paused:
             return IntervalState::paused();
         case StateCode::finished:

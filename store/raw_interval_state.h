@@ -41,8 +41,8 @@ class RawIntervalState final : public objectstore::ManagedObject {
     // One of StateCode, or anything else a file may hold.
     std::int16_t state() const { return state_; }
     // Present only while running.
-    const std::optional<base::Date>& started() const { return started_; }
-    const std::optional<base::Date>& visited() const { return visited_; }
+    std::optional<base::Date> started() const { return started_; }
+    std::optional<base::Date> visited() const { return visited_; }
     Interval* interval() const { return interval_; }
 
     // Absent where the code is unknown, or says running without a start.
@@ -50,7 +50,7 @@ class RawIntervalState final : public objectstore::ManagedObject {
 
     // Whether that is running.
     bool isRunning() const {
-        return state_ == static_cast<std::int16_t>(StateCode::running) && started_.has_value();
+        return state_ == static_cast<std::int16_t>(StateCode::running) && started().has_value();
     }
 
  private:
@@ -59,8 +59,8 @@ class RawIntervalState final : public objectstore::ManagedObject {
     void willChange() override;
 
     std::int16_t state_ = static_cast<std::int16_t>(StateCode::paused);
-    std::optional<base::Date> started_;
-    std::optional<base::Date> visited_;
+    base::OptionalDate started_;
+    base::OptionalDate visited_;
     Interval* interval_ = nullptr;
 };
 

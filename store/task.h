@@ -9,7 +9,6 @@
 #include "base/uuid.h"
 #include "objectstore/fetched_results_controller.h"
 #include "objectstore/managed_object.h"
-#include "store/creation_date_representable.h"
 #include "store/name_representable.h"
 
 namespace hearthmark::store {
@@ -18,9 +17,7 @@ class Interval;
 class Note;
 
 // A user's task. Deleting it deletes its intervals and notes.
-class Task final : public objectstore::ManagedObject,
-                   public CreationDateRepresentable,
-                   public NameRepresentable {
+class Task final : public objectstore::ManagedObject, public NameRepresentable {
  public:
     static const objectstore::EntityDescription& entity();
     static objectstore::FetchRequest<Task> fetchRequest();
@@ -39,7 +36,7 @@ class Task final : public objectstore::ManagedObject,
     void removeNotesObject(Note& note);
 
     const std::optional<base::Uuid>& id() const { return id_; }
-    const std::optional<base::Date>& creationDate() const override { return creationDate_; }
+    std::optional<base::Date> creationDate() const { return creationDate_; }
     const std::optional<std::string>& name() const override { return name_; }
     // In no order. The pointers are valid until the set changes.
     const std::vector<Interval*>& intervals() const { return intervals_; }
@@ -78,7 +75,7 @@ class Task final : public objectstore::ManagedObject,
     void noteWillChange();
 
     std::optional<base::Uuid> id_;
-    std::optional<base::Date> creationDate_;
+    base::OptionalDate creationDate_;
     std::optional<std::string> name_;
     std::vector<Interval*> intervals_;
     std::vector<Note*> notes_;

@@ -3,6 +3,7 @@
 
 #include <sqlite3.h>
 
+#include <atomic>
 #include <filesystem>
 #include <map>
 #include <string>
@@ -71,8 +72,8 @@ class FaultVfs {
     Call failing_ = Call::read;
     Fault fault_ = Fault::ioError;
     // Negative where none is to fail.
-    int callsUntilFault_ = -1;
-    bool hasFailed_ = false;
+    std::atomic<int> callsUntilFault_ = -1;
+    std::atomic<bool> hasFailed_ = false;
 };
 
 }  // namespace hearthmark::tests
