@@ -146,11 +146,10 @@ struct Ends {
 template <class Object>
 EntityDescription EntityDescription::of(std::string name) {
     return {std::move(name), [](std::size_t count) {
-                const std::shared_ptr<Object[]> block(new Object[count]);
+                const auto block = std::make_shared<std::vector<Object>>(count);
                 ObjectHandles objects;
-                objects.reserve(count);
-                for (std::size_t place = 0; place < count; ++place) {
-                    objects.emplace_back(block, &block[place]);
+                for (Object& object : *block) {
+                    objects.emplace_back(block, &object);
                 }
                 return objects;
             }};

@@ -407,6 +407,7 @@ TEST(StoreBackups, BringBackTheLastGoodDayWhereverTheStoreIsDamaged) {
             continue;  // where nothing was, or within a value
         }
         ++refusals;
+        ASSERT_EQ(message.find("SELECT"), std::string::npos) << "the check says it, not the rows";
         const bool isNewestGood = store.backups->newestGood()->day == store.backups->all()[0].day;
         ASSERT_TRUE(isNewestGood || isBackupDamaged);
         const auto named = message.find("Backups/Hearthmark-2001-01-0" +
