@@ -84,7 +84,15 @@ class NotesAndShare(ProgramTest):
         key("ctrl+c")
         wait_for(lambda: clipboard() == long.encode(), "all of the note, of which a part is shown")
         set_clipboard("")
-        key("Tab", "space")
+        row = next(each for each in program.find_all(role="list item") if each.name.startswith("0\n"))
+        tops = [extents(row).y]
+        for keys, way in [("Next", -1), ("Down", -1), ("Up", 1), ("Prior", 1)]:
+            key(keys)
+            wait_for(lambda: (extents(row).y - tops[-1]) * way > 20, f"{keys} to scroll the note")
+            tops.append(extents(row).y)
+        key("Return")
+        program.find("The whole note", "list")
+        key("Escape", "Tab", "space")
         program.find("The whole note", "list")
         key("End")
         program.find("599", "label")
@@ -135,7 +143,7 @@ class NotesAndShare(ProgramTest):
 
         program = self.show_task(*map(str, range(200)), intervals=300)
         program.resize(900, 620)
-        set_clipboard("line\n" * 60)
+        set_clipboard("line\n" * 4000)
         for change in ["ctrl+v", "ctrl+z", "ctrl+shift+z", "ctrl+Return"]:
             key("ctrl+shift+n")
             wait_until_visible("Save")
