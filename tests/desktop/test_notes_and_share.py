@@ -50,7 +50,7 @@ class NotesAndShare(ProgramTest):
         set_clipboard(BLANKS)
         key("ctrl+v")
         self.wait_for_typed(BLANKS)
-        program.press("Save")
+        self.assertFalse(program.is_enabled("Save"))
         # What is not empty does not go by Escape.
         key("ctrl+Return", "Escape", "x", "ctrl+shift+n", "Escape", "y")
         self.wait_for_typed(BLANKS + "xy")
