@@ -14,7 +14,7 @@ FocusScope {
     // A bar that goes would take the keyboard along.
     function leave(bar: FocusScope) {
         if (bar.focus)
-            sidebar.focus = true;
+            sidebar.takeFocus();
     }
 
     Shortcut {
