@@ -164,8 +164,8 @@ class Use(ProgramTest):
         for keys, name in [("ctrl+e", "JSON"), ("F1", "Keyboard Shortcuts"), ("ctrl+n", "Task name")]:
             key(keys)
             program.find(name)
-            key("x", "Escape")
-            wait_for(lambda: not program.find_all(name), "the sheet to close")
+            key("ctrl+n", "F1", "x", "Escape")
+            wait_for(lambda: not program.find_all(role="dialog"), "the one sheet to close")
         key("Delete")
         wait_for(lambda: program.rows("SELECT name FROM Task") == [("Two",)], "the deletion")
         program.find("Task deleted: One", "notification")
@@ -265,7 +265,7 @@ class Use(ProgramTest):
         wait_for(lambda: lines_of("fffefc", 300) > 200, "the light pane")
 
     def test_every_button_is_inside_the_smallest_window_with_large_text(self):
-        name = "A task with a name that is very much longer than the list is wide"
+        name = "A task with a name\nthat is very much longer than the list is wide"
         self.make_store(("INSERT INTO Task VALUES (1, ?, 0, ?)", (new_id(), name)))
         program, data = self.program, Path(self.program.data)
         (data / "kdeglobals").write_text("[General]\nfont=DejaVu Sans,16,-1,5,50,0,0,0,0,0\n")
