@@ -32,7 +32,7 @@ Item {
 
     Shortcut {
         sequence: "Ctrl+E"
-        enabled: root.screen.activeFocus
+        enabled: root.screen.activeFocus && shareButton.enabled
         onActivated: root.adapter.displayShareSheet()
     }
 
@@ -49,6 +49,7 @@ Item {
             anchors.rightMargin: Theme.spacing
             anchors.verticalCenter: parent.verticalCenter
             symbol: "square.and.arrow.up"
+            enabled: list.canWrite // the task is there
             text: qsTr("Share")
             onClicked: root.adapter.displayShareSheet()
         }
