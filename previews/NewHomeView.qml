@@ -57,6 +57,7 @@ FocusScope {
             TaskDetailView {
                 anchors.fill: parent
                 home: root.home
+                screen: root
             }
         }
     }

@@ -36,7 +36,7 @@ Item {
         anchors.verticalCenter: parent.verticalCenter
         text: root.text
         color: root.isSelected ? Theme.colors.selectedText : Theme.colors.text
-        isMarked: root.isSelected
+        isMarked: root.isSelected && (root.ListView.view?.activeFocus ?? false)
         Accessible.ignored: true
     }
 

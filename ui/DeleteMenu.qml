@@ -20,6 +20,13 @@ ContextMenu {
             root.close();
     }
 
+    // As the Delete key does it: the keyboard goes back to the row, from where it comes to the one beside.
+    function deleteRow() {
+        const row = root.row;
+        root.close();
+        row.deletionRequested();
+    }
+
     onRowChanged: root.closeWithoutRow()
 
     Binding {
@@ -34,6 +41,6 @@ ContextMenu {
 
         text: qsTr("Delete")
         isDestructive: true
-        onTriggered: root.row.deletionRequested()
+        onTriggered: root.deleteRow()
     }
 }

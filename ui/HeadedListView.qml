@@ -33,25 +33,58 @@ FreshListView {
         root.contentY = root.originY - root.topMargin;
     }
 
+    // Whole with the ring around it, or where it is higher than the view nothing but it.
     function showRow(row: int) {
+        if (!root.itemAtIndex(row))
+            root.positionViewAtIndex(row, ListView.Contain);
         root.currentIndex = row;
-        root.positionViewAtIndex(row, ListView.Contain);
+        if (!root.currentItem)
+            return;
+        const top = root.currentItem.y - Theme.tightSpacing;
+        const bottom = root.currentItem.y + root.currentItem.height + Theme.tightSpacing - root.height;
+        root.contentY = Math.max(Math.min(top, bottom), Math.min(root.contentY, Math.max(top, bottom)));
     }
 
     // By the keyboard: the first row with as much of what stands above it as there is room for.
     function walkTo(row: int) {
         root.showRow(row);
-        const bottom = root.currentItem.y + root.currentItem.height;
+        const bottom = root.currentItem.y + root.currentItem.height + Theme.tightSpacing;
         if (root.rows.rowBefore(row) === row)
             root.contentY = Math.max(root.originY - root.topMargin, Math.min(root.contentY, bottom - root.height));
     }
 
-    // Where no row is current: what stands in the head may be higher than the view.
-    function scrollByPage(event) {
-        const page = root.height - Theme.controlHeight;
-        event.accepted = event.key === Qt.Key_PageUp || event.key === Qt.Key_PageDown;
-        if (event.accepted)
-            root.scrollBy(event.key === Qt.Key_PageUp ? -page : page);
+    function walkToFirst() {
+        root.showTop();
+        root.walkTo(root.rows.rowAfter(-1));
+    }
+
+    // How far what has the keyboard is above the view, or below it, with the ring around it.
+    function focusOverhang(): real {
+        const item = root.Window.activeFocusItem;
+        const top = item.mapToItem(root, 0, -Theme.tightSpacing).y;
+        const bottom = item.mapToItem(root, 0, item.height + Theme.tightSpacing).y;
+        return top < 0 ? top : Math.max(0, bottom - root.height);
+    }
+
+    // Where no row is current: what stands in the head may be higher than the view. What has the keyboard
+    // may go out of sight, but not in part.
+    function scrollByKey(event) {
+        const steps = new Map([[Qt.Key_PageUp, -keys.pageStep], [Qt.Key_PageDown, keys.pageStep], [Qt.Key_Home, -Infinity], [Qt.Key_End, Infinity]]);
+        event.accepted = steps.has(event.key);
+        if (!event.accepted)
+            return;
+        root.scrollBy(steps.get(event.key));
+        const overhang = root.focusOverhang();
+        if (Math.abs(overhang) < root.Window.activeFocusItem.height)
+            root.scrollBy(overhang);
+    }
+
+    // Back, before it is used.
+    function showBeforeUse(event) {
+        const isUse = [Qt.Key_Left, Qt.Key_Right, Qt.Key_Return, Qt.Key_Enter, Qt.Key_Space, Qt.Key_Delete, Qt.Key_Menu].includes(event.key);
+        event.accepted = false;
+        if (isUse && root.focusOverhang() !== 0)
+            root.focusDisplaced();
     }
 
     // A row that stays current would take the focus when the rows before it change.
@@ -71,7 +104,8 @@ FreshListView {
         root.displaceFocus();
     }
 
-    Keys.onPressed: event => root.scrollByPage(event)
+    Keys.onShortcutOverride: event => root.showBeforeUse(event)
+    Keys.onPressed: event => root.scrollByKey(event)
     onTopMarginChanged: root.followHead()
     onHeightChanged: root.displaceFocus()
 
@@ -94,7 +128,7 @@ FreshListView {
         list: root
         onUpPressed: root.walkTo(root.rows.rowBefore(root.currentIndex))
         onDownPressed: root.walkTo(root.rows.rowAfter(root.currentIndex))
-        onHomePressed: root.walkTo(root.rows.rowAfter(-1))
+        onHomePressed: root.walkToFirst()
         onEndPressed: root.walkTo(root.rows.rowBefore(root.count))
         onPageUpPressed: row => root.walkTo(Math.min(root.rows.rowAfter(row - 1), root.rows.rowBefore(root.currentIndex)))
         onPageDownPressed: row => root.walkTo(Math.max(root.rows.rowBefore(row + 1), root.rows.rowAfter(root.currentIndex)))

@@ -19,6 +19,13 @@ FocusScope {
             to.focus = true;
     }
 
+    // The keyboard's home where what had it is gone.
+    function takeFocus() {
+        (list.isEmpty ? addButton : list).focus = true;
+        root.focus = true;
+        list.showNewest();
+    }
+
     Rectangle {
         anchors.fill: parent
         color: Theme.colors.sidebar

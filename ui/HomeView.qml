@@ -14,21 +14,25 @@ FocusScope {
     // A bar that goes would take the keyboard along.
     function leave(bar: FocusScope) {
         if (bar.focus)
-            sidebar.focus = true;
+            sidebar.takeFocus();
     }
 
+    // While a sheet or a menu has the keyboard, no key is for what lies behind it.
     Shortcut {
         sequence: "Ctrl+N"
+        enabled: root.activeFocus
         onActivated: root.home.displayAddSheet()
     }
 
     Shortcut {
         sequence: "Ctrl+F"
+        enabled: root.activeFocus
         onActivated: root.home.finishNewest()
     }
 
     Shortcut {
         sequences: ["F1", "Ctrl+?"]
+        enabled: root.activeFocus
         onActivated: (popups.part() as HomePopups).openShortcuts()
     }
 
@@ -104,7 +108,8 @@ FocusScope {
             anchors.bottomMargin: undoBar.visible ? undoBar.height + 2 * Theme.wideSpacing : 0
             active: root.home.taskDetail !== null
             Component.onCompleted: setSource(Qt.resolvedUrl("TaskDetailView.qml"), {
-                home: root.home
+                home: root.home,
+                screen: root
             })
         }
     }
@@ -117,6 +122,7 @@ FocusScope {
         anchors.horizontalCenter: pane.horizontalCenter
         maximumWidth: pane.width - 2 * Theme.spacing
         adapter: root.home.undo
+        screen: root
         onVisibleChanged: root.leave(undoBar)
     }
 

@@ -28,7 +28,7 @@ HeadedListView {
     }
 
     function showNotes(top: real, bottom: real) {
-        if (!root.notesPlace)
+        if (!root.itemAtIndex(root.notesRow))
             root.positionViewAtIndex(root.notesRow, ListView.Contain);
         root.forceLayout();
         root.contentY = Math.min(notes.y + top, Math.max(notes.y + bottom + Theme.spacing - root.height, root.contentY));
@@ -79,17 +79,6 @@ HeadedListView {
         TaskDetailRow {
             id: row
 
-            function takePlace() {
-                if (row.isPlace)
-                    root.notesPlace = row;
-            }
-
-            // An editor that grows, or goes, takes what has the focus along.
-            function followNotes() {
-                if (root.notesPlace === row)
-                    root.displaceFocus();
-            }
-
             x: root.columnX
             width: root.columnWidth
             notesHeight: notes.height
@@ -99,8 +88,8 @@ HeadedListView {
             onWholeRequested: root.adapter.displayWholeNote(row.index)
             onDeletionRequested: root.rows.deleteRow(row.index)
             onMenuRequested: position => root.menuRequested(row, position)
-            onHeightChanged: row.followNotes()
-            Component.onCompleted: row.takePlace()
+            onPlaceMade: root.notesPlace = row
+            onPlaceResized: root.displaceFocus() // with its editor, which takes what has the focus along
             Keys.forwardTo: [root.rowKeys]
         }
     }

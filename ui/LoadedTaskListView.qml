@@ -10,6 +10,9 @@ ListView {
 
     required property TaskListModel rows
 
+    // The current task has come to another section, where it is to be seen.
+    property bool isMoved: false
+
     signal menuRequested(row: DeletableRow, position: point)
 
     function showRow(row: int) {
@@ -19,12 +22,16 @@ ListView {
             root.positionViewAtIndex(row, ListView.Contain);
     }
 
-    // By the keyboard: the first task with what stands above it.
-    function walkTo(row: int) {
-        const task = root.rows.taskNearest(row);
+    // The first task with what stands above it.
+    function showTask(task: int) {
         root.showRow(task);
         if (root.rows.taskBefore(task) === task)
             root.contentY = root.originY;
+    }
+
+    // By the keyboard.
+    function walkTo(row: int) {
+        root.showTask(root.rows.taskNearest(row));
         if (root.currentItem)
             (root.currentItem as TaskListRow).isWalkedTo = true;
     }
@@ -33,6 +40,15 @@ ListView {
     function keepTaskCurrent() {
         root.forceLayout();
         root.currentIndex = root.rows.taskNearest(root.currentIndex);
+        if (root.isMoved)
+            root.showTask(root.currentIndex);
+        root.isMoved = false;
+    }
+
+    // One that finishes by itself must not scroll what is being looked at.
+    function followMove(row: TaskListRow) {
+        if (row.ListView.isCurrentItem && (row.ticks || root.activeFocus))
+            root.isMoved = true;
     }
 
     function tapRow(row: int) {
@@ -80,6 +96,7 @@ ListView {
         activeFocusOnTab: row.activeFocus || row.index === root.currentIndex
         onFocused: root.showRow(row.index)
         onTapped: root.tapRow(row.index)
+        onTicksChanged: root.followMove(row)
         onDeletionRequested: root.rows.deleteRow(row.index)
         onMenuRequested: position => root.menuRequested(row, position)
         onLineMenuRequested: (line, position) => root.menuRequested(line, position)

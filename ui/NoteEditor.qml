@@ -59,6 +59,7 @@ EditorForm {
             spacing: Theme.spacing
 
             PushButton {
+                enabled: root.adapter.canSave
                 look: PushButton.Primary
                 text: root.adapter.saveText
                 onClicked: root.saveRequested()

@@ -59,8 +59,19 @@ SheetForm {
             model: root.adapter.rows
             Accessible.role: Accessible.List
             Accessible.name: qsTr("Backups")
-            Keys.onUpPressed: list.select(Math.max(list.currentIndex - 1, 0))
-            Keys.onDownPressed: list.select(Math.min(list.currentIndex + 1, list.count - 1))
+            Keys.forwardTo: [keys]
+
+            RowKeys {
+                id: keys
+
+                list: list
+                onUpPressed: list.select(Math.max(list.currentIndex - 1, 0))
+                onDownPressed: list.select(Math.min(list.currentIndex + 1, list.count - 1))
+                onHomePressed: list.select(0)
+                onEndPressed: list.select(list.count - 1)
+                onPageUpPressed: row => list.select(row)
+                onPageDownPressed: row => list.select(row)
+            }
 
             ScrollBar {
                 flickable: list

@@ -2,7 +2,8 @@
 import QtQuick
 
 // Stands for some rows of a list where the Tab key comes by: the rows themselves are made in no order.
-// Focused, it hands the focus on to the first of them.
+// Focused, it hands the focus on to the first of them; its end, where one comes by from behind, to the last
+// in that row that takes it.
 Item {
     id: root
 
@@ -15,13 +16,20 @@ Item {
         root.list.currentItem.forceActiveFocus(Qt.TabFocusReason);
     }
 
+    function enterBackward() {
+        root.enter();
+        (root.list.currentItem as TaskDetailRow).focusLast();
+    }
+
     function handOn() {
-        if (root.activeFocus)
+        if (end.activeFocus)
+            root.enterBackward();
+        else if (root.activeFocus)
             root.enter();
     }
 
     function leaveForward() {
-        root.nextItemInFocusChain(true).forceActiveFocus(Qt.TabFocusReason);
+        end.nextItemInFocusChain(true).forceActiveFocus(Qt.TabFocusReason);
     }
 
     function leaveBackward() {
@@ -30,4 +38,11 @@ Item {
 
     activeFocusOnTab: root.count > 0
     onActiveFocusChanged: root.handOn()
+
+    Item {
+        id: end
+
+        activeFocusOnTab: root.activeFocusOnTab
+        onActiveFocusChanged: root.handOn()
+    }
 }

@@ -23,14 +23,40 @@ RowOfKind {
     // The whole text is to be copied, of which this may show a part.
     signal copied
     signal wholeRequested
+    signal placeMade
+    signal placeResized
+
+    function tellMade() {
+        if (root.isPlace)
+            root.placeMade();
+    }
+
+    function tellSize() {
+        if (root.isPlace && root.isComplete)
+            root.placeResized();
+    }
 
     function showEnd() {
         root.ListView.view.positionViewAtIndex(root.index, ListView.End);
     }
 
+    // Of what the Tab key reaches in it.
+    function focusLast() {
+        if (root.isCut)
+            (root.content as NotesItemGroupBoxStyle).focusButton();
+        else
+            root.forceActiveFocus(Qt.BacktabFocusReason);
+    }
+
+    function showWhole(event) {
+        event.accepted = root.isCut;
+        if (root.isCut)
+            root.wholeRequested();
+    }
+
     function goForward() {
         if (root.isCut && root.activeFocus)
-            (root.content as NotesItemGroupBoxStyle).focusButton();
+            root.focusLast();
         else
             root.stop.leaveForward();
     }
@@ -45,9 +71,13 @@ RowOfKind {
     shownKind: root.isPlace ? null : root.kind === TaskDetailListModel.Interval ? interval : note
     height: root.isPlace ? root.notesHeight : root.content?.height ?? 0
     visible: !root.isPlace
+    onHeightChanged: root.tellSize()
+    onIsCompleteChanged: root.tellMade()
     Accessible.role: Accessible.ListItem
     Accessible.name: root.text
     Accessible.focusable: true
+    Keys.onReturnPressed: event => root.showWhole(event)
+    Keys.onEnterPressed: event => root.showWhole(event)
     Keys.onTabPressed: root.goForward()
     Keys.onBacktabPressed: root.goBackward()
 

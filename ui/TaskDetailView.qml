@@ -8,25 +8,31 @@ Item {
     id: root
 
     required property HomeAdapter home
+    // On which the keys act that are told here.
+    required property FocusScope screen
     readonly property TaskDetailAdapter adapter: root.home.taskDetail
 
     Shortcut {
         sequence: "Ctrl+Shift+N"
+        enabled: root.screen.activeFocus
         onActivated: list.addNote()
     }
 
     Shortcut {
         sequence: "Ctrl+1"
+        enabled: root.screen.activeFocus
         onActivated: root.adapter.startShortFocus()
     }
 
     Shortcut {
         sequence: "Ctrl+2"
+        enabled: root.screen.activeFocus
         onActivated: root.adapter.startLongFocus()
     }
 
     Shortcut {
         sequence: "Ctrl+E"
+        enabled: root.screen.activeFocus && shareButton.enabled
         onActivated: root.adapter.displayShareSheet()
     }
 
@@ -43,6 +49,7 @@ Item {
             anchors.rightMargin: Theme.spacing
             anchors.verticalCenter: parent.verticalCenter
             symbol: "square.and.arrow.up"
+            enabled: list.canWrite // the task is there
             text: qsTr("Share")
             onClicked: root.adapter.displayShareSheet()
         }

@@ -12,6 +12,12 @@ FocusScope {
     readonly property alias atTop: list.atYBeginning
     readonly property bool isEmpty: root.adapter.loaded && list.currentIndex < 0
 
+    function showNewest() {
+        const row = root.adapter.newestRow();
+        if (row >= 0)
+            list.showTask(root.adapter.rows.taskNearest(row));
+    }
+
     LoadedTaskListView {
         id: list
 

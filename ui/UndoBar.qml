@@ -9,6 +9,8 @@ FocusScope {
 
     required property UndoAdapter adapter
     required property real maximumWidth
+    // On which the key undoes.
+    required property FocusScope screen
 
     implicitWidth: content.implicitWidth + Theme.wideSpacing + Theme.spacing
     implicitHeight: content.implicitHeight + 2 * Theme.spacing
@@ -18,7 +20,7 @@ FocusScope {
 
     Shortcut {
         sequence: "Ctrl+Z"
-        enabled: root.adapter.presented
+        enabled: root.adapter.presented && root.screen.activeFocus
         onActivated: root.adapter.undo()
     }
 

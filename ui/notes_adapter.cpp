@@ -3,6 +3,7 @@
 
 #include <utility>
 
+#include "base/text.h"
 #include "ui/run_action.h"
 #include "ui/text_conversion.h"
 #include "ui/typed_text.h"
@@ -11,7 +12,10 @@ namespace hearthmark::ui {
 
 NotesAdapter::NotesAdapter(std::shared_ptr<presentation::NotesViewModelProtocol> viewModel)
     : viewModel_(std::move(viewModel)),
-      subscription_(viewModel_->viewState().subscribeDidChange([this] { emit shown(); })) {
+      subscription_(viewModel_->viewState().subscribeDidChange([this] {
+          follow(noteText());
+          emit shown();
+      })) {
     viewModel_->startObserving();
 }
 
@@ -46,10 +50,19 @@ void NotesAdapter::discardNote() const {
     }
 }
 
-void NotesAdapter::editNote(const std::string& text) const {
+void NotesAdapter::editNote(const std::string& text) {
     if (isWriting()) {
         const auto edit = state()->pendingNote->onEdit;
         (*edit)(text);
+        follow(text);
+    }
+}
+
+void NotesAdapter::follow(const std::string& text) {
+    const bool canSave = !base::trimmed(text).empty();
+    if (canSave != canSave_) {
+        canSave_ = canSave;
+        emit canSaveChanged();
     }
 }
 

@@ -24,6 +24,7 @@ class NotesAdapter final : public QObject {
     Q_PROPERTY(bool loaded READ loaded NOTIFY shown FINAL)
     Q_PROPERTY(bool canAddNote READ canAddNote NOTIFY shown FINAL)
     Q_PROPERTY(bool isWriting READ isWriting NOTIFY shown FINAL)
+    Q_PROPERTY(bool canSave READ canSave NOTIFY canSaveChanged FINAL)
     Q_PROPERTY(QString saveText READ saveText NOTIFY shown FINAL)
     Q_PROPERTY(QString discardText READ discardText NOTIFY shown FINAL)
 
@@ -40,6 +41,8 @@ class NotesAdapter final : public QObject {
     bool isWriting() const { return state() && state()->pendingNote; }
     // Of the open note, as far as it is typed.
     std::string noteText() const;
+    // It is more than white space.
+    bool canSave() const { return canSave_; }
     // The titles of the open note's buttons.
     QString saveText() const;
     QString discardText() const;
@@ -49,14 +52,18 @@ class NotesAdapter final : public QObject {
     Q_INVOKABLE void saveNote(const QQuickTextDocument* text) const;
     Q_INVOKABLE void discardNote() const;
     // What its editor now holds.
-    void editNote(const std::string& text) const;
+    void editNote(const std::string& text);
 
  signals:
     // A new state has come.
     void shown();
+    void canSaveChanged();
 
  private:
+    void follow(const std::string& text);
+
     std::shared_ptr<presentation::NotesViewModelProtocol> viewModel_;
+    bool canSave_ = false;
     livedata::Subscription subscription_;
 };
 

@@ -29,6 +29,9 @@ class TaskListAdapter final : public QObject {
 
     bool loaded() const { return loaded_; }
     TaskListModel* rows() { return &rows_; }
+    // What the keyboard is best on that comes from elsewhere: the row that came with the state that
+    // is being shown, else that of the selected task, or -1.
+    Q_INVOKABLE int newestRow() const;
 
  signals:
     void loadedChanged();
@@ -40,6 +43,7 @@ class TaskListAdapter final : public QObject {
 
     std::shared_ptr<presentation::TaskListViewModelProtocol> viewModel_;
     TaskListModel rows_;
+    int insertedRow_ = -1;
     bool isShown_ = true;
     bool loaded_ = false;
     livedata::Subscription subscription_;

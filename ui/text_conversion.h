@@ -12,6 +12,11 @@ inline QString toQString(const std::string& text) {
     return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
 }
 
+// For a sentence: the lines of a name stand side by side.
+inline QString toOneLine(const std::string& text) {
+    return toQString(text).simplified();
+}
+
 inline std::string toUtf8(const QString& text) {
     return text.toUtf8().toStdString();
 }

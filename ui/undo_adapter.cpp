@@ -16,7 +16,7 @@ UndoAdapter::UndoAdapter(std::shared_ptr<presentation::UndoDeletionViewModel> vi
 
 QString UndoAdapter::text() const {
     const auto& state = viewModel_->viewState().value();
-    return state ? toQString(state->text) : QString();
+    return state ? toOneLine(state->text) : QString();
 }
 
 void UndoAdapter::undo() {

@@ -19,8 +19,8 @@ QString UnseenFinishesAdapter::text() const {
         return {};
     }
     const services::NotificationContent& latest = finishes_->value().back();
-    const QString title = toQString(latest.title);
-    const QString body = toQString(latest.body);
+    const QString title = toOneLine(latest.title);
+    const QString body = toOneLine(latest.body);
     const QLatin1String colon(": ");
     const QString sentence = canShow() ? body + colon + title : title + colon + body;
     const auto others = finishes_->value().size() - 1;

@@ -30,7 +30,7 @@ class Backups(ProgramTest):
         program.press("Application menu")
         program.press("Restore from a backup…", "menu item")
         wait_for(lambda: has_focus(program.find("Backups", "list")), "the list to have the keyboard")
-        key("Down")
+        key("End")
         program.find("Goes: 1 task, 1 interval\nBecomes what it was: 1 interval")
         program.press("Restore and Restart")
         wait_for(lambda: program.names() and "Since then" not in program.names(), "the day before")

@@ -164,8 +164,8 @@ class Use(ProgramTest):
         for keys, name in [("ctrl+e", "JSON"), ("F1", "Keyboard Shortcuts"), ("ctrl+n", "Task name")]:
             key(keys)
             program.find(name)
-            key("x", "Escape")
-            wait_for(lambda: not program.find_all(name), "the sheet to close")
+            key("ctrl+n", "F1", "x", "Escape")
+            wait_for(lambda: not program.find_all(role="dialog"), "the one sheet to close")
         key("Delete")
         wait_for(lambda: program.rows("SELECT name FROM Task") == [("Two",)], "the deletion")
         program.find("Task deleted: One", "notification")
@@ -221,10 +221,26 @@ class Use(ProgramTest):
                 reach("Prior", first)
                 self.assertTrue(program.find_all("Running" if rows == "Task" else "Add Note"))
                 key("Return")
-            tab_to("Focus of the last 14 days")
-            for keys, headings in [("Next", 0), ("Prior", 1)]:
-                key(keys)
-                wait_for(lambda: len(program.find_all("Task 30", "heading")) == headings, keys)
+                reach("Down", rows + " 29")
+                reach("Menu Return", rows + " 28")
+                tab_to("Undo")
+                reach("Return", "Task 29" if rows == "Task" else "Task 30")
+            for place, keys in [("Focus of the last 14 days", ["Next", "Prior"]), ("30:00", ["End", "Left"])]:
+                tab_to(place)
+                for each, headings in zip(keys, [0, 1]):
+                    key(each)
+                    wait_for(lambda: len(program.find_all("Task 30", "heading")) == headings, each)
+            program.press("Application menu")
+            for keys, item in [("Up", "Quit"), ("Down", "About.*"), ("k", "Keyboard.*"), ("End", "Quit")]:
+                reach(keys, item)
+            key("Escape")
+            tab_to("Task 30")
+            reach("End", "Task 1")
+            key("Return", "ctrl+1")
+            wait_for(lambda: program.section_of("Task 1") == "Running", "it under the first header")
+            key("ctrl+f")
+            tab_to("Show")
+            reach("Return", "Task 1")
             reach("ctrl+e shift+Tab", "JSON")
             reach(forth, "CSV")
             reach(back, "JSON")
@@ -249,7 +265,7 @@ class Use(ProgramTest):
         wait_for(lambda: lines_of("fffefc", 300) > 200, "the light pane")
 
     def test_every_button_is_inside_the_smallest_window_with_large_text(self):
-        name = "A task with a name that is very much longer than the list is wide"
+        name = "A task with a name\nthat is very much longer than the list is wide"
         self.make_store(("INSERT INTO Task VALUES (1, ?, 0, ?)", (new_id(), name)))
         program, data = self.program, Path(self.program.data)
         (data / "kdeglobals").write_text("[General]\nfont=DejaVu Sans,16,-1,5,50,0,0,0,0,0\n")
@@ -282,6 +298,7 @@ class Use(ProgramTest):
                 see(button)
             key("Escape")
             wait_for(lambda: not program.find_all(role="dialog"), "the sheet to close")
+        program.find("Task deleted: " + name.replace("\n", " "), "notification")
         border = program.find("Border between list and task")
         place, list_of_tasks = extents(border), program.find("Tasks", "list")
         usual = extents(list_of_tasks).width

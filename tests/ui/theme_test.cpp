@@ -53,7 +53,7 @@ TEST(Theme, ShowsEveryTextAndOutlineWithEnoughContrastInBothPalettes) {
         {4.5, {"danger"}, {"content", "menuHighlight"}},
         {4.5, {"selectedText"}, {"selectedContent"}},
         {4.5, {"accentText"}, {"accent", "accentHovered", "accentPressed"}},
-        {3, {"focus"}, {"window", "sidebar", "content"}},
+        {3, {"focus"}, {"window", "sidebar", "content", "menuHighlight"}},
         {3, {"fieldBorder"}, {"content"}}};
     for (const QVariant& each : root->property("palettes").toList()) {
         const auto* palette = each.value<QObject*>();

@@ -6,6 +6,33 @@ import QtQuick.Templates as T
 T.Menu {
     id: root
 
+    // To the next item that can be used and begins like that, from one on and past the ends.
+    function walk(first: int, step: int, start: string): bool {
+        for (let i = 0; i < root.count; ++i) {
+            const index = (first + i * step + root.count) % root.count;
+            const item = root.itemAt(index) as ContextMenuItem;
+            if (!item.enabled || !item.text.toLowerCase().startsWith(start))
+                continue;
+            root.currentIndex = index;
+            return true;
+        }
+        return false;
+    }
+
+    function pressKey(event) {
+        event.accepted = true;
+        if (event.key === Qt.Key_Up)
+            root.walk(Math.max(0, root.currentIndex) - 1, -1, "");
+        else if (event.key === Qt.Key_Down)
+            root.walk(root.currentIndex + 1, 1, "");
+        else if (event.key === Qt.Key_Home)
+            root.walk(0, 1, "");
+        else if (event.key === Qt.Key_End)
+            root.walk(-1, -1, "");
+        else
+            event.accepted = event.text.length > 0 && root.walk(root.currentIndex + 1, 1, event.text.toLowerCase());
+    }
+
     implicitWidth: Math.max(implicitBackgroundWidth, contentWidth + leftPadding + rightPadding)
     implicitHeight: contentHeight + topPadding + bottomPadding
     margins: Theme.tightSpacing
@@ -21,6 +48,7 @@ T.Menu {
         model: root.contentModel
         currentIndex: root.currentIndex
         interactive: false
+        Keys.onPressed: event => root.pressKey(event)
     }
 
     background: Item {

@@ -43,5 +43,7 @@ T.MenuItem {
     background: Rectangle {
         radius: Theme.controlRadius - 1
         color: root.highlighted || root.down ? Theme.colors.menuHighlight : "transparent"
+        border.width: root.highlighted ? Theme.focusWidth : 0
+        border.color: Theme.colors.focus
     }
 }

@@ -42,7 +42,7 @@ Rectangle {
 
     onIsWantedChanged: root.follow()
     z: 10000 // over the sheet, too
-    width: text.width + 2 * Theme.spacing
+    width: text.contentWidth + 2 * Theme.spacing
     height: text.height + 2 * Theme.tightSpacing
     visible: false
     radius: Theme.controlRadius
@@ -54,9 +54,10 @@ Rectangle {
     Label {
         id: text
 
-        x: Theme.spacing
+        anchors.left: parent.left
+        anchors.leftMargin: Theme.spacing
         y: Theme.tightSpacing
-        width: Math.min(text.implicitWidth, Theme.toolTipWidth)
+        width: Theme.toolTipWidth
         text: root.label.text
         wrapMode: Text.Wrap
         elide: Text.ElideRight
