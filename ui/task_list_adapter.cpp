@@ -20,12 +20,7 @@ void TaskListAdapter::setShown(bool isShown) {
 }
 
 int TaskListAdapter::newestRow() const {
-    if (insertedRow_ >= 0) {
-        return insertedRow_;
-    }
-    const QModelIndexList selected =
-        rows_.match(rows_.index(0), TaskListModel::IsSelectedRole, true, 1, Qt::MatchExactly);
-    return selected.isEmpty() ? -1 : selected.front().row();
+    return insertedRow_ >= 0 ? insertedRow_ : rows_.selectedRow();
 }
 
 void TaskListAdapter::show() {

@@ -159,6 +159,11 @@ void TaskListModel::deleteRow(int row) const {
     }
 }
 
+int TaskListModel::selectedRow() const {
+    const auto selected = std::ranges::find(rows(), true, &TaskListRow::isSelected);
+    return selected == rows().end() ? -1 : static_cast<int>(selected - rows().begin());
+}
+
 int TaskListModel::taskBefore(int row) const {
     for (int candidate = std::min(row, rowCount()) - 1; candidate >= 0; --candidate) {
         if (isTask(candidate)) {

@@ -61,6 +61,9 @@ class TaskListModel : public RowListModel<TaskListRow> {
     Q_INVOKABLE void tap(int row) const;
     Q_INVOKABLE void deleteRow(int row) const;
 
+    // -1 where no task is selected.
+    int selectedRow() const;
+
     // For the keyboard, which steps over headers and hints: the next task in a direction, or `row`
     // where there is none; the task at a row or nearest to it, or -1 where there are no tasks.
     Q_INVOKABLE int taskBefore(int row) const;
