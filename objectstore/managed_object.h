@@ -16,8 +16,8 @@ struct ReferenceDescription;
 // An object that stands for one row of a store. There is one for each row and context, so objects
 // are compared by identity. The context owns it; whoever else holds a handle may outlive its
 // deletion and the context: attributes then stay readable, relationships read empty, and changes
-// reach no store. Those that were loaded live in blocks, each as long as one of its objects. Only
-// on the thread of the context.
+// reach no store. They live in blocks, each as long as one of its objects. Only on the thread of
+// the context.
 class ManagedObject {
  public:
     ManagedObject(const ManagedObject&) = delete;

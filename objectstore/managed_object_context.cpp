@@ -70,6 +70,18 @@ struct ManagedObjectContext::Record {
     // belonged to another.
     std::unordered_set<RowKey> missing;
 
+    // Of the block that the last object came from.
+    ObjectHandles unused;
+
+    std::shared_ptr<ManagedObject> make() {
+        if (unused.empty()) {
+            unused = entity->make(kBlockSize);
+        }
+        std::shared_ptr<ManagedObject> object = std::move(unused.back());
+        unused.pop_back();
+        return object;
+    }
+
     RowKey nextKey() {
         while (lastKey < std::numeric_limits<RowKey>::max()) {
             if (!missing.contains(++lastKey)) {
@@ -129,14 +141,8 @@ void ManagedObjectContext::loadRows(Record& record) {
     const std::vector<AttributeDescription>& attributes = record.entity->attributes();
     const std::vector<ReferenceDescription>& references = record.entity->references();
     ObjectHandles objects;
-    ObjectHandles block;
-    auto next = block.begin();
     store_->read(*record.entity, [&](const RowReader& row) {
-        if (next == block.end()) {
-            block = record.entity->make(kBlockSize);
-            next = block.begin();
-        }
-        const std::shared_ptr<ManagedObject>& object = objects.emplace_back(std::move(*next++));
+        const std::shared_ptr<ManagedObject>& object = objects.emplace_back(record.make());
         object->key_ = row.integer(0).value();
         object->context_ = this;
         int column = 1;
@@ -173,7 +179,7 @@ std::shared_ptr<const ObjectList> ManagedObjectContext::current(
 
 std::shared_ptr<ManagedObject> ManagedObjectContext::insert(const EntityDescription& entity) {
     Record& target = record(entity);
-    std::shared_ptr<ManagedObject> object = std::move(entity.make(1).front());
+    std::shared_ptr<ManagedObject> object = target.make();
     object->key_ = target.nextKey();
     object->context_ = this;
     object->isInserted_ = true;
