@@ -75,7 +75,7 @@ FreshListView {
             return;
         root.scrollBy(steps.get(event.key));
         const overhang = root.focusOverhang();
-        if (Math.abs(overhang) < root.Window.activeFocusItem.height)
+        if (Math.abs(overhang) < root.Window.activeFocusItem.height + Theme.tightSpacing)
             root.scrollBy(overhang);
     }
 

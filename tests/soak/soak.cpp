@@ -246,10 +246,10 @@ class Program {
 };
 
 // What the caches of the toolkit differ by, up to eighty, and for each hour of use the blocks of
-// objects that the store got meanwhile. One connection that stayed in each minute of use would be
-// 120 an hour.
+// objects that the store got meanwhile and that hold deleted ones, too. One connection that stayed
+// in each minute of use would be 120 an hour more.
 constexpr int moreAllocations(int seconds) {
-    return 90 + 100 * seconds / kHour;
+    return 90 + 140 * seconds / kHour;
 }
 
 // Prints its figures and waits, since pages that several processes share count in part for each.

@@ -2,7 +2,8 @@
 import QtQuick
 import QtQuick.Templates as T
 
-// While it is open a press elsewhere closes it and does nothing else.
+// While it is open a press elsewhere closes it and does nothing else. No key would close it once the
+// keyboard is elsewhere.
 T.Menu {
     id: root
 
@@ -33,6 +34,12 @@ T.Menu {
             event.accepted = event.text.length > 0 && root.walk(root.currentIndex + 1, 1, event.text.toLowerCase());
     }
 
+    function closeWithoutFocus() {
+        if (!root.activeFocus)
+            root.close();
+    }
+
+    onActiveFocusChanged: root.closeWithoutFocus()
     implicitWidth: Math.max(implicitBackgroundWidth, contentWidth + leftPadding + rightPadding)
     implicitHeight: contentHeight + topPadding + bottomPadding
     margins: Theme.tightSpacing
