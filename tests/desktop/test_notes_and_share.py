@@ -6,7 +6,7 @@ import sys
 import unittest
 from pathlib import Path
 
-from driver import (Desktop, ProgramTest, click, clipboard, extents, key, new_id, now, press,
+from driver import (Desktop, ProgramTest, click, clipboard, extents, has_focus, key, new_id, now, press,
                     set_clipboard, type_text, wait_for, xdotool)
 
 BLANKS = " \t\n\u00a0\u2003\u2028"
@@ -194,9 +194,12 @@ class NotesAndShare(ProgramTest):
     def test_closing_the_sheet_leaves_the_clipboard_as_it_was(self):
         program = self.show_task()
         set_clipboard("before")
+
+        def to_sheet():
+            wait_for(lambda: has_focus(program.find("JSON", "list")), "the sheet to take the keyboard back")
         for close in [lambda: program.press("Close"), lambda: key("Escape"),
                       lambda: click(program.find("Hearthmark", "heading")),  # beside the sheet
-                      lambda: [program.press("Add Note"), key("Escape")],  # behind it
+                      lambda: [program.press("Add Note"), to_sheet(), key("Escape")],  # behind it
                       lambda: press(program.find("B", "list item"))]:
             program.press("Share")
             program.find("CSV", "page tab")
