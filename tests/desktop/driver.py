@@ -346,10 +346,14 @@ def windows():
                           check=False, stdout=subprocess.PIPE).stdout.split()
 
 
+def screen():
+    """Its pixels, three bytes each."""
+    return subprocess.check_output(["import", "-window", "root", "-depth", "8", "rgb:-"])
+
+
 def lines_of(colour, width):
     """How many lines on the screen hold so many pixels of the colour side by side."""
-    pixels = subprocess.check_output(["import", "-window", "root", "-depth", "8", "rgb:-"])
-    return pixels.count(bytes.fromhex(colour) * width)
+    return screen().count(bytes.fromhex(colour) * width)
 
 
 def set_clipboard(text):

@@ -23,6 +23,7 @@ NOTIFICATIONS_XML = f"""<node><interface name="{NOTIFICATIONS}">
 
 ITEM, WATCHER = "org.kde.StatusNotifierItem", "org.kde.StatusNotifierWatcher"
 MENU = "com.canonical.dbusmenu"
+PATIENCE = 0.1  # seconds
 WATCHER_XML = f"""<node><interface name="{WATCHER}">
     <method name="RegisterStatusNotifierItem"><arg type="s" direction="in"/></method>
     <property name="IsStatusNotifierHostRegistered" type="b" access="read"/></interface></node>"""
@@ -189,6 +190,11 @@ class Questions(threading.Thread):
                 answered, ended = self._seconds()
                 self.seconds.append(answered - asked)
                 self.busy.append(ended - begun)
+
+    def slowest(self):
+        """In seconds, what the program can help: its own work, and waiting that is more than what a busy
+        machine's bus and disk take."""
+        return max([0, *self.busy, *(seconds for seconds in self.seconds if seconds > 10 * PATIENCE)])
 
     def end(self):
         """Whether all were answered."""

@@ -13,11 +13,10 @@ import unittest
 
 from driver import (Desktop, ProgramTest, extents, has_focus, is_showing, key, new_id, now, press,
                     type_text, wait_for, xdotool)
-from players import Daemon, Questions
+from players import Daemon, PATIENCE, Questions
 
 SECONDS = float(os.environ.get("HEARTHMARK_RANDOM_SECONDS", 30))
 SEED = int(os.environ.get("HEARTHMARK_RANDOM_SEED", random.SystemRandom().randrange(10 ** 6)))
-PATIENCE = 0.1  # seconds
 MOST_TASKS = 60
 LEFT_ALONE = "Restore and Restart"  # after which nobody answers to the old name
 KEYS = """Tab shift+Tab Up Down Left Right Home End Page_Up Page_Down Return KP_Enter space Escape Delete
@@ -149,19 +148,14 @@ class RandomUse(ProgramTest):
         os.set_blocking(self.program.process.stderr.fileno(), False)
         self.questions = Questions(DESKTOP.accessibility_bus, self.program.process)
         self.questions.start()
-        self.answers = 0
 
     def assert_fine(self):
         errors = (self.program.process.stderr.read() or b"").decode()
         self.assertFalse(errors, errors[:1000])
         if not self.questions.is_alive():
             wait_for(lambda: self.program.process.poll() is not None, "an answer, or the end")
-        for seconds, busy in [*zip(self.questions.seconds, self.questions.busy)][self.answers:]:
-            self.answers += 1
-            self.slowest = max(self.slowest, seconds)
-            # On a busy machine others take their time too: the bus, and the disk behind what is loaded.
-            self.assertFalse(seconds > PATIENCE and (busy > PATIENCE / 2 or seconds > 10 * PATIENCE),
-                             f"an answer took {seconds:.3f} s, with {busy:.3f} s of work")
+        self.slowest = max(self.slowest, self.questions.slowest())
+        self.assertLess(self.slowest, PATIENCE, "an answer took too long")
 
     def assert_ended(self):
         """As whoever quits wants it."""
@@ -242,7 +236,7 @@ class RandomUse(ProgramTest):
                 for node in self.program.find_all():
                     print(node.getRoleName(), repr(node.name[:40]), "with the keyboard" * has_focus(node), flush=True)
             raise
-        print(f"{self.count} acts, the slowest answer took {self.slowest * 1000:.0f} ms", flush=True)
+        print(f"{self.count} acts, the longest work for an answer took {self.slowest * 1000:.0f} ms", flush=True)
 
 
 if __name__ == "__main__":

@@ -3,6 +3,7 @@
 daemon gets them. Usage: test_status_item_and_notifications.py BINARY [unittest arguments]"""
 
 import os
+import subprocess
 import sys
 import time
 import unittest
@@ -10,8 +11,8 @@ from collections import Counter
 
 from gi.repository import GLib
 
-from driver import (Desktop, ProgramTest, click, extents, key, now, press, toggle_maximised,
-                    wait_for, windows, xdotool)
+from driver import (Desktop, ProgramTest, click, extents, key, lines_of, now, press, screen,
+                    toggle_maximised, wait_for, windows, xdotool)
 from players import Daemon, ITEM, MENU, Panel
 
 
@@ -90,6 +91,40 @@ class StatusItem(ProgramTest):
             program.end()
 
 
+class DockedItem(ProgramTest):
+    """Where there is a tray of the older kind alone."""
+
+    def start_tray(self):
+        tray = subprocess.Popen(["trayer", "--edge", "top", "--align", "left", "--height", "30"])
+        self.addCleanup(tray.wait)
+        self.addCleanup(tray.kill)
+        return tray
+
+    @staticmethod
+    def look():
+        """The item's place, and its pixels."""
+        pixels, ground = screen(), bytes.fromhex("2e241d") * 20
+        top, left = divmod(pixels.index(ground) // 3, 1200)
+        return left, top, pixels[pixels.index(ground):pixels.rindex(ground)]
+
+    def test_counts_brings_the_window_back_and_moves_to_the_next_tray(self):
+        tray = self.start_tray()
+        self.make_store(*self.task_with_interval(state=0))
+        program = self.program.launch()
+        for _ in range(2):
+            wait_for(self.look, "the item")
+            seen = set()
+            wait_for(lambda: seen.add(self.look()[2]) or len(seen) == 4, "three seconds", 5)
+            key("alt+F4")
+            wait_for(lambda: not program.find_all("Add Task"), "the window to hide")
+            left, top, _ = self.look()
+            xdotool("mousemove", left + 10, top + 5, "click", 1)
+            program.find("Add Task")
+            tray.kill()
+            wait_for(lambda: lines_of("2e241d", 20) == 0, "the item to go")
+            tray = self.start_tray()
+
+
 class Notifications(ProgramTest):
     def select(self, task):
         click(self.program.find(task, "list item"))
@@ -129,6 +164,8 @@ class Notifications(ProgramTest):
             self.assertEqual((form, len(pixels)), ([48, 48, 4 * 48, True, 8, 4], 4 * 48 * 48))
             self.assertEqual((hints["desktop-entry"], hints["sound-name"]),
                              ("org.hearthmark.Hearthmark", "complete"))
+        with open(f"/proc/{program.process.pid}/maps", encoding="utf-8") as maps:
+            self.assertNotIn("libcanberra", maps.read(), "the daemon makes the sound")
         # By hand, with the window hidden when it is clicked.
         program.add_task("Letters")
         self.focus("Letters")

@@ -14,7 +14,8 @@ from pathlib import Path
 from driver import Desktop, ProgramTest, key, press, wait_for
 
 FEED, PACKAGE, KEPT = "/appcast.xml", "/hearthmark_amd64.deb", "Hearthmark/updates"
-HALF, REST, DRIP = os.urandom(1_500_000), os.urandom(1_500_000), [b" "] * 100
+HALF, DRIP, SLOWLY = os.urandom(1_500_000), [b" "] * 100, [os.urandom(149_999), b" "] * 10
+REST = b"".join(SLOWLY)
 ITEM = "Check for Updates…", "menu item"
 
 
@@ -152,7 +153,8 @@ class Updates(ProgramTest):
             os.utime(kept / name, (long_ago, long_ago) if name != "new.deb" else None)
         self.launch()
         self.assertEqual((self.can_check(), self.server.asked), (True, []))
-        self.serve()
+        # Slowly, but it goes on.
+        self.serve(**{PACKAGE: (200, HALF, *SLOWLY)})
         self.check("A new version of Hearthmark")
         self.assertFalse(self.can_check())
         key("Return")
@@ -188,6 +190,11 @@ class Updates(ProgramTest):
         self.serve("9.11", **{PACKAGE: (200, REST + HALF)})
         self.check("Install", f"sudo apt install '{kept}/hearthmark-9.11-1.deb'")
         self.assertEqual((file.stat().st_ino, file.read_bytes()), (before[0], HALF + REST))
+        self.program.press("Close")
+        # One whose name would be more than a name.
+        harmful = "/.profile%20-o.deb"
+        self.serve("9.12", (PACKAGE, harmful), **{harmful: (200, REST + HALF)})
+        self.check("Install", f"sudo apt install '{kept}/hearthmark-9.12.deb'")
 
 
 if __name__ == "__main__":

@@ -7,6 +7,7 @@
 #include <fstream>
 #include <iterator>
 #include <map>
+#include <thread>
 
 #include "objectstore/store_copy.h"
 #include "objectstore/store_error.h"
@@ -186,6 +187,18 @@ TEST(SqliteStore, NeverReplaysALogOverANewFile) {
     EXPECT_TRUE(contents(directory.path).at("Hearthmark.sqlite-wal.orphaned") == log);
     EXPECT_EQ(contents(directory.path).at("Hearthmark.sqlite-wal.orphaned-2"), "another");
     EXPECT_EQ(contents(directory.path).count("Hearthmark.sqlite-journal.orphaned"), 1);
+}
+
+TEST(SqliteStore, WaitsForAnotherProgramThatWrites) {
+    tests::TestStore store;
+    sqlite3* other = nullptr;
+    sqlite3_open(store.file.c_str(), &other);
+    sqlite3_exec(other, "BEGIN IMMEDIATE", nullptr, nullptr, nullptr);
+    const std::jthread ending([other] {
+        std::this_thread::sleep_for(std::chrono::milliseconds(100));
+        sqlite3_close(other);
+    });
+    EXPECT_NO_THROW(store.addTask("a"));
 }
 
 TEST(SqliteStore, ShowsItsFilesToTheirOwnerOnly) {

@@ -42,7 +42,12 @@ struct NotesViewModelTest : testing::Test {
 };
 
 TEST_F(NotesViewModelTest, SavesTheNoteOpenedLastTrimmedAndDatedWhenItWasOpened) {
-    EXPECT_EQ(text(), "+- new old ") << "newest first";
+    for (const char* changed : {"changed", "old"}) {
+        store.first<store::Note>().setText(changed);
+        store.first<store::Task>().setName("task");  // which tells of it
+        store.context().save();
+        EXPECT_EQ(text(), std::string("+- new ") + changed + ' ') << "newest first";
+    }
     (*view().onAddNoteTapped)();
     EXPECT_EQ(text(), "- new old []");
     (*view().onAddNoteTapped)();
@@ -99,6 +104,7 @@ TEST_F(NotesViewModelTest, KeepsTheDraftOfItsTaskUntilItIsSavedOrDiscarded) {
 }
 
 TEST_F(NotesViewModelTest, MakesNotesOfTheDraftsThatAreNotBlankAndHaveATask) {
+    drafts->draft(base::Uuid::random());
     (*view().onAddNoteTapped)();
     (*view().pendingNote.value().onEdit)(" \n");
     drafts->save();

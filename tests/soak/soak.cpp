@@ -217,6 +217,7 @@ class Program {
         see([this] {
             for (const auto& timer : std::vector(timers_->timers)) {
                 if (timer->isValid && std::fmod(second(), timer->interval.count()) == 0) {
+                    timer->isValid = timer->repeats == services::Repeats::yes;
                     timer->action();
                 }
             }
@@ -278,6 +279,9 @@ TEST(Soak, GrowsNoMoreThanAFreshProcess) {
     program.idle(kWarmUp + 3 * seconds);
     Figures old = program.figures();
     EXPECT_GT(program.frames(), 4 * seconds);
+    EXPECT_EQ(store.sql("SELECT visited FROM RawIntervalState ORDER BY pk DESC LIMIT 1"),
+              QString::number(std::floor(program.second() / 60) * 60, 'f', 1).toStdString())
+        << "a crash would lose more than the last minute";
 
     QProcess process;
     process.setProcessChannelMode(QProcess::ForwardedErrorChannel);

@@ -27,20 +27,23 @@ struct FakeClock final : base::Clock {
     base::Seconds step{0};
 };
 
-// Timers that fire when the test says so.
+// Timers that fire when the test says so, and as often as they were asked to.
 struct FakeTimeKeepingProvider final : services::TimeKeepingProviderProtocol {
     struct Timer final : services::TimeKeeping {
         void invalidate() override { isValid = false; }
 
         base::Seconds interval{0};
+        services::Repeats repeats = services::Repeats::no;
         std::function<void()> action;
         bool isValid = true;
     };
 
-    std::shared_ptr<services::TimeKeeping> makeTimer(base::Seconds interval, services::Repeats,
+    std::shared_ptr<services::TimeKeeping> makeTimer(base::Seconds interval,
+                                                     services::Repeats repeats,
                                                      std::function<void()> action) override {
         timers.push_back(std::make_shared<Timer>());
         timers.back()->interval = interval;
+        timers.back()->repeats = repeats;
         timers.back()->action = std::move(action);
         return timers.back();
     }
@@ -49,6 +52,7 @@ struct FakeTimeKeepingProvider final : services::TimeKeepingProviderProtocol {
     void fire() const {
         for (const auto& timer : std::vector(timers)) {
             if (timer->isValid) {
+                timer->isValid = timer->repeats == services::Repeats::yes;
                 timer->action();
             }
         }
