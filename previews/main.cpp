@@ -2,7 +2,8 @@
 //
 // Usage: hearthmark_previews DIRECTORY [NAME...]
 // Draws the window in all its states, or in those named, to DIRECTORY/NAME.png, and where it draws
-// all, also all of them on DIRECTORY/contact-sheet.png. Fails where a view complains.
+// all, also all of them on DIRECTORY/contact-sheet.png, and that again, small and gray, to be kept.
+// Fails where a view complains.
 #include <QDir>
 #include <QGuiApplication>
 #include <cstdlib>
@@ -31,7 +32,9 @@ int fail(const QString& message) {
 // Small rather than quick: some of them are kept.
 bool save(const QImage& picture, const QString& file) {
     constexpr int kMostCompressed = 0;
-    return picture.convertToFormat(QImage::Format_RGB32).save(file, "PNG", kMostCompressed);
+    const bool isGray = picture.format() == QImage::Format_Grayscale8;
+    return (isGray ? picture : picture.convertToFormat(QImage::Format_RGB32))
+        .save(file, "PNG", kMostCompressed);
 }
 
 int draw(const QDir& directory, const std::vector<previews::Preview>& wanted, bool withSheet) {
@@ -42,7 +45,11 @@ int draw(const QDir& directory, const std::vector<previews::Preview>& wanted, bo
         pictures.emplace_back(QString::fromStdString(preview.name), stage.picture(preview));
     }
     if (withSheet) {
-        pictures.emplace_back(QStringLiteral("contact-sheet"), previews::contactSheet(pictures));
+        const QImage sheet = previews::contactSheet(pictures);
+        pictures.emplace_back(QStringLiteral("contact-sheet"), sheet);
+        pictures.emplace_back(QStringLiteral("all"),
+                              sheet.scaledToWidth(sheet.width() / 2, Qt::SmoothTransformation)
+                                  .convertToFormat(QImage::Format_Grayscale8));
     }
     for (const auto& [name, picture] : pictures) {
         const QString file = directory.filePath(name + QStringLiteral(".png"));

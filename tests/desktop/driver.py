@@ -64,6 +64,9 @@ class Desktop:
         os.environ["QT_LINUX_ACCESSIBILITY_ALWAYS_ON"] = "1"
         os.environ["DBUS_SYSTEM_BUS_ADDRESS"] = "disabled:"
         os.environ["CANBERRA_DRIVER"] = "null"
+        # Where it is noon now, so that no midnight comes.
+        os.environ["TZ"] = f"<noon>{time.gmtime().tm_hour - 12}"
+        time.tzset()
         os.environ.pop("WAYLAND_DISPLAY", None)
         os.environ.pop("AT_SPI_BUS_ADDRESS", None)
         os.environ["DBUS_SESSION_BUS_ADDRESS"] = self.start_bus("session.conf", [
@@ -158,6 +161,10 @@ class Program:
         process, self.process = self.process, None
         _, errors = process.communicate(timeout=seconds)
         return process.returncode, errors.decode()
+
+    def has_loaded(self, library):
+        with open(f"/proc/{self.process.pid}/maps", encoding="utf-8") as maps:
+            return library in maps.read()
 
     # The store, read by another program as anyone may.
 

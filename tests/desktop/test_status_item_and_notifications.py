@@ -44,12 +44,13 @@ class StatusItem(ProgramTest):
         self.assertEqual(panel.told, [])
         started = time.monotonic()
         program.press("30:00")
-        wait_for(lambda: len(panel.labels()) == 5, "five seconds")
-        self.assertAlmostEqual(panel.told[0][0] - started, 1, delta=0.4)
-        self.assertEqual(panel.labels(), [f"{second}/30:00" for second in range(1, 6)])
-        self.assertEqual(Counter(signal for _, signal, _ in panel.told), {
-            "XAyatanaNewLabel": 5, "NewToolTip": 6, "NewIcon": 1})
-        self.assertEqual(panel.get("ToolTip")[2:], ("5/30:00", "&lt;Letters&gt;"))
+        wait_for(lambda: len(panel.labels()) >= 5, "five seconds")
+        told, labels = list(panel.told), panel.labels()
+        self.assertAlmostEqual(told[0][0] - started, 1, delta=0.4)
+        self.assertEqual(labels, [f"{second + 1}/30:00" for second in range(len(labels))])
+        self.assertEqual(Counter(signal for _, signal, _ in told), {
+            "XAyatanaNewLabel": len(labels), "NewToolTip": len(labels) + 1, "NewIcon": 1})
+        self.assertRegex("|".join(panel.get("ToolTip")[2:]), r"^\d/30:00\|&lt;Letters&gt;$")
         program.press("Finish")
         wait_for(lambda: panel.labels()[-1] == panel.get("XAyatanaLabel") == "Hearthmark!", "the end")
         # No daemon here shows that it finished.
@@ -75,7 +76,7 @@ class StatusItem(ProgramTest):
         self.assertTrue(panel.call(MENU, "AboutToShow", "(i)", root)[0])
         with self.assertRaisesRegex(Exception, "InvalidArgs"):
             panel.call(MENU, "GetProperty", "(is)", children[0][0], "icon-name")
-        wait_for(lambda: len(panel.labels()) == 4, "four seconds")
+        wait_for(lambda: len(panel.labels()) >= 4, "four seconds")
         told = [(when, items[0][0][1]["label"]) for when, signal, items in panel.told
                 if signal == "ItemsPropertiesUpdated"]
         self.assertIn(told[-1][1], panel.labels()[-2:])
@@ -140,7 +141,7 @@ class Notifications(ProgramTest):
 
     def test_a_finish_is_posted_once_a_second_later_and_shows_its_task(self):
         daemon = Daemon()
-        self.addCleanup(daemon.bus.close_sync)
+        self.addCleanup(lambda: daemon.bus.close_sync())
         started = now()
         # Two end by themselves and in one save, one had ended before.
         self.make_store(
@@ -164,8 +165,7 @@ class Notifications(ProgramTest):
             self.assertEqual((form, len(pixels)), ([48, 48, 4 * 48, True, 8, 4], 4 * 48 * 48))
             self.assertEqual((hints["desktop-entry"], hints["sound-name"]),
                              ("org.hearthmark.Hearthmark", "complete"))
-        with open(f"/proc/{program.process.pid}/maps", encoding="utf-8") as maps:
-            self.assertNotIn("libcanberra", maps.read(), "the daemon makes the sound")
+        self.assertFalse(program.has_loaded("libcanberra"), "the daemon makes the sound")
         # By hand, with the window hidden when it is clicked.
         program.add_task("Letters")
         self.focus("Letters")
@@ -192,6 +192,12 @@ class Notifications(ProgramTest):
         wait_for(lambda: len(daemon.taken) == 5, "the last")
         self.assertLess(daemon.taken[4][0] - pressed, 0.9)
         self.assertEqual(daemon.taken[4][1][3], "-")
+        daemon.bus.close_sync()
+        daemon = Daemon(capabilities=["actions", "body"])
+        program.launch()
+        self.focus("-")
+        program.press("Finish")
+        wait_for(lambda: daemon.taken and program.has_loaded("libcanberra"), "a sound of the program's")
 
     def test_why_it_cannot_go_on_is_told_in_time_and_as_the_daemon_reads_it(self):
         for manner, capabilities, text in (("takes", ["body"], "<&>"),

@@ -98,7 +98,9 @@ TEST(Kills, LoseNoOperationThatReturnedAndKeepNoneInPart) {
     tests::RandomOperations random(tests::open(untroubled.path), kSeed);
     const std::hash<std::string> hash;
     std::vector<std::size_t> expected{hash(contentOf(untroubled.path))};
-    std::mt19937 dice(std::random_device{}());
+    const auto seed = std::random_device{}();
+    SCOPED_TRACE(seed);
+    std::mt19937 dice(seed);
     std::size_t returned = 0;
     int whole = 0;
     for (std::size_t kill = 0; kill < kKills; ++kill) {
