@@ -1,8 +1,7 @@
 #!/usr/bin/env bash
 # SPDX-License-Identifier: MIT
 # Installs what is missing and checks form and substance of the C++, QML and shell sources. Every
-# check runs, and one finding makes the whole fail. With LINT_SINCE, a commit, clang-tidy looks only at
-# what changed since, unless its own configuration did.
+# check runs, and one finding makes the whole fail. What clang-tidy has found clean before is passed over.
 set -euo pipefail
 cd "$(dirname "$0")"
 
@@ -25,38 +24,9 @@ check_format() {
     sources_named -name '*.h' -o -name '*.cpp' | xargs -0 clang-format --dry-run --Werror
 }
 
-# What changed, and for a header that did its source, else one that includes it: findings in a header
-# come with any of them.
-changed_cpp() {
-    local header source
-    git diff -z --name-only --diff-filter=d "$LINT_SINCE" -- '*.cpp'
-    git ls-files -zo --exclude-standard -- '*.cpp'
-    git diff -z --name-only --diff-filter=d "$LINT_SINCE" -- '*.h' |
-        while IFS= read -rd '' header; do
-            source="${header%.h}.cpp"
-            [ -e "$source" ] || source=$(includer_of "$header")
-            [ -z "$source" ] || printf '%s\0' "$source"
-        done
-}
-
-includer_of() {
-    git grep -lF -e "#include \"$1\"" -e "#include \"${1#tests/}\"" -- '*.cpp' | sed -n 1p || true
-}
-
-cpp_to_check() {
-    if [ -n "${LINT_SINCE:-}" ] && git diff --quiet "$LINT_SINCE" -- .clang-tidy; then
-        changed_cpp | sort -zu
-    else
-        sources_named -name '*.cpp'
-    fi
-}
-
-# Headers are checked with the sources that include them. The count of suppressed findings in system
-# headers, which each process writes, is no news.
+# Headers are checked with the sources that include them.
 check_cpp() {
-    cpp_to_check |
-        xargs -0 -r -n 1 -P "$(nproc)" clang-tidy --quiet -p build/release \
-            2> >(grep -v -E '^[0-9]+ warnings?( and [0-9]+ errors?)? generated\.$' >&2)
+    .ci/clang_tidy.py build/release
 }
 
 check_qml() {
