@@ -11,11 +11,6 @@ namespace hearthmark::presentation {
 
 namespace {
 
-bool isFinished(const store::Interval& interval) {
-    const auto state = interval.intervalState();
-    return state && state->isFinished();
-}
-
 std::string textOf(const std::string& event, const store::Task& task, base::Seconds duration) {
     return event + ": " + orDash(task.name()) + ", " + orDash(store::formattedDuration(duration));
 }
@@ -49,7 +44,7 @@ std::vector<std::string> FocusAnnouncementViewModel::news(const store::Intervals
             if (begun_.insert(*interval.id()).second && task != nullptr) {
                 lines.push_back(textOf("Focus started", *task, interval.maxDuration()));
             }
-        } else if (isFinished(interval) && begun_.erase(*interval.id()) > 0 && task != nullptr) {
+        } else if (interval.isFinished() && begun_.erase(*interval.id()) > 0 && task != nullptr) {
             lines.push_back(textOf("Focus finished", *task, interval.duration()));
         }
     }

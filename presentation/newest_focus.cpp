@@ -11,22 +11,16 @@ NewestFocus::NewestFocus(
     std::shared_ptr<store::DataOperationsServiceProtocol> dataOperationsService,
     const store::LiveDataProvidingFactoryProtocol& liveDataFactory)
     : dataOperationsService_(std::move(dataOperationsService)),
-      tasksProvider_(
-          liveDataFactory.makeProvider<store::Task>({.key = "creationDate", .ascending = true})) {
-    tasksProvider_->startObserving();
+      intervalProvider_(liveDataFactory.makeProvider<store::Interval>(
+          {.key = "creationDate", .ascending = true})) {
+    intervalProvider_->startObserving();
 }
 
 void NewestFocus::finish() {
-    const store::Tasks tasks = tasksProvider_->currentItems()->value();
-    const store::Interval* newest = nullptr;
-    for (const store::Task& task : tasks) {
-        for (const store::Interval* interval : task.intervalSummary()->running) {
-            if (task.id() && interval->id() &&
-                (newest == nullptr || store::NewestFirst()(interval, newest))) {
-                newest = interval;
-            }
-        }
-    }
+    const store::Interval* newest = store::newestRunning(
+        intervalProvider_->currentItems()->value(), [](const store::Interval& interval) {
+            return interval.id() && interval.task() != nullptr && interval.task()->id();
+        });
     if (newest != nullptr) {
         // Copies, since the interval changes.
         const base::Uuid intervalId = *newest->id();

@@ -19,7 +19,7 @@ class NewestFocus {
 
  private:
     std::shared_ptr<store::DataOperationsServiceProtocol> dataOperationsService_;
-    std::unique_ptr<store::LiveDataProvider<store::Task>> tasksProvider_;
+    std::unique_ptr<store::LiveDataProvider<store::Interval>> intervalProvider_;
 };
 
 }  // namespace hearthmark::presentation

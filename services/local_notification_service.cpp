@@ -13,11 +13,6 @@ namespace {
 
 constexpr base::Seconds kDelay{1};
 
-bool isFinished(const store::Interval& interval) {
-    const auto state = interval.intervalState();
-    return state && state->isFinished();
-}
-
 }  // namespace
 
 LocalNotificationService::LocalNotificationService(
@@ -50,7 +45,7 @@ void LocalNotificationService::handle(const store::Intervals& intervals) {
         }
         if (interval.isRunning()) {
             oldRunningIntervalsIds_->insert(*interval.id());
-        } else if (oldIds.contains(*interval.id()) && isFinished(interval) &&
+        } else if (oldIds.contains(*interval.id()) && interval.isFinished() &&
                    interval.task() != nullptr) {
             justFinished.push_back(interval.task());
         }

@@ -14,18 +14,6 @@ namespace {
 constexpr base::Seconds kTick{1};
 constexpr auto kIdleTitle = "Hearthmark!";
 
-// Null where none runs.
-store::Interval* latestRunning(const store::Intervals& intervals) {
-    store::Interval* latest = nullptr;
-    for (store::Interval& interval : intervals) {
-        if (interval.isRunning() &&
-            (latest == nullptr || store::NewestFirst()(&interval, latest))) {
-            latest = &interval;
-        }
-    }
-    return latest;
-}
-
 }  // namespace
 
 StatusBarService::StatusBarService(std::shared_ptr<HomeViewFactoryProtocol> homeViewFactory,
@@ -53,7 +41,8 @@ void StatusBarService::setUp() {
 }
 
 void StatusBarService::handle(const store::Intervals& intervals) {
-    store::Interval* const latest = latestRunning(intervals);
+    store::Interval* const latest =
+        store::newestRunning(intervals, [](const store::Interval&) { return true; });
     if (latest == nullptr) {
         statusItem_->button()->setTitle(kIdleTitle);
         statusItem_->button()->setProgress({});

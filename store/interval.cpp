@@ -68,6 +68,11 @@ bool Interval::isRunning() const {
     return rawState_ != nullptr && rawState_->isRunning();
 }
 
+bool Interval::isFinished() const {
+    const std::optional<IntervalState> state = intervalState();
+    return state && state->isFinished();
+}
+
 void Interval::willChange() {
     if (task_ != nullptr) {
         task_->intervalWillChange(*this);

@@ -60,6 +60,9 @@ class Interval final : public objectstore::ManagedObject {
     // Whether that is running.
     bool isRunning() const;
 
+    // Whether that is finished.
+    bool isFinished() const;
+
  private:
     friend class RawIntervalState;
 

@@ -37,4 +37,18 @@ void sortNewestFirst(std::vector<Entity*>& entities) {
     }
 }
 
+// Of the intervals that run and meet the condition the first in that order; null where there is
+// none.
+template <class Intervals, class Condition>
+auto* newestRunning(const Intervals& intervals, const Condition& condition) {
+    auto* newest = static_cast<decltype(&*intervals.begin())>(nullptr);
+    for (auto& interval : intervals) {
+        if (interval.isRunning() && condition(interval) &&
+            (newest == nullptr || NewestFirst()(&interval, newest))) {
+            newest = &interval;
+        }
+    }
+    return newest;
+}
+
 }  // namespace hearthmark::store
