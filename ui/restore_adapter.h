@@ -18,7 +18,7 @@ namespace hearthmark::ui {
 QString tasksText(std::int64_t count);
 QString intervalsText(std::int64_t count);
 
-// Hands the restore sheet's state to RestoreForm.qml. Owns its view model.
+// Hands the restore sheet's state to RestoreSheet.qml. Owns its view model.
 class RestoreAdapter final : public QObject {
     Q_OBJECT
     QML_ELEMENT
