@@ -32,7 +32,7 @@ Sheet {
                 list.currentIndex = row;
                 list.positionViewAtIndex(row, ListView.Contain);
                 root.adapter.select(row);
-                (changes.parent as Column).forceLayout(); // what was just opened, or is higher now, has no place yet
+                (changes.parent as Column).forceLayout(); // else what it shows is placed by the next frame only
                 root.show(changes, changes.implicitHeight);
             }
 
