@@ -3,6 +3,7 @@
 
 #include <functional>
 #include <memory>
+#include <utility>
 
 #include "base/calendar.h"
 #include "base/clock.h"
@@ -47,28 +48,25 @@ class HomeViewFactory final : public services::HomeViewFactoryProtocol {
         std::function<void()> restartRestored;
     };
 
-    HomeViewFactory(std::shared_ptr<store::DataOperationsServiceProtocol> dataOperationsService,
-                    std::shared_ptr<const store::LiveDataProvidingFactoryProtocol> liveDataFactory,
-                    std::shared_ptr<const base::Clock> clock,
-                    std::shared_ptr<presentation::SelectedTaskId> mutableSelectedTaskId,
-                    std::shared_ptr<presentation::NoteDrafts> drafts,
-                    std::shared_ptr<services::TimeKeepingProviderProtocol> timeKeepingProvider,
-                    std::shared_ptr<ui::MainWindowLoader> windowLoader, Ports ports,
-                    ui::AboutAdapter::Program program, Actions actions);
+    struct Parts {
+        std::shared_ptr<store::DataOperationsServiceProtocol> dataOperationsService;
+        std::shared_ptr<const store::LiveDataProvidingFactoryProtocol> liveDataFactory;
+        std::shared_ptr<const base::Clock> clock;
+        std::shared_ptr<presentation::SelectedTaskId> mutableSelectedTaskId;
+        std::shared_ptr<presentation::NoteDrafts> drafts;
+        std::shared_ptr<services::TimeKeepingProviderProtocol> timeKeepingProvider;
+        std::shared_ptr<ui::MainWindowLoader> windowLoader;
+        Ports ports;
+        ui::AboutAdapter::Program program;
+        Actions actions;
+    };
+
+    explicit HomeViewFactory(Parts parts) : parts_(std::move(parts)) {}
 
     std::unique_ptr<services::HomeViewProtocol> makeHomeView() override;
 
  private:
-    std::shared_ptr<store::DataOperationsServiceProtocol> dataOperationsService_;
-    std::shared_ptr<const store::LiveDataProvidingFactoryProtocol> liveDataFactory_;
-    std::shared_ptr<const base::Clock> clock_;
-    std::shared_ptr<presentation::SelectedTaskId> mutableSelectedTaskId_;
-    std::shared_ptr<presentation::NoteDrafts> drafts_;
-    std::shared_ptr<services::TimeKeepingProviderProtocol> timeKeepingProvider_;
-    std::shared_ptr<ui::MainWindowLoader> windowLoader_;
-    Ports ports_;
-    ui::AboutAdapter::Program program_;
-    Actions actions_;
+    Parts parts_;
 };
 
 }  // namespace hearthmark::app

@@ -42,13 +42,13 @@ TasksApp::TasksApp(const Environment& environment)
         liveDataFactory, [center = environment.notificationCenter] { return center; },
         environment.fatal);
     drafts_ = std::make_shared<presentation::NoteDrafts>(dataOperationsService_, *liveDataFactory);
-    homeViewFactory_ = std::make_shared<HomeViewFactory>(
+    homeViewFactory_ = std::make_shared<HomeViewFactory>(HomeViewFactory::Parts{
         dataOperationsService_, liveDataFactory, clock_, selectedTaskId_, drafts_,
         timeKeepingProvider, windowLoader, environment.homeViewPorts, environment.program,
         HomeViewFactory::Actions{
             .windowShouldClose = [this] { return appDelegate_.windowShouldClose(); },
             .quit = environment.quit,
-            .restartRestored = environment.restartRestored});
+            .restartRestored = environment.restartRestored}});
     const auto intervalsProvider = std::make_shared<services::StatusBarService::IntervalsProvider>(
         container, store::Interval::fetchRequest().sortDescriptor);
     intervalsProvider->startObserving();

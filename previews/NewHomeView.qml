@@ -62,7 +62,7 @@ FocusScope {
         }
     }
 
-    AddTaskSheet {
+    AddTaskView {
         visible: root.home.isAddSheetDisplayed
         adapter: root.home.addTask
         onClosed: root.home.dismissAddSheet()

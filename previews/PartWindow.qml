@@ -42,12 +42,12 @@ Window {
         }
     }
 
-    AddTaskSheet {
+    AddTaskView {
         visible: root.addTask !== null
         adapter: root.addTask
     }
 
-    ShareSheet {
+    ShareContainerView {
         visible: root.share !== null
         adapter: root.share
     }

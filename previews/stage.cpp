@@ -179,22 +179,24 @@ QImage Stage::pictureOfHome(const Preview& preview) {
                                                   std::make_shared<base::LocalCalendar>());
     const auto view =
         app::HomeViewFactory(
-            service, liveDataFactory, clock,
-            std::make_shared<presentation::SelectedTaskId>(std::nullopt),
-            std::make_shared<presentation::NoteDrafts>(service, *liveDataFactory),
-            std::make_shared<StoppedTimeKeepingProvider>(),
-            std::make_shared<ui::MainWindowLoader>(),
-            {.clipboard = nullptr,
-             .updater = updater,
-             .startAtLogin = std::make_shared<FakeStartAtLogin>(),
-             .unseenFinishes = unseenFinishes,
-             .appearance = appearance,
-             .calendar = std::make_shared<base::LocalCalendar>(),
-             .backups = backups},
-            {.version = "0.1.0",
-             .storeFolder = "/home/you/.local/share/Hearthmark",
-             .openStoreFolder = [] { return true; }},
-            {.windowShouldClose = [] { return true; }, .quit = [] {}, .restartRestored = [] {}})
+            {service,
+             liveDataFactory,
+             clock,
+             std::make_shared<presentation::SelectedTaskId>(std::nullopt),
+             std::make_shared<presentation::NoteDrafts>(service, *liveDataFactory),
+             std::make_shared<StoppedTimeKeepingProvider>(),
+             std::make_shared<ui::MainWindowLoader>(),
+             {.clipboard = nullptr,
+              .updater = updater,
+              .startAtLogin = std::make_shared<FakeStartAtLogin>(),
+              .unseenFinishes = unseenFinishes,
+              .appearance = appearance,
+              .calendar = std::make_shared<base::LocalCalendar>(),
+              .backups = backups},
+             {.version = "0.1.0",
+              .storeFolder = "/home/you/.local/share/Hearthmark",
+              .openStoreFolder = [] { return true; }},
+             {.windowShouldClose = [] { return true; }, .quit = [] {}, .restartRestored = [] {}}})
             .makeHomeView();
     // The only one there is.
     auto& window = dynamic_cast<QQuickWindow&>(*QGuiApplication::allWindows().constFirst());

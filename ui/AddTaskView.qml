@@ -1,17 +1,15 @@
 // SPDX-License-Identifier: MIT
 import QtQuick
 import Hearthmark.Controls
+import Hearthmark.Ui
 
-// The content of the add-task sheet.
-EditorForm {
+// Asks for the name of a new task. Ctrl+Enter saves, since Enter alone begins a new line.
+Sheet {
     id: root
 
+    property AddTaskAdapter adapter
     property alias taskName: editor.text
-    required property bool canSave
-
-    signal typed(name: var)
-    signal saved(name: var)
-    signal closed
+    readonly property bool canSave: root.adapter?.canSave ?? false
 
     // Each presentation begins with an empty name.
     function reset() {
@@ -20,51 +18,44 @@ EditorForm {
     }
 
     function save() {
-        if (root.canSave)
-            root.saved(editor.textDocument);
+        if (!root.canSave)
+            return;
+        root.adapter.addTask(editor.textDocument);
+        root.close();
     }
 
-    implicitHeight: form.implicitHeight
+    function saveOnControl(event) {
+        event.accepted = [Qt.Key_Return, Qt.Key_Enter].includes(event.key) && event.modifiers & Qt.ControlModifier;
+        if (event.accepted)
+            root.save();
+    }
+
+    title: qsTr("Add Task")
     onVisibleChanged: root.reset()
-    onSaveRequested: root.save()
+    onKeyPressed: event => root.saveOnControl(event)
 
-    SheetForm {
-        id: form
+    EditorFrame {
+        id: editor
 
-        anchors.fill: parent
+        width: parent.width
         focus: true
-
-        Label {
-            width: parent.width
-            text: qsTr("Add Task")
-            font.pointSize: Theme.title2Size
-            font.weight: Font.DemiBold
-            Accessible.role: Accessible.Heading
-        }
-
-        EditorFrame {
-            id: editor
-
-            width: parent.width
-            focus: true
-            minHeight: 10
-            maximumHeight: Theme.editorMaximumHeight
-            accessibleName: qsTr("Task name")
-            onTextChanged: root.typed(editor.textDocument)
-        }
-
-        buttons: [
-            PushButton {
-                text: qsTr("Close")
-                onClicked: root.closed()
-            },
-            PushButton {
-                enabled: root.canSave
-                look: PushButton.Primary
-                symbol: "plus"
-                text: qsTr("Save")
-                onClicked: root.saveRequested()
-            }
-        ]
+        minHeight: 10
+        maximumHeight: Theme.editorMaximumHeight
+        accessibleName: qsTr("Task name")
+        onTextChanged: root.adapter?.type(editor.textDocument)
     }
+
+    buttons: [
+        PushButton {
+            text: qsTr("Close")
+            onClicked: root.close()
+        },
+        PushButton {
+            enabled: root.canSave
+            look: PushButton.Primary
+            symbol: "plus"
+            text: qsTr("Save")
+            onClicked: root.save()
+        }
+    ]
 }

@@ -47,7 +47,7 @@ FocusScope {
                 visible: root.finishes.canShow
                 ringColor: Theme.colors.selectedText
                 text: qsTr("Show")
-                onClicked: root.finishes.show()
+                onClicked: root.finishes.showTask()
             }
 
             PushButton {

@@ -72,7 +72,7 @@ Item {
         }
     }
 
-    AddTaskSheet {
+    AddTaskView {
         visible: root.home.isAddSheetDisplayed
         adapter: root.home.addTask
         onClosed: root.home.dismissAddSheet()

@@ -85,13 +85,11 @@ FocusScope {
             spacing: Theme.pageMargin
             visible: root.home.taskDetail === null
 
-            Label {
-                width: parent.width
+            Paragraph {
                 text: qsTr("Select or create a task to see more.")
                 font.pointSize: Theme.title3Size
                 color: Theme.colors.secondaryText
                 horizontalAlignment: Text.AlignHCenter
-                wrapMode: Text.Wrap
             }
 
             FocusChart {

@@ -34,10 +34,8 @@ Window {
         anchors.margins: Theme.pageMargin
         spacing: Theme.wideSpacing
 
-        Label {
-            width: parent.width
+        Paragraph {
             text: root.message
-            wrapMode: Text.Wrap
             Accessible.role: Accessible.AlertMessage
         }
 

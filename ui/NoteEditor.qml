@@ -3,14 +3,25 @@ import QtQuick
 import Hearthmark.Controls
 import Hearthmark.Ui
 
-// The note that is being written, which has at each moment what is typed here. Escape throws away an empty note only.
-EditorForm {
+// The note that is being written, which has at each moment what is typed here. Ctrl+Enter, anywhere in it,
+// saves, since Enter alone begins a new line. Escape throws away an empty note only.
+FocusScope {
     id: root
 
     required property NotesAdapter adapter
 
     // A part of this is to be brought on screen.
     signal revealed(top: real, bottom: real)
+
+    function save() {
+        root.adapter.saveNote(editor.textDocument);
+    }
+
+    function saveOnControl(event) {
+        event.accepted = event.modifiers & Qt.ControlModifier;
+        if (event.accepted)
+            root.save();
+    }
 
     function discardEmpty(event) {
         event.accepted = editor.text.length === 0;
@@ -31,7 +42,8 @@ EditorForm {
     }
 
     implicitHeight: content.height
-    onSaveRequested: root.adapter.saveNote(editor.textDocument)
+    Keys.onReturnPressed: event => root.saveOnControl(event)
+    Keys.onEnterPressed: event => root.saveOnControl(event)
     Keys.onEscapePressed: event => root.discardEmpty(event)
 
     NoteTextBinding {
@@ -62,7 +74,7 @@ EditorForm {
                 enabled: root.adapter.canSave
                 look: PushButton.Primary
                 text: root.adapter.saveText
-                onClicked: root.saveRequested()
+                onClicked: root.save()
             }
 
             PushButton {

@@ -12,19 +12,14 @@ Column {
 
     spacing: Theme.spacing
 
-    Label {
-        width: parent.width
+    Paragraph {
         text: qsTr("If no installer opens, this command in a terminal installs it:")
-        wrapMode: Text.Wrap
     }
 
-    Rectangle {
+    FocusFrame {
         width: parent.width
         height: command.height + 2 * Theme.spacing
-        radius: Theme.radius
-        color: Theme.colors.window
-        border.width: command.activeFocus ? Theme.focusWidth : 1
-        border.color: command.activeFocus ? Theme.colors.focus : Theme.colors.separator
+        framed: command
 
         ReadOnlyText {
             id: command
@@ -48,10 +43,7 @@ Column {
         onClicked: root.updates.showPackage()
     }
 
-    Label {
-        width: parent.width
-        visible: text.length > 0
+    Paragraph {
         text: root.updates.fault
-        wrapMode: Text.Wrap
     }
 }

@@ -9,28 +9,10 @@ TaskListItemGroupBoxStyle {
     id: root
 
     required property IntervalListModel intervalViewStates
-    required property string taskName
-    required property string timeSpent
 
     signal focused
     signal itemTapped
     signal menuRequested(line: DeletableRow, position: point)
-
-    ElidedLabel {
-        width: parent.width
-        text: root.taskName
-        font.pointSize: Theme.title3Size
-        color: root.textColor
-        isMarked: root.row.isWalkedTo
-        Accessible.ignored: true
-    }
-
-    Label {
-        width: parent.width
-        text: root.timeSpent
-        color: root.detailColor
-        Accessible.ignored: true
-    }
 
     Repeater {
         model: root.intervalViewStates

@@ -40,15 +40,10 @@ FocusScope {
         width: parent.width
         spacing: Theme.spacing
 
-        Label {
-            width: parent.width
+        Heading {
             text: root.adapter.taskName
             font.pointSize: Theme.titleSize
-            font.weight: Font.DemiBold
-            wrapMode: Text.Wrap
             maximumLineCount: Theme.nameMaximumLineCount
-            elide: Text.ElideRight
-            Accessible.role: Accessible.Heading
         }
 
         Label {

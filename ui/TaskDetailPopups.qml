@@ -17,7 +17,7 @@ Item {
         id: menu
     }
 
-    ShareSheet {
+    ShareContainerView {
         visible: root.view.adapter.isShareSheetDisplayed
         adapter: root.view.adapter.share
         onClosed: root.view.adapter.dismissShareSheet()

@@ -2,12 +2,14 @@
 import QtQuick
 import Hearthmark.Controls
 
-// The box of a task in the list, with what is in it one below the other.
+// The box of a task in the list: its name, its time, and what else there is, one below the other.
 Rectangle {
     id: root
 
     required property DeletableRow row
     required property bool isSelected
+    required property string taskName
+    required property string timeSpent
     readonly property color textColor: root.isSelected ? Theme.colors.selectedText : Theme.colors.text
     readonly property color detailColor: root.isSelected ? Theme.colors.selectedText : Theme.colors.secondaryText
     readonly property alias contentWidth: column.width
@@ -29,5 +31,21 @@ Rectangle {
         y: Theme.spacing
         width: root.width - 2 * Theme.spacing
         spacing: 2
+
+        ElidedLabel {
+            width: parent.width
+            text: root.taskName
+            font.pointSize: Theme.title3Size
+            color: root.textColor
+            isMarked: root.row.isWalkedTo
+            Accessible.ignored: true
+        }
+
+        Label {
+            width: parent.width
+            text: root.timeSpent
+            color: root.detailColor
+            Accessible.ignored: true
+        }
     }
 }

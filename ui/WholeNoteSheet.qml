@@ -1,24 +1,32 @@
 // SPDX-License-Identifier: MIT
 import QtQuick
-import QtQuick.Templates as T
 import Hearthmark.Controls
 import Hearthmark.Ui
 
-// Shows the whole of a note that is too long for the pane. There is nothing in it to lose, so a click
-// beside it closes it as well.
-Sheet {
+// Shows the whole of a note that is too long for the pane.
+CopySheet {
     id: root
 
     property WholeNoteAdapter adapter
 
     title: qsTr("Note")
-    preferredWidth: Theme.wideSheetWidth
-    height: root.largestHeight
-    closePolicy: T.Popup.CloseOnEscape | T.Popup.CloseOnPressOutside
+    onCopied: root.adapter.copy()
 
-    contentItem: WholeNoteForm {
-        focus: true
-        adapter: root.adapter
-        onClosed: root.close()
+    FocusFrame {
+        width: parent.width
+        height: root.room - y
+        framed: text
+
+        TextScroller {
+            id: text
+
+            anchors.fill: parent
+            anchors.margins: Theme.focusWidth
+            focus: true
+            lines: root.adapter?.lines ?? null
+            fontFamily: Application.font.family
+            lineEnd: ""
+            Accessible.name: qsTr("The whole note")
+        }
     }
 }

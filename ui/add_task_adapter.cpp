@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "base/text.h"
+#include "ui/state_adapter.h"
 #include "ui/typed_text.h"
 
 namespace hearthmark::ui {
@@ -12,9 +13,7 @@ AddTaskAdapter::AddTaskAdapter(std::shared_ptr<presentation::AddTaskViewModelPro
     : viewModel_(std::move(viewModel)) {}
 
 void AddTaskAdapter::type(const QQuickTextDocument* name) {
-    const bool canSave = !base::trimmed(typedText(*name)).empty();
-    if (canSave != canSave_) {
-        canSave_ = canSave;
+    if (replace(canSave_, !base::trimmed(typedText(*name)).empty())) {
         emit canSaveChanged();
     }
 }

@@ -4,16 +4,15 @@
 #include <QtQmlIntegration/qqmlintegration.h>
 
 #include <QGuiApplication>
-#include <QObject>
 #include <memory>
 
-#include "livedata/subscription.h"
 #include "services/appearance.h"
+#include "ui/state_adapter.h"
 
 namespace hearthmark::ui {
 
 // Hands what the desktop prefers to the window, which sets the theme by it.
-class AppearanceAdapter final : public QObject {
+class AppearanceAdapter final : public hearthmark::ui::StateAdapter {
     Q_OBJECT
     QML_ELEMENT
     QML_UNCREATABLE("made by the home view factory")
@@ -23,19 +22,16 @@ class AppearanceAdapter final : public QObject {
 
  public:
     explicit AppearanceAdapter(std::shared_ptr<services::AppearancePreference> preference)
-        : preference_(std::move(preference)),
-          subscription_(preference_->subscribeDidChange([this] { emit changed(); })) {}
+        : preference_(std::move(preference)) {
+        follow(*preference_);
+    }
 
     bool isDark() const { return preference_->value().isDark; }
     bool isStill() const { return preference_->value().isStill; }
     bool isRightToLeft() const { return QGuiApplication::isRightToLeft(); }
 
- signals:
-    void changed();
-
  private:
     std::shared_ptr<services::AppearancePreference> preference_;
-    livedata::Subscription subscription_;
 };
 
 }  // namespace hearthmark::ui

@@ -9,20 +9,23 @@ namespace hearthmark::ui {
 
 FocusAnnouncementAdapter::FocusAnnouncementAdapter(
     std::shared_ptr<presentation::FocusAnnouncementViewModel> viewModel)
-    : viewModel_(std::move(viewModel)),
-      subscription_(viewModel_->announcement().subscribeDidChange([this] {
-          // In this order: what appears is read at once.
-          emit textChanged();
-          emit presentedChanged();
-      })) {}
+    : viewModel_(std::move(viewModel)) {
+    follow(viewModel_->announcement());
+}
 
 void FocusAnnouncementAdapter::setShown(bool isShown) {
-    isShown_ = isShown;
+    StateAdapter::setShown(isShown);
+    emit presentedChanged();
+}
+
+// In this order: what appears is read at once.
+void FocusAnnouncementAdapter::show() {
+    emit textChanged();
     emit presentedChanged();
 }
 
 bool FocusAnnouncementAdapter::isPresented() const {
-    return isShown_ && !viewModel_->announcement().value().empty();
+    return isShown() && !viewModel_->announcement().value().empty();
 }
 
 QString FocusAnnouncementAdapter::text() const {

@@ -3,17 +3,16 @@
 
 #include <QtQmlIntegration/qqmlintegration.h>
 
-#include <QObject>
 #include <QString>
 #include <memory>
 
-#include "livedata/subscription.h"
 #include "presentation/focus_announcement_view_model.h"
+#include "ui/state_adapter.h"
 
 namespace hearthmark::ui {
 
 // Hands to Announcer.qml what a screen reader is to speak. Owns its view model.
-class FocusAnnouncementAdapter final : public QObject {
+class FocusAnnouncementAdapter final : public hearthmark::ui::StateAdapter {
     Q_OBJECT
     QML_ELEMENT
     QML_UNCREATABLE("made by the home view factory")
@@ -26,7 +25,7 @@ class FocusAnnouncementAdapter final : public QObject {
         std::shared_ptr<presentation::FocusAnnouncementViewModel> viewModel);
 
     // Whether the window is; a hidden one says nothing, the desktop's notifications do.
-    void setShown(bool isShown);
+    void setShown(bool isShown) override;
 
     bool isPresented() const;
     QString text() const;
@@ -36,9 +35,9 @@ class FocusAnnouncementAdapter final : public QObject {
     void textChanged();
 
  private:
+    void show() override;
+
     std::shared_ptr<presentation::FocusAnnouncementViewModel> viewModel_;
-    bool isShown_ = true;
-    livedata::Subscription subscription_;
 };
 
 }  // namespace hearthmark::ui

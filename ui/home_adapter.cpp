@@ -54,14 +54,6 @@ void HomeAdapter::setShown(bool isShown) {
     parts_.focusAnnouncement->setShown(isShown);
 }
 
-void HomeAdapter::finishNewest() const {
-    parts_.newestFocus->finish();
-}
-
-void HomeAdapter::quit() {
-    onQuit_();
-}
-
 void HomeAdapter::showSelectedTask() {
     const std::optional<base::Uuid>& selected = viewModel_->selectedTaskId().value();
     if (selected == shownTaskId_) {

@@ -97,8 +97,8 @@ class HomeAdapter final : public QObject {
     // On the selected task; where none is selected or no focus can start, nothing.
     void startShortFocus();
     // Of all tasks' running intervals; where none runs, nothing.
-    Q_INVOKABLE void finishNewest() const;
-    Q_INVOKABLE void quit();
+    Q_INVOKABLE void finishNewest() const { parts_.newestFocus->finish(); }
+    Q_INVOKABLE void quit() { onQuit_(); }
 
  signals:
     void taskDetailChanged();

@@ -22,34 +22,22 @@ namespace hearthmark::ui {
 
 // Makes the views beside and over each other on the home screen, each with a model of its own. A
 // value.
-class HomeViewSubviewsFactory {
- public:
-    // Each view keeps its time by a provider of its own.
-    HomeViewSubviewsFactory(
-        std::shared_ptr<store::DataOperationsServiceProtocol> dataOperationsService,
-        std::shared_ptr<const store::LiveDataProvidingFactoryProtocol> liveDataFactory,
-        std::shared_ptr<const base::Clock> clock,
-        std::shared_ptr<presentation::SelectedTaskId> mutableSelectedTaskId,
-        std::shared_ptr<presentation::NoteDrafts> drafts,
-        services::TimeKeepingProviderMaker makeTimeKeepingProvider,
-        std::shared_ptr<exporting::Clipboard> clipboard,
-        std::shared_ptr<const base::Calendar> calendar);
-
+struct HomeViewSubviewsFactory {
     std::unique_ptr<TaskListAdapter> makeTaskListView() const;
     std::unique_ptr<TaskDetailAdapter> makeTaskDetailView(const base::Uuid& taskId) const;
     std::unique_ptr<AddTaskAdapter> makeAddTaskView() const;
     // Of one task, or of all.
     std::unique_ptr<OverviewAdapter> makeOverviewView(std::optional<base::Uuid> taskId) const;
 
- private:
-    std::shared_ptr<store::DataOperationsServiceProtocol> dataOperationsService_;
-    std::shared_ptr<const store::LiveDataProvidingFactoryProtocol> liveDataFactory_;
-    std::shared_ptr<const base::Clock> clock_;
-    std::shared_ptr<presentation::SelectedTaskId> mutableSelectedTaskId_;
-    std::shared_ptr<presentation::NoteDrafts> drafts_;
-    services::TimeKeepingProviderMaker makeTimeKeepingProvider_;
-    std::shared_ptr<exporting::Clipboard> clipboard_;
-    std::shared_ptr<const base::Calendar> calendar_;
+    std::shared_ptr<store::DataOperationsServiceProtocol> dataOperationsService;
+    std::shared_ptr<const store::LiveDataProvidingFactoryProtocol> liveDataFactory;
+    std::shared_ptr<const base::Clock> clock;
+    std::shared_ptr<presentation::SelectedTaskId> mutableSelectedTaskId;
+    std::shared_ptr<presentation::NoteDrafts> drafts;
+    // Each view keeps its time by a provider of its own.
+    services::TimeKeepingProviderMaker makeTimeKeepingProvider;
+    std::shared_ptr<exporting::Clipboard> clipboard;
+    std::shared_ptr<const base::Calendar> calendar;
 };
 
 }  // namespace hearthmark::ui

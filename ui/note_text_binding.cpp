@@ -21,7 +21,7 @@ void NoteTextBinding::setAdapter(NotesAdapter* adapter) {
     disconnect(shown_);
     adapter_ = adapter;
     if (adapter_) {
-        shown_ = connect(adapter_, &NotesAdapter::shown, this, &NoteTextBinding::show);
+        shown_ = connect(adapter_, &NotesAdapter::changed, this, &NoteTextBinding::show);
     }
     replaceText();
     emit adapterChanged();

@@ -11,12 +11,14 @@
 namespace hearthmark::ui {
 
 NotesAdapter::NotesAdapter(std::shared_ptr<presentation::NotesViewModelProtocol> viewModel)
-    : viewModel_(std::move(viewModel)),
-      subscription_(viewModel_->viewState().subscribeDidChange([this] {
-          follow(noteText());
-          emit shown();
-      })) {
+    : viewModel_(std::move(viewModel)) {
+    follow(viewModel_->viewState());
     viewModel_->startObserving();
+}
+
+void NotesAdapter::show() {
+    followText(noteText());
+    emit changed();
 }
 
 std::string NotesAdapter::noteText() const {
@@ -54,14 +56,12 @@ void NotesAdapter::editNote(const std::string& text) {
     if (isWriting()) {
         const auto edit = state()->pendingNote->onEdit;
         (*edit)(text);
-        follow(text);
+        followText(text);
     }
 }
 
-void NotesAdapter::follow(const std::string& text) {
-    const bool canSave = !base::trimmed(text).empty();
-    if (canSave != canSave_) {
-        canSave_ = canSave;
+void NotesAdapter::followText(const std::string& text) {
+    if (replace(canSave_, !base::trimmed(text).empty())) {
         emit canSaveChanged();
     }
 }

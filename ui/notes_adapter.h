@@ -3,30 +3,29 @@
 
 #include <QtQmlIntegration/qqmlintegration.h>
 
-#include <QObject>
 #include <QQuickTextDocument>
 #include <QString>
 #include <memory>
 #include <optional>
 #include <string>
 
-#include "livedata/subscription.h"
 #include "presentation/notes_view_model.h"
+#include "ui/state_adapter.h"
 
 namespace hearthmark::ui {
 
 // Hands the note that is being written to NotesView.qml, and the state of the saved ones to the
 // detail pane's list. Owns its view model.
-class NotesAdapter final : public QObject {
+class NotesAdapter final : public hearthmark::ui::StateAdapter {
     Q_OBJECT
     QML_ELEMENT
     QML_UNCREATABLE("made by the subview factory")
-    Q_PROPERTY(bool loaded READ loaded NOTIFY shown FINAL)
-    Q_PROPERTY(bool canAddNote READ canAddNote NOTIFY shown FINAL)
-    Q_PROPERTY(bool isWriting READ isWriting NOTIFY shown FINAL)
+    Q_PROPERTY(bool loaded READ loaded NOTIFY changed FINAL)
+    Q_PROPERTY(bool canAddNote READ canAddNote NOTIFY changed FINAL)
+    Q_PROPERTY(bool isWriting READ isWriting NOTIFY changed FINAL)
     Q_PROPERTY(bool canSave READ canSave NOTIFY canSaveChanged FINAL)
-    Q_PROPERTY(QString saveText READ saveText NOTIFY shown FINAL)
-    Q_PROPERTY(QString discardText READ discardText NOTIFY shown FINAL)
+    Q_PROPERTY(QString saveText READ saveText NOTIFY changed FINAL)
+    Q_PROPERTY(QString discardText READ discardText NOTIFY changed FINAL)
 
  public:
     explicit NotesAdapter(std::shared_ptr<presentation::NotesViewModelProtocol> viewModel);
@@ -55,16 +54,14 @@ class NotesAdapter final : public QObject {
     void editNote(const std::string& text);
 
  signals:
-    // A new state has come.
-    void shown();
     void canSaveChanged();
 
  private:
-    void follow(const std::string& text);
+    void show() override;
+    void followText(const std::string& text);
 
     std::shared_ptr<presentation::NotesViewModelProtocol> viewModel_;
     bool canSave_ = false;
-    livedata::Subscription subscription_;
 };
 
 }  // namespace hearthmark::ui

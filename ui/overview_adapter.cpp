@@ -8,24 +8,18 @@
 namespace hearthmark::ui {
 
 OverviewAdapter::OverviewAdapter(std::shared_ptr<presentation::FocusOverviewViewModel> viewModel)
-    : viewModel_(std::move(viewModel)),
-      subscription_(viewModel_->viewState().subscribeDidChange([this] { show(); })) {
+    : viewModel_(std::move(viewModel)) {
+    follow(viewModel_->viewState());
     viewModel_->startObserving();
-}
-
-void OverviewAdapter::setShown(bool isShown) {
-    isShown_ = isShown;
-    show();
 }
 
 void OverviewAdapter::show() {
     const auto& state = viewModel_->viewState().value();
-    if (!state || !isShown_) {
+    if (!state) {
         return;
     }
     days_.show(state->days);
-    if (QString today = toQString(state->today); today != today_) {
-        today_ = std::move(today);
+    if (replace(today_, toQString(state->today))) {
         emit todayChanged();
     }
 }

@@ -44,11 +44,9 @@ QString intervalsText(std::int64_t count) {
 }
 
 RestoreAdapter::RestoreAdapter(std::shared_ptr<presentation::RestoreBackupViewModel> viewModel)
-    : viewModel_(std::move(viewModel)),
-      subscription_(viewModel_->viewState().subscribeDidChange([this] {
-          rows_.show(state());
-          emit changed();
-      })) {}
+    : viewModel_(std::move(viewModel)) {
+    follow(viewModel_->viewState());
+}
 
 QString RestoreAdapter::changes() const {
     using Rows = objectstore::RowDifference;
@@ -66,18 +64,15 @@ QString RestoreAdapter::fault() const {
     return toQString(state().fault);
 }
 
-void RestoreAdapter::load() {
-    viewModel_->load();
+void RestoreAdapter::show() {
+    rows_.show(state());
+    emit changed();
 }
 
 void RestoreAdapter::select(int row) {
     if (row >= 0 && row < rows_.rowCount()) {
         viewModel_->select(static_cast<std::size_t>(row));
     }
-}
-
-void RestoreAdapter::restore() {
-    viewModel_->restore();
 }
 
 }  // namespace hearthmark::ui

@@ -3,14 +3,13 @@
 
 #include <QtQmlIntegration/qqmlintegration.h>
 
-#include <QObject>
 #include <QString>
 #include <cstdint>
 #include <memory>
 
-#include "livedata/subscription.h"
 #include "presentation/restore_backup_view_model.h"
 #include "ui/backup_list_model.h"
+#include "ui/state_adapter.h"
 
 namespace hearthmark::ui {
 
@@ -18,8 +17,8 @@ namespace hearthmark::ui {
 QString tasksText(std::int64_t count);
 QString intervalsText(std::int64_t count);
 
-// Hands the restore sheet's state to RestoreForm.qml. Owns its view model.
-class RestoreAdapter final : public QObject {
+// Hands the restore sheet's state to RestoreSheet.qml. Owns its view model.
+class RestoreAdapter final : public hearthmark::ui::StateAdapter {
     Q_OBJECT
     QML_ELEMENT
     QML_UNCREATABLE("made by the home view factory")
@@ -40,21 +39,18 @@ class RestoreAdapter final : public QObject {
     QString fault() const;
 
     // Called each time that the sheet opens.
-    Q_INVOKABLE void load();
+    Q_INVOKABLE void load() { viewModel_->load(); }
     Q_INVOKABLE void select(int row);
-    Q_INVOKABLE void restore();
-
- signals:
-    void changed();
+    Q_INVOKABLE void restore() { viewModel_->restore(); }
 
  private:
+    void show() override;
     const presentation::RestoreBackupViewState& state() const {
         return viewModel_->viewState().value();
     }
 
     std::shared_ptr<presentation::RestoreBackupViewModel> viewModel_;
     BackupListModel rows_;
-    livedata::Subscription subscription_;
 };
 
 }  // namespace hearthmark::ui

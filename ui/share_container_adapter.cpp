@@ -7,13 +7,9 @@ namespace hearthmark::ui {
 
 ShareContainerAdapter::ShareContainerAdapter(
     std::shared_ptr<exporting::ShareContainerViewModelProtocol> viewModel)
-    : viewModel_(std::move(viewModel)),
-      subscription_(viewModel_->viewState().subscribeDidChange([this] { show(); })) {
+    : viewModel_(std::move(viewModel)) {
+    follow(viewModel_->viewState());
     show();
-}
-
-void ShareContainerAdapter::load() {
-    viewModel_->load();
 }
 
 void ShareContainerAdapter::copy(Tab tab) {
@@ -24,7 +20,7 @@ void ShareContainerAdapter::show() {
     if (const auto& state = viewModel_->viewState().value()) {
         jsonLines_.setText(state->jsonText);
         csvLines_.setText(state->csvText);
-        emit loadedChanged();
+        emit changed();
     }
 }
 

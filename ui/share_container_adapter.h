@@ -3,22 +3,21 @@
 
 #include <QtQmlIntegration/qqmlintegration.h>
 
-#include <QObject>
 #include <memory>
 
 #include "export/share_container_view_model.h"
-#include "livedata/subscription.h"
+#include "ui/state_adapter.h"
 #include "ui/text_lines_model.h"
 
 namespace hearthmark::ui {
 
 // Hands the texts of one task to ShareContainerView.qml. Owns its view model; made anew for each
 // presentation.
-class ShareContainerAdapter final : public QObject {
+class ShareContainerAdapter final : public hearthmark::ui::StateAdapter {
     Q_OBJECT
     QML_ELEMENT
     QML_UNCREATABLE("made by the subview factory")
-    Q_PROPERTY(bool loaded READ loaded NOTIFY loadedChanged FINAL)
+    Q_PROPERTY(bool loaded READ loaded NOTIFY changed FINAL)
     Q_PROPERTY(hearthmark::ui::TextLinesModel* jsonLines READ jsonLines CONSTANT FINAL)
     Q_PROPERTY(hearthmark::ui::TextLinesModel* csvLines READ csvLines CONSTANT FINAL)
 
@@ -37,19 +36,15 @@ class ShareContainerAdapter final : public QObject {
     TextLinesModel* jsonLines() { return &jsonLines_; }
     TextLinesModel* csvLines() { return &csvLines_; }
 
-    Q_INVOKABLE void load();
+    Q_INVOKABLE void load() { viewModel_->load(); }
     Q_INVOKABLE void copy(Tab tab);
 
- signals:
-    void loadedChanged();
-
  private:
-    void show();
+    void show() override;
 
     std::shared_ptr<exporting::ShareContainerViewModelProtocol> viewModel_;
     TextLinesModel jsonLines_;
     TextLinesModel csvLines_;
-    livedata::Subscription subscription_;
 };
 
 }  // namespace hearthmark::ui

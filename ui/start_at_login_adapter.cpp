@@ -8,15 +8,12 @@
 namespace hearthmark::ui {
 
 StartAtLoginAdapter::StartAtLoginAdapter(std::shared_ptr<services::StartAtLogin> startAtLogin)
-    : startAtLogin_(std::move(startAtLogin)),
-      subscription_(startAtLogin_->state().subscribeDidChange([this] { emit changed(); })) {}
+    : startAtLogin_(std::move(startAtLogin)) {
+    follow(startAtLogin_->state());
+}
 
 QString StartAtLoginAdapter::reason() const {
     return toQString(state().fault.empty() ? state().unavailableReason : state().fault);
-}
-
-void StartAtLoginAdapter::refresh() {
-    startAtLogin_->refresh();
 }
 
 void StartAtLoginAdapter::toggle() {

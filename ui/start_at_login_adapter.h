@@ -3,17 +3,16 @@
 
 #include <QtQmlIntegration/qqmlintegration.h>
 
-#include <QObject>
 #include <QString>
 #include <memory>
 
-#include "livedata/subscription.h"
 #include "services/start_at_login.h"
+#include "ui/state_adapter.h"
 
 namespace hearthmark::ui {
 
 // Hands to the menu whether the program starts at login.
-class StartAtLoginAdapter final : public QObject {
+class StartAtLoginAdapter final : public hearthmark::ui::StateAdapter {
     Q_OBJECT
     QML_ELEMENT
     QML_UNCREATABLE("made by the home view factory")
@@ -29,11 +28,10 @@ class StartAtLoginAdapter final : public QObject {
     // Why it cannot be changed, or could not just now; empty where nothing is known against it.
     QString reason() const;
 
-    Q_INVOKABLE void refresh();
+    Q_INVOKABLE void refresh() { startAtLogin_->refresh(); }
     Q_INVOKABLE void toggle();
 
  signals:
-    void changed();
     // The person asked for a change, and the reason says why there was none. From the event loop,
     // when the menu in which they asked has closed.
     void failed();
@@ -42,7 +40,6 @@ class StartAtLoginAdapter final : public QObject {
     const services::StartAtLoginState& state() const { return startAtLogin_->state().value(); }
 
     std::shared_ptr<services::StartAtLogin> startAtLogin_;
-    livedata::Subscription subscription_;
 };
 
 }  // namespace hearthmark::ui

@@ -42,9 +42,9 @@ TaskDetailAdapter::TaskDetailAdapter(
       subviewsFactory_(std::move(subviewsFactory)),
       notes_(subviewsFactory_.makeNotesView()),
       shortFocusText_(durationText(presentation::kShortFocus)),
-      longFocusText_(durationText(presentation::kLongFocus)),
-      subscription_(viewModel_->viewState().subscribeDidChange([this] { show(); })) {
-    connect(notes_.get(), &NotesAdapter::shown, this, &TaskDetailAdapter::showNotes);
+      longFocusText_(durationText(presentation::kLongFocus)) {
+    follow(viewModel_->viewState());
+    connect(notes_.get(), &NotesAdapter::changed, this, &TaskDetailAdapter::showNotes);
     connect(&rows_, &TaskDetailListModel::shown, this, &TaskDetailAdapter::rowsShown,
             Qt::QueuedConnection);
     showNotes();
@@ -92,11 +92,6 @@ void TaskDetailAdapter::dismissWholeNote() {
     }
 }
 
-void TaskDetailAdapter::setShown(bool isShown) {
-    isShown_ = isShown;
-    show();
-}
-
 void TaskDetailAdapter::showNotes() {
     if (const auto& state = notes_->state()) {
         rows_.showNotes(state->committedNotes);
@@ -105,25 +100,21 @@ void TaskDetailAdapter::showNotes() {
 
 void TaskDetailAdapter::show() {
     const auto& state = viewModel_->viewState().value();
-    if (!state || !isShown_) {
+    if (!state) {
         return;
     }
     runningIntervals_.update(intervalRows(state->runningIntervals));
     rows_.showIntervals(state->nonRunningIntervals);
-    if (QString name = toQString(state->taskName); name != taskName_) {
-        taskName_ = std::move(name);
+    if (replace(taskName_, toQString(state->taskName))) {
         emit taskNameChanged();
     }
-    if (QString total = toQString(state->totalTimeSpent); total != totalTimeSpent_) {
-        totalTimeSpent_ = std::move(total);
+    if (replace(totalTimeSpent_, toQString(state->totalTimeSpent))) {
         emit totalTimeSpentChanged();
     }
-    if (state->canStartFocus != canStartFocus_) {
-        canStartFocus_ = state->canStartFocus;
+    if (replace(canStartFocus_, state->canStartFocus)) {
         emit canStartFocusChanged();
     }
-    if (!loaded_) {
-        loaded_ = true;
+    if (replace(loaded_, true)) {
         emit loadedChanged();
     }
 }

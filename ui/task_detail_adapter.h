@@ -3,16 +3,15 @@
 
 #include <QtQmlIntegration/qqmlintegration.h>
 
-#include <QObject>
 #include <QString>
 #include <memory>
 #include <optional>
 
-#include "livedata/subscription.h"
 #include "presentation/task_detail_view_model.h"
 #include "ui/interval_list_model.h"
 #include "ui/notes_adapter.h"
 #include "ui/share_container_adapter.h"
+#include "ui/state_adapter.h"
 #include "ui/task_detail_list_model.h"
 #include "ui/task_detail_subviews_factory.h"
 #include "ui/whole_note_adapter.h"
@@ -25,7 +24,7 @@ enum class TaskDetailViewSheetType { share };
 // Hands the view state of one task to TaskDetailView.qml. Owns its view model and the adapters of
 // the notes section, which stays, and of the sheets of sharing and of a whole note, which are made
 // each time they are presented.
-class TaskDetailAdapter final : public QObject {
+class TaskDetailAdapter final : public hearthmark::ui::StateAdapter {
     Q_OBJECT
     QML_ELEMENT
     QML_UNCREATABLE("made by the subview factory")
@@ -49,10 +48,6 @@ class TaskDetailAdapter final : public QObject {
  public:
     TaskDetailAdapter(std::shared_ptr<presentation::TaskDetailViewModelProtocol> viewModel,
                       TaskDetailSubviewsFactory subviewsFactory);
-
-    // Follows the state, which may change each second, only while the window is shown. It is at
-    // first.
-    void setShown(bool isShown);
 
     bool loaded() const { return loaded_; }
     QString taskName() const { return taskName_; }
@@ -98,7 +93,7 @@ class TaskDetailAdapter final : public QObject {
 
  private:
     void showNotes();
-    void show();
+    void show() override;
 
     std::shared_ptr<presentation::TaskDetailViewModelProtocol> viewModel_;
     TaskDetailSubviewsFactory subviewsFactory_;
@@ -112,10 +107,8 @@ class TaskDetailAdapter final : public QObject {
     const QString longFocusText_;
     IntervalListModel runningIntervals_;
     TaskDetailListModel rows_;
-    bool isShown_ = true;
     bool loaded_ = false;
     bool canStartFocus_ = false;
-    livedata::Subscription subscription_;
 };
 
 }  // namespace hearthmark::ui

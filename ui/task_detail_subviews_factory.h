@@ -11,17 +11,16 @@
 namespace hearthmark::ui {
 
 // Makes the views in and over one task's detail pane, each with a model of its own.
-class TaskDetailSubviewsFactory {
- public:
-    TaskDetailSubviewsFactory(presentation::NotesVMFactory notesVMFactory,
-                              exporting::ShareContainerVMFactory shareVMFactory);
+struct TaskDetailSubviewsFactory {
+    std::unique_ptr<NotesAdapter> makeNotesView() const {
+        return std::make_unique<NotesAdapter>(notesVMFactory.makeViewModel());
+    }
+    std::unique_ptr<ShareContainerAdapter> makeShareView() const {
+        return std::make_unique<ShareContainerAdapter>(shareVMFactory.makeViewModel());
+    }
 
-    std::unique_ptr<NotesAdapter> makeNotesView() const;
-    std::unique_ptr<ShareContainerAdapter> makeShareView() const;
-
- private:
-    presentation::NotesVMFactory notesVMFactory_;
-    exporting::ShareContainerVMFactory shareVMFactory_;
+    presentation::NotesVMFactory notesVMFactory;
+    exporting::ShareContainerVMFactory shareVMFactory;
 };
 
 }  // namespace hearthmark::ui

@@ -6,17 +6,12 @@
 namespace hearthmark::ui {
 
 TaskListAdapter::TaskListAdapter(std::shared_ptr<presentation::TaskListViewModelProtocol> viewModel)
-    : viewModel_(std::move(viewModel)),
-      subscription_(viewModel_->viewState().subscribeDidChange([this] { show(); })) {
+    : viewModel_(std::move(viewModel)) {
+    follow(viewModel_->viewState());
     connect(&rows_, &TaskListModel::rowsInserted, this,
             [this](const QModelIndex& /*parent*/, int first) { insertedRow_ = first; });
     connect(this, &TaskListAdapter::stateShown, this, [this] { insertedRow_ = -1; });
     viewModel_->startObserving();
-}
-
-void TaskListAdapter::setShown(bool isShown) {
-    isShown_ = isShown;
-    show();
 }
 
 int TaskListAdapter::newestRow() const {
@@ -25,12 +20,11 @@ int TaskListAdapter::newestRow() const {
 
 void TaskListAdapter::show() {
     const auto& state = viewModel_->viewState().value();
-    if (!state || !isShown_) {
+    if (!state) {
         return;
     }
     rows_.show(*state);
-    if (!loaded_) {
-        loaded_ = true;
+    if (replace(loaded_, true)) {
         emit loadedChanged();
     }
     QMetaObject::invokeMethod(this, &TaskListAdapter::stateShown, Qt::QueuedConnection);

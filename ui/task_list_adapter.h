@@ -3,17 +3,16 @@
 
 #include <QtQmlIntegration/qqmlintegration.h>
 
-#include <QObject>
 #include <memory>
 
-#include "livedata/subscription.h"
 #include "presentation/tasks_list_view_model.h"
+#include "ui/state_adapter.h"
 #include "ui/task_list_model.h"
 
 namespace hearthmark::ui {
 
 // Hands the task list's view state to TaskListView.qml. Owns its view model.
-class TaskListAdapter final : public QObject {
+class TaskListAdapter final : public hearthmark::ui::StateAdapter {
     Q_OBJECT
     QML_ELEMENT
     QML_UNCREATABLE("made by the subview factory")
@@ -22,10 +21,6 @@ class TaskListAdapter final : public QObject {
 
  public:
     explicit TaskListAdapter(std::shared_ptr<presentation::TaskListViewModelProtocol> viewModel);
-
-    // Follows the state, which may change each second, only while the window is shown. It is at
-    // first.
-    void setShown(bool isShown);
 
     bool loaded() const { return loaded_; }
     TaskListModel* rows() { return &rows_; }
@@ -39,14 +34,12 @@ class TaskListAdapter final : public QObject {
     void stateShown();
 
  private:
-    void show();
+    void show() override;
 
     std::shared_ptr<presentation::TaskListViewModelProtocol> viewModel_;
     TaskListModel rows_;
     int insertedRow_ = -1;
-    bool isShown_ = true;
     bool loaded_ = false;
-    livedata::Subscription subscription_;
 };
 
 }  // namespace hearthmark::ui

@@ -9,8 +9,8 @@
 namespace hearthmark::ui {
 
 UndoAdapter::UndoAdapter(std::shared_ptr<presentation::UndoDeletionViewModel> viewModel)
-    : viewModel_(std::move(viewModel)),
-      subscription_(viewModel_->viewState().subscribeDidChange([this] { emit changed(); })) {
+    : viewModel_(std::move(viewModel)) {
+    follow(viewModel_->viewState());
     viewModel_->startObserving();
 }
 

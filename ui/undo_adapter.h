@@ -3,17 +3,16 @@
 
 #include <QtQmlIntegration/qqmlintegration.h>
 
-#include <QObject>
 #include <QString>
 #include <memory>
 
-#include "livedata/subscription.h"
 #include "presentation/undo_deletion_view_model.h"
+#include "ui/state_adapter.h"
 
 namespace hearthmark::ui {
 
 // Hands the undo bar's state to UndoBar.qml. Owns its view model.
-class UndoAdapter final : public QObject {
+class UndoAdapter final : public hearthmark::ui::StateAdapter {
     Q_OBJECT
     QML_ELEMENT
     QML_UNCREATABLE("made by the home view factory")
@@ -28,12 +27,8 @@ class UndoAdapter final : public QObject {
 
     Q_INVOKABLE void undo();
 
- signals:
-    void changed();
-
  private:
     std::shared_ptr<presentation::UndoDeletionViewModel> viewModel_;
-    livedata::Subscription subscription_;
 };
 
 }  // namespace hearthmark::ui

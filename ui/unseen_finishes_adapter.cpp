@@ -10,9 +10,9 @@ namespace hearthmark::ui {
 UnseenFinishesAdapter::UnseenFinishesAdapter(
     std::shared_ptr<services::UnseenFinishes> finishes,
     std::shared_ptr<presentation::SelectedTaskId> mutableSelectedTaskId)
-    : finishes_(std::move(finishes)),
-      mutableSelectedTaskId_(std::move(mutableSelectedTaskId)),
-      subscription_(finishes_->subscribeDidChange([this] { emit changed(); })) {}
+    : finishes_(std::move(finishes)), mutableSelectedTaskId_(std::move(mutableSelectedTaskId)) {
+    follow(*finishes_);
+}
 
 QString UnseenFinishesAdapter::text() const {
     if (!isPresented()) {
@@ -32,7 +32,7 @@ bool UnseenFinishesAdapter::canShow() const {
     return isPresented() && finishes_->value().back().taskId;
 }
 
-void UnseenFinishesAdapter::show() {
+void UnseenFinishesAdapter::showTask() {
     if (!isPresented()) {
         return;
     }
@@ -40,10 +40,6 @@ void UnseenFinishesAdapter::show() {
         mutableSelectedTaskId_->setValue(taskId);
     }
     dismiss();
-}
-
-void UnseenFinishesAdapter::dismiss() {
-    finishes_->setValue({});
 }
 
 }  // namespace hearthmark::ui

@@ -3,18 +3,17 @@
 
 #include <QtQmlIntegration/qqmlintegration.h>
 
-#include <QObject>
 #include <QString>
 #include <memory>
 
-#include "livedata/subscription.h"
 #include "presentation/selected_task_id.h"
 #include "services/unseen_finishes.h"
+#include "ui/state_adapter.h"
 
 namespace hearthmark::ui {
 
 // Hands to the window what the desktop did not tell the person.
-class UnseenFinishesAdapter final : public QObject {
+class UnseenFinishesAdapter final : public hearthmark::ui::StateAdapter {
     Q_OBJECT
     QML_ELEMENT
     QML_UNCREATABLE("made by the home view factory")
@@ -34,16 +33,12 @@ class UnseenFinishesAdapter final : public QObject {
     bool canShow() const;
 
     // Selects the latest one's task.
-    Q_INVOKABLE void show();
-    Q_INVOKABLE void dismiss();
-
- signals:
-    void changed();
+    Q_INVOKABLE void showTask();
+    Q_INVOKABLE void dismiss() { finishes_->setValue({}); }
 
  private:
     std::shared_ptr<services::UnseenFinishes> finishes_;
     std::shared_ptr<presentation::SelectedTaskId> mutableSelectedTaskId_;
-    livedata::Subscription subscription_;
 };
 
 }  // namespace hearthmark::ui

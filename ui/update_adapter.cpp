@@ -25,8 +25,9 @@ UpdateAdapter::UpdateAdapter(
       updater_(std::move(updater)),
       canCheckForUpdatesSubscription_(
           checkForUpdatesViewModel_->canCheckForUpdates().subscribeDidChange(
-              [this] { emit canCheckForUpdatesChanged(); })),
-      stateSubscription_(updater_->state().subscribeDidChange([this] { show(); })) {}
+              [this] { emit changed(); })) {
+    follow(updater_->state());
+}
 
 QString UpdateAdapter::unavailableReason() const {
     return toQString(updater_->unavailableReason());
@@ -108,14 +109,6 @@ QString UpdateAdapter::installCommand() const {
         .arg(toQString(state().package).replace('\'', QLatin1String("'\\''")));
 }
 
-void UpdateAdapter::check() {
-    updater_->checkForUpdates();
-}
-
-void UpdateAdapter::install() {
-    updater_->install();
-}
-
 void UpdateAdapter::accept() {
     if (isOffer()) {
         install();
@@ -126,20 +119,15 @@ void UpdateAdapter::accept() {
 
 void UpdateAdapter::showPackage() {
     fault_ = updater_->showPackage() ? QString() : tr("No program here opens folders.");
-    emit stateChanged();
-}
-
-void UpdateAdapter::dismiss() {
-    updater_->dismiss();
+    emit changed();
 }
 
 void UpdateAdapter::show() {
-    if (notesText_ != state().notes) {
-        notesText_ = state().notes;
+    if (replace(notesText_, state().notes)) {
         notes_.setText(notesText_);
     }
     fault_.clear();
-    emit stateChanged();
+    emit changed();
 }
 
 }  // namespace hearthmark::ui

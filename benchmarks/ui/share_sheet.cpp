@@ -105,20 +105,23 @@ void measure(std::int64_t intervals, const std::string& name) {
     const store::Task& task = newestTask(opened);
     const auto view =
         app::HomeViewFactory(
-            opened.service, opened.liveDataFactory, opened.clock,
-            std::make_shared<presentation::SelectedTaskId>(task.id()),
-            std::make_shared<presentation::NoteDrafts>(opened.service, *opened.liveDataFactory),
-            std::make_shared<platform::TimeKeepingProvider>(),
-            std::make_shared<ui::MainWindowLoader>(),
-            {.clipboard = nullptr,
-             .updater = std::make_shared<platform::AppcastUpdater>(
-                 platform::AppcastUpdater::Configuration{}),
-             .startAtLogin = std::make_shared<platform::AutostartEntry>(),
-             .unseenFinishes = std::make_shared<services::UnseenFinishes>(),
-             .appearance = std::make_shared<services::AppearancePreference>(),
-             .calendar = std::make_shared<base::LocalCalendar>(),
-             .backups = nullptr},
-            {}, {.windowShouldClose = [] { return true; }, .quit = [] {}, .restartRestored = [] {}})
+            {opened.service,
+             opened.liveDataFactory,
+             opened.clock,
+             std::make_shared<presentation::SelectedTaskId>(task.id()),
+             std::make_shared<presentation::NoteDrafts>(opened.service, *opened.liveDataFactory),
+             std::make_shared<platform::TimeKeepingProvider>(),
+             std::make_shared<ui::MainWindowLoader>(),
+             {.clipboard = nullptr,
+              .updater = std::make_shared<platform::AppcastUpdater>(
+                  platform::AppcastUpdater::Configuration{}),
+              .startAtLogin = std::make_shared<platform::AutostartEntry>(),
+              .unseenFinishes = std::make_shared<services::UnseenFinishes>(),
+              .appearance = std::make_shared<services::AppearancePreference>(),
+              .calendar = std::make_shared<base::LocalCalendar>(),
+              .backups = nullptr},
+             {},
+             {.windowShouldClose = [] { return true; }, .quit = [] {}, .restartRestored = [] {}}})
             .makeHomeView();
     view->show({});
     auto& window = dynamic_cast<QQuickWindow&>(*QGuiApplication::allWindows().constFirst());

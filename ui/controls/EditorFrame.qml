@@ -22,12 +22,10 @@ FocusScope {
 
     implicitHeight: Math.min(root.maximumHeight, editor.height + 2 * root.inset)
 
-    Rectangle {
+    FocusFrame {
         anchors.fill: parent
-        radius: Theme.radius
-        color: Theme.colors.window
-        border.width: root.activeFocus ? Theme.focusWidth : 1
-        border.color: root.activeFocus ? Theme.colors.focus : Theme.colors.fieldBorder
+        framed: root
+        usualBorder: Theme.colors.fieldBorder
     }
 
     Flickable {
