@@ -23,6 +23,7 @@
 
 #include "app/desktop.h"
 #include "app/program_clock.h"
+#include "app/program_updates.h"
 #include "base/calendar.h"
 #include "base/fatal_error.h"
 #include "objectstore/store_error.h"
@@ -157,12 +158,13 @@ int showRunningInstance(int argc, char** argv, const platform::InstanceLock& loc
 }
 
 platform::AppcastUpdater::Configuration updates() {
-    return {.feed = QUrl(QStringLiteral(HEARTHMARK_UPDATE_FEED)),
-            .publicKey = HEARTHMARK_UPDATE_PUBLIC_KEY,
+    const app::ProgramUpdates updates = app::programUpdates();
+    return {.feed = QUrl(QLatin1String(updates.feed)),
+            .publicKey = updates.publicKey,
             .currentVersion = QCoreApplication::applicationVersion(),
             .directory = QStandardPaths::writableLocation(QStandardPaths::CacheLocation) +
                          QStringLiteral("/updates"),
-            .patience = std::chrono::seconds(HEARTHMARK_UPDATE_PATIENCE)};
+            .patience = updates.patience};
 }
 
 // What has to be there before the toolkit is, and outlives it.

@@ -6,7 +6,9 @@
 #include "services/awake_time_keeping_provider.h"
 #include "services/in_step_time_keeping_provider.h"
 #include "store/data_operations_service.h"
+#include "store/interval.h"
 #include "store/live_data.h"
+#include "store/note.h"
 
 namespace hearthmark::app {
 

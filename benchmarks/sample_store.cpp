@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "benchmarks/sample_store.h"
 
+#include "store/note.h"
 #include "store/persistent_container_factory.h"
 
 #include <cstdlib>

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <boost/signals2/signal.hpp>
 #include <cstdint>
 #include <functional>
 #include <memory>
@@ -9,6 +8,7 @@
 #include <utility>
 
 #include "livedata/subscription.h"
+#include "objectstore/signal.h"
 
 namespace hearthmark::livedata {
 
@@ -22,6 +22,9 @@ template <class Failure = Never>
 struct Completion {
     std::optional<Failure> failure;
 };
+
+// What a subject tells its subscribers; the value itself they look at.
+enum class SubjectEvent { staged, announced, completed };
 
 // A publisher that always has a value: gives it to each new subscriber at once and then every
 // change. All calls are synchronous, on one thread.
@@ -60,7 +63,7 @@ class CurrentValueSubject {
         state_->value = std::move(value);
         ++state_->version;
         const std::shared_ptr<State> kept = state_;
-        kept->events(Event::staged);
+        kept->events(SubjectEvent::staged);
     }
 
     void announce() {
@@ -74,7 +77,7 @@ class CurrentValueSubject {
             kept.get(), [](State* state) { state->isAnnouncing = false; });
         do {
             kept->isAnnouncedAgain = false;
-            kept->events(Event::announced);
+            kept->events(SubjectEvent::announced);
         } while (kept->isAnnouncedAgain);
     }
 
@@ -85,8 +88,8 @@ class CurrentValueSubject {
             return;
         }
         kept->completion = std::move(completion);
-        kept->events(Event::completed);
-        kept->events.disconnect_all_slots();
+        kept->events(SubjectEvent::completed);
+        kept->events = {};
     }
 
     // A completed subject gives its completion instead of its value. `onStaged` is for the subjects
@@ -102,15 +105,15 @@ class CurrentValueSubject {
         auto subscriber = std::make_shared<Subscriber>(
             Subscriber{std::move(onValue), std::move(onCompletion), std::move(onStaged)});
         // By address: the state owns the slot and is kept during each round.
-        Subscription subscription(kept->events.connect(
-            [state = kept.get(), subscriber](Event event) { subscriber->receive(*state, event); }));
+        Subscription subscription =
+            kept->events.connect([state = kept.get(), subscriber](SubjectEvent event) {
+                subscriber->receive(*state, event);
+            });
         subscriber->tell(*kept);
         return subscription;
     }
 
  private:
-    enum class Event { staged, announced, completed };
-
     struct State {
         Output value;
         std::optional<Completion<Failure>> completion = std::nullopt;
@@ -118,7 +121,7 @@ class CurrentValueSubject {
         std::uint64_t version = 0;
         bool isAnnouncing = false;
         bool isAnnouncedAgain = false;
-        boost::signals2::signal<void(Event)> events = {};
+        objectstore::Signal<SubjectEvent> events = {};
     };
 
     struct Subscriber {
@@ -134,12 +137,12 @@ class CurrentValueSubject {
             onValue(value);
         }
 
-        void receive(const State& state, Event event) {
-            if (event == Event::staged) {
+        void receive(const State& state, SubjectEvent event) {
+            if (event == SubjectEvent::staged) {
                 if (onStaged) {
                     onStaged(state.value);
                 }
-            } else if (event == Event::completed) {
+            } else if (event == SubjectEvent::completed) {
                 if (onCompletion) {
                     onCompletion(*state.completion);
                 }

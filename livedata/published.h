@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <boost/signals2/signal.hpp>
 #include <functional>
 #include <utility>
 
 #include "livedata/subscription.h"
+#include "objectstore/signal.h"
 
 namespace hearthmark::livedata {
 
@@ -32,20 +32,20 @@ class Published {
         change(value_);
     }
 
-    // While called, value() is still the old one.
-    Subscription subscribeWillChange(const std::function<void()>& onChange) {
-        return Subscription(willChange_.connect(onChange));
+    // While called, value() is still the old one. The views of this program do not ask for it.
+    Subscription subscribeWillChange(std::function<void()> onChange) {
+        return willChange_.connect(std::move(onChange));
     }
 
     // What views render from.
-    Subscription subscribeDidChange(const std::function<void()>& onChange) {
-        return Subscription(didChange_.connect(onChange));
+    Subscription subscribeDidChange(std::function<void()> onChange) {
+        return didChange_.connect(std::move(onChange));
     }
 
  private:
     Value value_;
-    boost::signals2::signal<void()> willChange_;
-    boost::signals2::signal<void()> didChange_;
+    objectstore::Signal<> willChange_;
+    objectstore::Signal<> didChange_;
 };
 
 }  // namespace hearthmark::livedata

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <boost/signals2/connection.hpp>
 #include <functional>
 #include <memory>
 #include <optional>
@@ -75,8 +74,8 @@ class FetchedResultsController {
     ManagedObjectContext& context_;
     std::shared_ptr<const Delegate> delegate_;
     std::optional<ObjectSet<Object>> objects_;
-    boost::signals2::scoped_connection renewal_;
-    boost::signals2::scoped_connection observer_;
+    Subscription renewal_;
+    Subscription observer_;
 };
 
 }  // namespace hearthmark::objectstore

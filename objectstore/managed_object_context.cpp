@@ -2,7 +2,6 @@
 #include "objectstore/managed_object_context.h"
 
 #include <algorithm>
-#include <boost/signals2/signal.hpp>
 #include <deque>
 #include <iterator>
 #include <limits>
@@ -100,11 +99,9 @@ struct ManagedObjectContext::Record {
 
 // Outlives the context while it tells, since an observer may drop the context.
 struct ManagedObjectContext::Telling {
-    using Signal = boost::signals2::signal<void(const SavedChanges&)>;
-
-    Signal index;
-    Signal renewal;
-    Signal observer;
+    Signal<const SavedChanges&> index;
+    Signal<const SavedChanges&> renewal;
+    Signal<const SavedChanges&> observer;
     std::deque<SavedChanges> waiting;
     bool isTelling = false;
 };
@@ -305,16 +302,16 @@ SavedChanges ManagedObjectContext::settle() {
     return changes;
 }
 
-boost::signals2::connection ManagedObjectContext::connectIndex(const ChangesSlot& slot) {
-    return telling_->index.connect(slot);
+Subscription ManagedObjectContext::connectIndex(ChangesSlot slot) {
+    return telling_->index.connect(std::move(slot));
 }
 
-boost::signals2::connection ManagedObjectContext::connectRenewal(const ChangesSlot& slot) {
-    return telling_->renewal.connect(slot);
+Subscription ManagedObjectContext::connectRenewal(ChangesSlot slot) {
+    return telling_->renewal.connect(std::move(slot));
 }
 
-boost::signals2::connection ManagedObjectContext::connectObserver(const ChangesSlot& slot) {
-    return telling_->observer.connect(slot);
+Subscription ManagedObjectContext::connectObserver(ChangesSlot slot) {
+    return telling_->observer.connect(std::move(slot));
 }
 
 }  // namespace hearthmark::objectstore

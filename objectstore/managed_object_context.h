@@ -1,13 +1,13 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <boost/signals2/connection.hpp>
 #include <functional>
 #include <memory>
 #include <vector>
 
 #include "objectstore/model.h"
 #include "objectstore/object_set.h"
+#include "objectstore/signal.h"
 
 namespace hearthmark::objectstore {
 
@@ -60,12 +60,12 @@ class ManagedObjectContext {
         return ObjectSet<Object>(current(Object::entity()));
     }
 
-    using ChangesSlot = std::function<void(const SavedChanges&)>;
+    using ChangesSlot = Signal<const SavedChanges&>::Slot;
 
-    // The three rounds. A slot runs until its connection is cut.
-    boost::signals2::connection connectIndex(const ChangesSlot& slot);
-    boost::signals2::connection connectRenewal(const ChangesSlot& slot);
-    boost::signals2::connection connectObserver(const ChangesSlot& slot);
+    // The three rounds.
+    Subscription connectIndex(ChangesSlot slot);
+    Subscription connectRenewal(ChangesSlot slot);
+    Subscription connectObserver(ChangesSlot slot);
 
  private:
     friend class ManagedObject;

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <boost/signals2/connection.hpp>
 #include <functional>
 #include <map>
 #include <memory>
@@ -25,7 +24,7 @@ class ObjectIndex {
         for (Object& object : context.objects<Object>()) {
             file(object);
         }
-        connection_ = context.connectIndex([this](const SavedChanges& changes) {
+        subscription_ = context.connectIndex([this](const SavedChanges& changes) {
             for (const std::shared_ptr<ManagedObject>& object : changes.objects) {
                 if (&object->entityDescription() == &Object::entity()) {
                     file(static_cast<Object&>(*object));
@@ -56,7 +55,7 @@ class ObjectIndex {
 
     Condition condition_;
     std::map<RowKey, std::shared_ptr<Object>> objects_;
-    boost::signals2::scoped_connection connection_;
+    Subscription subscription_;
 };
 
 }  // namespace hearthmark::objectstore

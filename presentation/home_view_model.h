@@ -43,6 +43,7 @@ class HomeViewModel final : public HomeViewModelProtocol {
         std::shared_ptr<SelectedTaskIdPublisher> publisher);
 
     livedata::Published<std::optional<base::Uuid>> selectedTaskId_;
+    // Held and not used.
     std::shared_ptr<store::DataOperationsServiceProtocol> dataOperationsService_;
     std::shared_ptr<SelectedTaskIdPublisher> publisher_;
     std::vector<livedata::Subscription> cancellables_;

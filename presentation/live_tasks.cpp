@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "base/weakly.h"
+#include "store/raw_interval_state.h"
 
 namespace hearthmark::presentation {
 

@@ -3,6 +3,7 @@
 
 #include <utility>
 
+#include "store/interval.h"
 #include "store/newest_first.h"
 
 namespace hearthmark::presentation {

@@ -6,6 +6,7 @@
 
 #include "base/weakly.h"
 #include "presentation/texts.h"
+#include "store/interval.h"
 #include "store/time_texts.h"
 
 namespace hearthmark::presentation {

@@ -5,6 +5,7 @@
 
 #include "base/weakly.h"
 #include "presentation/texts.h"
+#include "store/interval.h"
 #include "store/newest_first.h"
 #include "store/raw_interval_state.h"
 #include "store/time_texts.h"

@@ -22,6 +22,7 @@
 #include "store/data_operations_service.h"
 #include "store/demo_persistent_container_factory.h"
 #include "store/hearthmark_model.h"
+#include "store/note.h"
 #include "ui/home_adapter.h"
 #include "ui/symbol_provider.h"
 

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "base/weakly.h"
+#include "store/interval.h"
 
 namespace hearthmark::services {
 

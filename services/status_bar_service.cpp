@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "base/weakly.h"
+#include "store/interval.h"
 #include "store/newest_first.h"
 #include "store/time_texts.h"
 

@@ -44,6 +44,7 @@ class StatusBarService final : public std::enable_shared_from_this<StatusBarServ
     void show(const store::Interval& interval);
     void statusItemButtonAction() const;
 
+    // Held and not used.
     std::shared_ptr<HomeViewFactoryProtocol> homeViewFactory_;
     std::shared_ptr<IntervalsProvider> intervalsProvider_;
     std::shared_ptr<TimeKeepingProviderProtocol> timeKeepingProvider_;

@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "store/note.h"
 #include "store/unresolved_error.h"
 
 namespace hearthmark::store {

@@ -5,12 +5,11 @@
 
 #include "base/uuid.h"
 #include "livedata/live_data_providing_factory.h"
-#include "store/interval.h"
-#include "store/note.h"
-#include "store/raw_interval_state.h"
 #include "store/task.h"
 
 namespace hearthmark::store {
+
+class RawIntervalState;
 
 // The live data of this program's entities.
 using LiveDataProvidingFactoryProtocol =

@@ -3,6 +3,7 @@
 #include <iostream>
 
 #include "fuzz/store_damage.h"
+#include "store/note.h"
 #include "store/persistent_container_factory.h"
 #include "support/shown_text.h"
 

@@ -25,7 +25,7 @@ class ManagedObjectContextTest : public testing::Test {
     // Saves and tells the initials of the entities that this published.
     std::string save() {
         std::string published;
-        const boost::signals2::scoped_connection connection =
+        const Subscription subscription =
             store.context().connectObserver([&published](const SavedChanges& changes) {
                 published += changes.touches(Task::entity()) ? "T" : "";
                 published += changes.touches(Interval::entity()) ? "I" : "";

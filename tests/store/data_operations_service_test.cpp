@@ -17,7 +17,7 @@ class DataOperationsServiceTest : public testing::Test {
  protected:
     // Counts the saves that touch anything from here on.
     void countSaves() {
-        connection = store.context().connectObserver([this](const auto&) { ++saves; });
+        subscription = store.context().connectObserver([this](const auto&) { ++saves; });
     }
     Interval& addIntervalWithoutTask(base::Date started) {
         Interval& interval = store.addInterval(task, IntervalState::running(started), 0s, 5s);
@@ -35,7 +35,7 @@ class DataOperationsServiceTest : public testing::Test {
     Task& task = store.addTask("first");
     const base::Uuid id = base::Uuid::random();
     int saves = 0;
-    boost::signals2::scoped_connection connection;
+    objectstore::Subscription subscription;
 };
 
 TEST_F(DataOperationsServiceTest, KeepsTheTimeOfEachIntervalThroughALifeOfTheProgram) {
@@ -189,7 +189,7 @@ TEST_F(DataOperationsServiceTest, FinishesAllThatIsDueWithOneReadingAndOneSave) 
 
 TEST_F(DataOperationsServiceTest, FindsWhatRunsWhileASaveIsStillBeingTold) {
     store.addInterval(task, IntervalState::running(at(0)), 0s, 5s);
-    connection = store.context().connectObserver([this](const auto&) {
+    subscription = store.context().connectObserver([this](const auto&) {
         if (++saves == 1) {
             store.service->finishDueIntervals();
         }

@@ -20,6 +20,7 @@
 
 #include "objectstore/store_copy.h"
 #include "store/hearthmark_model.h"
+#include "store/note.h"
 #include "store/persistent_container_factory.h"
 #include "support/fault_vfs.h"
 #include "support/random_operations.h"

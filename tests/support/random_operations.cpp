@@ -4,6 +4,8 @@
 #include <iterator>
 #include <utility>
 
+#include "store/note.h"
+
 namespace hearthmark::tests {
 
 std::string contentOf(const std::filesystem::path& directory) {

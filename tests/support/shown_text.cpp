@@ -7,6 +7,7 @@
 #include "export/csv_task_share_serializer.h"
 #include "export/json_share_serializer.h"
 #include "presentation/view_model_factories.h"
+#include "store/note.h"
 #include "support/test_store.h"
 
 namespace hearthmark::tests {

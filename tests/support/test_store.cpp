@@ -7,6 +7,7 @@
 #include <stdexcept>
 
 #include "store/hearthmark_model.h"
+#include "store/note.h"
 
 namespace hearthmark::tests {
 

@@ -1,0 +1,12 @@
+// SPDX-License-Identifier: MIT
+#include "app/program_updates.h"
+
+namespace hearthmark::app {
+
+ProgramUpdates programUpdates() {
+    return {.feed = HEARTHMARK_UPDATE_FEED,
+            .publicKey = HEARTHMARK_UPDATE_PUBLIC_KEY,
+            .patience = std::chrono::seconds(HEARTHMARK_UPDATE_PATIENCE)};
+}
+
+}  // namespace hearthmark::app
