@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include "presentation/view_model_factories.h"
+#include "store/note.h"
 #include "support/test_store.h"
 
 namespace hearthmark::presentation {
