@@ -59,7 +59,7 @@ check_program() {
     is_hardened "stack protector" '__stack_chk_fail' readelf -W --dyn-syms "$program" || faults=1
     # It may call none that the compiler cannot check itself.
     is_hardened "compiled with fortified functions" '-D_FORTIFY_SOURCE=2' \
-        grep -F 'app/main.cpp.o' build/release/compile_commands.json || faults=1
+        grep -F ' app/CMakeFiles/hearthmark_main.dir/main.cpp.o ' build/release/compile_commands.json || faults=1
     return "$faults"
 }
 
