@@ -6,7 +6,7 @@ namespace hearthmark::app {
 ProgramUpdates programUpdates() {
     return {.feed = HEARTHMARK_UPDATE_FEED,
             .publicKey = HEARTHMARK_UPDATE_PUBLIC_KEY,
-            .patience = std::chrono::seconds(HEARTHMARK_UPDATE_PATIENCE)};
+            .patience = std::chrono::seconds(30)};
 }
 
 }  // namespace hearthmark::app

@@ -143,9 +143,11 @@ class Program:
     def launch(self, **environment):
         import pyatspi
 
+        def is_active(window):
+            window.clear_cache()  # of its state before, where the event got lost
+            return window.getState().contains(pyatspi.STATE_ACTIVE)
         self.start(**environment)
-        wait_for(lambda: any(window.getState().contains(pyatspi.STATE_ACTIVE) for window in self.tree()),
-                 "the window to have the keyboard")
+        wait_for(lambda: any(map(is_active, self.tree())), "the window to have the keyboard")
         return self
 
     def end(self, number=signal.SIGTERM, seconds=10):

@@ -4,6 +4,7 @@ come to them while somebody waits by wait_for()."""
 
 import contextlib
 import ctypes
+import operator
 import os
 import select
 import threading
@@ -153,43 +154,43 @@ def hanging_clipboard():
 
 class Questions(threading.Thread):
     """Asks the program for its windows, which its main thread answers, until it is told to end, and
-    notes how long that took. What others kept its thread and this one off the processor is not its
-    fault."""
+    notes how long that took: the work of that thread, or all but the time in which somebody of the desktop
+    waited for a processor, if that is longer."""
 
-    def __init__(self, accessibility_bus, process):
+    def __init__(self, desktop, process):
         super().__init__(daemon=True)
-        self.bus, bus = connect(accessibility_bus), "org.freedesktop.DBus"
-        self.process = process
+        self.bus, bus = connect(desktop.accessibility_bus), "org.freedesktop.DBus"
+
+        def process_of(name):
+            return self._ask(bus, "GetConnectionUnixProcessID", "(s)", name)[0]
         self.name = wait_for(lambda: next(
-            name for name in self._ask(bus, "ListNames", "()")[0] if name[0] == ":" and process.pid
-            in self._ask(bus, "GetConnectionUnixProcessID", "(s)", name)), "its connection")
+            name for name in self._ask(bus, "ListNames", "()")[0]
+            if name[0] == ":" and process_of(name) == process.pid), "its connection")
+        self.program = process.pid
+        # How long each worked, and waited for a processor.
+        self.schedule = {pid: (0, 0) for pid in (process.pid, process_of(bus), os.getpid(), *(
+            each.pid for each in desktop.processes if each.poll() is None))}
         self.ended = threading.Event()
         self.seconds = []
-        self.busy = []  # of these, how long the program's main thread worked
 
     def _ask(self, interface, method, signature, *arguments, to=None):
         return self.bus.call_sync(to or interface, "/org/a11y/atspi/accessible/root", interface, method,
                                   GLib.Variant(signature, arguments), None, 0, 20000, None).unpack()
 
-    @staticmethod
-    def _schedule(thread):
-        """How long it worked, and waited for a processor."""
-        with open(f"/proc/{thread}/schedstat", encoding="ascii") as file:
-            return [int(part) / 1e9 for part in file.read().split()[:2]]
-
-    def _seconds(self):
-        busy, waited = self._schedule(f"{self.process.pid}/task/{self.process.pid}")
-        _, here = self._schedule(f"self/task/{threading.get_native_id()}")
-        return time.monotonic() - waited - here, busy
+    def _clocks(self):
+        for task in self.schedule:
+            with contextlib.suppress(OSError), open(f"/proc/{task}/schedstat", encoding="ascii") as file:
+                self.schedule[task] = [int(part) / 1e9 for part in file.read().split()[:2]]
+        return self.schedule[self.program][0], time.monotonic() - sum(
+            waited for _, waited in self.schedule.values())
 
     def run(self):
+        self.schedule[f"self/task/{threading.get_native_id()}"] = (0, 0)
         with contextlib.suppress(Exception):  # the program ended, as the test may want
             while not self.ended.wait(0.01):
-                asked, begun = self._seconds()
+                before = self._clocks()
                 self._ask("org.a11y.atspi.Accessible", "GetChildren", "()", to=self.name)
-                answered, ended = self._seconds()
-                self.seconds.append(answered - asked)
-                self.busy.append(ended - begun)
+                self.seconds.append(max(map(operator.sub, self._clocks(), before)))
 
     def end(self):
         """Whether all were answered."""

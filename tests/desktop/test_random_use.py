@@ -146,21 +146,17 @@ class RandomUse(ProgramTest):
             f"DELETE FROM Task WHERE pk IN ({old})")
         self.program.launch()
         os.set_blocking(self.program.process.stderr.fileno(), False)
-        self.questions = Questions(DESKTOP.accessibility_bus, self.program.process)
+        self.questions = Questions(DESKTOP, self.program.process)
         self.questions.start()
-        self.answers = 0
 
     def assert_fine(self):
         errors = (self.program.process.stderr.read() or b"").decode()
         self.assertFalse(errors, errors[:1000])
         if not self.questions.is_alive():
             wait_for(lambda: self.program.process.poll() is not None, "an answer, or the end")
-        for seconds, busy in [*zip(self.questions.seconds, self.questions.busy)][self.answers:]:
-            self.answers += 1
-            self.slowest = max(self.slowest, seconds)
-            # On a busy machine others take their time too: the bus, and the disk behind what is loaded.
-            self.assertFalse(seconds > PATIENCE and (busy > PATIENCE / 2 or seconds > 10 * PATIENCE),
-                             f"an answer took {seconds:.3f} s, with {busy:.3f} s of work")
+        seconds, self.questions.seconds = self.questions.seconds, []
+        self.slowest = max([self.slowest, *seconds])
+        self.assertLess(self.slowest, PATIENCE, "an answer took too long")
 
     def assert_ended(self):
         """As whoever quits wants it."""

@@ -53,7 +53,8 @@ class Updates(ProgramTest):
             check=True, capture_output=True)
         context = ssl.SSLContext(ssl.PROTOCOL_TLS_SERVER)
         context.load_cert_chain(self.certificate)
-        self.server = ThreadingHTTPServer(("localhost", 18443), Handler)
+        self.server = ThreadingHTTPServer(("localhost", 0), Handler)
+        self.address = f"localhost:{self.server.server_port}"
         self.server.asked, self.server.answering = [], threading.Lock()
         self.server.handle_error = lambda *_: None  # whoever is sent too much hangs up
         self.server.socket = context.wrap_socket(
@@ -71,7 +72,7 @@ class Updates(ProgramTest):
         """A feed with what the release script says of the package, and the package."""
         item = subprocess.run(
             ["../../packaging/sign-release.sh", "test_key_not_for_releases.pem", version,
-             self.package, "https://localhost:18443" + PACKAGE], text=True, check=True,
+             self.package, f"https://{self.address}{PACKAGE}"], text=True, check=True,
             input='<b>New</b> & "better"', stdout=subprocess.PIPE, cwd=Path(__file__).parent).stdout
         feed = ('<rss xmlns:hearthmark="https://hearthmark.org/appcast"><channel>'
                 f'{item.replace(*change)}</channel></rss>').encode()
@@ -81,6 +82,7 @@ class Updates(ProgramTest):
     def launch(self, **changes):
         self.program.start(**{
             "SSL_CERT_FILE": str(self.certificate), "XDG_CACHE_HOME": str(self.directory), "no_proxy": "*",
+            "HEARTHMARK_UPDATE_FEED": f"https://{self.address}{FEED}",
             "PATH": f"{self.program.data}:{os.environ['PATH']}", **changes})
         self.program.tree()
 
@@ -109,13 +111,13 @@ class Updates(ProgramTest):
             ({}, "Version 9.10 is available (3.0 MB).", '<b>New</b> & "better"', "Later"),
             ({"version": VERSION}, "Hearthmark is up to date.", f"Version {VERSION} is the newest one.",
              "Close"),
-            ({FEED: (302, "https://localhost:18443/moved")}, "Later"),
+            ({FEED: (302, f"https://{self.address}/moved")}, "Later"),
             ({FEED: (200, *DRIP)}, "Checking for updates…", "Cancel"),
             ({FEED: (200, *DRIP)}, "The update server answers too slowly or not at all.", "Close"),
             ({FEED: (200, b" " * 500_001)}, too_much, "Close"),
             ({FEED: (503, HALF)}, "The update server answers with error 503.", "Close"),
             ({PACKAGE: (404, *DRIP)}, "Install", "The update server answers with error 404.", "Close"),
-            ({FEED: (302, "http://localhost:18443/moved")}, insecure, "Close"),
+            ({FEED: (302, f"http://{self.address}/moved")}, insecure, "Close"),
             ({"change": ("<item>", "")}, no_feed, "Close"),
             ({PACKAGE: (200, HALF, *DRIP)}, "Install", "1.5 MB of 3.0 MB", "Cancel"),
             ({PACKAGE: (200, HALF)}, "Install", short, "Close"),
