@@ -33,7 +33,7 @@ std::unique_ptr<services::HomeViewProtocol> HomeViewFactory::makeHomeView() {
     const auto focusAnnouncement =
         std::make_shared<presentation::FocusAnnouncementViewModel>(timeKeepingProvider);
     focusAnnouncement->startObserving(*liveDataFactory);
-    ui::HomeAdapter::Parts parts{
+    ui::HomeParts parts{
         .about = std::make_unique<ui::AboutAdapter>(program),
         .appearance = std::make_unique<ui::AppearanceAdapter>(ports.appearance),
         .focusAnnouncement = std::make_unique<ui::FocusAnnouncementAdapter>(focusAnnouncement),

@@ -89,8 +89,8 @@ void appendIntervalFields(std::string& row, const store::Interval& interval) {
     appendField(row, interval.creationDate());
     appendField(row, interval.duration());
     appendField(row, interval.maxDuration());
-    // Nothing stands for a missing state, so the fields after it move two columns to the left; that
-    // is wanted.
+    // Nothing stands for a missing state, so the fields after it move two columns to the left: the
+    // form is kept as those who read it know it.
     if (const store::RawIntervalState* state = interval.rawState()) {
         appendField(row, state->started());
         (row += ',') += std::to_string(state->state());

@@ -18,7 +18,8 @@ struct TaskListViewState {
         std::string button;
         base::Uuid intervalId;
         livedata::Action onButtonTap;
-        // Deletes the whole task; that is wanted.
+        // Deletes the whole task: the menu belongs to the task's row, which has one for all its
+        // lines.
         livedata::Action onDeleteCommand;
         std::string timeSpent;
         // Towards its maximum, from 0 to 1.

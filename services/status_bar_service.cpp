@@ -47,8 +47,8 @@ void StatusBarService::handle(const store::Intervals& intervals) {
     if (latest == nullptr) {
         statusItem_->button()->setTitle(kIdleTitle);
         statusItem_->button()->setProgress({});
-        // The interval is remembered, so that one that comes back after this is not shown again;
-        // that is wanted.
+        // The interval stays remembered: while the store is being written anew the set may be empty
+        // for a moment, and the same interval is then no new one.
         timer_.stop();
     } else if (latest != latestRunningInterval_.get()) {
         latestRunningInterval_ =

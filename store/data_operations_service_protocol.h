@@ -30,8 +30,8 @@ class DataOperationsServiceProtocol : public IntervalFinishing {
     // At the present moment, with the running stretch folded into its duration.
     virtual void finishInterval(const base::Uuid& intervalId, const base::Uuid& taskId) = 0;
 
-    // Takes it out of its task's set. It stays in the store without a task, and if it runs it goes
-    // on running; both are wanted.
+    // Takes it out of its task's set. It stays in the store without a task, so that it can be put
+    // back as it was; if it runs it goes on running.
     virtual void deleteInterval(const base::Uuid& intervalId, const base::Uuid& taskId) = 0;
 
     virtual void addNote(const NoteData& note, const base::Uuid& taskId) = 0;

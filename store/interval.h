@@ -38,7 +38,8 @@ class Interval final : public objectstore::ManagedObject {
     void setRawState(RawIntervalState* rawState);
 
     // Ends it at the last moment at which the program is known to have seen it run: its stamp, else
-    // its start. Without either the time spent becomes 0; that is wanted. The caller saves.
+    // its start. Without either nothing is known of it, so the time spent becomes 0. The caller
+    // saves.
     void finish();
 
     const std::optional<base::Uuid>& id() const { return id_; }

@@ -412,7 +412,7 @@ class Use(ProgramTest):
         program.press("Application menu")
         program.press("Restore from a backup…", "menu item")
         press(wait_for(lambda: program.find_all("Backups", "list")[0][0], "a backup"))
-        wait_for(lambda: "Becomes what it was: 1 interval" in told, "its summary")
+        wait_for(lambda: "Would be changed back: 1 interval" in told, "its summary")
 
 
 class Restarts(ProgramTest):

@@ -71,7 +71,7 @@ TEST_F(StatusBarServiceTest, ShowsTheLatestRunningIntervalFromOneSecondAfterItsS
     EXPECT_EQ(timers->validTimers(), 0);
 }
 
-// It is still remembered as the latest, so no timer is started; that is wanted.
+// It is still remembered as the latest, so no timer is started for it again.
 TEST_F(StatusBarServiceTest, StaysIdleForTheSameIntervalAfterAnEmptySet) {
     store::Interval& interval = run(at(300));
     EXPECT_EQ(tick(), "1:01/30:00");

@@ -13,25 +13,25 @@ Item {
     readonly property TaskDetailAdapter adapter: root.home.taskDetail
 
     Shortcut {
-        sequence: "Ctrl+Shift+N"
+        sequences: Shortcuts.addNote
         enabled: root.screen.activeFocus
         onActivated: list.addNote()
     }
 
     Shortcut {
-        sequence: "Ctrl+1"
+        sequences: Shortcuts.startShortFocus
         enabled: root.screen.activeFocus
         onActivated: root.adapter.startShortFocus()
     }
 
     Shortcut {
-        sequence: "Ctrl+2"
+        sequences: Shortcuts.startLongFocus
         enabled: root.screen.activeFocus
         onActivated: root.adapter.startLongFocus()
     }
 
     Shortcut {
-        sequence: "Ctrl+E"
+        sequences: Shortcuts.share
         enabled: root.screen.activeFocus && shareButton.enabled
         onActivated: root.adapter.displayShareSheet()
     }

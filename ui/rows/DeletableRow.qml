@@ -2,17 +2,17 @@
 import QtQuick
 import Hearthmark.Controls
 
-// A row that a click, the keyboard and a context menu act on. A right click, the Menu key and
-// Shift+F10 ask for the menu; the Delete key asks for the deletion itself.
+// A row of a list that can be chosen and deleted. A click chooses it. A right click, the Menu key and
+// Shift+F10 ask for its context menu, and the Delete key asks to delete it at once.
 Item {
     id: root
 
-    // The Delete key asks no question, so the row that it would delete is marked, unless the person has
-    // just clicked on it.
+    // Whether it got the keyboard by a click. If not, it is marked, so that one sees what the Delete key
+    // would delete, which asks no question.
     property bool clicked: false
-    // The arrow keys, or those like them, have just come here.
+    // Whether the arrow keys, or others that walk the rows, have just come here.
     property bool isWalkedTo: false
-    // Then the Delete key means that, and does nothing.
+    // Whether a part of its text is marked. The Delete key then means that part, and does nothing.
     property bool isTextMarked: false
     // Marked too while its menu is open.
     property bool menuOpen: false

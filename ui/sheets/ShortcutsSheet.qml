@@ -2,6 +2,7 @@
 pragma ComponentBehavior: Bound
 import QtQuick
 import Hearthmark.Controls
+import Hearthmark.Ui
 
 // The keys that do something everywhere in the window.
 Sheet {
@@ -16,24 +17,7 @@ Sheet {
         spacing: Theme.spacing
 
         Repeater {
-            model: [
-                [qsTr("Add a task"), "Ctrl+N"],
-                [qsTr("Start a focus of 30 minutes"), "Ctrl+1"],
-                [qsTr("Start a focus of an hour"), "Ctrl+2"],
-                [qsTr("Finish the newest focus"), "Ctrl+F"],
-                [qsTr("Add a note"), "Ctrl+Shift+N"],
-                [qsTr("Share the task"), "Ctrl+E"],
-                [qsTr("Save the name or note"), "Ctrl+Enter"],
-                [qsTr("Show the marked task"), qsTr("Enter")],
-                [qsTr("Open the menu of the marked row"), qsTr("Menu")],
-                [qsTr("Go to the first or last row"), qsTr("Home, End")],
-                [qsTr("Go a page up or down"), qsTr("Page Up, Page Down")],
-                [qsTr("Delete the marked row"), qsTr("Delete")],
-                [qsTr("Undo a deletion"), "Ctrl+Z"],
-                [qsTr("Close a sheet or a menu"), qsTr("Escape")],
-                [qsTr("Show this list"), "F1"],
-                [qsTr("Quit"), "Ctrl+Q"]
-            ]
+            model: Shortcuts.all
 
             Item {
                 id: line

@@ -53,9 +53,9 @@ QString RestoreAdapter::changes() const {
     if (!canRestore()) {
         return {};
     }
-    QStringList lines{lineOf(tr("Comes back: %1"), *state().changes, &Rows::added),
-                      lineOf(tr("Goes: %1"), *state().changes, &Rows::removed),
-                      lineOf(tr("Becomes what it was: %1"), *state().changes, &Rows::changed)};
+    QStringList lines{lineOf(tr("Would be brought back: %1"), *state().changes, &Rows::added),
+                      lineOf(tr("Would be removed: %1"), *state().changes, &Rows::removed),
+                      lineOf(tr("Would be changed back: %1"), *state().changes, &Rows::changed)};
     lines.removeAll(QString());
     return lines.isEmpty() ? tr("Nothing would change.") : lines.join(QLatin1Char('\n'));
 }

@@ -52,13 +52,13 @@ Item {
 
         ContextMenuItem {
             text: qsTr("Keyboard Shortcuts")
-            shortcutText: "F1"
+            shortcutText: Shortcuts.showShortcuts[0]
             onTriggered: shortcuts.open()
         }
 
         ContextMenuItem {
             text: qsTr("Quit")
-            shortcutText: "Ctrl+Q"
+            shortcutText: Shortcuts.quit[0]
             onTriggered: root.home.quit()
         }
     }

@@ -19,19 +19,19 @@ FocusScope {
 
     // While a sheet or a menu has the keyboard, no key is for what lies behind it.
     Shortcut {
-        sequence: "Ctrl+N"
+        sequences: Shortcuts.addTask
         enabled: root.activeFocus
         onActivated: root.home.displayAddSheet()
     }
 
     Shortcut {
-        sequence: "Ctrl+F"
+        sequences: Shortcuts.finishNewest
         enabled: root.activeFocus
         onActivated: root.home.finishNewest()
     }
 
     Shortcut {
-        sequences: ["F1", "Ctrl+?"]
+        sequences: Shortcuts.showShortcuts
         enabled: root.activeFocus
         onActivated: (popups.part() as HomePopups).openShortcuts()
     }

@@ -39,7 +39,7 @@ Window {
     onActiveFocusItemChanged: root.restoreFocus()
 
     Shortcut {
-        sequence: "Ctrl+Q"
+        sequences: Shortcuts.quit
         context: Qt.ApplicationShortcut
         onActivated: root.home.quit()
     }

@@ -19,7 +19,7 @@ FocusScope {
     Accessible.name: root.adapter.text
 
     Shortcut {
-        sequence: "Ctrl+Z"
+        sequences: Shortcuts.undo
         enabled: root.adapter.presented && root.screen.activeFocus
         onActivated: root.adapter.undo()
     }

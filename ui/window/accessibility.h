@@ -5,13 +5,16 @@
 
 namespace hearthmark::ui {
 
-// Makes up for two things that the toolkit does to assistive technology: a disabled item is
-// reported as disabled, and that a time has advanced is not told second by second: changes of the
-// texts of an item whose property "ticks" is true cause no event, and whoever asks is given the
-// present text, also those who remember what they once read. For the whole process; called once,
-// after the application object and before the first window.
+// Mends two things in what the toolkit tells assistive technology. It says of disabled items that
+// they are disabled. And it does not announce each second of a time that runs: where an item has
+// the property "ticks" with the value true, a change of its texts causes no event. Whoever asks
+// gets the present text.
 //
-// The function is told of such an item each time that it was asked for a text.
+// Some readers remember a text once they have read it. Each time one of these items was read, the
+// function is called with it, to make them forget.
+//
+// For the whole process. Called once, after the application object was made and before the first
+// window.
 using KeepFromMemory = void (*)(QAccessible::Id);
 void prepareAccessibility(KeepFromMemory keepFromMemory);
 

@@ -8,11 +8,11 @@
 namespace hearthmark::ui {
 
 HomeAdapter::HomeAdapter(std::shared_ptr<presentation::HomeViewModelProtocol> viewModel,
-                         HomeViewSubviewsFactory subviewsFactory, Parts parts,
+                         HomeViewSubviewsFactory subviewsFactory, HomeParts parts,
                          std::function<void()> onQuit)
-    : viewModel_(std::move(viewModel)),
+    : HomeParts(std::move(parts)),
+      viewModel_(std::move(viewModel)),
       subviewsFactory_(std::move(subviewsFactory)),
-      parts_(std::move(parts)),
       onQuit_(std::move(onQuit)),
       taskList_(subviewsFactory_.makeTaskListView()),
       subscription_(
@@ -45,13 +45,13 @@ void HomeAdapter::startShortFocus() {
 
 void HomeAdapter::setShown(bool isShown) {
     isShown_ = isShown;
-    parts_.beat->setResting(!isShown);
+    beat->setResting(!isShown);
     taskList_->setShown(isShown);
     if (taskDetail_) {
         taskDetail_->setShown(isShown);
     }
     overview_->setShown(isShown);
-    parts_.focusAnnouncement->setShown(isShown);
+    focusAnnouncement->setShown(isShown);
 }
 
 void HomeAdapter::showSelectedTask() {

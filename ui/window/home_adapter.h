@@ -7,6 +7,7 @@
 #include <functional>
 #include <memory>
 #include <optional>
+#include <utility>
 
 #include "base/uuid.h"
 #include "livedata/subscription.h"
@@ -28,10 +29,33 @@
 
 namespace hearthmark::ui {
 
+// What stays as it is while tasks come and go.
+struct HomeParts {
+    // A part that QML sees: a property of the adapter below by the same name.
+    template <class Part>
+    struct Owned : std::unique_ptr<Part> {
+        using std::unique_ptr<Part>::unique_ptr;
+        Owned(std::unique_ptr<Part> part) : std::unique_ptr<Part>(std::move(part)) {}
+        operator Part*() const { return this->get(); }
+    };
+
+    Owned<AboutAdapter> about;
+    Owned<AppearanceAdapter> appearance;
+    Owned<FocusAnnouncementAdapter> focusAnnouncement;
+    Owned<RestoreAdapter> restore;
+    Owned<StartAtLoginAdapter> startAtLogin;
+    Owned<UndoAdapter> undo;
+    Owned<UnseenFinishesAdapter> unseenFinishes;
+    Owned<UpdateAdapter> updates;
+    std::unique_ptr<presentation::NewestFocus> newestFocus;
+    // Of all views; it rests while they are not seen.
+    std::shared_ptr<services::InStepTimeKeepingProvider> beat;
+};
+
 // Hands the home screen's state to HomeView.qml: the list, which stays, the detail pane, which is
 // made for each selected task, the add-task sheet, which is made each time it is presented, and the
 // parts that know no task. Owns the adapters of all; the QML engine owns none of them.
-class HomeAdapter final : public QObject {
+class HomeAdapter final : public QObject, private HomeParts {
     Q_OBJECT
     QML_ELEMENT
     QML_UNCREATABLE("made by the home view factory")
@@ -43,35 +67,21 @@ class HomeAdapter final : public QObject {
         bool isAddSheetDisplayed READ isAddSheetDisplayed NOTIFY isAddSheetDisplayedChanged FINAL)
     Q_PROPERTY(hearthmark::ui::AddTaskAdapter* addTask READ addTask NOTIFY
                    isAddSheetDisplayedChanged FINAL)
-    Q_PROPERTY(hearthmark::ui::AboutAdapter* about READ about CONSTANT FINAL)
+    Q_PROPERTY(hearthmark::ui::AboutAdapter* about MEMBER about CONSTANT FINAL)
     Q_PROPERTY(
-        hearthmark::ui::UnseenFinishesAdapter* unseenFinishes READ unseenFinishes CONSTANT FINAL)
-    Q_PROPERTY(hearthmark::ui::AppearanceAdapter* appearance READ appearance CONSTANT FINAL)
-    Q_PROPERTY(hearthmark::ui::FocusAnnouncementAdapter* focusAnnouncement READ focusAnnouncement
+        hearthmark::ui::UnseenFinishesAdapter* unseenFinishes MEMBER unseenFinishes CONSTANT FINAL)
+    Q_PROPERTY(hearthmark::ui::AppearanceAdapter* appearance MEMBER appearance CONSTANT FINAL)
+    Q_PROPERTY(hearthmark::ui::FocusAnnouncementAdapter* focusAnnouncement MEMBER focusAnnouncement
                    CONSTANT FINAL)
-    Q_PROPERTY(hearthmark::ui::RestoreAdapter* restore READ restore CONSTANT FINAL)
-    Q_PROPERTY(hearthmark::ui::StartAtLoginAdapter* startAtLogin READ startAtLogin CONSTANT FINAL)
-    Q_PROPERTY(hearthmark::ui::UndoAdapter* undo READ undo CONSTANT FINAL)
-    Q_PROPERTY(hearthmark::ui::UpdateAdapter* updates READ updates CONSTANT FINAL)
+    Q_PROPERTY(hearthmark::ui::RestoreAdapter* restore MEMBER restore CONSTANT FINAL)
+    Q_PROPERTY(hearthmark::ui::StartAtLoginAdapter* startAtLogin MEMBER startAtLogin CONSTANT FINAL)
+    Q_PROPERTY(hearthmark::ui::UndoAdapter* undo MEMBER undo CONSTANT FINAL)
+    Q_PROPERTY(hearthmark::ui::UpdateAdapter* updates MEMBER updates CONSTANT FINAL)
 
  public:
-    // What stays as it is while tasks come and go.
-    struct Parts {
-        std::unique_ptr<AboutAdapter> about;
-        std::unique_ptr<AppearanceAdapter> appearance;
-        std::unique_ptr<FocusAnnouncementAdapter> focusAnnouncement;
-        std::unique_ptr<RestoreAdapter> restore;
-        std::unique_ptr<StartAtLoginAdapter> startAtLogin;
-        std::unique_ptr<UndoAdapter> undo;
-        std::unique_ptr<UnseenFinishesAdapter> unseenFinishes;
-        std::unique_ptr<UpdateAdapter> updates;
-        std::unique_ptr<presentation::NewestFocus> newestFocus;
-        // Of all views; it rests while they are not seen.
-        std::shared_ptr<services::InStepTimeKeepingProvider> beat;
-    };
-
     HomeAdapter(std::shared_ptr<presentation::HomeViewModelProtocol> viewModel,
-                HomeViewSubviewsFactory subviewsFactory, Parts parts, std::function<void()> onQuit);
+                HomeViewSubviewsFactory subviewsFactory, HomeParts parts,
+                std::function<void()> onQuit);
 
     // Whether the window is; what is not seen need not follow each second. It is at first.
     void setShown(bool isShown);
@@ -83,21 +93,13 @@ class HomeAdapter final : public QObject {
     bool isAddSheetDisplayed() const { return addTask_ != nullptr; }
     // Present while its sheet is displayed.
     AddTaskAdapter* addTask() const { return addTask_.get(); }
-    AboutAdapter* about() const { return parts_.about.get(); }
-    AppearanceAdapter* appearance() const { return parts_.appearance.get(); }
-    FocusAnnouncementAdapter* focusAnnouncement() const { return parts_.focusAnnouncement.get(); }
-    RestoreAdapter* restore() const { return parts_.restore.get(); }
-    StartAtLoginAdapter* startAtLogin() const { return parts_.startAtLogin.get(); }
-    UndoAdapter* undo() const { return parts_.undo.get(); }
-    UnseenFinishesAdapter* unseenFinishes() const { return parts_.unseenFinishes.get(); }
-    UpdateAdapter* updates() const { return parts_.updates.get(); }
 
     Q_INVOKABLE void displayAddSheet();
     Q_INVOKABLE void dismissAddSheet();
     // On the selected task; where none is selected or no focus can start, nothing.
     void startShortFocus();
     // Of all tasks' running intervals; where none runs, nothing.
-    Q_INVOKABLE void finishNewest() const { parts_.newestFocus->finish(); }
+    Q_INVOKABLE void finishNewest() const { newestFocus->finish(); }
     Q_INVOKABLE void quit() { onQuit_(); }
 
  signals:
@@ -111,7 +113,6 @@ class HomeAdapter final : public QObject {
 
     std::shared_ptr<presentation::HomeViewModelProtocol> viewModel_;
     HomeViewSubviewsFactory subviewsFactory_;
-    Parts parts_;
     std::function<void()> onQuit_;
     std::unique_ptr<TaskListAdapter> taskList_;
     std::unique_ptr<TaskDetailAdapter> taskDetail_;
