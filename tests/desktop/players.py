@@ -4,6 +4,8 @@ come to them while somebody waits by wait_for()."""
 
 import contextlib
 import ctypes
+import glob
+import itertools
 import operator
 import os
 import select
@@ -166,10 +168,10 @@ class Questions(threading.Thread):
         self.name = wait_for(lambda: next(
             name for name in self._ask(bus, "ListNames", "()")[0]
             if name[0] == ":" and process_of(name) == process.pid), "its connection")
-        self.program = process.pid
-        # How long each worked, and waited for a processor.
-        self.schedule = {pid: (0, 0) for pid in (process.pid, process_of(bus), os.getpid(), *(
-            each.pid for each in desktop.processes if each.poll() is None))}
+        self.program = f"/proc/{process.pid}/task/{process.pid}"
+        self.processes = [process.pid, process_of(bus), os.getpid(), *(
+            each.pid for each in desktop.processes if each.poll() is None)]
+        self.schedule = {}  # of each thread: how long it worked, and waited for a processor
         self.ended = threading.Event()
         self.seconds = []
 
@@ -178,14 +180,13 @@ class Questions(threading.Thread):
                                   GLib.Variant(signature, arguments), None, 0, 20000, None).unpack()
 
     def _clocks(self):
-        for task in self.schedule:
-            with contextlib.suppress(OSError), open(f"/proc/{task}/schedstat", encoding="ascii") as file:
-                self.schedule[task] = [int(part) / 1e9 for part in file.read().split()[:2]]
+        for thread in itertools.chain(*(glob.iglob(f"/proc/{pid}/task/*") for pid in self.processes)):
+            with contextlib.suppress(OSError), open(f"{thread}/schedstat", encoding="ascii") as file:
+                self.schedule[thread] = [int(part) / 1e9 for part in file.read().split()[:2]]
         return self.schedule[self.program][0], time.monotonic() - sum(
             waited for _, waited in self.schedule.values())
 
     def run(self):
-        self.schedule[f"self/task/{threading.get_native_id()}"] = (0, 0)
         with contextlib.suppress(Exception):  # the program ended, as the test may want
             while not self.ended.wait(0.01):
                 before = self._clocks()
