@@ -4,6 +4,7 @@ accessibility bus and the keyboard."""
 
 import contextlib
 import ctypes
+import glob
 import os
 import re
 import shutil
@@ -59,7 +60,6 @@ class Desktop:
         self.directory = tempfile.mkdtemp(prefix="hearthmark-desktop-")
         os.chmod(self.directory, 0o700)
         self.processes = []
-        self.start_display()
         os.environ["XDG_RUNTIME_DIR"] = self.directory
         os.environ["QT_LINUX_ACCESSIBILITY_ALWAYS_ON"] = "1"
         os.environ["DBUS_SYSTEM_BUS_ADDRESS"] = "disabled:"
@@ -67,6 +67,8 @@ class Desktop:
         # Where it is noon now, so that no midnight comes.
         os.environ["TZ"] = f"<noon>{time.gmtime().tm_hour - 12}"
         time.tzset()
+        # No display for the registry of accessibility, which would end with it and forget who listens.
+        os.environ.pop("DISPLAY", None)
         os.environ.pop("WAYLAND_DISPLAY", None)
         os.environ.pop("AT_SPI_BUS_ADDRESS", None)
         os.environ["DBUS_SESSION_BUS_ADDRESS"] = self.start_bus("session.conf", [
@@ -75,6 +77,7 @@ class Desktop:
         self.accessibility_bus = subprocess.check_output(
             ["dbus-send", "--session", "--print-reply=literal", "--dest=org.a11y.Bus",
              "/org/a11y/bus", "org.a11y.Bus.GetAddress"], text=True).strip()
+        self.start_display()
 
     def start_display(self):
         """What is started from here on is shown there."""
@@ -120,6 +123,27 @@ class Desktop:
         shutil.rmtree(self.directory, ignore_errors=True)
 
 
+class Waits:
+    """Of all threads of this process and of those on its desktop, the program among them: what they wait
+    for a processor is nobody's fault."""
+
+    def __init__(self):
+        self.processes, self.waited = [os.getpid()], {}
+        place = b"XDG_RUNTIME_DIR=" + os.environb[b"XDG_RUNTIME_DIR"] + b"\0"
+        for file in glob.iglob("/proc/[0-9]*/environ"):
+            with contextlib.suppress(OSError), open(file, "rb") as environment:
+                if place in environment.read():
+                    self.processes.append(file.split("/")[2])
+
+    def seconds(self):
+        """So far, in all."""
+        for process in self.processes:
+            for file in glob.iglob(f"/proc/{process}/task/*/schedstat"):
+                with contextlib.suppress(OSError), open(file, encoding="ascii") as schedule:
+                    self.waited[file] = int(schedule.read().split()[1]) / 1e9
+        return sum(self.waited.values())
+
+
 class Program:
     """One run of the program on a data directory."""
 
@@ -143,11 +167,9 @@ class Program:
     def launch(self, **environment):
         import pyatspi
 
-        def is_active(window):
-            window.clear_cache()  # of its state before, where the event got lost
-            return window.getState().contains(pyatspi.STATE_ACTIVE)
         self.start(**environment)
-        wait_for(lambda: any(map(is_active, self.tree())), "the window to have the keyboard")
+        wait_for(lambda: any(window.getState().contains(pyatspi.STATE_ACTIVE) for window in self.tree()),
+                 "the window to have the keyboard")
         return self
 
     def end(self, number=signal.SIGTERM, seconds=10):

@@ -4,8 +4,6 @@ come to them while somebody waits by wait_for()."""
 
 import contextlib
 import ctypes
-import glob
-import itertools
 import operator
 import os
 import select
@@ -14,7 +12,7 @@ import time
 
 from gi.repository import Gio, GLib
 
-from driver import connect, serve, wait_for
+from driver import Waits, connect, serve, wait_for
 
 NOTIFICATIONS, NOTIFICATIONS_PATH = "org.freedesktop.Notifications", "/org/freedesktop/Notifications"
 NOTIFICATIONS_XML = f"""<node><interface name="{NOTIFICATIONS}">
@@ -156,22 +154,17 @@ def hanging_clipboard():
 
 class Questions(threading.Thread):
     """Asks the program for its windows, which its main thread answers, until it is told to end, and
-    notes how long that took: the work of that thread, or all but the time in which somebody of the desktop
-    waited for a processor, if that is longer."""
+    notes how long that took: the work of that thread, or all but what somebody waited for a processor, if
+    that is longer."""
 
-    def __init__(self, desktop, process):
+    def __init__(self, accessibility_bus, process):
         super().__init__(daemon=True)
-        self.bus, bus = connect(desktop.accessibility_bus), "org.freedesktop.DBus"
-
-        def process_of(name):
-            return self._ask(bus, "GetConnectionUnixProcessID", "(s)", name)[0]
+        self.bus, bus = connect(accessibility_bus), "org.freedesktop.DBus"
         self.name = wait_for(lambda: next(
-            name for name in self._ask(bus, "ListNames", "()")[0]
-            if name[0] == ":" and process_of(name) == process.pid), "its connection")
-        self.program = f"/proc/{process.pid}/task/{process.pid}"
-        self.processes = [process.pid, process_of(bus), os.getpid(), *(
-            each.pid for each in desktop.processes if each.poll() is None)]
-        self.schedule = {}  # of each thread: how long it worked, and waited for a processor
+            name for name in self._ask(bus, "ListNames", "()")[0] if name[0] == ":" and process.pid
+            in self._ask(bus, "GetConnectionUnixProcessID", "(s)", name)), "its connection")
+        self.worked = open(f"/proc/{process.pid}/schedstat", encoding="ascii")
+        self.waits = Waits()
         self.ended = threading.Event()
         self.seconds = []
 
@@ -180,11 +173,8 @@ class Questions(threading.Thread):
                                   GLib.Variant(signature, arguments), None, 0, 20000, None).unpack()
 
     def _clocks(self):
-        for thread in itertools.chain(*(glob.iglob(f"/proc/{pid}/task/*") for pid in self.processes)):
-            with contextlib.suppress(OSError), open(f"{thread}/schedstat", encoding="ascii") as file:
-                self.schedule[thread] = [int(part) / 1e9 for part in file.read().split()[:2]]
-        return self.schedule[self.program][0], time.monotonic() - sum(
-            waited for _, waited in self.schedule.values())
+        self.worked.seek(0)
+        return int(self.worked.read().split()[0]) / 1e9, time.monotonic() - self.waits.seconds()
 
     def run(self):
         with contextlib.suppress(Exception):  # the program ended, as the test may want

@@ -44,7 +44,7 @@ class HostileDesktop(ProgramTest):
     @contextlib.contextmanager
     def answering(self, part):
         self.program.tree()
-        questions = Questions(DESKTOP, self.program.process)
+        questions = Questions(DESKTOP.accessibility_bus, self.program.process)
         questions.start()
         yield
         self.assertTrue(questions.end() or self.program.process.poll(), "no answer at all")

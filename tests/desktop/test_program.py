@@ -14,7 +14,7 @@ from pathlib import Path
 
 from gi.repository import GLib
 
-from driver import (Desktop, Program, ProgramTest, click, clipboard, extents, has_focus, key,
+from driver import (Desktop, Program, ProgramTest, Waits, click, clipboard, extents, has_focus, key,
                     lines_of, new_id, now, press, serve, toggle_maximised,
                     type_text, wait_for, windows, xdotool)
 
@@ -115,17 +115,17 @@ class Use(ProgramTest):
         """The text must take every value in order, a second apart."""
         row = program.find("Report", "list item")
         first = int(row.description.split(",")[0])
-        changes = []
+        changes, waits = [], Waits()
         while len(changes) <= 8:
             text = row.description.split(",")[0]
             if not changes or text != changes[-1][1]:
-                changes.append((time.monotonic(), text))
+                changes.append((time.monotonic(), text, waits.seconds()))
             time.sleep(0.005)
         expected = [f"{s // 60}:{s % 60:02}" if s >= 60 else str(s)
                     for s in range(first, first + len(changes))]
-        self.assertEqual([text for _, text in changes], expected)
-        gaps = [b[0] - a[0] for a, b in zip(changes[1:], changes[2:])]
-        self.assertTrue(all(0.8 <= gap <= 1.2 for gap in gaps), gaps)
+        self.assertEqual([text for _, text, _ in changes], expected)
+        gaps = [(b[0] - a[0], b[2] - a[2]) for a, b in zip(changes[1:], changes[2:])]
+        self.assertTrue(all(abs(gap - 1) <= 0.2 + waited for gap, waited in gaps), gaps)
 
     def test_keyboard_alone(self):
         program = self.program.launch()

@@ -146,7 +146,7 @@ class RandomUse(ProgramTest):
             f"DELETE FROM Task WHERE pk IN ({old})")
         self.program.launch()
         os.set_blocking(self.program.process.stderr.fileno(), False)
-        self.questions = Questions(DESKTOP, self.program.process)
+        self.questions = Questions(DESKTOP.accessibility_bus, self.program.process)
         self.questions.start()
 
     def assert_fine(self):
