@@ -15,6 +15,7 @@ import tempfile
 import time
 import unittest
 import uuid
+from pathlib import Path
 
 from gi.repository import Gio, GLib
 
@@ -61,23 +62,24 @@ class Desktop:
         os.chmod(self.directory, 0o700)
         self.processes = []
         os.environ["XDG_RUNTIME_DIR"] = self.directory
+        self.start_display()
         os.environ["QT_LINUX_ACCESSIBILITY_ALWAYS_ON"] = "1"
         os.environ["DBUS_SYSTEM_BUS_ADDRESS"] = "disabled:"
         os.environ["CANBERRA_DRIVER"] = "null"
         # Where it is noon now, so that no midnight comes.
         os.environ["TZ"] = f"<noon>{time.gmtime().tm_hour - 12}"
         time.tzset()
-        # No display for the registry of accessibility, which would end with it and forget who listens.
-        os.environ.pop("DISPLAY", None)
         os.environ.pop("WAYLAND_DISPLAY", None)
         os.environ.pop("AT_SPI_BUS_ADDRESS", None)
-        os.environ["DBUS_SESSION_BUS_ADDRESS"] = self.start_bus("session.conf", [
-            "/usr/share/dbus-1/services/org.a11y.Bus.service"])
+        # With a display its registry would end when that does, and forget who listens.
+        service = os.path.join(self.directory, "org.a11y.Bus.service")
+        Path(service).write_text(Path("/usr/share/dbus-1/services/org.a11y.Bus.service").read_text().replace(
+            "Exec=", "Exec=/usr/bin/env --unset=DISPLAY "))
+        os.environ["DBUS_SESSION_BUS_ADDRESS"] = self.start_bus("session.conf", [service])
         # Started before the program, which looks for it only once.
         self.accessibility_bus = subprocess.check_output(
             ["dbus-send", "--session", "--print-reply=literal", "--dest=org.a11y.Bus",
              "/org/a11y/bus", "org.a11y.Bus.GetAddress"], text=True).strip()
-        self.start_display()
 
     def start_display(self):
         """What is started from here on is shown there."""
