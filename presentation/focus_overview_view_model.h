@@ -79,12 +79,13 @@ class FocusOverviewViewModel final : public std::enable_shared_from_this<FocusOv
     std::shared_ptr<const base::Calendar> calendar_;
     std::optional<base::Uuid> taskId_;
     std::shared_ptr<LiveTasks> liveTasks_;
-    // Where each day begins, and tomorrow.
+    // When each of the days begins, and tomorrow after them.
     std::vector<base::Date> starts_;
-    // They keep those alive of which something runs.
+    // Keeps the tasks alive to which running_ points.
     store::Tasks tasks_;
     std::vector<const store::Task*> running_;
-    // Of each day, without what runs, and what it was made of. Empty where the days are new.
+    // The time of each day without what runs, and of which versions of the tasks it is the sum.
+    // Empty after the days have changed.
     std::vector<base::Seconds> settledSpent_;
     TaskVersions versions_;
     // For midnight, and for a change of the time zone.

@@ -39,14 +39,15 @@ class DailyBackupService final : public std::enable_shared_from_this<DailyBackup
     std::shared_ptr<TimeKeepingProviderProtocol> timeKeepingProvider_;
     std::shared_ptr<UserNotificationCenter> notificationCenter_;
     std::shared_ptr<TimeKeeping> timeKeeper_;
-    // While one is being made.
+    // Looks whether the backup that is being made is ready; absent while none is.
     std::shared_ptr<TimeKeeping> resultKeeper_;
-    // The last days of which a backup was tried, and on which something was shown.
+    // The last day of which a backup was tried, and the last one on which a notification was shown.
     std::optional<std::chrono::year_month_day> tried_;
     std::optional<std::chrono::year_month_day> told_;
-    // In looks; none while nothing has failed.
+    // How many more times the clock is looked at before what failed is tried again; 0 while nothing
+    // has failed.
     int untilRetry_ = 0;
-    // Not valid while none is being made.
+    // The result of the backup that is being made; not valid while none is.
     std::future<std::optional<store::StoreNotice>> underWay_;
 };
 

@@ -15,12 +15,12 @@ class HomeViewProtocol {
     // lets it take the focus; it may be empty.
     virtual void show(const std::string& activationToken) = 0;
     virtual void hide() = 0;
-    // Instead, where nothing else would bring it back.
+    // Instead of hiding it, where the desktop offers no other way to bring it back.
     virtual void minimize() = 0;
     // The display has gone: nothing is drawn from here on.
     virtual void abandon() = 0;
-    // As the buttons in it. The focus is one on the selected task; where none can start, nothing
-    // happens.
+    // These two do what the buttons in the window do. The focus is on the selected task; where none
+    // can start, nothing happens.
     virtual void displayAddSheet() = 0;
     virtual void startShortFocus() = 0;
     // Has the desktop point the window out, without giving it the focus.

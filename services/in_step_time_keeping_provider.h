@@ -11,10 +11,10 @@ namespace hearthmark::services {
 
 // Timers that repeat at the same interval fire one right after the other, whenever they were made,
 // so that texts beside each other change together and the process wakes once for all. For that the
-// first firing may come sooner than an interval from now. Only a timer that was alone takes the
-// step of the next one: what looks for work all the time that of what shows the seconds of a focus.
-// All else is as the given provider has it. A copy is in step with what it was made of. Outlived
-// by its timers.
+// first firing may come sooner than an interval from now. A timer that was the only one so far
+// takes over the moments of the second one: so the one that looks for finished focuses all the time
+// follows the seconds of the focus that is shown. All else is as the given provider has it. A copy
+// is in step with what it was made of. Timers may outlive their provider.
 class InStepTimeKeepingProvider final : public TimeKeepingProviderProtocol {
  public:
     explicit InStepTimeKeepingProvider(
@@ -23,8 +23,8 @@ class InStepTimeKeepingProvider final : public TimeKeepingProviderProtocol {
     std::shared_ptr<TimeKeeping> makeTimer(base::Seconds interval, Repeats repeats,
                                            std::function<void()> action) override;
 
-    // While they rest, timers that repeat do not fire, those of copies neither; when that ends,
-    // each fires at once.
+    // While they rest, timers that repeat do not fire, and those of copies do not either. When the
+    // rest ends, each fires at once.
     void setResting(bool areResting);
 
  private:

@@ -22,23 +22,23 @@ class SleepService final : public std::enable_shared_from_this<SleepService> {
     // Called once, at launch.
     void start();
 
-    // To be asked at each tick before it does anything, and whether it may: not while the machine
-    // goes to sleep, nor at the tick that finds that it has slept.
+    // Whether a timer that fires may do its work. Each one asks before it does anything: while the
+    // machine goes to sleep it may not, nor where this call finds that the machine has slept.
     bool mayTick();
 
  private:
     void sleep();
     void wake();
-    // Whether there was time asleep that had not been taken out.
+    // Takes time asleep out of the running intervals. False where there was none to take out.
     bool excludeTimeAsleep();
 
     std::shared_ptr<store::DataOperationsServiceProtocol> dataOperationsService_;
     std::shared_ptr<SleepMonitor> sleepMonitor_;
     std::shared_ptr<AwakeClock> clock_;
     UptimeReader uptime_;
-    // What of the time asleep is in no interval.
+    // How much of the time asleep, as the machine counts it, was taken out so far.
     base::Seconds excluded_;
-    // By the time awake.
+    // When the current sleep was announced, in the machine's time awake.
     base::Seconds announcedAt_{0};
 };
 
