@@ -12,6 +12,7 @@ using services::UpdatePhase;
 
 constexpr auto kRunning = "Prepare the talk on bird migration";
 constexpr auto kIdle = "Tax papers";
+constexpr auto kRestore = "Restore from a backup…";
 constexpr auto kSentences =
     "Find out when the swallows left, and from where; then ask again in the autumn. The data of "
     "last year are with the reserve, the weather with the observatory.";
@@ -107,15 +108,14 @@ std::vector<Preview> previewsOfUsualTexts() {
          .content = Content::share,
          .palette = Palette::dark,
          .size = {640, 420}},
-        {.name = "about", .keys = {"Shift+Tab", "Space", "Return"}},
-        {.name = "restore",
-         .keys = {"Shift+Tab", "Space", "Down", "Down", "Down", "Return", "Down", "Down"},
-         .hasBackups = true},
+        {.name = "about", .menuItem = "About Hearthmark"},
+        {.name = "restore", .menuItem = kRestore, .keys = {"Down", "Down"}, .hasBackups = true},
         {.name = "restore-damaged-right-to-left",
-         .keys = {"Shift+Tab", "Space", "Down", "Down", "Down", "Return", "Down", "Down", "Down"},
+         .menuItem = kRestore,
+         .keys = {"Down", "Down", "Down"},
          .hasBackups = true,
          .direction = Qt::RightToLeft},
-        {.name = "restore-empty", .keys = {"Shift+Tab", "Space", "Down", "Down", "Down", "Return"}},
+        {.name = "restore-empty", .menuItem = kRestore},
         {.name = "shortcuts", .keys = {"F1"}},
         {.name = "shortcuts-smallest", .keys = {"F1"}, .size = {640, 420}},
         {.name = "shortcuts-right-to-left", .keys = {"F1"}, .direction = Qt::RightToLeft},

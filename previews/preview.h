@@ -36,6 +36,8 @@ struct Preview {
     Content content = Content::demoTasks;
     // The name of the task that is clicked on; empty for none.
     QString selection{};
+    // Opened in the application menu; empty for none.
+    QString menuItem{};
     // Pressed one after another, and what is typed then.
     QStringList keys{};
     QString typed{};

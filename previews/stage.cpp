@@ -113,14 +113,33 @@ void clickTask(const QString& name, QQuickWindow& window) {
     QTest::mouseClick(&window, Qt::LeftButton, {}, place.toPoint());
 }
 
+void press(const QStringList& keys, QQuickWindow& window) {
+    for (const QString& key : keys) {
+        const QKeyCombination combination = QKeySequence(key)[0];
+        QTest::keyClick(&window, combination.key(), combination.keyboardModifiers());
+    }
+}
+
+void openMenuItem(const QString& name, QQuickWindow& window) {
+    press({"Shift+Tab", "Space"}, window);
+    constexpr int kMostItems = 50;
+    for (int item = 0; window.activeFocusItem()->property("text") != name; ++item) {
+        if (item == kMostItems) {
+            qFatal("There is no menu item %s", qUtf8Printable(name));
+        }
+        press({"Down"}, window);
+    }
+    press({"Return"}, window);
+}
+
 void act(QQuickWindow& window, const Preview& preview) {
     if (!preview.selection.isEmpty()) {
         clickTask(preview.selection, window);
     }
-    for (const QString& key : preview.keys) {
-        const QKeyCombination combination = QKeySequence(key)[0];
-        QTest::keyClick(&window, combination.key(), combination.keyboardModifiers());
+    if (!preview.menuItem.isEmpty()) {
+        openMenuItem(preview.menuItem, window);
     }
+    press(preview.keys, window);
     for (const QChar each : preview.typed) {
         QTest::keyClick(&window, each.toLatin1());
     }

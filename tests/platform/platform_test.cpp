@@ -4,6 +4,7 @@
 #include <QCoreApplication>
 #include <QElapsedTimer>
 #include <QEventLoop>
+#include <QImage>
 #include <chrono>
 #include <limits>
 #include <memory>
@@ -94,6 +95,12 @@ TEST(StatusIcon, TellsTimeLeftRoundedUpAndTimeSpentRoundedDown) {
         EXPECT_EQ(statusIconState({{"", base::Seconds(row.spent), base::Seconds(row.maximum)}}),
                   row.state)
             << row.spent << " of " << row.maximum;
+    }
+    constexpr int kSize = 22;
+    for (const auto& [hasDot, color] : {std::pair(false, "#2e241d"), std::pair(true, "#d81e3f")}) {
+        const QImage image =
+            paintStatusIcon({.text = {}, .ringSteps = {}, .hasDot = hasDot}, kSize);
+        EXPECT_EQ(image.pixelColor(17, 4).name(), color) << hasDot;
     }
 }
 

@@ -1,9 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "ui/window/home_adapter.h"
 
+#include <QMetaProperty>
 #include <utility>
 
 #include "ui/state/replace_adapter.h"
+#include "ui/state/state_adapter.h"
 
 namespace hearthmark::ui {
 
@@ -46,12 +48,12 @@ void HomeAdapter::startShortFocus() {
 void HomeAdapter::setShown(bool isShown) {
     isShown_ = isShown;
     beat->setResting(!isShown);
-    taskList_->setShown(isShown);
-    if (taskDetail_) {
-        taskDetail_->setShown(isShown);
+    const QMetaObject& properties = *metaObject();
+    for (int i = properties.propertyOffset(); i < properties.propertyCount(); ++i) {
+        if (auto* const part = properties.property(i).read(this).value<StateAdapter*>()) {
+            part->setShown(isShown);
+        }
     }
-    overview_->setShown(isShown);
-    focusAnnouncement->setShown(isShown);
 }
 
 void HomeAdapter::showSelectedTask() {

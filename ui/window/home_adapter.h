@@ -83,7 +83,8 @@ class HomeAdapter final : public QObject, private HomeParts {
                 HomeViewSubviewsFactory subviewsFactory, HomeParts parts,
                 std::function<void()> onQuit);
 
-    // Whether the window is; what is not seen need not follow each second. It is at first.
+    // Whether the window is; what is not seen need not follow each second. It is at first. Every
+    // property that is a StateAdapter is told.
     void setShown(bool isShown);
 
     TaskListAdapter* taskList() const { return taskList_.get(); }
