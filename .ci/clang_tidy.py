@@ -4,7 +4,8 @@
 
 A source is passed over where the same text was found clean before, with all that it includes, the
 configuration and the version of clang-tidy: what an earlier run found clean is kept, by a hash of all
-that, in the cache directory of whoever runs it."""
+that, in the cache directory of whoever runs it. With CLANG_TIDY_SECONDS, what is left after that time
+is left for the next run, but for the work of the last hours, which comes first."""
 
 import hashlib
 import json
@@ -19,7 +20,7 @@ from pathlib import Path
 ROOT = Path(__file__).resolve().parent.parent
 BUILD = Path(sys.argv[1]).resolve()
 CACHE = Path(os.environ.get("XDG_CACHE_HOME") or Path.home() / ".cache", "hearthmark-clang-tidy")
-KEPT_FOR = 30 * 86_400  # seconds
+KEPT_FOR, WORK = 30 * 86_400, 3 * 3_600  # seconds
 END = time.monotonic() + float(os.environ.get("CLANG_TIDY_SECONDS", "inf"))
 GROUND = subprocess.check_output(["clang-tidy", "--version"]) + (ROOT / ".clang-tidy").read_bytes()
 
@@ -32,12 +33,26 @@ def preprocessed(entry):
     return text.replace(str(BUILD).encode(), b"").replace(str(ROOT).encode(), b"")
 
 
-def is_clean(entry):
+def last_changed():
+    """The files that the work of the last hours changed; for a header its source, too."""
+    def git(*options):
+        return subprocess.run(["git", "log", *options], cwd=ROOT, text=True, check=False,
+                              stdout=subprocess.PIPE).stdout.split()
+    until = git("-1", "--format=%ct")
+    files = {ROOT / name for name in git("--format=", "--name-only", f"--since={int(until[0]) - WORK}")} if until else set()
+    return files | {file.with_suffix(".cpp") for file in files}
+
+
+def is_clean(entry, last):
     """None where there was no time."""
-    mark = CACHE / hashlib.sha256(GROUND + preprocessed(entry)).hexdigest()
-    if not mark.exists() and time.monotonic() > END:
-        return None
+    text = preprocessed(entry)
+    mark = CACHE / hashlib.sha256(GROUND + text).hexdigest()
     if not mark.exists():
+        # What has no source of its own is looked at wherever it is included.
+        lone = (file for file in last if file.suffix == ".h" and not file.with_suffix(".cpp").exists())
+        if time.monotonic() > END and Path(entry["file"]) not in last and not any(
+                f'"/{file.relative_to(ROOT)}"'.encode() in text for file in lone):
+            return None
         found = subprocess.run(["clang-tidy", "--quiet", "-p", BUILD, entry["file"]], text=True, check=False,
                                stdout=subprocess.PIPE, stderr=subprocess.PIPE)
         # The count of suppressed findings in system headers is no news.
@@ -53,13 +68,10 @@ def main():
     CACHE.mkdir(parents=True, exist_ok=True)
     entries = {entry["file"]: entry for entry in json.loads((BUILD / "compile_commands.json").read_text())
                if not Path(entry["file"]).is_relative_to(BUILD)}
-    log = subprocess.run(["git", "log", "--reverse", "--format=", "--name-only"], cwd=ROOT, text=True, check=False,
-                         stdout=subprocess.PIPE).stdout.splitlines()
-    changes = {ROOT / name: number for number, name in enumerate(log)}
-    ordered = sorted(entries.values(), reverse=True,
-                     key=lambda entry: changes.get(Path(entry["file"]), len(log)))
+    last = last_changed()
+    ordered = sorted(entries.values(), key=lambda entry: Path(entry["file"]) not in last)
     with ThreadPoolExecutor(os.cpu_count()) as pool:
-        found = [*pool.map(is_clean, ordered)]
+        found = [*pool.map(is_clean, ordered, [last] * len(ordered))]
     for mark in CACHE.iterdir():
         if mark.stat().st_mtime < time.time() - KEPT_FOR:
             mark.unlink()

@@ -4,7 +4,7 @@
 #include <functional>
 #include <vector>
 
-#include "services/user_notification_center.h"
+#include "services/ports/user_notification_center.h"
 
 namespace hearthmark::app {
 

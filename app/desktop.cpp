@@ -9,16 +9,16 @@
 #include <chrono>
 #include <utility>
 
-#include "platform/autostart_entry.h"
-#include "platform/completion_sound.h"
-#include "platform/logind_sleep_monitor.h"
-#include "platform/open_with_desktop.h"
-#include "platform/program_windows.h"
-#include "platform/startup_sequence.h"
-#include "platform/system_clipboard.h"
-#include "platform/time_keeping_provider.h"
+#include "platform/desktop/program_windows.h"
+#include "platform/desktop/system_clipboard.h"
+#include "platform/desktop/time_keeping_provider.h"
+#include "platform/notifications/completion_sound.h"
+#include "platform/session/autostart_entry.h"
+#include "platform/session/logind_sleep_monitor.h"
+#include "platform/session/startup_sequence.h"
+#include "platform/updates/open_with_desktop.h"
 #include "store/persistent_container_factory.h"
-#include "ui/window_icon.h"
+#include "ui/window/window_icon.h"
 
 namespace hearthmark::app {
 

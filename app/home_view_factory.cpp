@@ -9,8 +9,8 @@
 #include "presentation/undo_deletion_view_model.h"
 #include "presentation/view_model_factories.h"
 #include "services/in_step_time_keeping_provider.h"
-#include "ui/home_adapter.h"
-#include "ui/home_view.h"
+#include "ui/window/home_adapter.h"
+#include "ui/window/home_view.h"
 
 namespace hearthmark::app {
 

@@ -7,21 +7,21 @@
 
 #include "base/calendar.h"
 #include "base/clock.h"
-#include "export/clipboard.h"
 #include "presentation/note_drafts.h"
 #include "presentation/selected_task_id.h"
-#include "services/appearance.h"
 #include "services/home_view_factory_protocol.h"
-#include "services/start_at_login.h"
-#include "services/time_keeping.h"
+#include "services/ports/appearance.h"
+#include "services/ports/clipboard.h"
+#include "services/ports/start_at_login.h"
+#include "services/ports/time_keeping.h"
+#include "services/ports/updater.h"
 #include "services/unseen_finishes.h"
-#include "services/updater.h"
 #include "store/data_operations_service_protocol.h"
 #include "store/live_data.h"
 #include "store/store_backups.h"
-#include "ui/about_adapter.h"
-#include "ui/home_view_subviews_factory.h"
-#include "ui/main_window_loader.h"
+#include "ui/sheets/about_adapter.h"
+#include "ui/window/home_view_subviews_factory.h"
+#include "ui/window/main_window_loader.h"
 
 namespace hearthmark::app {
 
@@ -31,7 +31,7 @@ class HomeViewFactory final : public services::HomeViewFactoryProtocol {
  public:
     // What of the desktop the views show or use.
     struct Ports {
-        std::shared_ptr<exporting::Clipboard> clipboard;
+        std::shared_ptr<services::Clipboard> clipboard;
         std::shared_ptr<services::Updater> updater;
         std::shared_ptr<services::StartAtLogin> startAtLogin;
         std::shared_ptr<services::UnseenFinishes> unseenFinishes;

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "app/program_clock.h"
 
-#include "platform/machine_uptime.h"
+#include "platform/session/machine_uptime.h"
 
 namespace hearthmark::app {
 

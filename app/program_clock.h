@@ -4,7 +4,7 @@
 #include <memory>
 
 #include "base/clock.h"
-#include "services/uptime.h"
+#include "services/ports/uptime.h"
 
 namespace hearthmark::app {
 

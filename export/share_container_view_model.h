@@ -6,9 +6,9 @@
 #include <string>
 
 #include "base/uuid.h"
-#include "export/clipboard.h"
 #include "export/task_share_serializer.h"
 #include "livedata/published.h"
+#include "services/ports/clipboard.h"
 #include "store/live_data.h"
 
 namespace hearthmark::exporting {
@@ -50,7 +50,7 @@ class ShareContainerViewModel final : public ShareContainerViewModelProtocol {
     ShareContainerViewModel(
         Serializers serializers,
         std::shared_ptr<const store::LiveDataProvidingFactoryProtocol> liveDataFactory,
-        std::shared_ptr<Clipboard> clipboard, const base::Uuid& taskId);
+        std::shared_ptr<services::Clipboard> clipboard, const base::Uuid& taskId);
 
     livedata::Published<std::optional<ShareContainerViewState>>& viewState() override {
         return viewState_;
@@ -62,7 +62,7 @@ class ShareContainerViewModel final : public ShareContainerViewModelProtocol {
     livedata::Published<std::optional<ShareContainerViewState>> viewState_;
     Serializers serializers_;
     std::shared_ptr<const store::LiveDataProvidingFactoryProtocol> liveDataFactory_;
-    std::shared_ptr<Clipboard> clipboard_;
+    std::shared_ptr<services::Clipboard> clipboard_;
     base::Uuid taskId_;
 };
 

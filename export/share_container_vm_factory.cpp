@@ -8,7 +8,7 @@ namespace hearthmark::exporting {
 ShareContainerVMFactory::ShareContainerVMFactory(
     ShareContainerViewModel::Serializers serializers,
     std::shared_ptr<const store::LiveDataProvidingFactoryProtocol> liveDataFactory,
-    std::shared_ptr<Clipboard> clipboard, const base::Uuid& taskId)
+    std::shared_ptr<services::Clipboard> clipboard, const base::Uuid& taskId)
     : serializers_(std::move(serializers)),
       liveDataFactory_(std::move(liveDataFactory)),
       clipboard_(std::move(clipboard)),

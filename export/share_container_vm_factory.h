@@ -16,14 +16,14 @@ class ShareContainerVMFactory final : public ShareContainerVMFactoryProtocol {
     ShareContainerVMFactory(
         ShareContainerViewModel::Serializers serializers,
         std::shared_ptr<const store::LiveDataProvidingFactoryProtocol> liveDataFactory,
-        std::shared_ptr<Clipboard> clipboard, const base::Uuid& taskId);
+        std::shared_ptr<services::Clipboard> clipboard, const base::Uuid& taskId);
 
     std::shared_ptr<ShareContainerViewModelProtocol> makeViewModel() const override;
 
  private:
     ShareContainerViewModel::Serializers serializers_;
     std::shared_ptr<const store::LiveDataProvidingFactoryProtocol> liveDataFactory_;
-    std::shared_ptr<Clipboard> clipboard_;
+    std::shared_ptr<services::Clipboard> clipboard_;
     base::Uuid taskId_;
 };
 

@@ -5,7 +5,7 @@
 
 #include "livedata/published.h"
 #include "livedata/subscription.h"
-#include "services/updater.h"
+#include "services/ports/updater.h"
 
 namespace hearthmark::presentation {
 

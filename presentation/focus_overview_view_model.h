@@ -14,7 +14,7 @@
 #include "presentation/live_tasks.h"
 #include "presentation/task_versions.h"
 #include "services/owned_timer.h"
-#include "services/time_keeping.h"
+#include "services/ports/time_keeping.h"
 #include "store/live_data.h"
 
 namespace hearthmark::presentation {

@@ -8,7 +8,7 @@
 
 #include "livedata/subscription.h"
 #include "services/owned_timer.h"
-#include "services/time_keeping.h"
+#include "services/ports/time_keeping.h"
 #include "store/live_data.h"
 
 namespace hearthmark::presentation {

@@ -8,7 +8,7 @@
 #include "livedata/published.h"
 #include "presentation/live_tasks.h"
 #include "presentation/task_detail_view_state.h"
-#include "services/time_keeping.h"
+#include "services/ports/time_keeping.h"
 #include "store/data_operations_service_protocol.h"
 #include "store/live_data.h"
 

@@ -12,7 +12,7 @@
 #include "presentation/selected_task_id.h"
 #include "presentation/task_list_view_state.h"
 #include "presentation/task_versions.h"
-#include "services/time_keeping.h"
+#include "services/ports/time_keeping.h"
 #include "store/data_operations_service_protocol.h"
 #include "store/live_data.h"
 

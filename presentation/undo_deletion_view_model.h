@@ -12,7 +12,7 @@
 #include "livedata/published.h"
 #include "livedata/subscription.h"
 #include "services/owned_timer.h"
-#include "services/time_keeping.h"
+#include "services/ports/time_keeping.h"
 #include "store/data_operations_service_protocol.h"
 
 namespace hearthmark::presentation {

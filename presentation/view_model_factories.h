@@ -12,7 +12,7 @@
 #include "presentation/selected_task_id.h"
 #include "presentation/task_detail_view_model.h"
 #include "presentation/tasks_list_view_model.h"
-#include "services/time_keeping.h"
+#include "services/ports/time_keeping.h"
 #include "store/data_operations_service_protocol.h"
 #include "store/live_data.h"
 

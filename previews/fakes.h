@@ -8,9 +8,9 @@
 
 #include "base/clock.h"
 #include "presentation/tasks_list_view_model.h"
-#include "services/start_at_login.h"
-#include "services/time_keeping.h"
-#include "services/updater.h"
+#include "services/ports/start_at_login.h"
+#include "services/ports/time_keeping.h"
+#include "services/ports/updater.h"
 
 namespace hearthmark::previews {
 

@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-#include "services/updater.h"
+#include "services/ports/updater.h"
 
 namespace hearthmark::previews {
 

@@ -23,8 +23,8 @@
 #include "store/demo_persistent_container_factory.h"
 #include "store/hearthmark_model.h"
 #include "store/note.h"
-#include "ui/home_adapter.h"
-#include "ui/symbol_provider.h"
+#include "ui/window/home_adapter.h"
+#include "ui/window/symbol_provider.h"
 
 namespace hearthmark::previews {
 

@@ -3,8 +3,8 @@
 
 #include <memory>
 
+#include "services/ports/time_keeping.h"
 #include "services/sleep_service.h"
-#include "services/time_keeping.h"
 
 namespace hearthmark::services {
 

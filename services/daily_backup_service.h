@@ -6,8 +6,8 @@
 #include <memory>
 #include <optional>
 
-#include "services/time_keeping.h"
-#include "services/user_notification_center.h"
+#include "services/ports/time_keeping.h"
+#include "services/ports/user_notification_center.h"
 #include "store/store_backups.h"
 
 namespace hearthmark::services {

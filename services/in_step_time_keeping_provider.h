@@ -5,7 +5,7 @@
 #include <memory>
 
 #include "base/date.h"
-#include "services/time_keeping.h"
+#include "services/ports/time_keeping.h"
 
 namespace hearthmark::services {
 

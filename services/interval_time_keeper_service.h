@@ -3,7 +3,7 @@
 
 #include <memory>
 
-#include "services/time_keeping.h"
+#include "services/ports/time_keeping.h"
 #include "store/interval_finishing.h"
 
 namespace hearthmark::services {

@@ -9,7 +9,7 @@
 #include "base/fatal_error.h"
 #include "base/uuid.h"
 #include "livedata/subscription.h"
-#include "services/user_notification_center.h"
+#include "services/ports/user_notification_center.h"
 #include "store/live_data.h"
 
 namespace hearthmark::services {

@@ -4,7 +4,7 @@
 #include <memory>
 #include <utility>
 
-#include "services/time_keeping.h"
+#include "services/ports/time_keeping.h"
 
 namespace hearthmark::services {
 

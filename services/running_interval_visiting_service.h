@@ -4,7 +4,7 @@
 #include <memory>
 
 #include "base/clock.h"
-#include "services/time_keeping.h"
+#include "services/ports/time_keeping.h"
 #include "store/data_operations_service_protocol.h"
 
 namespace hearthmark::services {

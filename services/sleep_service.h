@@ -4,8 +4,8 @@
 #include <memory>
 
 #include "services/awake_clock.h"
-#include "services/sleep_monitor.h"
-#include "services/uptime.h"
+#include "services/ports/sleep_monitor.h"
+#include "services/ports/uptime.h"
 #include "store/data_operations_service_protocol.h"
 
 namespace hearthmark::services {

@@ -7,11 +7,11 @@
 #include "base/clock.h"
 #include "livedata/core_data_live_provider.h"
 #include "livedata/subscription.h"
-#include "services/application_windows.h"
 #include "services/home_view_factory_protocol.h"
 #include "services/owned_timer.h"
-#include "services/status_bar.h"
-#include "services/time_keeping.h"
+#include "services/ports/application_windows.h"
+#include "services/ports/status_bar.h"
+#include "services/ports/time_keeping.h"
 #include "store/live_data.h"
 
 namespace hearthmark::services {

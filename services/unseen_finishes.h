@@ -4,7 +4,7 @@
 #include <vector>
 
 #include "livedata/published.h"
-#include "services/user_notification_center.h"
+#include "services/ports/user_notification_center.h"
 
 namespace hearthmark::services {
 

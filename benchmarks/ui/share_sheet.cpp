@@ -6,10 +6,10 @@
 #include "benchmarks/sample_store.h"
 #include "export/csv_task_share_serializer.h"
 #include "export/json_share_serializer.h"
-#include "platform/appcast_updater.h"
-#include "platform/autostart_entry.h"
-#include "platform/time_keeping_provider.h"
-#include "ui/home_adapter.h"
+#include "platform/desktop/time_keeping_provider.h"
+#include "platform/session/autostart_entry.h"
+#include "platform/updates/appcast_updater.h"
+#include "ui/window/home_adapter.h"
 
 #include <QGuiApplication>
 #include <QQuickItem>

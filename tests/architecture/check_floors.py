@@ -13,7 +13,7 @@ from pathlib import Path
 CORE = ["base", "objectstore", "livedata", "store", "services", "presentation", "export"]
 ALLOWED = {folder: set(CORE[: floor + 1]) for floor, folder in enumerate(CORE)}
 ALLOWED["ui"] = {*CORE, "ui"}
-ALLOWED["platform"] = {*CORE, "platform"} - {"presentation"}
+ALLOWED["platform"] = {*CORE, "platform"} - {"presentation", "export"}
 ALLOWED["app"] = {*CORE, "ui", "platform", "app"}
 UNBOUND = ["tests", "benchmarks", "previews"]
 
@@ -27,6 +27,8 @@ def include_fault(folder, path, quote, target):
     first = target.split("/")[0]
     if first in UNBOUND or (first in ALLOWED and first not in ALLOWED[folder]):
         return f"{folder}/ must not include {first}/"
+    if folder == "platform" and first == "services" and not target.startswith("services/ports/"):
+        return f"platform/ knows of services/ the ports alone, and not <{target}>"
     # A path from elsewhere than the root would slip past the rule above.
     if quote == '"' and first not in ALLOWED and not target.endswith(".moc"):
         return f'"{target}" is not written from the root of the tree'
@@ -62,7 +64,8 @@ def self_test():
         ("tests/ui/a.cpp", '#include "support/b.h"\n#include <sqlite3.h>\n', 0),
         ("livedata/a.cpp", '#include "base/b.h"\n  # include "store/b.h"\n#include <store/c.h>\n', 2),
         ("ui/a.cpp", '#include "platform/b.h"\n#include "app/b.h"\n', 2),
-        ("platform/a.cpp", '#include "presentation/b.h"\n#include "ui/b.h"\n', 2),
+        ("platform/a/b.cpp", '#include "presentation/b.h"\n#include "ui/b.h"\n#include "services/b.h"\n', 3),
+        ("platform/a/b.cpp", '#include "platform/c/d.h"\n#include "services/ports/b.h"\n', 0),
         ("app/a.cpp", "#include <tests/support/b.h>\n", 1),
         ("store/a.cpp", '#include "../ui/b.h"\n#include "b.h"\n', 2),
         ("export/a.cpp", "#include <QtCore/QDate>\n#include <qobject.h>\n#include <sqlite3.h>\n", 3),

@@ -3,7 +3,7 @@
 #include <fstream>
 
 #include "app/program_clock.h"
-#include "platform/machine_uptime.h"
+#include "platform/session/machine_uptime.h"
 
 namespace hearthmark::app {
 

@@ -191,11 +191,6 @@ class Questions(threading.Thread):
                 self.seconds.append(answered - asked)
                 self.busy.append(ended - begun)
 
-    def slowest(self):
-        """In seconds, what the program can help: its own work, and waiting that is more than what a busy
-        machine's bus and disk take."""
-        return max([0, *self.busy, *(seconds for seconds in self.seconds if seconds > 10 * PATIENCE)])
-
     def end(self):
         """Whether all were answered."""
         is_asking = self.is_alive()

@@ -148,14 +148,19 @@ class RandomUse(ProgramTest):
         os.set_blocking(self.program.process.stderr.fileno(), False)
         self.questions = Questions(DESKTOP.accessibility_bus, self.program.process)
         self.questions.start()
+        self.answers = 0
 
     def assert_fine(self):
         errors = (self.program.process.stderr.read() or b"").decode()
         self.assertFalse(errors, errors[:1000])
         if not self.questions.is_alive():
             wait_for(lambda: self.program.process.poll() is not None, "an answer, or the end")
-        self.slowest = max(self.slowest, self.questions.slowest())
-        self.assertLess(self.slowest, PATIENCE, "an answer took too long")
+        for seconds, busy in [*zip(self.questions.seconds, self.questions.busy)][self.answers:]:
+            self.answers += 1
+            self.slowest = max(self.slowest, seconds)
+            # On a busy machine others take their time too: the bus, and the disk behind what is loaded.
+            self.assertFalse(seconds > PATIENCE and (busy > PATIENCE / 2 or seconds > 10 * PATIENCE),
+                             f"an answer took {seconds:.3f} s, with {busy:.3f} s of work")
 
     def assert_ended(self):
         """As whoever quits wants it."""
@@ -236,7 +241,7 @@ class RandomUse(ProgramTest):
                 for node in self.program.find_all():
                     print(node.getRoleName(), repr(node.name[:40]), "with the keyboard" * has_focus(node), flush=True)
             raise
-        print(f"{self.count} acts, the longest work for an answer took {self.slowest * 1000:.0f} ms", flush=True)
+        print(f"{self.count} acts, the slowest answer took {self.slowest * 1000:.0f} ms", flush=True)
 
 
 if __name__ == "__main__":

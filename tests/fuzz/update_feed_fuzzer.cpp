@@ -5,7 +5,7 @@
 #include <QVersionNumber>
 #include <cstdlib>
 
-#include "platform/appcast.h"
+#include "platform/updates/appcast.h"
 
 using namespace hearthmark::platform;
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "platform/appcast.h"
+#include "platform/updates/appcast.h"
 
 #include <gtest/gtest.h>
 

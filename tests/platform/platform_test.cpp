@@ -8,10 +8,10 @@
 #include <limits>
 #include <memory>
 
-#include "platform/instance_lock.h"
-#include "platform/portal_settings.h"
-#include "platform/status_icon.h"
-#include "platform/time_keeping_provider.h"
+#include "platform/desktop/portal_settings.h"
+#include "platform/desktop/time_keeping_provider.h"
+#include "platform/session/instance_lock.h"
+#include "platform/status_item/status_icon.h"
 
 namespace hearthmark::platform {
 namespace {

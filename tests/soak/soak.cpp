@@ -21,12 +21,12 @@
 #include <sstream>
 
 #include "app/tasks_app.h"
-#include "platform/appcast_updater.h"
-#include "platform/autostart_entry.h"
-#include "platform/system_clipboard.h"
+#include "platform/desktop/system_clipboard.h"
+#include "platform/session/autostart_entry.h"
+#include "platform/updates/appcast_updater.h"
 #include "store/persistent_container_factory.h"
 #include "support/test_store.h"
-#include "ui/home_adapter.h"
+#include "ui/window/home_adapter.h"
 
 namespace {
 

@@ -9,9 +9,9 @@
 #include <vector>
 
 #include "base/clock.h"
-#include "services/status_bar.h"
-#include "services/time_keeping.h"
-#include "services/user_notification_center.h"
+#include "services/ports/status_bar.h"
+#include "services/ports/time_keeping.h"
+#include "services/ports/user_notification_center.h"
 
 namespace hearthmark::tests {
 

@@ -12,8 +12,8 @@
 #include <cstdlib>
 #include <optional>
 
-#include "ui/note_text_binding.h"
-#include "ui/typed_text.h"
+#include "ui/notes/note_text_binding.h"
+#include "ui/text/typed_text.h"
 
 namespace hearthmark::ui {
 namespace {

@@ -12,8 +12,8 @@
 #include "base/uuid.h"
 #include "livedata/block.h"
 #include "presentation/task_list_view_state.h"
-#include "ui/task_detail_list_model.h"
-#include "ui/task_list_model.h"
+#include "ui/detail/task_detail_list_model.h"
+#include "ui/list/task_list_model.h"
 
 namespace hearthmark::ui {
 namespace {

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "ui/text_lines_model.h"
+#include "ui/text/text_lines_model.h"
 
 #include <gtest/gtest.h>
 

@@ -1,0 +1,196 @@
+// SPDX-License-Identifier: MIT
+#include "platform/notifications/desktop_notification_center.h"
+
+#include <QDBusPendingReply>
+#include <QGuiApplication>
+#include <QTimer>
+#include <QVariantMap>
+#include <algorithm>
+#include <chrono>
+#include <cmath>
+
+#include "platform/desktop/dbus_answer.h"
+
+namespace hearthmark::platform {
+
+namespace {
+
+using services::NotificationSound;
+using services::PresentationOptions;
+
+// How long a daemon may take to answer before it counts as one that does not.
+constexpr int kPatienceMilliseconds = 3000;
+// As long as the daemon thinks right.
+constexpr int kDefaultExpiration = -1;
+constexpr auto kDefaultAction = "default";
+// Of the sound naming standard of the desktops.
+constexpr auto kSoundName = "complete";
+
+DesktopNotification notification(const services::NotificationContent& content,
+                                 const QStringList& actions) {
+    QVariantMap hints;
+    if (content.sound == NotificationSound::standard) {
+        hints.insert(QStringLiteral("sound-name"), QLatin1String(kSoundName));
+    }
+    return {.title = QString::fromStdString(content.title),
+            .body = QString::fromStdString(content.body),
+            .actions = actions,
+            .hints = hints,
+            .expiration = kDefaultExpiration};
+}
+
+}  // namespace
+
+DesktopNotificationCenter::DesktopNotificationCenter(Handlers handlers)
+    : handlers_(std::move(handlers)), bus_(QDBusConnection::sessionBus()) {
+    const auto listen = [this](const char* signal, const char* slot) {
+        if (bus_.isConnected() && !bus_.connect({}, kNotificationsPath, kNotifications,
+                                                QLatin1String(signal), this, slot)) {
+            qWarning("The signal %s of the notifications cannot be heard.", signal);
+        }
+    };
+    listen("ActionInvoked", SLOT(actionInvoked(uint, QString)));
+    listen("ActivationToken", SLOT(activationToken(uint, QString)));
+    listen("NotificationClosed", SLOT(notificationClosed(uint, uint)));
+}
+
+void DesktopNotificationCenter::setDelegate(services::UserNotificationCenterDelegate& delegate) {
+    delegate_ = &delegate;
+}
+
+void DesktopNotificationCenter::requestAuthorization(
+    services::AuthorizationOptions /*options*/, std::function<void(bool isGranted)> completion) {
+    completion(true);
+}
+
+void DesktopNotificationCenter::add(const services::NotificationRequest& request) {
+    waiting_.push_back(request);
+    const std::chrono::milliseconds delay(std::llround(request.delay.count() * 1000));
+    QTimer::singleShot(delay, this,
+                       [this, identifier = request.identifier] { present(identifier); });
+}
+
+void DesktopNotificationCenter::announce(const Content& content) {
+    if (bus_.isConnected()) {
+        notify(content, {}, [](bool /*isTaken*/) {});
+    }
+}
+
+void DesktopNotificationCenter::postWaiting() {
+    if (!bus_.isConnected()) {
+        return;
+    }
+    for (const services::NotificationRequest& request : std::exchange(waiting_, {})) {
+        // Nobody would be left to answer a click.
+        bus_.send(notifyCall(notification(request.content, {}), {}, handlers_.icon));
+    }
+    // Its answer comes after all that was sent before has gone.
+    bus_.call(QDBusMessage::createMethodCall(
+                  QStringLiteral("org.freedesktop.DBus"), QStringLiteral("/"),
+                  QStringLiteral("org.freedesktop.DBus.Peer"), QStringLiteral("Ping")),
+              QDBus::Block, kPatienceMilliseconds);
+}
+
+std::optional<services::NotificationRequest> DesktopNotificationCenter::take(
+    const std::string& identifier) {
+    const auto found =
+        std::ranges::find(waiting_, identifier, &services::NotificationRequest::identifier);
+    if (found == waiting_.end()) {
+        return std::nullopt;
+    }
+    services::NotificationRequest request = std::move(*found);
+    waiting_.erase(found);
+    return request;
+}
+
+void DesktopNotificationCenter::present(const std::string& identifier) {
+    auto request = take(identifier);
+    if (!request) {
+        return;
+    }
+    if (delegate_ != nullptr && QGuiApplication::applicationState() == Qt::ApplicationActive) {
+        const PresentationOptions options = delegate_->willPresent(*request);
+        if (!includes(options, PresentationOptions::banner)) {
+            return;
+        }
+        if (!includes(options, PresentationOptions::sound)) {
+            request->content.sound = NotificationSound::none;
+        }
+    }
+    if (!bus_.isConnected()) {
+        // A call on a bus that is not there is never answered.
+        return notTaken(request->content);
+    }
+    waiting_.push_back(*std::move(request));
+    using Answer = QDBusPendingReply<QStringList>;
+    const QDBusPendingCall call =
+        bus_.asyncCall(notificationCall("GetCapabilities"), kPatienceMilliseconds);
+    whenAnswered<Answer>(call, this, [this, identifier](const Answer& reply) {
+        const auto answered = take(identifier);
+        if (answered && reply.isError()) {
+            notTaken(answered->content);
+        } else if (answered) {
+            post(answered->content, reply.value());
+        }
+    });
+}
+
+void DesktopNotificationCenter::post(const Content& content, const QStringList& capabilities) {
+    const bool isSilent = !capabilities.contains(QLatin1String("sound"));
+    notify(content, capabilities, [this, content, isSilent](bool isTaken) {
+        if (!isTaken) {
+            notTaken(content);
+        } else if (isSilent && content.sound == NotificationSound::standard) {
+            handlers_.playSound();
+        }
+    });
+}
+
+void DesktopNotificationCenter::notify(const Content& content, const QStringList& capabilities,
+                                       std::function<void(bool isTaken)> onAnswer) {
+    const QDBusMessage call =
+        notifyCall(notification(content, {QLatin1String(kDefaultAction), QObject::tr("Show")}),
+                   capabilities, handlers_.icon);
+    using Answer = QDBusPendingReply<uint>;
+    whenAnswered<Answer>(
+        bus_.asyncCall(call, kPatienceMilliseconds), this,
+        [this, taskId = content.taskId, onAnswer = std::move(onAnswer)](const Answer& reply) {
+            if (!reply.isError()) {
+                shown_[{reply.reply().service(), reply.value()}] = {.taskId = taskId,
+                                                                    .activationToken = {}};
+            }
+            onAnswer(!reply.isError());
+        });
+}
+
+void DesktopNotificationCenter::notTaken(const Content& content) const {
+    if (content.sound == NotificationSound::standard) {
+        handlers_.playSound();
+    }
+    handlers_.untaken(content);
+}
+
+DesktopNotificationCenter::Key DesktopNotificationCenter::key(uint id) const {
+    return {message().service(), id};
+}
+
+void DesktopNotificationCenter::actionInvoked(uint id, const QString& action) {
+    const auto found = shown_.find(key(id));
+    if (found != shown_.end() && action == QLatin1String(kDefaultAction)) {
+        const Shown shown = found->second;
+        handlers_.activated(shown.taskId, shown.activationToken);
+    }
+}
+
+void DesktopNotificationCenter::activationToken(uint id, const QString& token) {
+    const auto found = shown_.find(key(id));
+    if (found != shown_.end()) {
+        found->second.activationToken = token.toStdString();
+    }
+}
+
+void DesktopNotificationCenter::notificationClosed(uint id, uint /*reason*/) {
+    shown_.erase(key(id));
+}
+
+}  // namespace hearthmark::platform

@@ -1,0 +1,54 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QAbstractNativeEventFilter>
+#include <QObject>
+#include <QString>
+#include <functional>
+#include <memory>
+
+#include "platform/status_item/status_icon.h"
+
+namespace hearthmark::platform {
+
+// The status item of X11's older panels: a small window of ours inside the panel's system tray,
+// with the picture and the whole title, as wide as they need. Comes back when the panel starts
+// anew. Main thread.
+class DockedStatusWindow final : public QObject, public QAbstractNativeEventFilter {
+    Q_OBJECT
+
+ public:
+    // Whether the program runs on an X server.
+    static bool isPossible();
+
+    // Looks for a panel at once; `activate` is called for a click. Requires isPossible().
+    explicit DockedStatusWindow(std::function<void()> activate);
+    ~DockedStatusWindow() override;
+
+    void setContent(const QString& title, const StatusIconState& icon);
+
+    bool isDocked() const { return isDocked_; }
+
+    bool nativeEventFilter(const QByteArray& eventType, void* message, qintptr* result) override;
+
+ private:
+    struct Atoms;
+    class Window;
+
+    void dock();
+    void reparented(quint32 parent);
+    void undockSoon();
+    void undock();
+
+    std::function<void()> activate_;
+    // The server's numbers for the names of the protocol.
+    std::unique_ptr<const Atoms> atoms_;
+    QString title_;
+    StatusIconState icon_;
+    // Present from when a panel is asked until it has gone.
+    std::unique_ptr<Window> window_;
+    quint32 windowId_ = 0;
+    bool isDocked_ = false;
+};
+
+}  // namespace hearthmark::platform

@@ -1,0 +1,27 @@
+// SPDX-License-Identifier: MIT
+#include "ui/detail/overview_adapter.h"
+
+#include <utility>
+
+#include "ui/text/text_conversion.h"
+
+namespace hearthmark::ui {
+
+OverviewAdapter::OverviewAdapter(std::shared_ptr<presentation::FocusOverviewViewModel> viewModel)
+    : viewModel_(std::move(viewModel)) {
+    follow(viewModel_->viewState());
+    viewModel_->startObserving();
+}
+
+void OverviewAdapter::show() {
+    const auto& state = viewModel_->viewState().value();
+    if (!state) {
+        return;
+    }
+    days_.show(state->days);
+    if (replace(today_, toQString(state->today))) {
+        emit todayChanged();
+    }
+}
+
+}  // namespace hearthmark::ui

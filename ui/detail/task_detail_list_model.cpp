@@ -1,0 +1,125 @@
+// SPDX-License-Identifier: MIT
+#include "ui/detail/task_detail_list_model.h"
+
+#include <QClipboard>
+#include <QGuiApplication>
+#include <algorithm>
+#include <utility>
+
+#include "ui/state/run_action.h"
+#include "ui/text/text_conversion.h"
+
+namespace hearthmark::ui {
+
+using presentation::NotesViewState;
+using presentation::TaskDetailViewState;
+
+namespace {
+
+// Each line of a text takes its time, and a note may be a megabyte.
+constexpr qsizetype kMostLines = 500;
+constexpr qsizetype kMostCharacters = 20'000;
+
+// Where the part of a note ends that is shown among the others.
+qsizetype shownLength(const QString& note) {
+    qsizetype end = -1;
+    for (qsizetype line = 0; line < kMostLines; ++line) {
+        end = note.indexOf(QLatin1Char('\n'), end + 1);
+        if (end < 0) {
+            end = note.size();
+            break;
+        }
+    }
+    end = std::min(end, kMostCharacters);
+    const bool isInCharacter = end < note.size() && end > 0 && note[end - 1].isHighSurrogate();
+    return isInCharacter ? end - 1 : end;
+}
+
+}  // namespace
+
+const std::vector<RowRole<TaskDetailRow>>& TaskDetailRow::roles() {
+    static const std::vector kRoles{kindRole<TaskDetailRow>(), role<&TaskDetailRow::text>("text"),
+                                    role<&TaskDetailRow::isCut>("isCut")};
+    return kRoles;
+}
+
+TaskDetailListModel::TaskDetailListModel(QObject* parent) : RowListModel(parent) {
+    update({{.key = {.kind = NotesSection, .id = {}, .ordinal = 0},
+             .text = {},
+             .wholeText = {},
+             .onDelete = {}}});
+}
+
+void TaskDetailListModel::showIntervals(
+    const livedata::SharedList<TaskDetailViewState::NonRunningInterval>& intervals) {
+    if (intervals.isSame(shownIntervals_)) {
+        return;
+    }
+    shownIntervals_ = intervals;
+    std::vector<TaskDetailRow> next;
+    next.reserve(intervals.size());
+    RowKeys keys;
+    for (const TaskDetailViewState::NonRunningInterval& interval : intervals) {
+        next.push_back({.key = keys.next(interval.intervalId, Interval),
+                        .text = toQString(interval.totalTimeSpent),
+                        .wholeText = {},
+                        .onDelete = interval.onDeleteCommand});
+    }
+    update(0, static_cast<std::size_t>(notesRow()), std::move(next));
+    emit shown();
+}
+
+void TaskDetailListModel::showNotes(
+    const livedata::SharedList<NotesViewState::CommittedNote>& notes) {
+    if (notes.isSame(shownNotes_)) {
+        return;
+    }
+    shownNotes_ = notes;
+    std::vector<TaskDetailRow> next;
+    next.reserve(notes.size());
+    RowKeys keys;
+    for (const NotesViewState::CommittedNote& note : notes) {
+        const QString wholeText = toQString(note.noteText);
+        const qsizetype shown = shownLength(wholeText);
+        const bool isCut = shown < wholeText.size();
+        next.push_back({.key = keys.next(note.id, Note),
+                        .text = isCut ? wholeText.left(shown) + QChar(0x2026) : wholeText,
+                        .wholeText = wholeText,
+                        .isCut = isCut,
+                        .onDelete = note.onDeleteCommand});
+    }
+    update(static_cast<std::size_t>(notesRow()) + 1, rows().size(), std::move(next));
+    emit shown();
+}
+
+void TaskDetailListModel::deleteRow(int row) const {
+    if (const TaskDetailRow* deleted = rowAt(row)) {
+        run(deleted->onDelete);
+    }
+}
+
+void TaskDetailListModel::copyRow(int row) const {
+    if (const TaskDetailRow* copied = rowAt(row)) {
+        QGuiApplication::clipboard()->setText(copied->wholeText);
+    }
+}
+
+QString TaskDetailListModel::wholeText(int row) const {
+    const TaskDetailRow* note = rowAt(row);
+    return note != nullptr ? note->wholeText : QString();
+}
+
+int TaskDetailListModel::notesRow() const {
+    const auto isInterval = [](const TaskDetailRow& row) { return row.key.kind == Interval; };
+    return static_cast<int>(std::ranges::partition_point(rows(), isInterval) - rows().begin());
+}
+
+int TaskDetailListModel::stepped(int row, int step) const {
+    int next = row + step;
+    if (next == notesRow()) {
+        next += step;
+    }
+    return rowAt(next) != nullptr ? next : row;
+}
+
+}  // namespace hearthmark::ui

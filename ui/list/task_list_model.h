@@ -1,0 +1,81 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QtQmlIntegration/qqmlintegration.h>
+
+#include <QString>
+#include <memory>
+#include <optional>
+#include <vector>
+
+#include "livedata/block.h"
+#include "presentation/task_list_view_state.h"
+#include "ui/rows/interval_list_model.h"
+#include "ui/rows/row_list_model.h"
+
+namespace hearthmark::ui {
+
+// One line of the task list: a section's header, the text of an empty section, or a task.
+struct TaskListRow {
+    enum class Kind { header, hint, task };
+
+    Kind kind() const { return static_cast<Kind>(key.kind); }
+    static const std::vector<RowRole<TaskListRow>>& roles();
+    // The lines go on in the model that the view has of the task.
+    void settle(TaskListRow* shown);
+
+    // The id is a task's; the others have none, and are numbered by their section.
+    RowKey key;
+    QString text;  // the header, the hint or the task's name
+    QString timeSpent;
+    bool isSelected = false;
+    // The running intervals of a running task; another row has none. Made from the lines when the
+    // row is settled.
+    std::shared_ptr<IntervalListModel> intervalViewStates;
+    std::optional<std::vector<IntervalRow>> lines;
+    // Absent for headers and hints.
+    livedata::Action onTap;
+    livedata::Action onDelete;
+};
+
+// Both sections of the task list in one flat model, so that the view makes delegates only for what
+// is visible and a task that starts or finishes moves instead of being made anew.
+class TaskListModel : public RowListModel<TaskListRow> {
+    Q_OBJECT
+    QML_ELEMENT
+    QML_UNCREATABLE("made by the task list adapter")
+
+ public:
+    enum Kind { Header, Hint, Task };
+    Q_ENUM(Kind)
+    // Of a task, for screen readers: its time, and its place among all.
+    static constexpr int kDescriptionRole = Qt::UserRole;
+
+    using RowListModel::RowListModel;
+
+    void show(const presentation::TaskListViewState::View& state);
+
+    QVariant data(const QModelIndex& index, int role) const override;
+
+    // What the row's task can do; headers and hints do nothing.
+    Q_INVOKABLE void tap(int row) const;
+    Q_INVOKABLE void deleteRow(int row) const;
+
+    // -1 where no task is selected.
+    int selectedRow() const;
+
+    // For the keyboard, which steps over headers and hints: the next task in a direction, or `row`
+    // where there is none; the task at a row or nearest to it, or -1 where there are no tasks.
+    Q_INVOKABLE int taskBefore(int row) const;
+    Q_INVOKABLE int taskAfter(int row) const;
+    Q_INVOKABLE int taskNearest(int row) const;
+
+ private:
+    bool isTask(int row) const;
+    QString description(int row) const;
+
+    int runningCount_ = 0;
+    livedata::SharedList<presentation::TaskListViewState::NonRunningItem> shownNonRunning_;
+};
+
+}  // namespace hearthmark::ui

@@ -1,0 +1,209 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QAbstractListModel>
+#include <QByteArray>
+#include <QHash>
+#include <QVariant>
+#include <algorithm>
+#include <iterator>
+#include <unordered_map>
+#include <unordered_set>
+#include <utility>
+#include <vector>
+
+#include "ui/rows/row_key.h"
+
+namespace hearthmark::ui {
+
+// A field of a row as views know it: its name in QML, what they are given, and whether two states
+// of the row differ in it.
+template <class Row>
+struct RowRole {
+    const char* name;
+    QVariant (*value)(const Row& row);
+    bool (*differs)(const Row& a, const Row& b);
+};
+
+template <auto Member>
+struct RowField;
+
+template <class Row_, class Value, Value Row_::*Member>
+struct RowField<Member> {
+    using Row = Row_;
+    static QVariant value(const Row& row) { return row.*Member; }
+    static bool differs(const Row& a, const Row& b) { return a.*Member != b.*Member; }
+};
+
+// The field of a member.
+template <auto Member>
+RowRole<typename RowField<Member>::Row> role(const char* name) {
+    return {name, &RowField<Member>::value, &RowField<Member>::differs};
+}
+
+// The kind in its key, which a row keeps.
+template <class Row>
+RowRole<Row> kindRole() {
+    return {"kind", [](const Row& row) { return QVariant(row.key.kind); },
+            [](const Row& /*a*/, const Row& /*b*/) { return false; }};
+}
+
+// A list of rows that changes from one whole state to the next while touching only what differs, so
+// that a rebuild each second moves no scroll bar, closes no menu and drops no focus.
+//
+// Row must offer:
+//   `RowKey key`, unique within one list;
+//   `static const std::vector<RowRole<Row>>& roles()`, all that views see of it; the first is
+//   Qt::UserRole, and so on;
+//   and may have `void settle(Row* shown)`, called before it takes the place of the row with the
+//   same key, or comes anew.
+template <class Row>
+class RowListModel : public QAbstractListModel {
+ public:
+    using QAbstractListModel::QAbstractListModel;
+
+    int rowCount(const QModelIndex& parent = {}) const override {
+        return parent.isValid() ? 0 : static_cast<int>(rows_.size());
+    }
+
+    QVariant data(const QModelIndex& index, int role) const override {
+        const Row* row = rowAt(index.row());
+        const auto place = static_cast<std::size_t>(role - Qt::UserRole);
+        const bool isThere = row != nullptr && role >= Qt::UserRole && place < Row::roles().size();
+        return isThere ? Row::roles()[place].value(*row) : QVariant();
+    }
+
+    QHash<int, QByteArray> roleNames() const override {
+        QHash<int, QByteArray> names;
+        for (const RowRole<Row>& role : Row::roles()) {
+            names.insert(Qt::UserRole + static_cast<int>(names.size()), role.name);
+        }
+        return names;
+    }
+
+    // Answers whether rows came, went or moved.
+    bool update(std::vector<Row>&& next) { return update(0, rows_.size(), std::move(next)); }
+
+ protected:
+    const std::vector<Row>& rows() const { return rows_; }
+
+    // Null where a view asks with an index of an older state.
+    const Row* rowAt(int index) const {
+        const bool exists = index >= 0 && static_cast<std::size_t>(index) < rows_.size();
+        return exists ? &rows_[static_cast<std::size_t>(index)] : nullptr;
+    }
+
+    // Only from `first` to before `last`. The rows beside them stay, and have other keys.
+    bool update(std::size_t first, std::size_t last, std::vector<Row>&& next) {
+        Places places;
+        places.reserve(next.size());
+        for (std::size_t index = 0; index < next.size(); ++index) {
+            places.emplace(next[index].key, first + index);
+        }
+        std::size_t end = removeMissing(first, last, places);
+        bool isRearranged = end != last;
+        std::unordered_set<RowKey, RowKey::Hash> present;
+        for (std::size_t index = first; index < end; ++index) {
+            present.insert(rows_[index].key);
+        }
+        const auto isPresent = [&present](const Row& row) { return present.contains(row.key); };
+        std::size_t index = first;
+        for (auto row = next.begin(); row != next.end();) {
+            if (const auto known = std::find_if(row, next.end(), isPresent); known != row) {
+                insert(index, row, known);
+                index += static_cast<std::size_t>(known - row);
+                end += static_cast<std::size_t>(known - row);
+                isRearranged = true;
+                row = known;
+            } else {
+                isRearranged |= place(index++, end, std::move(*row++), places);
+            }
+        }
+        return isRearranged;
+    }
+
+ private:
+    // Of the next state.
+    using Places = std::unordered_map<RowKey, std::size_t, RowKey::Hash>;
+    using Iterator = typename std::vector<Row>::iterator;
+
+    Iterator at(std::size_t index) { return rows_.begin() + static_cast<std::ptrdiff_t>(index); }
+
+    // Answers where those that stay end.
+    std::size_t removeMissing(std::size_t index, std::size_t end, const Places& places) {
+        const auto isMissing = [&places](const Row& row) { return !places.contains(row.key); };
+        while (true) {
+            const auto first = std::find_if(at(index), at(end), isMissing);
+            if (first == at(end)) {
+                return end;
+            }
+            const auto last = std::find_if_not(first, at(end), isMissing);
+            index = static_cast<std::size_t>(first - rows_.begin());
+            end -= static_cast<std::size_t>(last - first);
+            beginRemoveRows({}, static_cast<int>(index),
+                            static_cast<int>(last - rows_.begin()) - 1);
+            rows_.erase(first, last);
+            endRemoveRows();
+        }
+    }
+
+    void insert(std::size_t index, Iterator first, Iterator last) {
+        std::for_each(first, last, [](Row& row) { settle(row, nullptr); });
+        beginInsertRows({}, static_cast<int>(index),
+                        static_cast<int>(index) + static_cast<int>(last - first) - 1);
+        rows_.insert(at(index), std::make_move_iterator(first), std::make_move_iterator(last));
+        endInsertRows();
+    }
+
+    // A row that is there, at `index` or behind it.
+    bool place(std::size_t index, std::size_t end, Row&& next, const Places& places) {
+        const int row = static_cast<int>(index);
+        const auto found = std::ranges::find(at(index), at(end), next.key, &Row::key);
+        const bool isMoved = found != at(index);
+        if (found == at(index) + 1) {
+            // One row that goes down, rather than all below it going up.
+            moveDown(index, std::min(places.at(rows_[index].key), end - 1));
+        } else if (isMoved) {
+            const int from = static_cast<int>(found - rows_.begin());
+            beginMoveRows({}, from, from, {}, row);
+            std::rotate(at(index), found, found + 1);
+            endMoveRows();
+        }
+        assign(index, std::move(next));
+        return isMoved;
+    }
+
+    void moveDown(std::size_t from, std::size_t to) {
+        beginMoveRows({}, static_cast<int>(from), static_cast<int>(from), {},
+                      static_cast<int>(to) + 1);
+        std::rotate(at(from), at(from) + 1, at(to) + 1);
+        endMoveRows();
+    }
+
+    void assign(std::size_t index, Row&& next) {
+        Row& shown = rows_[index];
+        settle(next, &shown);
+        QList<int> changed;
+        for (int role = Qt::UserRole; const RowRole<Row>& each : Row::roles()) {
+            if (each.differs(shown, next)) {
+                changed.append(role);
+            }
+            ++role;
+        }
+        shown = std::move(next);
+        if (!changed.isEmpty()) {
+            const QModelIndex place = this->index(static_cast<int>(index));
+            emit dataChanged(place, place, changed);
+        }
+    }
+
+    static void settle(Row& next, Row* shown) {
+        if constexpr (requires { next.settle(shown); }) {
+            next.settle(shown);
+        }
+    }
+
+    std::vector<Row> rows_;
+};
+
+}  // namespace hearthmark::ui

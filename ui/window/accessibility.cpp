@@ -1,0 +1,185 @@
+// SPDX-License-Identifier: MIT
+#include "ui/window/accessibility.h"
+
+#include <QAccessible>
+#include <QQuickItem>
+#include <QQuickWindow>
+#include <QVariant>
+// Qt 6.4 offers no public way to report a state of an item.
+#include <private/qaccessiblequickitem_p.h>
+#include <private/qquickitem_p.h>
+
+namespace hearthmark::ui {
+
+namespace {
+
+constexpr auto kTicks = "ticks";
+KeepFromMemory keepFromMemory = nullptr;
+
+// Whether a text of the item changes each second by the count, as the item says itself.
+bool ticks(const QObject* item) {
+    return item != nullptr && item->property(kTicks).toBool();
+}
+
+const QQuickItem* overlayAround(const QQuickItem* item) {
+    while (item != nullptr && !item->inherits("QQuickOverlay")) {
+        item = item->parentItem();
+    }
+    return item;
+}
+
+// Whether a sheet or a menu has the keyboard, which would not be closed by it any more if what lies
+// behind took it away.
+bool isBehindPopup(const QQuickItem& item) {
+    return item.window() != nullptr && overlayAround(item.window()->activeFocusItem()) != nullptr &&
+           overlayAround(&item) == nullptr;
+}
+
+// Also tells what can be checked, and lets assistive programs write into the editors, open the
+// rows' menus and ask how far a progress bar is.
+class Item final : public QAccessibleQuickItem, public QAccessibleEditableTextInterface {
+ public:
+    explicit Item(QQuickItem* item) : QAccessibleQuickItem(item) {
+        QObject::connect(item, &QQuickItem::enabledChanged, item, [item] {
+            QAccessible::State changed;
+            changed.disabled = 1;
+            QAccessibleStateChangeEvent event(item, changed);
+            QAccessible::updateAccessibility(&event);
+        });
+    }
+
+    // The platform tells of no menu item that it can be checked. Of the items of lists alone it
+    // says that nobody may remember their texts, so what ticks is one of them.
+    QAccessible::Role role() const override {
+        const QAccessible::Role role = QAccessibleQuickItem::role();
+        if (role == QAccessible::StaticText && ticks(item())) {
+            return QAccessible::ListItem;
+        }
+        return role == QAccessible::MenuItem && checked().isValid() ? QAccessible::CheckBox : role;
+    }
+
+    QAccessible::State state() const override {
+        QAccessible::State state = QAccessibleQuickItem::state();
+        // A text is never used, so it is not disabled either, nor is it given the keyboard.
+        const QAccessible::Role role = QAccessibleQuickItem::role();
+        const bool isText = role == QAccessible::StaticText || role == QAccessible::Heading;
+        state.disabled = item()->isEnabled() || isText ? 0 : 1;
+        if (isText && !item()->activeFocusOnTab()) {
+            state.focusable = 0;
+        }
+        if (const QVariant isChecked = checked(); isChecked.isValid()) {
+            state.checkable = 1;
+            state.checked = isChecked.toBool() ? 1 : 0;
+        }
+        return state;
+    }
+
+    QString text(QAccessible::Text kind) const override {
+        if (keepFromMemory != nullptr && item()->property(kTicks).isValid()) {
+            // After the answer, which is being made.
+            QMetaObject::invokeMethod(
+                item(),
+                [item = item()] {
+                    keepFromMemory(
+                        QAccessible::uniqueId(QAccessible::queryAccessibleInterface(item)));
+                },
+                Qt::QueuedConnection);
+        }
+        return QAccessibleQuickItem::text(kind);
+    }
+
+    void* interface_cast(QAccessible::InterfaceType type) override {
+        if (type == QAccessible::EditableTextInterface && role() == QAccessible::EditableText) {
+            return static_cast<QAccessibleEditableTextInterface*>(this);
+        }
+        if (type == QAccessible::ValueInterface && role() == QAccessible::ProgressBar) {
+            return static_cast<QAccessibleValueInterface*>(this);
+        }
+        return QAccessibleQuickItem::interface_cast(type);
+    }
+
+    QStringList actionNames() const override {
+        QStringList names = QAccessibleQuickItem::actionNames();
+        if (hasMenu()) {
+            names.append(showMenuAction());
+        }
+        return names;
+    }
+
+    void doAction(const QString& name) override {
+        if (name == showMenuAction() && hasMenu()) {
+            item()->metaObject()->method(menuMethod()).invoke(item());
+        } else if (name != setFocusAction() || !isBehindPopup(*item())) {
+            QAccessibleQuickItem::doAction(name);
+        }
+    }
+
+    void insertText(int offset, const QString& text) override {
+        QMetaObject::invokeMethod(item(), "insert", Q_ARG(int, offset), Q_ARG(QString, text));
+    }
+
+    void deleteText(int start, int end) override {
+        const int last = end < 0 ? characterCount() : end;  // as assistive programs mean it
+        QMetaObject::invokeMethod(item(), "remove", Q_ARG(int, start), Q_ARG(int, last));
+    }
+
+    void replaceText(int start, int end, const QString& text) override {
+        deleteText(start, end);
+        insertText(start, text);
+    }
+
+ private:
+    // Of a menu item that can be checked; invalid for other items. What the item says itself the
+    // template overwrites.
+    QVariant checked() const { return item()->property("isChecked"); }
+    // Of DeletableRow.qml; negative for other items.
+    int menuMethod() const { return item()->metaObject()->indexOfMethod("requestMenu()"); }
+    bool hasMenu() const { return item()->isEnabled() && menuMethod() >= 0; }
+};
+
+// Asked with the most derived class first, and so before the toolkit's own.
+QAccessibleInterface* makeInterface(const QString& /*className*/, QObject* object) {
+    auto* item = qobject_cast<QQuickItem*>(object);
+    return item != nullptr && QQuickItemPrivate::get(item)->isAccessible ? new Item(item) : nullptr;
+}
+
+bool isTick(const QAccessibleEvent& event) {
+    const auto* item = qobject_cast<QQuickItem*>(event.object());
+    switch (event.type()) {
+        case QAccessible::NameChanged:
+        case QAccessible::DescriptionChanged:
+            return ticks(item);
+        case QAccessible::ValueChanged:
+            // A progress bar, inside of what ticks.
+            return item != nullptr && ticks(item->parentItem());
+        default:
+            return false;
+    }
+}
+
+// The toolkit tells of the texts inside of a row, too, which a row says as one.
+bool isOfHidden(const QAccessibleEvent& event) {
+    auto* item = qobject_cast<QQuickItem*>(event.object());
+    return event.type() == QAccessible::NameChanged && item != nullptr &&
+           !QQuickItemPrivate::get(item)->isAccessible;
+}
+
+// A handler stands in for the platform: to pass an event on, it must step aside.
+void passOnWhatIsToBeTold(QAccessibleEvent* event) {
+    if (isTick(*event) || isOfHidden(*event)) {
+        return;
+    }
+    QAccessible::installUpdateHandler(nullptr);
+    QAccessible::updateAccessibility(event);
+    QAccessible::installUpdateHandler(&passOnWhatIsToBeTold);
+}
+
+}  // namespace
+
+void prepareAccessibility(KeepFromMemory keep) {
+    keepFromMemory = keep;
+    QAccessible::installFactory(&makeInterface);
+    QAccessible::installUpdateHandler(&passOnWhatIsToBeTold);
+}
+
+}  // namespace hearthmark::ui

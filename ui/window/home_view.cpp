@@ -1,0 +1,104 @@
+// SPDX-License-Identifier: MIT
+#include "ui/window/home_view.h"
+
+#include <QEvent>
+#include <QGuiApplication>
+#include <QQuickWindow>
+#include <QScreen>
+#include <utility>
+
+#include "ui/window/main_window_loader.h"
+#include "ui/window/window_icon.h"
+
+namespace hearthmark::ui {
+
+HomeView::HomeView(std::unique_ptr<HomeAdapter> adapter, std::shared_ptr<MainWindowLoader> loader,
+                   WindowShouldClose windowShouldClose)
+    : windowShouldClose_(std::move(windowShouldClose)),
+      adapter_(std::move(adapter)),
+      loader_(std::move(loader)),
+      window_(loader_->makeWindow(*adapter_)) {
+    window_->resize(window_->size().boundedTo(window_->screen()->availableSize()));
+    // A panel takes the icon also from a window that it shows already.
+    connect(
+        window_.get(), &QQuickWindow::frameSwapped, this,
+        [this] {
+            QGuiApplication::setWindowIcon(windowIcon());
+            gatheringTime_.reset();
+        },
+        static_cast<Qt::ConnectionType>(Qt::QueuedConnection | Qt::SingleShotConnection));
+    connect(window_.get(), &QWindow::visibleChanged, this, &HomeView::setShown);
+    QGuiApplication::instance()->installEventFilter(this);
+}
+
+HomeView::~HomeView() = default;
+
+void HomeView::show(const std::string& activationToken) {
+    window_->setVisible(true);
+    window_->setWindowStates(window_->windowStates() & ~Qt::WindowMinimized);
+    window_->raise();
+    if (!activationToken.empty()) {
+        // Where the toolkit's Wayland plugin looks for it.
+        qputenv("XDG_ACTIVATION_TOKEN", QByteArray::fromStdString(activationToken));
+    }
+    window_->requestActivate();
+    // It was for this window alone, not for what the program starts.
+    qunsetenv("XDG_ACTIVATION_TOKEN");
+}
+
+// Also where somebody else shows or hides it.
+void HomeView::setShown(bool isShown) {
+    if (isShown && hiddenStates_ != Qt::WindowNoState) {
+        // The window manager has put it back to where and as large as it was before; from there it
+        // is to be maximised.
+        window_->setPosition(window_->position());
+        window_->setWindowStates(hiddenStates_);
+    }
+    adapter_->setShown(isShown);
+}
+
+void HomeView::hide() {
+    const QPoint place = window_->framePosition();
+    hiddenStates_ = window_->windowStates() & ~Qt::WindowMinimized;
+    const bool isFree = window_->windowStates() == Qt::WindowNoState;
+    window_->setVisible(false);
+    if (isFree) {
+        // Else the window manager looks for a place anew.
+        window_->setFramePosition(place);
+    }
+}
+
+void HomeView::minimize() {
+    window_->setWindowStates(window_->windowStates() | Qt::WindowMinimized);
+}
+
+void HomeView::abandon() {
+    adapter_->setShown(false);
+}
+
+void HomeView::displayAddSheet() {
+    adapter_->displayAddSheet();
+}
+
+void HomeView::startShortFocus() {
+    adapter_->startShortFocus();
+}
+
+void HomeView::requestAttention() {
+    constexpr int kUntilItIsUsed = 0;
+    window_->alert(kUntilItIsUsed);
+}
+
+bool HomeView::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() == QEvent::Quit) {
+        // The toolkit closes all windows before it quits, and one that refuses cancels the quit.
+        isQuitting_ = true;
+    } else if (watched == window_.get() && event->type() == QEvent::Close && !isQuitting_ &&
+               !windowShouldClose_()) {
+        event->ignore();
+        return true;
+    }
+    return QObject::eventFilter(watched, event);
+}
+
+}  // namespace hearthmark::ui

@@ -1,0 +1,57 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QObject>
+#include <functional>
+#include <memory>
+#include <optional>
+#include <utility>
+
+#include "services/home_view_factory_protocol.h"
+#include "ui/window/home_adapter.h"
+#include "ui/window/toolkit_setting.h"
+
+class QQuickWindow;
+
+namespace hearthmark::ui {
+
+class MainWindowLoader;
+
+// The main window with the home screen in it. Hidden until it is shown.
+class HomeView final : public QObject, public services::HomeViewProtocol {
+    Q_OBJECT
+
+ public:
+    // Answers whether the window may close; it may instead hide the program.
+    using WindowShouldClose = std::function<bool()>;
+
+    HomeView(std::unique_ptr<HomeAdapter> adapter, std::shared_ptr<MainWindowLoader> loader,
+             WindowShouldClose windowShouldClose);
+    ~HomeView() override;
+
+    void show(const std::string& activationToken) override;
+    void hide() override;
+    void minimize() override;
+    void abandon() override;
+    void displayAddSheet() override;
+    void startShortFocus() override;
+    void requestAttention() override;
+
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+ private:
+    void setShown(bool isShown);
+
+    WindowShouldClose windowShouldClose_;
+    std::unique_ptr<HomeAdapter> adapter_;
+    std::shared_ptr<MainWindowLoader> loader_;
+    std::unique_ptr<QQuickWindow> window_;
+    // How many milliseconds the toolkit gathers changes before it draws, which it looks up with the
+    // first frame. All of a second's come together, and to wait for more is one wake-up more.
+    std::optional<ToolkitSetting> gatheringTime_{std::in_place, "QT_QPA_UPDATE_IDLE_TIME", "0"};
+    // Maximised or full-screen, or neither, when it was hidden: the desktop forgets that.
+    Qt::WindowStates hiddenStates_ = Qt::WindowNoState;
+    bool isQuitting_ = false;
+};
+
+}  // namespace hearthmark::ui
