@@ -5,9 +5,15 @@
 set -euo pipefail
 cd "$(dirname "$0")"
 
+if ! command -v apt-get >/dev/null; then
+    echo "This makes a package for Debian. Elsewhere, ./run.sh builds, and" \
+        "sudo cmake --install build/release installs what it has built." >&2
+    exit 1
+fi
 packaging/install-packages.sh build run package
-# The same sources give the same package.
-SOURCE_DATE_EPOCH="${SOURCE_DATE_EPOCH:-$(git log -1 --format=%ct)}"
+# The same sources give the same package. In an archive each file has the time of the commit.
+commit_time() { git log -1 --format=%ct 2>/dev/null || stat --format=%Y CHANGELOG.md; }
+SOURCE_DATE_EPOCH="${SOURCE_DATE_EPOCH:-$(commit_time)}"
 export SOURCE_DATE_EPOCH
 cmake --preset release "$@"
 cmake --build --preset release --target hearthmark hearthmark_packaging

@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # SPDX-License-Identifier: MIT
 # Usage: check-install.sh PACKAGE NEWER_PACKAGE [PICTURE]
-# To be run as root in a root of Debian 12 that is thrown away afterwards, as debootstrap makes one:
+# To be run as root in a root of Debian that is thrown away afterwards, as debootstrap makes one:
 # installs the package, has a person use the program as the desktop starts it, upgrades it while it runs,
 # removes and purges it, and looks after each step whether the person's store is whole. PICTURE is
 # where the window is to be drawn to.

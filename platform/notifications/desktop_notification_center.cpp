@@ -156,11 +156,24 @@ void DesktopNotificationCenter::notify(const Content& content, const QStringList
         bus_.asyncCall(call, kPatienceMilliseconds), this,
         [this, taskId = content.taskId, onAnswer = std::move(onAnswer)](const Answer& reply) {
             if (!reply.isError()) {
-                shown_[{reply.reply().service(), reply.value()}] = {.taskId = taskId,
-                                                                    .activationToken = {}};
+                remember(reply.value(), taskId);
             }
             onAnswer(!reply.isError());
         });
+}
+
+// An answer itself says whom it is from only in some versions of the toolkit.
+void DesktopNotificationCenter::remember(uint id, const TaskId& taskId) {
+    QDBusMessage call = QDBusMessage::createMethodCall(
+        QStringLiteral("org.freedesktop.DBus"), QStringLiteral("/org/freedesktop/DBus"),
+        QStringLiteral("org.freedesktop.DBus"), QStringLiteral("GetNameOwner"));
+    call << QLatin1String(kNotifications);
+    using Answer = QDBusPendingReply<QString>;
+    whenAnswered<Answer>(bus_.asyncCall(call), this, [this, id, taskId](const Answer& owner) {
+        if (!owner.isError()) {
+            shown_[{owner.value(), id}] = {.taskId = taskId, .activationToken = {}};
+        }
+    });
 }
 
 void DesktopNotificationCenter::notTaken(const Content& content) const {

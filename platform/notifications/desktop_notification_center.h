@@ -78,6 +78,9 @@ class DesktopNotificationCenter final : public QObject,
     // Sends it and remembers what it is of. The callback is told whether the daemon has it.
     void notify(const Content& content, const QStringList& capabilities,
                 std::function<void(bool isTaken)> onAnswer);
+    // What a daemon gave the number to, once the bus has said which daemon. One that answers and
+    // goes within that time has nothing left to click.
+    void remember(uint id, const TaskId& taskId);
     void notTaken(const Content& content) const;
     Key key(uint id) const;
 

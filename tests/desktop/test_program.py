@@ -329,7 +329,7 @@ class Use(ProgramTest):
         program.find("Task 10000", "list item")
         self.assertEqual(program.section_of("Task 10000"), "Running")
         place = extents(program.find("Task 9997", "list item"))
-        xdotool("mousemove", place.x + 40, place.y + 20, "click", "--repeat", 3, 5)
+        xdotool("mousemove", place.x + 40, place.y + 20, "click", "--repeat", 10, 5)
         wait_for(lambda: "Task 10000" not in program.names(), "the list to scroll")
         click(program.find(program.names()[5], "list item"), button=3)
         program.find("Delete", "menu item")
@@ -353,7 +353,9 @@ class Use(ProgramTest):
         announced, others = [], []
 
         def hear(event):
-            if event.type.minor != "showing":
+            if event.type.major == "announcement":
+                announced.append(event.any_data)
+            elif event.type.minor != "showing":
                 if event.source.getRole() != pyatspi.ROLE_NOTIFICATION:
                     others.append(f"{event.type} {event.source.name}")
             elif event.detail1 and event.source.getRole() == pyatspi.ROLE_NOTIFICATION:
@@ -362,7 +364,8 @@ class Use(ProgramTest):
         program = self.program.launch()
         press(program.find("A", "list item"))
         program.find("A", "heading")
-        kinds = ["object:state-changed:showing", "object:property-change", "object:text-changed"]
+        kinds = ["object:state-changed:showing", "object:property-change", "object:text-changed",
+                 "object:announcement"]
         pyatspi.Registry.registerEventListener(hear, *kinds)
         self.addCleanup(pyatspi.Registry.deregisterEventListener, hear, *kinds)
         start, finish = "Focus started: A, 30:00", r"Focus finished: A, \d+"

@@ -11,7 +11,7 @@ import unittest
 from http.server import BaseHTTPRequestHandler, ThreadingHTTPServer
 from pathlib import Path
 
-from driver import Desktop, ProgramTest, key, press, wait_for
+from driver import Desktop, ProgramTest, key, press, role_of, wait_for
 
 FEED, PACKAGE, KEPT = "/appcast.xml", "/hearthmark_amd64.deb", "Hearthmark/updates"
 HALF, DRIP, SLOWLY = os.urandom(1_500_000), [b" "] * 100, [os.urandom(149_999), b" "] * 10
@@ -98,7 +98,7 @@ class Updates(ProgramTest):
         self.program.press("Application menu")
         self.program.press(*ITEM)
         for node in map(self.program.find, steps):
-            if node.getRoleName() == "push button":
+            if role_of(node) == "push button":
                 press(node)
 
     def test_only_what_is_newer_complete_and_signed_is_installed(self):

@@ -35,14 +35,15 @@ std::atomic<std::int64_t> liveAllocations = 0;
 }  // namespace
 
 // A subscription, a timer or an adapter that stays is some of these. The toolkit's are counted too.
+// Not inlined, else GCC takes what one of them calls for the wrong partner of the other.
 // NOLINTBEGIN(cppcoreguidelines-no-malloc, misc-new-delete-overloads)
-void* operator new(std::size_t size) {
+[[gnu::noinline]] void* operator new(std::size_t size) {
     ++liveAllocations;
     void* const memory = std::malloc(size);
     return memory != nullptr ? memory : throw std::bad_alloc();
 }
 
-void operator delete(void* memory) noexcept {
+[[gnu::noinline]] void operator delete(void* memory) noexcept {
     liveAllocations -= memory != nullptr ? 1 : 0;
     std::free(memory);
 }

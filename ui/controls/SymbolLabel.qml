@@ -26,6 +26,7 @@ Item {
         }
 
         Label {
+            width: Math.ceil(implicitWidth) // else some versions of Qt centre it between two pixels
             anchors.verticalCenter: parent.verticalCenter
             text: root.text
             color: root.color

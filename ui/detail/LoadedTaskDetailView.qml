@@ -79,8 +79,8 @@ HeadedListView {
         TaskDetailRow {
             id: row
 
-            x: root.columnX
             width: root.columnWidth
+            transform: Translate { x: root.columnX } // from 6.5 on a list gives its rows an x of its own
             notesHeight: notes.height
             stop: row.index < root.notesRow ? intervalsStop : notesStop
             onFocused: root.showRow(row.index)

@@ -23,7 +23,7 @@ struct OverviewDayRow {
 };
 
 // The bars of the chart, oldest day first.
-class OverviewDayModel : public RowListModel<OverviewDayRow> {
+class OverviewDayModel : public HEARTHMARK_ROW_LIST_MODEL(OverviewDayRow) {
     Q_OBJECT
     QML_ELEMENT
     QML_UNCREATABLE("made by the overview adapter")

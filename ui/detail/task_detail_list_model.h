@@ -30,7 +30,7 @@ struct TaskDetailRow {
 
 // What the detail pane scrolls through below its header, in one flat model, so that the view makes
 // delegates only for what is visible.
-class TaskDetailListModel : public RowListModel<TaskDetailRow> {
+class TaskDetailListModel : public HEARTHMARK_ROW_LIST_MODEL(TaskDetailRow) {
     Q_OBJECT
     QML_ELEMENT
     QML_UNCREATABLE("made by the task detail adapter")

@@ -40,7 +40,7 @@ struct TaskListRow {
 
 // Both sections of the task list in one flat model, so that the view makes delegates only for what
 // is visible and a task that starts or finishes moves instead of being made anew.
-class TaskListModel : public RowListModel<TaskListRow> {
+class TaskListModel : public HEARTHMARK_ROW_LIST_MODEL(TaskListRow) {
     Q_OBJECT
     QML_ELEMENT
     QML_UNCREATABLE("made by the task list adapter")

@@ -24,7 +24,7 @@ struct IntervalRow {
 };
 
 // The interval lines of one task, in the list and in the detail pane.
-class IntervalListModel : public RowListModel<IntervalRow> {
+class IntervalListModel : public HEARTHMARK_ROW_LIST_MODEL(IntervalRow) {
     Q_OBJECT
     QML_ELEMENT
     QML_UNCREATABLE("made by the adapters")

@@ -57,6 +57,13 @@ RowRole<Row> kindRole() {
 //   Qt::UserRole, and so on;
 //   and may have `void settle(Row* shown)`, called before it takes the place of the row with the
 //   same key, or comes anew.
+//
+// What derives from it names it by the macro: the QML tools know no base that is a template.
+#ifdef Q_MOC_RUN
+#define HEARTHMARK_ROW_LIST_MODEL(Row) QAbstractListModel
+#else
+#define HEARTHMARK_ROW_LIST_MODEL(Row) RowListModel<Row>
+#endif
 template <class Row>
 class RowListModel : public QAbstractListModel {
  public:

@@ -12,7 +12,7 @@ Sheet {
     readonly property bool canSave: root.adapter?.canSave ?? false
 
     // Each presentation begins with an empty name.
-    function reset() {
+    function beginAnew() {
         root.taskName = "";
         editor.focus = true;
     }
@@ -31,7 +31,7 @@ Sheet {
     }
 
     title: qsTr("Add Task")
-    onVisibleChanged: root.reset()
+    onVisibleChanged: root.beginAnew()
     onKeyPressed: event => root.saveOnControl(event)
 
     EditorFrame {

@@ -11,7 +11,7 @@ CopySheet {
     property alias selectedTab: tabs.currentIndex
 
     // Each presentation begins with the first tab.
-    function reset() {
+    function beginAnew() {
         root.selectedTab = ShareContainerAdapter.Json;
     }
 
@@ -19,7 +19,7 @@ CopySheet {
     heading: ""
     contentItem.visible: root.adapter?.loaded ?? false
     onAdapterChanged: root.adapter?.load()
-    onVisibleChanged: root.reset()
+    onVisibleChanged: root.beginAnew()
     onCopied: root.adapter.copy(root.selectedTab)
 
     TabBar {

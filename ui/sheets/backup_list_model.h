@@ -25,7 +25,7 @@ struct BackupRow {
 };
 
 // The backups that can be restored, in the order of the state.
-class BackupListModel : public RowListModel<BackupRow> {
+class BackupListModel : public HEARTHMARK_ROW_LIST_MODEL(BackupRow) {
     Q_OBJECT
     QML_ELEMENT
     QML_UNCREATABLE("made by the restore adapter")

@@ -117,8 +117,9 @@ FreshListView {
                 label.isMarking = false;
             }
 
-            x: Theme.spacing
-            width: root.width - 2 * Theme.spacing
+            width: root.width
+            leftPadding: Theme.spacing
+            rightPadding: Theme.spacing
             enabled: false // mouse and keys are for the whole, not for a line
             text: label.line + root.lineEnd
             Accessible.name: label.line

@@ -39,7 +39,7 @@ FocusScope {
         spacing: Theme.wideSpacing
 
         ElidedLabel {
-            width: Math.min(implicitWidth, Theme.sheetWidth - Theme.pageMargin, root.maximumWidth - undoButton.width - 2 * content.spacing - Theme.spacing)
+            width: Math.min(Math.ceil(implicitWidth), Theme.sheetWidth - Theme.pageMargin, root.maximumWidth - undoButton.width - 2 * content.spacing - Theme.spacing)
             anchors.verticalCenter: parent.verticalCenter
             text: root.adapter.text
             color: Theme.colors.content

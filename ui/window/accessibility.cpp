@@ -5,9 +5,14 @@
 #include <QQuickItem>
 #include <QQuickWindow>
 #include <QVariant>
-// Qt 6.4 offers no public way to report a state of an item.
+// No version offers a public way to add to what an item tells.
 #include <private/qaccessiblequickitem_p.h>
 #include <private/qquickitem_p.h>
+
+// From 6.5 on the toolkit does so itself.
+#define HEARTHMARK_REPORTS_DISABLED_ITEMS (QT_VERSION < QT_VERSION_CHECK(6, 5, 0))
+// From 6.8 on it has an event for what is to be said.
+#define HEARTHMARK_HAS_ANNOUNCEMENTS (QT_VERSION >= QT_VERSION_CHECK(6, 8, 0))
 
 namespace hearthmark::ui {
 
@@ -40,12 +45,14 @@ bool isBehindPopup(const QQuickItem& item) {
 class Item final : public QAccessibleQuickItem, public QAccessibleEditableTextInterface {
  public:
     explicit Item(QQuickItem* item) : QAccessibleQuickItem(item) {
+#if HEARTHMARK_REPORTS_DISABLED_ITEMS
         QObject::connect(item, &QQuickItem::enabledChanged, item, [item] {
             QAccessible::State changed;
             changed.disabled = 1;
             QAccessibleStateChangeEvent event(item, changed);
             QAccessible::updateAccessibility(&event);
         });
+#endif
     }
 
     // The platform tells of no menu item that it can be checked. Of the items of lists alone it
@@ -60,12 +67,14 @@ class Item final : public QAccessibleQuickItem, public QAccessibleEditableTextIn
 
     QAccessible::State state() const override {
         QAccessible::State state = QAccessibleQuickItem::state();
+#if HEARTHMARK_REPORTS_DISABLED_ITEMS
+        state.disabled = item()->isEnabled() ? 0 : 1;
+#endif
         // A text is never used, so it is not disabled either, nor is it given the keyboard.
         const QAccessible::Role role = QAccessibleQuickItem::role();
-        const bool isText = role == QAccessible::StaticText || role == QAccessible::Heading;
-        state.disabled = item()->isEnabled() || isText ? 0 : 1;
-        if (isText && !item()->activeFocusOnTab()) {
-            state.focusable = 0;
+        if (role == QAccessible::StaticText || role == QAccessible::Heading) {
+            state.disabled = 0;
+            state.focusable = item()->activeFocusOnTab() ? state.focusable : 0;
         }
         if (const QVariant isChecked = checked(); isChecked.isValid()) {
             state.checkable = 1;
@@ -131,10 +140,16 @@ class Item final : public QAccessibleQuickItem, public QAccessibleEditableTextIn
  private:
     // Of a menu item that can be checked; invalid for other items. What the item says itself the
     // template overwrites.
-    QVariant checked() const { return item()->property("isChecked"); }
+    QVariant checked() const {
+        return item()->property("isChecked");
+    }
     // Of DeletableRow.qml; negative for other items.
-    int menuMethod() const { return item()->metaObject()->indexOfMethod("requestMenu()"); }
-    bool hasMenu() const { return item()->isEnabled() && menuMethod() >= 0; }
+    int menuMethod() const {
+        return item()->metaObject()->indexOfMethod("requestMenu()");
+    }
+    bool hasMenu() const {
+        return item()->isEnabled() && menuMethod() >= 0;
+    }
 };
 
 // Asked with the most derived class first, and so before the toolkit's own.
@@ -164,14 +179,38 @@ bool isOfHidden(const QAccessibleEvent& event) {
            !QQuickItemPrivate::get(item)->isAccessible;
 }
 
+void passOnWhatIsToBeTold(QAccessibleEvent* event);
+
 // A handler stands in for the platform: to pass an event on, it must step aside.
-void passOnWhatIsToBeTold(QAccessibleEvent* event) {
-    if (isTick(*event) || isOfHidden(*event)) {
-        return;
-    }
+void passOn(QAccessibleEvent* event) {
     QAccessible::installUpdateHandler(nullptr);
     QAccessible::updateAccessibility(event);
     QAccessible::installUpdateHandler(&passOnWhatIsToBeTold);
+}
+
+// Whether it told of a notification that appears by announcing its text. Readers that know
+// announcements say what appears, too, and would say it twice; so they are not told that it does,
+// and must not remember that it is hidden.
+bool announces([[maybe_unused]] QAccessibleEvent& event) {
+#if HEARTHMARK_HAS_ANNOUNCEMENTS
+    QAccessibleInterface* const shown =
+        event.type() == QAccessible::ObjectShow ? event.accessibleInterface() : nullptr;
+    if (shown != nullptr && shown->role() == QAccessible::Notification) {
+        if (keepFromMemory != nullptr) {
+            keepFromMemory(QAccessible::uniqueId(shown));
+        }
+        QAccessibleAnnouncementEvent announcement(event.object(), shown->text(QAccessible::Name));
+        passOn(&announcement);
+        return true;
+    }
+#endif
+    return false;
+}
+
+void passOnWhatIsToBeTold(QAccessibleEvent* event) {
+    if (!isTick(*event) && !isOfHidden(*event) && !announces(*event)) {
+        passOn(event);
+    }
 }
 
 }  // namespace

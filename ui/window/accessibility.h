@@ -5,10 +5,11 @@
 
 namespace hearthmark::ui {
 
-// Mends two things in what the toolkit tells assistive technology. It says of disabled items that
-// they are disabled. And it does not announce each second of a time that runs: where an item has
-// the property "ticks" with the value true, a change of its texts causes no event. Whoever asks
-// gets the present text.
+// Mends in what the toolkit tells assistive technology what is missing or too much there. It says
+// of disabled items that they are disabled, where the toolkit does not say so itself. It announces
+// a notification that appears, where there are announcements. And it does not tell each second of a
+// time that runs: where an item has the property "ticks" with the value true, a change of its texts
+// causes no event. Whoever asks gets the present text.
 //
 // Some readers remember a text once they have read it. Each time one of these items was read, the
 // function is called with it, to make them forget.
