@@ -4,6 +4,7 @@ accessibility bus and the keyboard."""
 
 import contextlib
 import ctypes
+import json
 import os
 import re
 import shutil
@@ -59,15 +60,14 @@ class Desktop:
         self.directory = tempfile.mkdtemp(prefix="hearthmark-desktop-")
         os.chmod(self.directory, 0o700)
         self.processes = []
-        self.start_display()
         os.environ["XDG_RUNTIME_DIR"] = self.directory
+        self.start_display()
         os.environ["QT_LINUX_ACCESSIBILITY_ALWAYS_ON"] = "1"
         os.environ["DBUS_SYSTEM_BUS_ADDRESS"] = "disabled:"
         os.environ["CANBERRA_DRIVER"] = "null"
         # Where it is noon now, so that no midnight comes.
         os.environ["TZ"] = f"<noon>{time.gmtime().tm_hour - 12}"
         time.tzset()
-        os.environ.pop("WAYLAND_DISPLAY", None)
         os.environ.pop("AT_SPI_BUS_ADDRESS", None)
         os.environ["DBUS_SESSION_BUS_ADDRESS"] = self.start_bus("session.conf", [
             "/usr/share/dbus-1/services/org.a11y.Bus.service"])
@@ -78,6 +78,7 @@ class Desktop:
 
     def start_display(self):
         """What is started from here on is shown there."""
+        os.environ.pop("WAYLAND_DISPLAY", None)
         reading, writing = os.pipe()
         # A server that resets itself, which it does by default when a client leaves it alone, turns
         # away whoever connects at that moment.
@@ -118,6 +119,29 @@ class Desktop:
             process.terminate()
             process.wait()
         shutil.rmtree(self.directory, ignore_errors=True)
+
+
+class WaylandDesktop(Desktop):
+    """The same with a compositor of Wayland, which needs no graphics card."""
+
+    def start_display(self):
+        place = tempfile.mkdtemp(prefix="hearthmark-compositor-")
+        configuration, socket = os.path.join(place, "config"), os.path.join(place, "sway")
+        with open(configuration, "w", encoding="utf-8") as file:
+            file.write("xwayland disable\noutput * resolution 1200x800\n")
+        # It refuses to be started by root.
+        other = {"user": "nobody", "group": "nogroup", "extra_groups": []} if os.getuid() == 0 else {}
+        if other:
+            shutil.chown(place, "nobody", "nogroup")
+        self.display = self._start(["sway", "--config", configuration], cwd="/", **other, env={
+            **os.environ, "XDG_RUNTIME_DIR": place, "SWAYSOCK": socket, "WLR_BACKENDS": "headless",
+            "WLR_LIBINPUT_NO_DEVICES": "1", "WLR_RENDERER": "pixman"})
+        wait_for(lambda: os.path.exists(socket), "the compositor")
+        os.environ.update(WAYLAND_DISPLAY=os.path.join(place, "wayland-1"), SWAYSOCK=socket,
+                          QT_QPA_PLATFORM="wayland")
+        os.environ.pop("DISPLAY", None)
+        # Holds a keyboard: without any, the first key of another that comes and goes may be lost.
+        self._start(["wtype", "-s", "1000000"])
 
 
 class Program:
@@ -331,6 +355,11 @@ def type_text(text):
 
 def xdotool(*arguments):
     subprocess.run(["xdotool", *map(str, arguments)], check=True)
+
+
+def sway(question, *arguments):
+    """What the compositor answers."""
+    return json.loads(subprocess.check_output(["swaymsg", "--raw", "--type", question, *arguments]))
 
 
 def toggle_maximised(window):
