@@ -60,6 +60,7 @@ Desktop::Desktop(const std::shared_ptr<const store::StoreBackups>& backups,
           backups, std::make_shared<platform::TimeKeepingProvider>(), notificationCenter_)),
       appearance_(std::make_shared<services::AppearancePreference>()),
       desktopAppearance_(appearance_),
+      desktopSession_(&QCoreApplication::quit),
       tasksApp_(environment(backups, std::move(clock), std::move(uptime), firstWindow, fatal)),
       unseenFinishesSubscription_(unseenFinishes_->subscribeDidChange(
           [this] { statusBar_->setNeedsAttention(!unseenFinishes_->value().empty()); })) {
