@@ -2,7 +2,6 @@
 #include "platform/session/desktop_session.h"
 
 #include <QDBusConnection>
-#include <QDBusError>
 #include <QDBusMessage>
 #include <QDBusObjectPath>
 #include <QDBusPendingReply>
@@ -45,7 +44,7 @@ void DesktopSession::join() {
                          [this](const Answer& reply) {
                              if (!reply.isError()) {
                                  listen(reply.value());
-                             } else if (reply.error().type() != QDBusError::ServiceUnknown) {
+                             } else if (!isOfNobody(reply.error())) {
                                  qWarning("It cannot be heard when the session ends: %s",
                                           qUtf8Printable(reply.error().message()));
                              }
