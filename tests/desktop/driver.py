@@ -350,16 +350,26 @@ def key(*names):
 
 
 def type_text(text):
-    xdotool("type", "--delay", "5", "--", text)
+    if "SWAYSOCK" in os.environ:
+        subprocess.run(["wtype", "--", text], check=True)
+    else:
+        xdotool("type", "--delay", "5", "--", text)
 
 
 def xdotool(*arguments):
     subprocess.run(["xdotool", *map(str, arguments)], check=True)
 
 
-def sway(question, *arguments):
-    """What the compositor answers."""
-    return json.loads(subprocess.check_output(["swaymsg", "--raw", "--type", question, *arguments]))
+def sway(*command):
+    """Has the compositor do it; what it answers."""
+    return json.loads(subprocess.check_output(["swaymsg", "--raw", *command]))
+
+
+def views(node=None):
+    """Those that the compositor knows: not hidden ones."""
+    node = node or sway("--type", "get_tree")
+    inner = [view for child in node["nodes"] + node["floating_nodes"] for view in views(child)]
+    return [node] * ("pid" in node and node["type"] != "root") + inner
 
 
 def toggle_maximised(window):
