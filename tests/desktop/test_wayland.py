@@ -70,7 +70,7 @@ class Wayland(ProgramTest):
         wait_for(self.has_keyboard, "the window, by a second start")
 
         program.press("Add Note")
-        wait_for(lambda: program.is_enabled("Cancel"), "the editor")
+        wait_for(lambda: program.find_all("Discard"), "the editor")
         type_text("On the way")
         wait_for(lambda: program.is_enabled("Save"), "what was typed")
         program.press("Save")
