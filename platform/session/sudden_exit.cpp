@@ -26,7 +26,7 @@ enum class State { over, watching, called };
 // None is ever destroyed: the process may end at any time.
 constinit std::mutex mutex;
 constinit State state = State::over;
-constinit std::function<void()>* onExit = nullptr;
+constinit std::function<void()>* watched = nullptr;
 // Children that could not start another program end by _exit() as well, and may find the mutex
 // locked for ever.
 constinit std::atomic<pid_t> watchedProcess = 0;
@@ -44,7 +44,7 @@ void callAndEnd() {
         }
         state = State::called;
     }
-    (*onExit)();
+    (*watched)();
     // At once: other threads may still use what would be destroyed next.
     std::_Exit(EXIT_FAILURE);
 }
@@ -76,10 +76,10 @@ void handleExit() {
 
 }  // namespace
 
-SuddenExit::SuddenExit(std::function<void()> function) : onExit_(std::move(function)) {
+SuddenExit::SuddenExit(std::function<void()> onExit) : onExit_(std::move(onExit)) {
     const std::lock_guard lock(mutex);
     state = State::watching;
-    onExit = &onExit_;
+    watched = &onExit_;
     watchedProcess = ::getpid();
     std::atexit(&handleExit);
 }
