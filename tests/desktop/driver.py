@@ -125,7 +125,9 @@ class WaylandDesktop(Desktop):
     """The same with a compositor of Wayland, which needs no graphics card."""
 
     def start_display(self):
+        # Not in the directory of the rest, into which others cannot look.
         place = tempfile.mkdtemp(prefix="hearthmark-compositor-")
+        self.places = [*getattr(self, "places", []), place]
         configuration, socket = os.path.join(place, "config"), os.path.join(place, "sway")
         with open(configuration, "w", encoding="utf-8") as file:
             file.write("xwayland disable\noutput * resolution 1200x800\n")
@@ -142,6 +144,11 @@ class WaylandDesktop(Desktop):
         os.environ.pop("DISPLAY", None)
         # Holds a keyboard: without any, the first key of another that comes and goes may be lost.
         self._start(["wtype", "-s", "1000000"])
+
+    def close(self):
+        super().close()
+        for place in self.places:
+            shutil.rmtree(place, ignore_errors=True)
 
 
 class Program:
