@@ -43,8 +43,11 @@ Desktop::Desktop(const std::shared_ptr<const store::StoreBackups>& backups,
           .quit = &QCoreApplication::quit})),
       notificationCenter_(std::make_shared<platform::DesktopNotificationCenter>(
           platform::DesktopNotificationCenter::Handlers{
-              .activated = [this](const std::optional<base::Uuid>& taskId,
-                                  const std::string& token) { tasksApp_.showTask(taskId, token); },
+              .activated =
+                  [this](const std::optional<base::Uuid>& taskId, const std::string& token) {
+                      tasksApp_.showTask(taskId, token);
+                      platform::endStartupSequence(token);
+                  },
               .untaken =
                   [this](const services::NotificationContent& content) {
                       auto finishes = unseenFinishes_->value();
@@ -57,6 +60,7 @@ Desktop::Desktop(const std::shared_ptr<const store::StoreBackups>& backups,
           backups, std::make_shared<platform::TimeKeepingProvider>(), notificationCenter_)),
       appearance_(std::make_shared<services::AppearancePreference>()),
       desktopAppearance_(appearance_),
+      desktopSession_(&QCoreApplication::quit),
       tasksApp_(environment(backups, std::move(clock), std::move(uptime), firstWindow, fatal)),
       unseenFinishesSubscription_(unseenFinishes_->subscribeDidChange(
           [this] { statusBar_->setNeedsAttention(!unseenFinishes_->value().empty()); })) {

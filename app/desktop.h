@@ -11,6 +11,7 @@
 #include "platform/desktop/desktop_appearance.h"
 #include "platform/notifications/desktop_notification_center.h"
 #include "platform/session/application_object.h"
+#include "platform/session/desktop_session.h"
 #include "platform/status_item/system_status_bar.h"
 #include "platform/updates/appcast_updater.h"
 #include "services/daily_backup_service.h"
@@ -61,6 +62,7 @@ class Desktop final : public QObject {
     std::shared_ptr<services::DailyBackupService> dailyBackups_;
     std::shared_ptr<services::AppearancePreference> appearance_;
     platform::DesktopAppearance desktopAppearance_;
+    platform::DesktopSession desktopSession_;
     TasksApp tasksApp_;
     bool hasSaidThatItKeepsRunning_ = false;
     livedata::Subscription unseenFinishesSubscription_;

@@ -3,6 +3,7 @@
 
 #include <utility>
 
+#include "platform/desktop/window_activation.h"
 #include "presentation/check_for_updates_view_model.h"
 #include "presentation/focus_announcement_view_model.h"
 #include "presentation/restore_backup_view_model.h"
@@ -53,7 +54,7 @@ std::unique_ptr<services::HomeViewProtocol> HomeViewFactory::makeHomeView() {
     return std::make_unique<ui::HomeView>(
         std::make_unique<ui::HomeAdapter>(homeVMFactory.makeViewModel(), subviewsFactory,
                                           std::move(parts), actions.quit),
-        windowLoader, actions.windowShouldClose);
+        windowLoader, actions.windowShouldClose, &platform::bringToFront);
 }
 
 }  // namespace hearthmark::app

@@ -3,10 +3,7 @@
 
 #include <QCoreApplication>
 #include <QGuiApplication>
-#include <QLocale>
-#include <QQuickWindow>
 #include <QStandardPaths>
-#include <algorithm>
 #include <cerrno>
 #include <chrono>
 #include <cstdlib>
@@ -19,16 +16,15 @@
 #include <string_view>
 #include <system_error>
 #include <utility>
-#include <vector>
 
 #include "app/desktop.h"
 #include "app/program_clock.h"
 #include "app/program_updates.h"
+#include "app/toolkit.h"
 #include "base/calendar.h"
 #include "base/fatal_error.h"
 #include "objectstore/store_error.h"
-#include "platform/desktop/reader_memory.h"
-#include "platform/desktop/x11.h"
+#include "platform/desktop/display.h"
 #include "platform/notifications/fatal_notification.h"
 #include "platform/session/activation_socket.h"
 #include "platform/session/activation_token.h"
@@ -42,9 +38,7 @@
 #include "store/persistent_container_factory.h"
 #include "store/store_backups.h"
 #include "store/store_fault.h"
-#include "ui/window/accessibility.h"
 #include "ui/window/message_window.h"
-#include "ui/window/toolkit_setting.h"
 
 using namespace hearthmark;
 
@@ -67,63 +61,6 @@ std::optional<std::string_view> answer(int argc, char** argv) {
     return std::nullopt;
 }
 
-// What the toolkit is given: X11 first, also on Wayland desktops, all of which offer it. What the
-// person chose comes after it and wins. Not in the environment, which all inherit that this program
-// starts. The toolkit takes away what it knows, so these are not main()'s own, with which the
-// program begins anew.
-class ToolkitArguments {
- public:
-    ToolkitArguments(int argc, char** argv) : arguments_(argv, argv + argc) {
-        if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) {
-            arguments_.insert(arguments_.begin() + std::min(argc, 1),
-                              {option_.data(), platforms_.data()});
-        }
-        count_ = static_cast<int>(arguments_.size());
-        arguments_.push_back(nullptr);
-    }
-
-    // Both as long as this lives.
-    int& count() { return count_; }
-    char** data() { return arguments_.data(); }
-
- private:
-    std::string option_ = "-platform";
-    std::string platforms_ = "xcb;wayland";
-    std::vector<char*> arguments_;
-    int count_ = 0;
-};
-
-// The toolkit, set up for windows of this program.
-class Toolkit {
- public:
-    Toolkit(int argc, char** argv)
-        : arguments_(argc, argv), application_(prepared().count(), arguments_.data()) {
-        withoutSharedPictures_.reset();
-        if (QLocale().textDirection() == Qt::RightToLeft) {
-            QGuiApplication::setLayoutDirection(Qt::RightToLeft);
-        }
-        ui::prepareAccessibility(&platform::keepFromReadersMemory);
-    }
-
- private:
-    ToolkitArguments& prepared() {
-        // A few words are repainted each second: the software scene graph takes less than half the
-        // memory.
-        QQuickWindow::setGraphicsApi(QSGRendererInterface::Software);
-        QGuiApplication::setApplicationName(QStringLiteral("Hearthmark"));
-        QGuiApplication::setApplicationVersion(QStringLiteral(HEARTHMARK_VERSION));
-        QGuiApplication::setDesktopFileName(QLatin1String(platform::kApplicationId));
-        return arguments_;
-    }
-
-    ToolkitArguments arguments_;
-    // Of a picture that it shares with the X server the toolkit asks, before each change, whether
-    // the last one was taken: two wake-ups each second, for a few words that are sent as fast.
-    std::optional<ui::ToolkitSetting> withoutSharedPictures_{std::in_place, "QT_XCB_NO_MITSHM",
-                                                             "1"};
-    QGuiApplication application_;
-};
-
 // On standard error, and where a person sees it who has no terminal.
 void sayThatItRunsElsewhere(int argc, char** argv,
                             const platform::TerminationSignals& terminationSignals) {
@@ -139,7 +76,7 @@ void sayThatItRunsElsewhere(int argc, char** argv,
         }
     }
     if (platform::hasDisplay()) {
-        const Toolkit toolkit(argc, argv);
+        const app::Toolkit toolkit(argc, argv);
         const auto signalNotifier = terminationSignals.listen(&QCoreApplication::quit);
         ui::showMessageWindow(kMessage);
     }
@@ -154,6 +91,20 @@ int showRunningInstance(int argc, char** argv, const platform::InstanceLock& loc
         }
     }
     sayThatItRunsElsewhere(argc, argv, terminationSignals);
+    return EXIT_FAILURE;
+}
+
+// On standard error, which is the journal for what the bus has started, and to the person, whose
+// desktop may have told the bus too little.
+int sayThatThereIsNoDisplay(int argc, char** argv) {
+    constexpr auto kMessage =
+        "Hearthmark found no display to show its window on. Start it from the desktop. If the "
+        "desktop cannot start it, either, this command, run in a terminal of the desktop, tells "
+        "the session bus where the display is:\n"
+        "dbus-update-activation-environment --systemd DISPLAY XAUTHORITY WAYLAND_DISPLAY";
+    std::cerr << kMessage << std::endl;
+    const QCoreApplication application(argc, argv);
+    platform::notifyBeforeTheEnd(QObject::tr("Hearthmark cannot start"), kMessage);
     return EXIT_FAILURE;
 }
 
@@ -177,7 +128,7 @@ struct Process {
 };
 
 int runApplication(int argc, char** argv, const Process& process) {
-    const Toolkit toolkit(argc, argv);
+    const app::Toolkit toolkit(argc, argv);
     QGuiApplication::setQuitOnLastWindowClosed(false);
     const std::string activationToken = platform::takeActivationToken();
 
@@ -249,6 +200,9 @@ int main(int argc, char** argv) {
     const platform::InstanceLock lock(storeDirectory);
     if (lock.state() == platform::InstanceLock::State::heldByAnother) {
         return showRunningInstance(argc, argv, lock, terminationSignals);
+    }
+    if (!platform::canMakeWindows(std::span(argv, static_cast<std::size_t>(argc)))) {
+        return sayThatThereIsNoDisplay(argc, argv);
     }
     const std::shared_ptr<const base::Clock> clock = app::makeProgramClock();
     const auto backups = std::make_shared<const store::StoreBackups>(

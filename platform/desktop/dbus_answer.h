@@ -1,8 +1,10 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <QDBusError>
 #include <QDBusPendingCall>
 #include <QDBusPendingCallWatcher>
+#include <QLatin1String>
 #include <QObject>
 #include <utility>
 
@@ -18,6 +20,12 @@ void whenAnswered(const QDBusPendingCall& call, QObject* context, OnAnswer onAns
                          watcher->deleteLater();
                          onAnswer(Reply(*watcher));
                      });
+}
+
+// Whether nobody has the name that was called, and nobody was started for it.
+inline bool isOfNobody(const QDBusError& error) {
+    return error.type() == QDBusError::ServiceUnknown ||
+           error.name() == QLatin1String("org.freedesktop.DBus.Error.NameHasNoOwner");
 }
 
 }  // namespace hearthmark::platform

@@ -6,6 +6,8 @@
 #include <QWindow>
 #include <utility>
 
+#include "platform/desktop/window_activation.h"
+
 namespace hearthmark::platform {
 
 namespace {
@@ -16,13 +18,9 @@ class ProgramWindow final : public services::ApplicationWindow {
     explicit ProgramWindow(QWindow* window) : window_(window) {}
 
     void orderFrontRegardless() override {
-        if (!window_) {
-            return;
+        if (window_) {
+            bringToFront(*window_, {});
         }
-        window_->setVisible(true);
-        // Maximised as it may be beside that.
-        window_->setWindowStates(window_->windowStates() & ~Qt::WindowMinimized);
-        window_->raise();
     }
 
     void makeKeyWindow() override {

@@ -5,17 +5,6 @@
 
 namespace hearthmark::platform {
 
-bool hasDisplay() {
-    const QByteArray wanted = qgetenv("QT_QPA_PLATFORM");
-    if (!wanted.isEmpty() && !wanted.contains("xcb") && !wanted.contains("wayland")) {
-        return false;
-    }
-    xcb_connection_t* const connection = xcb_connect(nullptr, nullptr);
-    const bool isConnected = xcb_connection_has_error(connection) == 0;
-    xcb_disconnect(connection);
-    return isConnected || !qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY");
-}
-
 xcb_connection_t* x11Connection() {
     const auto* const x11 = qGuiApp->nativeInterface<QNativeInterface::QX11Application>();
     return x11 != nullptr ? x11->connection() : nullptr;

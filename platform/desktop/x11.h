@@ -16,10 +16,6 @@ struct FreeingX11Reply {
 template <class Reply>
 using X11Reply = std::unique_ptr<Reply, FreeingX11Reply>;
 
-// Whether a window can be shown on an X11 or Wayland display. The toolkit would end a process that
-// finds none.
-bool hasDisplay();
-
 // The toolkit's connection; null where the window system is another one. Requires a
 // QGuiApplication.
 xcb_connection_t* x11Connection();

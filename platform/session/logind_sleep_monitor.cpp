@@ -82,7 +82,7 @@ void LogindSleepMonitor::takeDelayLock() {
             if (!isAsleep_) {
                 delayLock_ = reply.value();
             }
-        } else if (reply.error().type() != QDBusError::ServiceUnknown) {
+        } else if (!isOfNobody(reply.error())) {
             qWarning("The machine will not wait before it sleeps or shuts down: %s",
                      qUtf8Printable(reply.error().message()));
         }

@@ -13,6 +13,7 @@
 #include "platform/desktop/dbus_answer.h"
 #include "platform/desktop/dbus_structure.h"
 #include "platform/session/application_object.h"
+#include "platform/session/startup_sequence.h"
 
 namespace hearthmark::platform {
 
@@ -209,6 +210,7 @@ void StatusNotifierItem::ContextMenu(int /*x*/, int /*y*/) {}
 void StatusNotifierItem::Scroll(int /*delta*/, const QString& /*orientation*/) {}
 
 void StatusNotifierItem::ProvideXdgActivationToken(const QString& token) {
+    endStartupSequence(token.toStdString());
     activationToken_ = token.toUtf8();
 }
 

@@ -5,6 +5,7 @@ accessibility bus and the keyboard."""
 import contextlib
 import ctypes
 import glob
+import json
 import os
 import re
 import shutil
@@ -69,7 +70,6 @@ class Desktop:
         # Where it is noon now, so that no midnight comes.
         os.environ["TZ"] = f"<noon>{time.gmtime().tm_hour - 12}"
         time.tzset()
-        os.environ.pop("WAYLAND_DISPLAY", None)
         os.environ.pop("AT_SPI_BUS_ADDRESS", None)
         # With a display its registry would end when that does, and forget who listens.
         service = os.path.join(self.directory, "org.a11y.Bus.service")
@@ -83,6 +83,7 @@ class Desktop:
 
     def start_display(self):
         """What is started from here on is shown there."""
+        os.environ.pop("WAYLAND_DISPLAY", None)
         reading, writing = os.pipe()
         # A server that resets itself, which it does by default when a client leaves it alone, turns
         # away whoever connects at that moment.
@@ -144,6 +145,36 @@ class Waits:
                 with contextlib.suppress(OSError), open(file, encoding="ascii") as schedule:
                     self.waited[file] = int(schedule.read().split()[1]) / 1e9
         return sum(self.waited.values())
+
+
+class WaylandDesktop(Desktop):
+    """The same with a compositor of Wayland, which needs no graphics card."""
+
+    def start_display(self):
+        # Not in the directory of the rest, into which others cannot look.
+        place = tempfile.mkdtemp(prefix="hearthmark-compositor-")
+        self.places = [*getattr(self, "places", []), place]
+        configuration, socket = os.path.join(place, "config"), os.path.join(place, "sway")
+        with open(configuration, "w", encoding="utf-8") as file:
+            file.write("xwayland disable\noutput * resolution 1200x800\n")
+        # It refuses to be started by root.
+        other = {"user": "nobody", "group": "nogroup", "extra_groups": []} if os.getuid() == 0 else {}
+        if other:
+            shutil.chown(place, "nobody", "nogroup")
+        self.display = self._start(["sway", "--config", configuration], cwd="/", **other, env={
+            **os.environ, "XDG_RUNTIME_DIR": place, "SWAYSOCK": socket, "WLR_BACKENDS": "headless",
+            "WLR_LIBINPUT_NO_DEVICES": "1", "WLR_RENDERER": "pixman"})
+        wait_for(lambda: os.path.exists(socket), "the compositor")
+        os.environ.update(WAYLAND_DISPLAY=os.path.join(place, "wayland-1"), SWAYSOCK=socket,
+                          QT_QPA_PLATFORM="wayland")
+        os.environ.pop("DISPLAY", None)
+        # Holds a keyboard: without any, the first key of another that comes and goes may be lost.
+        self._start(["wtype", "-s", "1000000"])
+
+    def close(self):
+        super().close()
+        for place in self.places:
+            shutil.rmtree(place, ignore_errors=True)
 
 
 class Program:
@@ -358,11 +389,26 @@ def key(*names):
 
 
 def type_text(text):
-    xdotool("type", "--delay", "5", "--", text)
+    if "SWAYSOCK" in os.environ:
+        subprocess.run(["wtype", "--", text], check=True)
+    else:
+        xdotool("type", "--delay", "5", "--", text)
 
 
 def xdotool(*arguments):
     subprocess.run(["xdotool", *map(str, arguments)], check=True)
+
+
+def sway(*command):
+    """Has the compositor do it; what it answers."""
+    return json.loads(subprocess.check_output(["swaymsg", "--raw", *command]))
+
+
+def views(node=None):
+    """Those that the compositor knows: not hidden ones."""
+    node = node or sway("--type", "get_tree")
+    inner = [view for child in node["nodes"] + node["floating_nodes"] for view in views(child)]
+    return [node] * ("pid" in node and node["type"] != "root") + inner
 
 
 def toggle_maximised(window):

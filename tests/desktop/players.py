@@ -36,6 +36,15 @@ LOGIND_XML = f"""<node><interface name="{LOGIND_MANAGER}"><method name="Inhibit"
     <arg type="s" direction="in"/><arg type="h" direction="out"/></method></interface></node>"""
 
 
+SESSION, SESSION_PATH = "org.gnome.SessionManager", "/org/gnome/SessionManager"
+SESSION_CLIENT = SESSION_PATH + "/Client1"
+SESSION_XML = f"""<node><interface name="{SESSION}"><method name="RegisterClient">
+    <arg type="s" direction="in"/><arg type="s" direction="in"/><arg type="o" direction="out"/>
+    </method></interface></node>"""
+CLIENT_XML = f"""<node><interface name="{SESSION}.ClientPrivate"><method name="EndSessionResponse">
+    <arg type="b" direction="in"/><arg type="s" direction="in"/></method></interface></node>"""
+
+
 class Daemon:
     """Takes notifications, unless it refuses each call or what it is to show, or hangs for five
     seconds."""
@@ -126,6 +135,30 @@ class Logind:
     def tell(self, is_starting, what="PrepareForSleep"):
         self.bus.emit_signal(None, LOGIND_PATH, LOGIND_MANAGER, what,
                              GLib.Variant("(b)", (is_starting,)))
+
+
+class SessionManager:
+    """Takes the program as a client, and ends the session for it."""
+
+    def __init__(self):
+        self.answers = []  # whether each agreed
+        self.bus = serve(os.environ["DBUS_SESSION_BUS_ADDRESS"], SESSION, SESSION_PATH, SESSION_XML,
+                         self._register)
+        node = Gio.DBusNodeInfo.new_for_xml(CLIENT_XML)
+        self.bus.register_object(SESSION_CLIENT, node.interfaces[0], self._note)
+
+    def _register(self, *call):
+        is_program = call[5].unpack()[0] == "org.hearthmark.Hearthmark"
+        path = SESSION_CLIENT if is_program else SESSION_PATH + "/Another"
+        call[-1].return_value(GLib.Variant("(o)", (path,)))
+
+    def _note(self, *call):
+        self.answers.append(call[5].unpack()[0])
+        call[-1].return_value(None)
+
+    def tell(self, signal):
+        self.bus.emit_signal(None, SESSION_CLIENT, SESSION + ".ClientPrivate", signal,
+                             GLib.Variant("(u)", (0,)))
 
 
 def start_session_bus(desktop, name):

@@ -13,8 +13,9 @@
 namespace hearthmark::ui {
 
 HomeView::HomeView(std::unique_ptr<HomeAdapter> adapter, std::shared_ptr<MainWindowLoader> loader,
-                   WindowShouldClose windowShouldClose)
+                   WindowShouldClose windowShouldClose, BringToFront bringToFront)
     : windowShouldClose_(std::move(windowShouldClose)),
+      bringToFront_(std::move(bringToFront)),
       adapter_(std::move(adapter)),
       loader_(std::move(loader)),
       window_(loader_->makeWindow(*adapter_)) {
@@ -34,16 +35,7 @@ HomeView::HomeView(std::unique_ptr<HomeAdapter> adapter, std::shared_ptr<MainWin
 HomeView::~HomeView() = default;
 
 void HomeView::show(const std::string& activationToken) {
-    window_->setVisible(true);
-    window_->setWindowStates(window_->windowStates() & ~Qt::WindowMinimized);
-    window_->raise();
-    if (!activationToken.empty()) {
-        // Where the toolkit's Wayland plugin looks for it.
-        qputenv("XDG_ACTIVATION_TOKEN", QByteArray::fromStdString(activationToken));
-    }
-    window_->requestActivate();
-    // It was for this window alone, not for what the program starts.
-    qunsetenv("XDG_ACTIVATION_TOKEN");
+    bringToFront_(*window_, activationToken);
 }
 
 // Also where somebody else shows or hides it.
@@ -52,7 +44,7 @@ void HomeView::setShown(bool isShown) {
         // The window manager has put it back to where and as large as it was before; from there it
         // is to be maximised.
         window_->setPosition(window_->position());
-        window_->setWindowStates(hiddenStates_);
+        window_->setWindowStates(std::exchange(hiddenStates_, Qt::WindowNoState));
     }
     adapter_->setShown(isShown);
 }

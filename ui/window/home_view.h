@@ -5,6 +5,7 @@
 #include <functional>
 #include <memory>
 #include <optional>
+#include <string>
 #include <utility>
 
 #include "services/home_view_factory_protocol.h"
@@ -12,6 +13,7 @@
 #include "ui/window/toolkit_setting.h"
 
 class QQuickWindow;
+class QWindow;
 
 namespace hearthmark::ui {
 
@@ -24,9 +26,11 @@ class HomeView final : public QObject, public services::HomeViewProtocol {
  public:
     // Answers whether the window may close; it may instead hide the program.
     using WindowShouldClose = std::function<bool()>;
+    // Shows the window before all others; the token, which may be empty, lets it take the focus.
+    using BringToFront = std::function<void(QWindow& window, const std::string& activationToken)>;
 
     HomeView(std::unique_ptr<HomeAdapter> adapter, std::shared_ptr<MainWindowLoader> loader,
-             WindowShouldClose windowShouldClose);
+             WindowShouldClose windowShouldClose, BringToFront bringToFront);
     ~HomeView() override;
 
     void show(const std::string& activationToken) override;
@@ -43,6 +47,7 @@ class HomeView final : public QObject, public services::HomeViewProtocol {
     void setShown(bool isShown);
 
     WindowShouldClose windowShouldClose_;
+    BringToFront bringToFront_;
     std::unique_ptr<HomeAdapter> adapter_;
     std::shared_ptr<MainWindowLoader> loader_;
     std::unique_ptr<QQuickWindow> window_;

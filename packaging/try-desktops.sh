@@ -1,0 +1,27 @@
+#!/usr/bin/env bash
+# SPDX-License-Identifier: MIT
+# Usage: try-desktops.sh [DIRECTORY]
+# Runs the program on GNOME Shell and on Plasma, neither of which needs a screen, and puts a picture
+# of each step into the directory, by default build/desktops, and all of them into one sheet. Installs
+# both desktops: for a machine that may have them. Not a part of the tests: it takes some minutes, and
+# whether a picture is right is for a person to say.
+set -euo pipefail
+cd "$(dirname "$0")/.."
+directory="${1:-build/desktops}"
+
+packaging/install-packages.sh build run screen test desktops
+cmake --preset release
+cmake --build --preset release --target hearthmark
+mkdir -p "$directory"
+rm -f "$directory"/*.png
+
+person=()
+if [ "$(id -u)" -eq 0 ]; then
+    # Desktops refuse root. What raises the compositor's priority cannot be had in most containers.
+    setcap -r "$(command -v kwin_wayland)" 2>/dev/null || true
+    chown nobody "$directory"
+    person=(setpriv --reuid=nobody --regid=nogroup --clear-groups)
+fi
+"${person[@]}" python3 -B packaging/try_desktops.py build/release/hearthmark "$directory"
+montage -label '%t' "$directory"/*.png -geometry 640x400+4+4 -tile 4x "$directory/sheet.png"
+echo "All steps at a glance: $directory/sheet.png"

@@ -1,0 +1,16 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <span>
+
+namespace hearthmark::platform {
+
+// Whether a person can be shown a window: an X server or a Wayland compositor takes connections, of
+// the kind that was chosen if one was. Needs no QCoreApplication.
+bool hasDisplay();
+
+// Whether the toolkit, which gets these arguments, can make windows. It would abort a process where
+// it cannot. What it was told of displays beside those two it has to know itself.
+bool canMakeWindows(std::span<char*> arguments);
+
+}  // namespace hearthmark::platform
