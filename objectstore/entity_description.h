@@ -21,15 +21,12 @@ struct AttributeDescription {
     Value (*value)(const ManagedObject& object);
 };
 
-// What becomes of an object when the one that it references is deleted.
-enum class DeleteRule { nullify, cascade };
-
 // A to-one relationship stored in a column, together with its inverse, which is either a list (one
-// to many) or a pointer (one to one) in the destination. The functions do not touch the objects.
+// to many) or a pointer (one to one) in the destination. With the destination the object is
+// deleted. The functions do not touch the objects.
 struct ReferenceDescription {
     std::string name;
     const EntityDescription& (*destination)();
-    DeleteRule deleteRule;
     bool isToMany;  // seen from the destination
     ManagedObject* (*parent)(const ManagedObject& child);
     // Changes both ends. A one-to-one parent lets go of the child that it had.
@@ -53,7 +50,7 @@ class EntityDescription {
     // Adds a reference held in `Parent* Child::Member`, whose inverse is `Inverse` in Parent: a
     // `std::vector<Child*>` or a `Child*`.
     template <auto Member, auto Inverse>
-    EntityDescription&& reference(std::string name, DeleteRule deleteRule) &&;
+    EntityDescription&& reference(std::string name) &&;
 
     const std::string& name() const { return name_; }
     const std::vector<AttributeDescription>& attributes() const { return attributes_; }
@@ -170,10 +167,10 @@ EntityDescription&& EntityDescription::attribute(std::string name) && {
 }
 
 template <auto Member, auto Inverse>
-EntityDescription&& EntityDescription::reference(std::string name, DeleteRule deleteRule) && {
+EntityDescription&& EntityDescription::reference(std::string name) && {
     using Ends = detail::Ends<Member, Inverse>;
-    references_.push_back({std::move(name), &Ends::Parent::entity, deleteRule, Ends::kIsToMany,
-                           &Ends::parent, &Ends::link, &Ends::children, &Ends::unlinkChildren});
+    references_.push_back({std::move(name), &Ends::Parent::entity, Ends::kIsToMany, &Ends::parent,
+                           &Ends::link, &Ends::children, &Ends::unlinkChildren});
     return std::move(*this);
 }
 

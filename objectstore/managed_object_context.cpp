@@ -205,7 +205,7 @@ void ManagedObjectContext::remove(ManagedObject& object) {
     const std::shared_ptr<ManagedObject> held = handle(object);
     object.touch();
     Record& owner = record(object.entityDescription());
-    releaseChildren(owner, object);
+    removeChildren(owner, object);
     for (const ReferenceDescription& reference : owner.entity->references()) {
         object.relate(reference, nullptr);
     }
@@ -217,17 +217,12 @@ void ManagedObjectContext::remove(ManagedObject& object) {
     }
 }
 
-void ManagedObjectContext::releaseChildren(const Record& record, ManagedObject& object) {
+void ManagedObjectContext::removeChildren(const Record& record, ManagedObject& object) {
     for (const ReferenceDescription* inverse : record.inverses) {
         const std::vector<ManagedObject*> children = inverse->children(object);
-        for (ManagedObject* child : children) {
-            child->touch();
-        }
         inverse->unlinkChildren(object);
-        if (inverse->deleteRule == DeleteRule::cascade) {
-            for (ManagedObject* child : children) {
-                remove(*child);
-            }
+        for (ManagedObject* child : children) {
+            remove(*child);
         }
     }
 }

@@ -82,7 +82,7 @@ class ManagedObjectContext {
     void loadRows(Record& record);
     std::shared_ptr<ManagedObject> handle(const ManagedObject& object) const;
     void touched(std::shared_ptr<ManagedObject> object);
-    void releaseChildren(const Record& record, ManagedObject& object);
+    void removeChildren(const Record& record, ManagedObject& object);
     Record& record(const EntityDescription& entity) const;
     std::vector<RowChange> rowChanges() const;
     SavedChanges settle();

@@ -15,8 +15,7 @@ const objectstore::EntityDescription& Interval::entity() {
                                          .attribute<&Interval::creationDate_>("creationDate")
                                          .attribute<&Interval::duration_>("duration")
                                          .attribute<&Interval::maxDuration_>("maxDuration")
-                                         .reference<&Interval::task_, &Task::intervals_>(
-                                             "task", objectstore::DeleteRule::cascade);
+                                         .reference<&Interval::task_, &Task::intervals_>("task");
     return kDescription;
 }
 

@@ -7,12 +7,11 @@
 namespace hearthmark::store {
 
 const objectstore::EntityDescription& Note::entity() {
-    static const auto kDescription =
-        objectstore::EntityDescription::of<Note>("Note")
-            .attribute<&Note::id_>("id")
-            .attribute<&Note::creationDate_>("creationDate")
-            .attribute<&Note::text_>("text")
-            .reference<&Note::task_, &Task::notes_>("task", objectstore::DeleteRule::cascade);
+    static const auto kDescription = objectstore::EntityDescription::of<Note>("Note")
+                                         .attribute<&Note::id_>("id")
+                                         .attribute<&Note::creationDate_>("creationDate")
+                                         .attribute<&Note::text_>("text")
+                                         .reference<&Note::task_, &Task::notes_>("task");
     return kDescription;
 }
 

@@ -12,8 +12,7 @@ const objectstore::EntityDescription& RawIntervalState::entity() {
             .attribute<&RawIntervalState::state_>("state")
             .attribute<&RawIntervalState::started_>("started")
             .attribute<&RawIntervalState::visited_>("visited")
-            .reference<&RawIntervalState::interval_, &Interval::rawState_>(
-                "interval", objectstore::DeleteRule::cascade);
+            .reference<&RawIntervalState::interval_, &Interval::rawState_>("interval");
     return kDescription;
 }
 

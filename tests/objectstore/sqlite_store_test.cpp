@@ -65,6 +65,7 @@ TEST(SqliteStore, LeavesAFileThatItRefusesByteForByteAsItWas) {
         std::function<void(const fs::path&)> damage;
         int error;
         StoreError::Cause cause = StoreError::Cause::damaged;
+        const char* said = "";
     };
     const auto change = [](const char* text) {
         return [text](const fs::path& file) { tests::sql(file, text); };
@@ -81,7 +82,8 @@ TEST(SqliteStore, LeavesAFileThatItRefusesByteForByteAsItWas) {
          },
          20, StoreError::Cause::newerVersion},
         {"unknown", change("PRAGMA user_version = 0"), 20, StoreError::Cause::unknownVersion},
-        {"a column that is missing", change("ALTER TABLE Note RENAME COLUMN text TO t"), 1},
+        {"a column that is missing", change("ALTER TABLE Note RENAME COLUMN text TO t"), 1,
+         StoreError::Cause::damaged, "no such column: text"},
         {"a key that is missing",
          change("ALTER TABLE Task RENAME TO t; CREATE VIEW Task AS "
                 "SELECT NULL AS pk, id, creationDate, name FROM t"),
@@ -102,6 +104,7 @@ TEST(SqliteStore, LeavesAFileThatItRefusesByteForByteAsItWas) {
         ASSERT_TRUE(failure) << row.what;
         EXPECT_EQ(failure->code(), row.error) << row.what;
         EXPECT_EQ(failure->cause(), row.cause) << row.what;
+        EXPECT_NE(std::string(failure->what()).find(row.said), std::string::npos) << row.what;
         EXPECT_TRUE(contents(store.directory.path) == before) << row.what;
     }
     const tests::TemporaryDirectory directory;
