@@ -35,8 +35,11 @@ struct HomeParts {
     template <class Part>
     struct Owned : std::unique_ptr<Part> {
         using std::unique_ptr<Part>::unique_ptr;
+        // NOLINTBEGIN(google-explicit-constructor): it stands for the pointer, which the property
+        // reads
         Owned(std::unique_ptr<Part> part) : std::unique_ptr<Part>(std::move(part)) {}
         operator Part*() const { return this->get(); }
+        // NOLINTEND(google-explicit-constructor)
     };
 
     Owned<AboutAdapter> about;
