@@ -71,8 +71,7 @@ class Item final : public QAccessibleQuickItem, public QAccessibleEditableTextIn
         state.disabled = item()->isEnabled() ? 0 : 1;
 #endif
         // A text is never used, so it is not disabled either, nor is it given the keyboard.
-        const QAccessible::Role role = QAccessibleQuickItem::role();
-        if (role == QAccessible::StaticText || role == QAccessible::Heading) {
+        if (isText()) {
             state.disabled = 0;
             state.focusable = item()->activeFocusOnTab() ? state.focusable : 0;
         }
@@ -108,6 +107,9 @@ class Item final : public QAccessibleQuickItem, public QAccessibleEditableTextIn
     }
 
     QStringList actionNames() const override {
+        if (isText() && !item()->isEnabled()) {
+            return {};
+        }
         QStringList names = QAccessibleQuickItem::actionNames();
         if (hasMenu()) {
             names.append(showMenuAction());
@@ -138,6 +140,10 @@ class Item final : public QAccessibleQuickItem, public QAccessibleEditableTextIn
     }
 
  private:
+    bool isText() const {
+        const QAccessible::Role role = QAccessibleQuickItem::role();
+        return role == QAccessible::StaticText || role == QAccessible::Heading;
+    }
     // Of a menu item that can be checked; invalid for other items. What the item says itself the
     // template overwrites.
     QVariant checked() const {
