@@ -83,13 +83,16 @@ class Item final : public QAccessibleQuickItem, public QAccessibleEditableTextIn
     }
 
     QString text(QAccessible::Text kind) const override {
-        if (keepFromMemory != nullptr && item()->property(kTicks).isValid()) {
+        if (keepFromMemory != nullptr && role() == QAccessible::ListItem &&
+            item()->property(kTicks).isValid()) {
             // After the answer, which is being made.
             QMetaObject::invokeMethod(
                 item(),
-                [item = item()] {
-                    keepFromMemory(
-                        QAccessible::uniqueId(QAccessible::queryAccessibleInterface(item)));
+                [item = item(), name = QAccessibleQuickItem::text(QAccessible::Name),
+                 description = QAccessibleQuickItem::text(QAccessible::Description)] {
+                    if (auto* const told = QAccessible::queryAccessibleInterface(item)) {
+                        keepFromMemory(*told, name, description);
+                    }
                 },
                 Qt::QueuedConnection);
         }
@@ -202,10 +205,11 @@ bool announces([[maybe_unused]] QAccessibleEvent& event) {
     QAccessibleInterface* const shown =
         event.type() == QAccessible::ObjectShow ? event.accessibleInterface() : nullptr;
     if (shown != nullptr && shown->role() == QAccessible::Notification) {
+        const QString name = shown->text(QAccessible::Name);
         if (keepFromMemory != nullptr) {
-            keepFromMemory(QAccessible::uniqueId(shown));
+            keepFromMemory(*shown, name, shown->text(QAccessible::Description));
         }
-        QAccessibleAnnouncementEvent announcement(event.object(), shown->text(QAccessible::Name));
+        QAccessibleAnnouncementEvent announcement(event.object(), name);
         passOn(&announcement);
         return true;
     }
