@@ -331,6 +331,7 @@ class Use(ProgramTest):
         place = extents(program.find("Task 9997", "list item"))
         xdotool("mousemove", place.x + 40, place.y + 20, "click", "--repeat", 10, 5)
         wait_for(lambda: "Task 10000" not in program.names(), "the list to scroll")
+        wait_for(lambda: program.names() == (time.sleep(0.3) or program.names()), "it to stand still")
         click(program.find(program.names()[5], "list item"), button=3)
         program.find("Delete", "menu item")
         before, rows = program.names(), program.find_all("Tasks", "list")[0].childCount

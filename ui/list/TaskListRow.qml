@@ -28,12 +28,12 @@ RowOfKind {
     shownKind: root.kind === TaskListModel.Header ? header : root.kind === TaskListModel.Hint ? hint : root.intervalViewStates ? running : nonRunning
     implicitHeight: root.content ? root.content.height + 2 * root.content.y : 0
     enabled: root.isTask
-    Accessible.ignored: !root.isTask
-    Accessible.role: Accessible.ListItem
+    // A row cannot be ignored: newer views take that back when it comes into sight.
+    Accessible.role: root.isTask ? Accessible.ListItem : root.kind === TaskListModel.Header ? Accessible.Heading : Accessible.StaticText
     Accessible.name: root.text
     Accessible.description: root.description
-    Accessible.focusable: true
-    Accessible.selectable: true
+    Accessible.focusable: root.isTask
+    Accessible.selectable: root.isTask
     Accessible.selected: root.isSelected
     Accessible.onPressAction: root.tapped()
 
@@ -43,6 +43,7 @@ RowOfKind {
         SectionHeader {
             width: root.width
             text: root.text
+            Accessible.ignored: true
         }
     }
 
@@ -52,6 +53,7 @@ RowOfKind {
         SectionHint {
             width: root.width
             text: root.text
+            Accessible.ignored: true
         }
     }
 

@@ -71,8 +71,7 @@ class Item final : public QAccessibleQuickItem, public QAccessibleEditableTextIn
         state.disabled = item()->isEnabled() ? 0 : 1;
 #endif
         // A text is never used, so it is not disabled either, nor is it given the keyboard.
-        const QAccessible::Role role = QAccessibleQuickItem::role();
-        if (role == QAccessible::StaticText || role == QAccessible::Heading) {
+        if (isText()) {
             state.disabled = 0;
             state.focusable = item()->activeFocusOnTab() ? state.focusable : 0;
         }
@@ -84,13 +83,16 @@ class Item final : public QAccessibleQuickItem, public QAccessibleEditableTextIn
     }
 
     QString text(QAccessible::Text kind) const override {
-        if (keepFromMemory != nullptr && item()->property(kTicks).isValid()) {
+        if (keepFromMemory != nullptr && role() == QAccessible::ListItem &&
+            item()->property(kTicks).isValid()) {
             // After the answer, which is being made.
             QMetaObject::invokeMethod(
                 item(),
-                [item = item()] {
-                    keepFromMemory(
-                        QAccessible::uniqueId(QAccessible::queryAccessibleInterface(item)));
+                [item = item(), name = QAccessibleQuickItem::text(QAccessible::Name),
+                 description = QAccessibleQuickItem::text(QAccessible::Description)] {
+                    if (auto* const told = QAccessible::queryAccessibleInterface(item)) {
+                        keepFromMemory(*told, name, description);
+                    }
                 },
                 Qt::QueuedConnection);
         }
@@ -108,6 +110,9 @@ class Item final : public QAccessibleQuickItem, public QAccessibleEditableTextIn
     }
 
     QStringList actionNames() const override {
+        if (isText() && !item()->isEnabled()) {
+            return {};
+        }
         QStringList names = QAccessibleQuickItem::actionNames();
         if (hasMenu()) {
             names.append(showMenuAction());
@@ -138,6 +143,10 @@ class Item final : public QAccessibleQuickItem, public QAccessibleEditableTextIn
     }
 
  private:
+    bool isText() const {
+        const QAccessible::Role role = QAccessibleQuickItem::role();
+        return role == QAccessible::StaticText || role == QAccessible::Heading;
+    }
     // Of a menu item that can be checked; invalid for other items. What the item says itself the
     // template overwrites.
     QVariant checked() const {
@@ -196,10 +205,11 @@ bool announces([[maybe_unused]] QAccessibleEvent& event) {
     QAccessibleInterface* const shown =
         event.type() == QAccessible::ObjectShow ? event.accessibleInterface() : nullptr;
     if (shown != nullptr && shown->role() == QAccessible::Notification) {
+        const QString name = shown->text(QAccessible::Name);
         if (keepFromMemory != nullptr) {
-            keepFromMemory(QAccessible::uniqueId(shown));
+            keepFromMemory(*shown, name, shown->text(QAccessible::Description));
         }
-        QAccessibleAnnouncementEvent announcement(event.object(), shown->text(QAccessible::Name));
+        QAccessibleAnnouncementEvent announcement(event.object(), name);
         passOn(&announcement);
         return true;
     }

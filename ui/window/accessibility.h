@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QAccessible>
+#include <QString>
 
 namespace hearthmark::ui {
 
@@ -12,11 +13,13 @@ namespace hearthmark::ui {
 // causes no event. Whoever asks gets the present text.
 //
 // Some readers remember a text once they have read it. Each time one of these items was read, the
-// function is called with it, to make them forget.
+// function is called with it and the texts that it has, to make them forget. The function must not
+// read them itself.
 //
 // For the whole process. Called once, after the application object was made and before the first
 // window.
-using KeepFromMemory = void (*)(QAccessible::Id);
+using KeepFromMemory = void (*)(QAccessibleInterface& item, const QString& name,
+                                const QString& description);
 void prepareAccessibility(KeepFromMemory keepFromMemory);
 
 }  // namespace hearthmark::ui
