@@ -11,7 +11,7 @@ import tempfile
 import time
 import unittest
 
-from driver import (Desktop, ProgramTest, extents, has_focus, is_showing, key, new_id, now, press,
+from driver import (Desktop, ProgramTest, complaints, extents, has_focus, is_showing, key, new_id, now, press,
                     type_text, wait_for, xdotool)
 from players import Daemon, PATIENCE, Questions
 
@@ -150,7 +150,7 @@ class RandomUse(ProgramTest):
         self.questions.start()
 
     def assert_fine(self):
-        errors = (self.program.process.stderr.read() or b"").decode()
+        errors = complaints(self.program.process.stderr.read() or b"")
         self.assertFalse(errors, errors[:1000])
         if not self.questions.is_alive():
             wait_for(lambda: self.program.process.poll() is not None, "an answer, or the end")

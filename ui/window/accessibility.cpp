@@ -7,6 +7,7 @@
 #include <QVariant>
 // No version offers a public way to add to what an item tells.
 #include <private/qaccessiblequickitem_p.h>
+#include <private/qquickaccessibleattached_p.h>
 #include <private/qquickitem_p.h>
 
 // From 6.5 on the toolkit does so itself.
@@ -40,6 +41,17 @@ bool isBehindPopup(const QQuickItem& item) {
            overlayAround(&item) == nullptr;
 }
 
+// From 6.8 on a list lets readers know only of the rows in sight, and now and then not of one that
+// has come back. What is out of sight its states say.
+void tellOfRow(QQuickItem& item) {
+    const QQuickItem* const content = item.parentItem();
+    const QQuickItem* const view = content != nullptr ? content->parentItem() : nullptr;
+    if (view != nullptr && view->inherits("QQuickListView") &&
+        QQuickAccessibleAttached::attachedProperties(&item) != nullptr) {
+        QQuickItemPrivate::get(&item)->isAccessible = true;
+    }
+}
+
 // Also tells what can be checked, and lets assistive programs write into the editors, open the
 // rows' menus and ask how far a progress bar is.
 class Item final : public QAccessibleQuickItem, public QAccessibleEditableTextInterface {
@@ -53,6 +65,26 @@ class Item final : public QAccessibleQuickItem, public QAccessibleEditableTextIn
             QAccessible::updateAccessibility(&event);
         });
 #endif
+    }
+
+    int childCount() const override {
+        tellOfRows();
+        return QAccessibleQuickItem::childCount();
+    }
+
+    QAccessibleInterface* child(int index) const override {
+        tellOfRows();
+        return QAccessibleQuickItem::child(index);
+    }
+
+    QAccessibleInterface* childAt(int x, int y) const override {
+        tellOfRows();
+        return QAccessibleQuickItem::childAt(x, y);
+    }
+
+    int indexOfChild(const QAccessibleInterface* child) const override {
+        tellOfRows();
+        return QAccessibleQuickItem::indexOfChild(child);
     }
 
     // The platform tells of no menu item that it can be checked. Of the items of lists alone it
@@ -143,6 +175,14 @@ class Item final : public QAccessibleQuickItem, public QAccessibleEditableTextIn
     }
 
  private:
+    void tellOfRows() const {
+        if (item()->inherits("QQuickListView")) {
+            for (QQuickItem* row :
+                 item()->property("contentItem").value<QQuickItem*>()->childItems()) {
+                tellOfRow(*row);
+            }
+        }
+    }
     bool isText() const {
         const QAccessible::Role role = QAccessibleQuickItem::role();
         return role == QAccessible::StaticText || role == QAccessible::Heading;
@@ -164,7 +204,11 @@ class Item final : public QAccessibleQuickItem, public QAccessibleEditableTextIn
 // Asked with the most derived class first, and so before the toolkit's own.
 QAccessibleInterface* makeInterface(const QString& /*className*/, QObject* object) {
     auto* item = qobject_cast<QQuickItem*>(object);
-    return item != nullptr && QQuickItemPrivate::get(item)->isAccessible ? new Item(item) : nullptr;
+    if (item == nullptr) {
+        return nullptr;
+    }
+    tellOfRow(*item);
+    return QQuickItemPrivate::get(item)->isAccessible ? new Item(item) : nullptr;
 }
 
 bool isTick(const QAccessibleEvent& event) {
