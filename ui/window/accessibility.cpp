@@ -14,6 +14,9 @@
 #define HEARTHMARK_REPORTS_DISABLED_ITEMS (QT_VERSION < QT_VERSION_CHECK(6, 5, 0))
 // From 6.8 on it has an event for what is to be said.
 #define HEARTHMARK_HAS_ANNOUNCEMENTS (QT_VERSION >= QT_VERSION_CHECK(6, 8, 0))
+// From 6.8 on a list lets readers know only of the rows in sight, and now and then not of one that
+// has come back. What is out of sight its states say.
+#define HEARTHMARK_LISTS_HIDE_ROWS (QT_VERSION >= QT_VERSION_CHECK(6, 8, 0))
 
 namespace hearthmark::ui {
 
@@ -41,15 +44,15 @@ bool isBehindPopup(const QQuickItem& item) {
            overlayAround(&item) == nullptr;
 }
 
-// From 6.8 on a list lets readers know only of the rows in sight, and now and then not of one that
-// has come back. What is out of sight its states say.
-void tellOfRow(QQuickItem& item) {
+void tellOfRow([[maybe_unused]] QQuickItem& item) {
+#if HEARTHMARK_LISTS_HIDE_ROWS
     const QQuickItem* const content = item.parentItem();
     const QQuickItem* const view = content != nullptr ? content->parentItem() : nullptr;
     if (view != nullptr && view->inherits("QQuickListView") &&
         QQuickAccessibleAttached::attachedProperties(&item) != nullptr) {
         QQuickItemPrivate::get(&item)->isAccessible = true;
     }
+#endif
 }
 
 // Also tells what can be checked, and lets assistive programs write into the editors, open the
@@ -67,6 +70,7 @@ class Item final : public QAccessibleQuickItem, public QAccessibleEditableTextIn
 #endif
     }
 
+#if HEARTHMARK_LISTS_HIDE_ROWS
     int childCount() const override {
         tellOfRows();
         return QAccessibleQuickItem::childCount();
@@ -86,6 +90,7 @@ class Item final : public QAccessibleQuickItem, public QAccessibleEditableTextIn
         tellOfRows();
         return QAccessibleQuickItem::indexOfChild(child);
     }
+#endif
 
     // The platform tells of no menu item that it can be checked. Of the items of lists alone it
     // says that nobody may remember their texts, so what ticks is one of them.
@@ -175,6 +180,7 @@ class Item final : public QAccessibleQuickItem, public QAccessibleEditableTextIn
     }
 
  private:
+#if HEARTHMARK_LISTS_HIDE_ROWS
     void tellOfRows() const {
         if (item()->inherits("QQuickListView")) {
             for (QQuickItem* row :
@@ -183,6 +189,7 @@ class Item final : public QAccessibleQuickItem, public QAccessibleEditableTextIn
             }
         }
     }
+#endif
     bool isText() const {
         const QAccessible::Role role = QAccessibleQuickItem::role();
         return role == QAccessible::StaticText || role == QAccessible::Heading;
