@@ -197,12 +197,14 @@ bool ticks(const QObject* item) {
     return item != nullptr && item->property(kTicks).toBool();
 }
 
-void tellOfRow(QQuickItem& item) {
-    const QQuickItem* const content = item.parentItem();
-    const QQuickItem* const view = content != nullptr ? content->parentItem() : nullptr;
-    if (kListsHideRows && view != nullptr && view->inherits("QQuickListView") &&
-        QQuickAccessibleAttached::attachedProperties(&item) != nullptr) {
-        QQuickItemPrivate::get(&item)->isAccessible = true;
+void tellOfRow([[maybe_unused]] QQuickItem& item) {
+    if constexpr (kListsHideRows) {
+        const QQuickItem* const content = item.parentItem();
+        const QQuickItem* const view = content != nullptr ? content->parentItem() : nullptr;
+        if (view != nullptr && view->inherits("QQuickListView") &&
+            QQuickAccessibleAttached::attachedProperties(&item) != nullptr) {
+            QQuickItemPrivate::get(&item)->isAccessible = true;
+        }
     }
 }
 
