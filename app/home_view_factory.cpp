@@ -8,6 +8,7 @@
 #include "presentation/focus_announcement_view_model.h"
 #include "presentation/restore_backup_view_model.h"
 #include "presentation/undo_deletion_view_model.h"
+#include "presentation/undo_menu_view_model.h"
 #include "presentation/view_model_factories.h"
 #include "services/in_step_time_keeping_provider.h"
 #include "ui/window/home_adapter.h"
@@ -16,8 +17,8 @@
 namespace hearthmark::app {
 
 std::unique_ptr<services::HomeViewProtocol> HomeViewFactory::makeHomeView() {
-    const auto& [service, liveDataFactory, clock, selectedTaskId, drafts, timeKeepingProvider,
-                 windowLoader, ports, program, actions] = parts_;
+    const auto& [service, undoHistory, liveDataFactory, clock, selectedTaskId, drafts,
+                 timeKeepingProvider, windowLoader, ports, program, actions] = parts_;
     const presentation::HomeVMFactory homeVMFactory(
         service, std::make_shared<presentation::SelectedTaskIdPublisher>(*selectedTaskId));
     const auto beat = std::make_shared<services::InStepTimeKeepingProvider>(timeKeepingProvider);
@@ -44,7 +45,9 @@ std::unique_ptr<services::HomeViewProtocol> HomeViewFactory::makeHomeView() {
         .startAtLogin = std::make_unique<ui::StartAtLoginAdapter>(ports.startAtLogin),
         .undo =
             std::make_unique<ui::UndoAdapter>(std::make_shared<presentation::UndoDeletionViewModel>(
-                service, timeKeepingProvider, clock)),
+                service, undoHistory, timeKeepingProvider, clock)),
+        .undoMenu = std::make_unique<ui::UndoMenuAdapter>(
+            std::make_shared<presentation::UndoMenuViewModel>(undoHistory)),
         .unseenFinishes =
             std::make_unique<ui::UnseenFinishesAdapter>(ports.unseenFinishes, selectedTaskId),
         .updates = std::make_unique<ui::UpdateAdapter>(

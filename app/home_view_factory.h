@@ -19,6 +19,7 @@
 #include "store/data_operations_service_protocol.h"
 #include "store/live_data.h"
 #include "store/store_backups.h"
+#include "store/undo_history.h"
 #include "ui/sheets/about_adapter.h"
 #include "ui/window/home_view_subviews_factory.h"
 #include "ui/window/main_window_loader.h"
@@ -50,6 +51,7 @@ class HomeViewFactory final : public services::HomeViewFactoryProtocol {
 
     struct Parts {
         std::shared_ptr<store::DataOperationsServiceProtocol> dataOperationsService;
+        std::shared_ptr<store::UndoHistory> undoHistory;
         std::shared_ptr<const store::LiveDataProvidingFactoryProtocol> liveDataFactory;
         std::shared_ptr<const base::Clock> clock;
         std::shared_ptr<presentation::SelectedTaskId> mutableSelectedTaskId;

@@ -45,8 +45,9 @@ TasksApp::TasksApp(const Environment& environment)
         environment.fatal);
     drafts_ = std::make_shared<presentation::NoteDrafts>(dataOperationsService_, *liveDataFactory);
     homeViewFactory_ = std::make_shared<HomeViewFactory>(HomeViewFactory::Parts{
-        dataOperationsService_, liveDataFactory, clock_, selectedTaskId_, drafts_,
-        timeKeepingProvider, windowLoader, environment.homeViewPorts, environment.program,
+        dataOperationsService_, std::make_shared<store::UndoHistory>(dataOperationsService_),
+        liveDataFactory, clock_, selectedTaskId_, drafts_, timeKeepingProvider, windowLoader,
+        environment.homeViewPorts, environment.program,
         HomeViewFactory::Actions{
             .windowShouldClose = [this] { return appDelegate_.windowShouldClose(); },
             .quit = environment.quit,

@@ -2,7 +2,6 @@
 #include "presentation/undo_deletion_view_model.h"
 
 #include <utility>
-#include <variant>
 
 #include "base/weakly.h"
 #include "presentation/texts.h"
@@ -13,32 +12,49 @@ namespace {
 
 constexpr base::Seconds kTick{1};
 
-std::string textOf(const store::Deletion& deletion) {
-    if (const auto* task = std::get_if<store::DeletedTask>(&deletion)) {
-        return "Task deleted: " + orDash(task->name);
+// Empty for what is no deletion.
+std::string textOf(const store::Change& change) {
+    switch (change.kind) {
+        case store::Change::Kind::deleteTask:
+            return "Task deleted: " + orDash(change.taskName);
+        case store::Change::Kind::deleteInterval:
+            return "Interval deleted";
+        case store::Change::Kind::deleteNote:
+            return "Note deleted";
+        default:
+            return {};
     }
-    return std::holds_alternative<store::TakenInterval>(deletion) ? "Interval deleted"
-                                                                  : "Note deleted";
 }
 
 }  // namespace
 
 UndoDeletionViewModel::UndoDeletionViewModel(
     std::shared_ptr<store::DataOperationsServiceProtocol> dataOperationsService,
+    std::shared_ptr<store::UndoHistory> undoHistory,
     std::shared_ptr<services::TimeKeepingProviderProtocol> timeKeepingProvider,
     std::shared_ptr<const base::Clock> clock)
     : dataOperationsService_(std::move(dataOperationsService)),
+      undoHistory_(std::move(undoHistory)),
       timeKeepingProvider_(std::move(timeKeepingProvider)),
       clock_(std::move(clock)) {}
 
 void UndoDeletionViewModel::startObserving() {
-    cancellable_ = dataOperationsService_->latestDeletion().subscribeDidChange(base::weakly(
+    cancellables_.push_back(dataOperationsService_->latestChange().subscribeDidChange(base::weakly(
         weak_from_this(),
-        [](auto& self) { self.offer(self.dataOperationsService_->latestDeletion().value()); }));
+        [](auto& self) { self.offer(self.dataOperationsService_->latestChange().value()); })));
+    cancellables_.push_back(
+        undoHistory_->state().subscribeDidChange(base::weakly(weak_from_this(), [](auto& self) {
+            self.dropOffers([&self](const Offer& offer) {
+                return !self.undoHistory_->contains(offer.deletion);
+            });
+        })));
 }
 
-void UndoDeletionViewModel::offer(std::shared_ptr<const store::Deletion> deletion) {
-    offers_.push_back({.deletion = std::move(deletion), .until = clock_->now() + kUndoTime});
+void UndoDeletionViewModel::offer(store::UndoHistory::Step change) {
+    if (textOf(*change).empty()) {
+        return;
+    }
+    offers_.push_back({.deletion = std::move(change), .until = clock_->now() + store::kUndoTime});
     if (!timer_) {
         timer_ = timeKeepingProvider_->makeTimer(
             kTick, services::Repeats::yes,
@@ -52,19 +68,19 @@ void UndoDeletionViewModel::undo() {
     if (offers_.empty()) {
         return;
     }
-    const Offer latest = std::move(offers_.back());
-    offers_.pop_back();
-    dataOperationsService_->undo(*latest.deletion);
-    show();
+    undoHistory_->undo(offers_.back().deletion);
 }
 
 void UndoDeletionViewModel::dropOldOffers() {
-    const base::Date now = clock_->now();
     // A clock that was set back must not keep one for ever.
-    const auto dropped = std::erase_if(offers_, [now](const Offer& offer) {
-        return offer.until <= now || offer.until > now + kUndoTime;
+    dropOffers([now = clock_->now()](const Offer& offer) {
+        return offer.until <= now || offer.until > now + store::kUndoTime;
     });
-    if (dropped > 0) {
+}
+
+template <class Condition>
+void UndoDeletionViewModel::dropOffers(const Condition& isOver) {
+    if (std::erase_if(offers_, isOver) > 0) {
         show();
     }
 }

@@ -14,11 +14,9 @@
 #include "services/owned_timer.h"
 #include "services/ports/time_keeping.h"
 #include "store/data_operations_service_protocol.h"
+#include "store/undo_history.h"
 
 namespace hearthmark::presentation {
-
-// How long a deletion can be undone.
-constexpr base::Seconds kUndoTime{10};
 
 // What the undo bar shows.
 struct UndoDeletionViewState {
@@ -27,12 +25,13 @@ struct UndoDeletionViewState {
 };
 
 // Offers to undo the latest deletion for ten seconds, and after it the one before, for what is left
-// of its own. Main thread.
+// of its own. One that was undone otherwise is not offered any more. Main thread.
 class UndoDeletionViewModel final : public std::enable_shared_from_this<UndoDeletionViewModel> {
  public:
     // To be held by a shared pointer: its closures hold it weakly.
     UndoDeletionViewModel(
         std::shared_ptr<store::DataOperationsServiceProtocol> dataOperationsService,
+        std::shared_ptr<store::UndoHistory> undoHistory,
         std::shared_ptr<services::TimeKeepingProviderProtocol> timeKeepingProvider,
         std::shared_ptr<const base::Clock> clock);
 
@@ -44,24 +43,27 @@ class UndoDeletionViewModel final : public std::enable_shared_from_this<UndoDele
 
  private:
     struct Offer {
-        std::shared_ptr<const store::Deletion> deletion;
+        store::UndoHistory::Step deletion;
         base::Date until;
     };
 
-    void offer(std::shared_ptr<const store::Deletion> deletion);
+    void offer(store::UndoHistory::Step change);
     void undo();
     void dropOldOffers();
+    template <class Condition>
+    void dropOffers(const Condition& isOver);
     void show();
 
     livedata::Published<std::optional<UndoDeletionViewState>> viewState_;
     std::shared_ptr<store::DataOperationsServiceProtocol> dataOperationsService_;
+    std::shared_ptr<store::UndoHistory> undoHistory_;
     std::shared_ptr<services::TimeKeepingProviderProtocol> timeKeepingProvider_;
     std::shared_ptr<const base::Clock> clock_;
     // Oldest first.
     std::vector<Offer> offers_;
     // Present only while something is offered.
     services::OwnedTimer timer_;
-    livedata::Subscription cancellable_;
+    std::vector<livedata::Subscription> cancellables_;
 };
 
 }  // namespace hearthmark::presentation

@@ -200,6 +200,7 @@ QImage Stage::pictureOfHome(const Preview& preview) {
     const auto view =
         app::HomeViewFactory(
             {service,
+             std::make_shared<store::UndoHistory>(service),
              liveDataFactory,
              clock,
              std::make_shared<presentation::SelectedTaskId>(std::nullopt),

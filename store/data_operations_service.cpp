@@ -1,30 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "store/data_operations_service.h"
 
-#include <algorithm>
 #include <utility>
 
 #include "store/note.h"
 #include "store/unresolved_error.h"
 
 namespace hearthmark::store {
-
-namespace {
-
-// The first with the id; null where there is none.
-template <class Range>
-auto* firstWithId(const Range& objects, const base::Uuid& id) {
-    const auto found =
-        std::ranges::find_if(objects, [&id](const auto* object) { return object->id() == id; });
-    return found != objects.end() ? *found : nullptr;
-}
-
-template <class Entity>
-std::shared_ptr<Entity> handle(Entity& entity) {
-    return std::static_pointer_cast<Entity>(entity.shared_from_this());
-}
-
-}  // namespace
 
 DataOperationsService::DataOperationsService(
     const LiveDataProvidingFactoryProtocol& liveDataProvidingFactory,
@@ -40,79 +22,105 @@ DataOperationsService::DataOperationsService(
 }
 
 void DataOperationsService::createTask(const std::string& name) {
-    const auto task = context().insert<Task>();
-    task->setId(base::Uuid::random());
-    task->setCreationDate(clock_->now());
-    task->setName(name);
-    save();
+    const base::Uuid id = base::Uuid::random();
+    change(Change::Kind::addTask, id,
+           AddTask{.task = {.id = id,
+                            .creationDate = clock_->now(),
+                            .name = name,
+                            .intervals = {},
+                            .notes = {}},
+                   .removedAt = std::nullopt});
 }
 
 void DataOperationsService::deleteTask(const base::Uuid& taskId) {
-    if (Task* found = task(taskId)) {
-        Deletion deletion = deletedTask(*found);
-        context().remove(*found);
-        saveDeletion(std::move(deletion));
-    }
+    change(Change::Kind::deleteTask, taskId, RemoveTask{taskId});
 }
 
-void DataOperationsService::addInterval(const IntervalData& interval, const base::Uuid& taskId) {
-    if (Task* found = task(taskId)) {
-        found->addIntervalsObject(*Interval::create(interval, context()));
+void DataOperationsService::renameTask(const base::Uuid& taskId, const std::string& name) {
+    change(Change::Kind::renameTask, taskId, RenameTask{.taskId = taskId, .name = name});
+}
+
+void DataOperationsService::addInterval(const IntervalData& data, const base::Uuid& taskId) {
+    if (data.state.isFinished()) {
+        change(Change::Kind::addInterval, taskId,
+               Add<IntervalRecord>{
+                   .record = {.id = data.id,
+                              .creationDate = data.creationDate,
+                              .duration = data.duration,
+                              .maxDuration = data.maxDuration,
+                              .rawState = {{.state = static_cast<std::int16_t>(StateCode::finished),
+                                            .started = std::nullopt,
+                                            .visited = std::nullopt}}},
+                   .taskId = taskId});
+    } else if (Task* found = task(taskId)) {
+        found->addIntervalsObject(*Interval::create(data, context()));
         save();
     }
 }
 
 void DataOperationsService::finishInterval(const base::Uuid& intervalId, const base::Uuid& taskId) {
-    Task* owner = task(taskId);
-    Interval* interval = owner != nullptr ? firstWithId(owner->intervals(), intervalId) : nullptr;
-    if (interval == nullptr) {
+    Interval* found = interval(intervalId, taskId);
+    if (found == nullptr) {
         return;
     }
-    interval->setDuration(interval->totalDuration(clock_->now()));
-    if (interval->rawState() != nullptr) {
-        interval->rawState()->close();
+    found->setDuration(found->totalDuration(clock_->now()));
+    if (found->rawState() != nullptr) {
+        found->rawState()->close();
     }
     save();
 }
 
 void DataOperationsService::deleteInterval(const base::Uuid& intervalId, const base::Uuid& taskId) {
-    Task* owner = task(taskId);
-    Interval* interval = owner != nullptr ? firstWithId(owner->intervals(), intervalId) : nullptr;
-    if (interval != nullptr) {
-        owner->removeIntervalsObject(*interval);
-        saveDeletion(TakenInterval{handle(*interval), taskId});
+    change(Change::Kind::deleteInterval, taskId,
+           Take<Interval>{.id = intervalId, .taskId = taskId});
+}
+
+void DataOperationsService::correctInterval(const base::Uuid& intervalId, const base::Uuid& taskId,
+                                            const IntervalCorrection& correction) {
+    if (const Interval* found = interval(intervalId, taskId)) {
+        change(Change::Kind::correctInterval, taskId,
+               correctingEdit(*found, intervalId, taskId, correction, clock_->now()));
+    }
+}
+
+void DataOperationsService::extendInterval(const base::Uuid& intervalId, const base::Uuid& taskId,
+                                           base::Seconds by) {
+    const Interval* found = interval(intervalId, taskId);
+    if (found != nullptr && found->isRunning() && found->maxDuration() > base::Seconds(0)) {
+        const IntervalCorrection correction{.maxDuration = found->maxDuration() + by};
+        change(Change::Kind::extendInterval, taskId,
+               correctingEdit(*found, intervalId, taskId, correction, clock_->now()));
     }
 }
 
 void DataOperationsService::addNote(const NoteData& note, const base::Uuid& taskId) {
-    if (Task* found = task(taskId)) {
-        found->addNotesObject(*Note::create(note, context()));
-        save();
-    }
+    change(Change::Kind::addNote, taskId,
+           Add<NoteRecord>{
+               .record = {.id = note.id, .creationDate = note.creationDate, .text = note.text},
+               .taskId = taskId});
 }
 
 void DataOperationsService::deleteNote(const base::Uuid& noteId, const base::Uuid& taskId) {
-    Task* owner = task(taskId);
-    Note* note = owner != nullptr ? firstWithId(owner->notes(), noteId) : nullptr;
-    if (note != nullptr) {
-        owner->removeNotesObject(*note);
-        saveDeletion(TakenNote{handle(*note), taskId});
-    }
+    change(Change::Kind::deleteNote, taskId, Take<Note>{.id = noteId, .taskId = taskId});
 }
 
-void DataOperationsService::undo(const Deletion& deletion) {
-    if (const auto* deleted = std::get_if<DeletedTask>(&deletion)) {
-        putBack(*deleted, context());
-    } else if (const auto* interval = std::get_if<TakenInterval>(&deletion)) {
-        if (Task* owner = task(interval->taskId)) {
-            owner->addIntervalsObject(*interval->interval);
-        }
-    } else if (const auto* note = std::get_if<TakenNote>(&deletion)) {
-        if (Task* owner = task(note->taskId)) {
-            owner->addNotesObject(*note->note);
-        }
-    }
-    save();
+void DataOperationsService::editNote(const base::Uuid& noteId, const base::Uuid& taskId,
+                                     const std::string& text) {
+    change(Change::Kind::editNote, taskId,
+           EditNote{.noteId = noteId, .taskId = taskId, .text = text});
+}
+
+void DataOperationsService::moveNote(const base::Uuid& noteId, const base::Uuid& taskId,
+                                     const base::Uuid& newTaskId) {
+    change(Change::Kind::moveNote, taskId,
+           MoveNote{.noteId = noteId, .taskId = taskId, .newTaskId = newTaskId});
+}
+
+std::shared_ptr<const Change> DataOperationsService::undo(const Change& change) {
+    std::optional<Edit> inverse = applyAndSave(change.inverse);
+    return inverse
+               ? std::make_shared<const Change>(change.kind, change.taskName, *std::move(inverse))
+               : nullptr;
 }
 
 void DataOperationsService::finishDueIntervals() {
@@ -178,17 +186,46 @@ Task* DataOperationsService::task(const base::Uuid& taskId) const {
     return taskWithId(tasksProvider_->currentItems()->value(), taskId);
 }
 
-void DataOperationsService::saveDeletion(Deletion deletion) {
-    save();
-    latestDeletion_.setValue(std::make_shared<const Deletion>(std::move(deletion)));
+Interval* DataOperationsService::interval(const base::Uuid& intervalId,
+                                          const base::Uuid& taskId) const {
+    const Task* owner = task(taskId);
+    return owner != nullptr ? firstWithId(owner->intervals(), intervalId) : nullptr;
+}
+
+void DataOperationsService::change(Change::Kind kind, const base::Uuid& taskId, const Edit& edit) {
+    const auto name = [this, &taskId] {
+        const Task* found = task(taskId);
+        return found != nullptr ? found->name() : std::nullopt;
+    };
+    const std::optional<std::string> nameBefore = name();
+    if (std::optional<Edit> inverse = applyAndSave(edit)) {
+        const std::optional<std::string> nameAfter = name();
+        latestChange_.setValue(std::make_shared<const Change>(
+            kind, nameAfter ? nameAfter : nameBefore, *std::move(inverse)));
+    }
+}
+
+std::optional<Edit> DataOperationsService::applyAndSave(const Edit& edit) {
+    try {
+        std::optional<Edit> inverse =
+            apply(edit, tasksProvider_->currentItems()->value(), context(), *clock_);
+        context().save();
+        return inverse;
+    } catch (const objectstore::StoreError& error) {
+        fail(error);
+    }
 }
 
 void DataOperationsService::save() {
     try {
         context().save();
     } catch (const objectstore::StoreError& error) {
-        fatal_(unresolvedError("Hearthmark/DataOperationsService", error));
+        fail(error);
     }
+}
+
+void DataOperationsService::fail(const objectstore::StoreError& error) {
+    fatal_(unresolvedError("Hearthmark/DataOperationsService", error));
 }
 
 }  // namespace hearthmark::store

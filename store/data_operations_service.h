@@ -6,6 +6,7 @@
 #include "base/clock.h"
 #include "base/fatal_error.h"
 #include "objectstore/persistent_container.h"
+#include "objectstore/store_error.h"
 #include "store/data_operations_service_protocol.h"
 #include "store/live_data.h"
 #include "store/running_intervals.h"
@@ -23,15 +24,24 @@ class DataOperationsService final : public DataOperationsServiceProtocol {
 
     void createTask(const std::string& name) override;
     void deleteTask(const base::Uuid& taskId) override;
+    void renameTask(const base::Uuid& taskId, const std::string& name) override;
     void addInterval(const IntervalData& interval, const base::Uuid& taskId) override;
     void finishInterval(const base::Uuid& intervalId, const base::Uuid& taskId) override;
     void deleteInterval(const base::Uuid& intervalId, const base::Uuid& taskId) override;
+    void correctInterval(const base::Uuid& intervalId, const base::Uuid& taskId,
+                         const IntervalCorrection& correction) override;
+    void extendInterval(const base::Uuid& intervalId, const base::Uuid& taskId,
+                        base::Seconds by) override;
     void addNote(const NoteData& note, const base::Uuid& taskId) override;
     void deleteNote(const base::Uuid& noteId, const base::Uuid& taskId) override;
-    void undo(const Deletion& deletion) override;
-    livedata::Published<std::shared_ptr<const Deletion>>& latestDeletion() override {
-        return latestDeletion_;
+    void editNote(const base::Uuid& noteId, const base::Uuid& taskId,
+                  const std::string& text) override;
+    void moveNote(const base::Uuid& noteId, const base::Uuid& taskId,
+                  const base::Uuid& newTaskId) override;
+    livedata::Published<std::shared_ptr<const Change>>& latestChange() override {
+        return latestChange_;
     }
+    std::shared_ptr<const Change> undo(const Change& change) override;
     void finishDueIntervals() override;
     void markRunningIntervalsVisited(base::Date at) override;
     void excludeTime(base::Date from, base::Date to) override;
@@ -43,15 +53,19 @@ class DataOperationsService final : public DataOperationsServiceProtocol {
     objectstore::ManagedObjectContext& context() { return persistentContainer_->viewContext(); }
     // Null where there is none.
     Task* task(const base::Uuid& taskId) const;
+    Interval* interval(const base::Uuid& intervalId, const base::Uuid& taskId) const;
+    // Of the task that `taskId` names.
+    void change(Change::Kind kind, const base::Uuid& taskId, const Edit& edit);
+    std::optional<Edit> applyAndSave(const Edit& edit);
     void save();
-    void saveDeletion(Deletion deletion);
+    [[noreturn]] void fail(const objectstore::StoreError& error);
 
     std::shared_ptr<objectstore::PersistentContainer> persistentContainer_;
     std::shared_ptr<const base::Clock> clock_;
     base::FatalErrorHandler fatal_;
     std::unique_ptr<LiveDataProvider<Task>> tasksProvider_;
     RunningIntervals runningIntervals_;
-    livedata::Published<std::shared_ptr<const Deletion>> latestDeletion_;
+    livedata::Published<std::shared_ptr<const Change>> latestChange_;
 };
 
 }  // namespace hearthmark::store

@@ -7,7 +7,8 @@
 #include "base/date.h"
 #include "base/uuid.h"
 #include "livedata/published.h"
-#include "store/deletion.h"
+#include "store/change.h"
+#include "store/interval_correction.h"
 #include "store/interval_data.h"
 #include "store/interval_finishing.h"
 #include "store/note_data.h"
@@ -25,6 +26,9 @@ class DataOperationsServiceProtocol : public IntervalFinishing {
     // Together with its intervals and notes.
     virtual void deleteTask(const base::Uuid& taskId) = 0;
 
+    virtual void renameTask(const base::Uuid& taskId, const std::string& name) = 0;
+
+    // A running one is a start, and no change that can be taken back; a finished one is.
     virtual void addInterval(const IntervalData& interval, const base::Uuid& taskId) = 0;
 
     // At the present moment, with the running stretch folded into its duration.
@@ -34,18 +38,31 @@ class DataOperationsServiceProtocol : public IntervalFinishing {
     // back as it was; if it runs it goes on running.
     virtual void deleteInterval(const base::Uuid& intervalId, const base::Uuid& taskId) = 0;
 
+    // Ignored where one of the tasks is not there.
+    virtual void correctInterval(const base::Uuid& intervalId, const base::Uuid& taskId,
+                                 const IntervalCorrection& correction) = 0;
+
+    // Gives what runs towards a length so much more of it; ignored for all others.
+    virtual void extendInterval(const base::Uuid& intervalId, const base::Uuid& taskId,
+                                base::Seconds by) = 0;
+
     virtual void addNote(const NoteData& note, const base::Uuid& taskId) = 0;
 
     // Takes it out of its task's set; it stays in the store without a task.
     virtual void deleteNote(const base::Uuid& noteId, const base::Uuid& taskId) = 0;
 
-    // Brings back what a deletion took away, as it was: a task as new objects with the same ids, an
-    // interval or a note as it now is. For each deletion at most once. Where the task of the latter
-    // is gone, nothing happens.
-    virtual void undo(const Deletion& deletion) = 0;
+    virtual void editNote(const base::Uuid& noteId, const base::Uuid& taskId,
+                          const std::string& text) = 0;
 
-    // The latest deletion; told when it is on the disk.
-    virtual livedata::Published<std::shared_ptr<const Deletion>>& latestDeletion() = 0;
+    // Ignored where one of the tasks is not there.
+    virtual void moveNote(const base::Uuid& noteId, const base::Uuid& taskId,
+                          const base::Uuid& newTaskId) = 0;
+
+    // The latest change that can be taken back; told when it is on the disk.
+    virtual livedata::Published<std::shared_ptr<const Change>>& latestChange() = 0;
+
+    // Takes a change back, once. Returns what takes that back in turn; null where nothing matched.
+    virtual std::shared_ptr<const Change> undo(const Change& change) = 0;
 
     // Stamps every running interval, so that a crash after it loses only the time since.
     virtual void markRunningIntervalsVisited(base::Date at) = 0;

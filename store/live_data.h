@@ -2,6 +2,7 @@
 #pragma once
 
 #include <algorithm>
+#include <vector>
 
 #include "base/uuid.h"
 #include "livedata/live_data_providing_factory.h"
@@ -28,6 +29,12 @@ inline Task* taskWithId(const Tasks& tasks, const base::Uuid& id) {
     const auto found =
         std::ranges::find_if(tasks, [&id](const Task& task) { return task.id() == id; });
     return found != tasks.end() ? &*found : nullptr;
+}
+template <class Entity>
+Entity* firstWithId(const std::vector<Entity*>& entities, const base::Uuid& id) {
+    const auto found =
+        std::ranges::find_if(entities, [&id](const Entity* entity) { return entity->id() == id; });
+    return found != entities.end() ? *found : nullptr;
 }
 
 }  // namespace hearthmark::store

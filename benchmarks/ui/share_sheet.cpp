@@ -106,6 +106,7 @@ void measure(std::int64_t intervals, const std::string& name) {
     const auto view =
         app::HomeViewFactory(
             {opened.service,
+             std::make_shared<store::UndoHistory>(opened.service),
              opened.liveDataFactory,
              opened.clock,
              std::make_shared<presentation::SelectedTaskId>(task.id()),

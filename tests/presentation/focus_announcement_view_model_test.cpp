@@ -33,7 +33,7 @@ TEST(FocusAnnouncementViewModel, SaysEachStartAndFinishOnceAndNothingElse) {
         store.clock->time = at(now);
         store.service->finishDueIntervals();
     };
-    const auto undo = [&] { store.service->undo(*store.service->latestDeletion().value()); };
+    const auto undo = [&] { store.service->undo(*store.service->latestChange().value()); };
     // What is told meanwhile; it stands until its timer fires.
     const auto toldWhen = [&](const std::function<void()>& change) {
         told.clear();

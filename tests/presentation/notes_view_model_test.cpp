@@ -73,7 +73,7 @@ TEST_F(NotesViewModelTest, DoesNothingOnceItsTaskOrItIsGone) {
     store.service->deleteTask(*store.first<store::Task>().id());
     (*view().onAddNoteTapped)();
     EXPECT_EQ(text(), "");
-    store.service->undo(*store.service->latestDeletion().value());
+    store.service->undo(*store.service->latestChange().value());
     model.reset();
     (*last.onAddNoteTapped)();
     (*last.pendingNote->onSaveTap)("late");
@@ -93,7 +93,7 @@ TEST_F(NotesViewModelTest, KeepsTheDraftOfItsTaskUntilItIsSavedOrDiscarded) {
     EXPECT_EQ(text(), "- old [half ]") << "after a rebuild";
     store.service->deleteTask(id);
     EXPECT_EQ(text(), "");
-    store.service->undo(*store.service->latestDeletion().value());
+    store.service->undo(*store.service->latestChange().value());
     EXPECT_EQ(text(), "- old [half ]");
     model = makeModel();
     model->startObserving();
@@ -113,7 +113,7 @@ TEST_F(NotesViewModelTest, MakesNotesOfTheDraftsThatAreNotBlankAndHaveATask) {
     (*view().pendingNote.value().onEdit)(" half\n");
     store.service->deleteTask(id);
     drafts->save();
-    store.service->undo(*store.service->latestDeletion().value());
+    store.service->undo(*store.service->latestChange().value());
     EXPECT_EQ(text(), "- new old [ half\n]") << "not lost with a task that may come back";
     model.reset();
     drafts->draft(base::Uuid());

@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include "presentation/undo_deletion_view_model.h"
+#include "presentation/undo_menu_view_model.h"
 #include "presentation/view_model_factories.h"
 #include "support/shown_text.h"
 #include "support/test_store.h"
@@ -176,8 +177,12 @@ TEST_F(ViewModelTest, AddTaskStoresTheNameTrimmedAndAnEmptyOneAsItIs) {
 }
 
 TEST_F(ViewModelTest, UndoOffersEachDeletionForTenSecondsTheLatestFirst) {
-    const auto model = std::make_shared<UndoDeletionViewModel>(store.service, timers, store.clock);
+    const auto history = std::make_shared<store::UndoHistory>(store.service);
+    const auto model =
+        std::make_shared<UndoDeletionViewModel>(store.service, history, timers, store.clock);
     model->startObserving();
+    const auto menu = std::make_shared<UndoMenuViewModel>(history);
+    menu->startObserving();
     const auto offered = [&model] {
         const auto& state = model->viewState().value();
         return state ? state->text : "nothing";
@@ -212,10 +217,26 @@ TEST_F(ViewModelTest, UndoOffersEachDeletionForTenSecondsTheLatestFirst) {
     // A tick may come late.
     store.service->deleteTask(*store.first<store::Task>().id());
     const auto late = model->viewState().value()->onUndo;
-    store.clock->time = store.clock->time + kUndoTime;
+    store.clock->time = store.clock->time + store::kUndoTime;
     (*late)();
     EXPECT_EQ(offered(), "nothing");
     EXPECT_EQ(store.sql("SELECT name FROM Task"), "");
+
+    // The menu goes on, and what it takes back is offered no more.
+    const base::Uuid third = *store.addTask("third").id();
+    store.service->renameTask(third, "renamed");
+    store.service->deleteTask(third);
+    EXPECT_EQ(menu->viewState().value().undo->text, "Undo Delete “renamed”");
+    call(menu->viewState().value().undo->onTap);
+    EXPECT_EQ(offered(), "nothing");
+    EXPECT_EQ(menu->viewState().value().undo->text, "Undo Rename “renamed”");
+    EXPECT_EQ(menu->viewState().value().redo->text, "Redo Delete “renamed”");
+    call(menu->viewState().value().undo->onTap);
+    call(menu->viewState().value().undo->onTap);
+    EXPECT_EQ(menu->viewState().value().undo->text, "Undo Delete “first”");
+    EXPECT_EQ(store.sql("SELECT name FROM Task ORDER BY pk"), "third second");
+    store.service->renameTask(third, "another");
+    EXPECT_FALSE(menu->viewState().value().redo);
 }
 
 }  // namespace hearthmark::presentation

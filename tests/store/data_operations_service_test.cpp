@@ -103,7 +103,7 @@ TEST_F(DataOperationsServiceTest, BringsBackWhatWasDeletedAsItWas) {
     const auto deleteNote = [&] { store.service->deleteNote(id, taskId); };
     const auto deleteInterval = [&] { store.service->deleteInterval(runningId, taskId); };
     const auto deleteTask = [&] { store.service->deleteTask(taskId); };
-    const auto undo = [this] { store.service->undo(*store.service->latestDeletion().value()); };
+    const auto undo = [this] { store.service->undo(*store.service->latestChange().value()); };
     const std::vector<std::function<void()>> deletions{deleteNote, deleteInterval, deleteTask,
                                                        deleteNote, deleteInterval};
     for (const auto& deletion : deletions) {
@@ -123,10 +123,116 @@ TEST_F(DataOperationsServiceTest, BringsBackWhatWasDeletedAsItWas) {
               "1");
     // The task is gone for good.
     deleteInterval();
-    const auto deletion = store.service->latestDeletion().value();
+    const auto deletion = store.service->latestChange().value();
     deleteTask();
     store.service->undo(*deletion);
     EXPECT_EQ(store.sql("SELECT count(*) FROM Task"), "0");
+}
+
+TEST_F(DataOperationsServiceTest, BringsBackFinishedWhatRanWhenItWasDeletedLongAgo) {
+    const Interval& running =
+        store.addInterval(task, IntervalState::running(at(900), at(960)), 5s, 3600s);
+    const base::Uuid intervalId = *running.id();
+    const base::Uuid taskId = *task.id();
+    double now = 1000;
+    for (const auto& [seconds, expected] : std::vector<std::pair<double, std::string>>{
+             {10, "1|900.0|5.0"}, {10.5, "2|NULL|105.0"}, {-1, "2|NULL|105.0"}}) {
+        for (const bool isWhole : {false, true}) {
+            SCOPED_TRACE(seconds);
+            store.sql(
+                "UPDATE Interval SET duration = 5; UPDATE RawIntervalState SET state = 1, "
+                "started = 900");
+            store.reopen();
+            store.clock->time = at(now = 1000);
+            isWhole ? store.service->deleteTask(taskId)
+                    : store.service->deleteInterval(intervalId, taskId);
+            store.clock->time = at(now + seconds);
+            store.service->undo(*store.service->latestChange().value());
+            EXPECT_EQ(store.sql("SELECT state, started, duration FROM Interval JOIN "
+                                "RawIntervalState r ON r.interval = Interval.pk WHERE task"),
+                      expected);
+        }
+    }
+}
+
+TEST_F(DataOperationsServiceTest, CorrectsWhatItIsToldToAndTakesThatBack) {
+    const base::Uuid taskId = *task.id();
+    const base::Uuid other = *store.addTask("other").id();
+    // Created at 200, and by now, 1000, 150 seconds are spent on it.
+    const base::Uuid running = *store.addInterval(task, IntervalState::running(at(950)), 100s).id();
+    const base::Uuid finished = *store.addInterval(task, IntervalState::finished(), 60s, 90s).id();
+    store.service->addNote({at(5), id, "text"}, taskId);
+    const auto everything = [this] {
+        return store.sql(
+            "SELECT name FROM Task ORDER BY pk;"
+            "SELECT i.creationDate, started, duration, maxDuration, task FROM Interval i "
+            "JOIN RawIntervalState r ON r.interval = i.pk ORDER BY i.pk;"
+            "SELECT text, task FROM Note");
+    };
+    const std::string before = everything();
+    ASSERT_EQ(before, "first other 200.0|950.0|100.0|1800.0|1 200.0|NULL|60.0|90.0|1 text|1");
+    const auto correct = [&](const base::Uuid& interval, const IntervalCorrection& correction) {
+        store.service->correctInterval(interval, taskId, correction);
+    };
+    struct Row {
+        std::function<void()> change;
+        const char* expected;
+    };
+    for (const auto& [change, expected] : std::vector<Row>{
+             {[&] { correct(running, {.creationDate = at(100)}); },
+              "first other 100.0|950.0|200.0|1800.0|1 200.0|NULL|60.0|90.0|1 text|1"},
+             {[&] { correct(running, {.creationDate = at(260)}); },
+              "first other 260.0|950.0|40.0|1800.0|1 200.0|NULL|60.0|90.0|1 text|1"},
+             {[&] { correct(running, {.creationDate = at(330)}); },
+              "first other 330.0|980.0|0.0|1800.0|1 200.0|NULL|60.0|90.0|1 text|1"},
+             {[&] { correct(running, {.creationDate = at(900)}); },
+              "first other 900.0|1000.0|0.0|1800.0|1 200.0|NULL|60.0|90.0|1 text|1"},
+             {[&] { correct(running, {.creationDate = at(100), .timeSpent = 70s}); },
+              "first other 100.0|950.0|20.0|1800.0|1 200.0|NULL|60.0|90.0|1 text|1"},
+             {[&] {
+                  correct(finished, {.creationDate = at(7), .timeSpent = 70s, .taskId = other});
+              },
+              "first other 200.0|950.0|100.0|1800.0|1 7.0|NULL|70.0|90.0|2 text|1"},
+             {[&] { correct(finished, {.maxDuration = 0s}); },
+              "first other 200.0|950.0|100.0|1800.0|1 200.0|NULL|60.0|0.0|1 text|1"},
+             {[&] { store.service->extendInterval(running, taskId, 300s); },
+              "first other 200.0|950.0|100.0|2100.0|1 200.0|NULL|60.0|90.0|1 text|1"},
+             {[&] { store.service->renameTask(taskId, "new"); },
+              "new other 200.0|950.0|100.0|1800.0|1 200.0|NULL|60.0|90.0|1 text|1"},
+             {[&] { store.service->editNote(id, taskId, "new"); },
+              "first other 200.0|950.0|100.0|1800.0|1 200.0|NULL|60.0|90.0|1 new|1"},
+             {[&] { store.service->moveNote(id, taskId, other); },
+              "first other 200.0|950.0|100.0|1800.0|1 200.0|NULL|60.0|90.0|1 text|2"}}) {
+        countSaves();
+        saves = 0;
+        change();
+        EXPECT_EQ(saves, 1);
+        EXPECT_EQ(everything(), expected);
+        const auto redo = store.service->undo(*store.service->latestChange().value());
+        EXPECT_EQ(everything(), before);
+        const auto undo = store.service->undo(*redo);
+        EXPECT_EQ(everything(), expected);
+        store.service->undo(*undo);
+        EXPECT_EQ(everything(), before);
+    }
+    // What counted on since keeps what it counted.
+    correct(running, {.creationDate = at(100)});
+    store.clock->time = at(1020);
+    store.service->finishInterval(running, taskId);
+    store.service->undo(*store.service->latestChange().value());
+    EXPECT_EQ(everything(), "first other 200.0|NULL|170.0|1800.0|1 200.0|NULL|60.0|90.0|1 text|1");
+    // What is so already, or is not there, is no change.
+    countSaves();
+    saves = 0;
+    const auto latest = store.service->latestChange().value();
+    store.service->renameTask(taskId, "first");
+    store.service->editNote(id, taskId, "text");
+    store.service->moveNote(id, taskId, base::Uuid::random());
+    correct(finished, {.creationDate = at(200), .timeSpent = 60s, .maxDuration = 90s});
+    correct(finished, {.timeSpent = 61s, .taskId = base::Uuid::random()});
+    store.service->extendInterval(finished, taskId, 300s);
+    EXPECT_EQ(saves, 0);
+    EXPECT_EQ(store.service->latestChange().value(), latest);
 }
 
 TEST_F(DataOperationsServiceTest, TouchesNothingForAnIdThatMatchesNothing) {

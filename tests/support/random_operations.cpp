@@ -21,7 +21,9 @@ RandomOperations::RandomOperations(std::shared_ptr<objectstore::PersistentContai
     : random_(seed),
       container_(std::move(container)),
       liveDataFactory_(container_),
-      service_(liveDataFactory_, container_, clock_, base::FatalErrorHandler()) {}
+      service_(std::make_shared<store::DataOperationsService>(liveDataFactory_, container_, clock_,
+                                                              base::FatalErrorHandler())),
+      history_(service_) {}
 
 void RandomOperations::doOne() {
     const base::Date now = clock_->time =
@@ -29,22 +31,26 @@ void RandomOperations::doOne() {
     const store::Tasks tasks = container_->viewContext().objects<store::Task>();
     const int choice = below(100);
     if (tasks.empty() || choice < 8) {
-        service_.createTask("Task " + std::to_string(++made_));
+        service_->createTask("Task " + std::to_string(++made_));
     } else if (choice < 80) {
         changeTask(*std::next(tasks.begin(), below(tasks.size())), choice, now);
-    } else if (choice < 85) {
-        service_.finishDueIntervals();
-    } else if (choice < 90) {
-        service_.markRunningIntervalsVisited(now);
-    } else if (choice < 91) {
+    } else if (choice < 83) {
+        service_->finishDueIntervals();
+    } else if (choice < 86) {
+        service_->markRunningIntervalsVisited(now);
+    } else if (choice < 87) {
         clock_->time = now + base::Seconds(40000);
-        service_.excludeTime(now, clock_->time);
+        service_->excludeTime(now, clock_->time);
+    } else if (choice < 88) {
+        service_->finishIntervalsLeftRunning();
+    } else if (choice < 90) {
+        service_->resumePausedIntervals();
     } else if (choice < 92) {
-        service_.finishIntervalsLeftRunning();
-    } else if (choice < 96) {
-        service_.resumePausedIntervals();
+        service_->pauseRunningIntervals();
+    } else if (choice < 97) {
+        history_.undo();
     } else {
-        service_.pauseRunningIntervals();
+        history_.redo();
     }
 }
 
@@ -57,27 +63,77 @@ base::Uuid RandomOperations::anyOf(const std::vector<Entity*>& entities) {
     return entities[static_cast<std::size_t>(below(entities.size()))]->id().value();
 }
 
+base::Uuid RandomOperations::anyTask() {
+    const store::Tasks tasks = container_->viewContext().objects<store::Task>();
+    return std::next(tasks.begin(), below(tasks.size()))->id().value();
+}
+
 void RandomOperations::changeTask(const store::Task& task, int choice, base::Date now) {
     const base::Uuid taskId = task.id().value();
     const base::Uuid newId = base::Uuid::random();
-    if (choice < 13) {
-        service_.deleteTask(taskId);
-    } else if (choice < 45 || task.intervals().empty()) {
-        service_.addInterval({.creationDate = now,
-                              .duration = base::Seconds(0),
-                              .id = newId,
-                              .maxDuration = base::Seconds(300 * below(8)),
-                              .state = store::IntervalState::running(now)},
-                             taskId);
-    } else if (choice < 56) {
-        service_.finishInterval(anyOf(task.intervals()), taskId);
-    } else if (choice < 62) {
-        service_.deleteInterval(anyOf(task.intervals()), taskId);
-    } else if (choice < 74 || task.notes().empty()) {
+    if (choice < 12) {
+        service_->deleteTask(taskId);
+    } else if (choice < 17) {
+        service_->renameTask(taskId, "Task " + std::to_string(++made_));
+    } else if (choice < 34 || task.intervals().empty()) {
+        const bool isPast = below(4) == 0;
+        service_->addInterval({.creationDate = now,
+                               .duration = base::Seconds(isPast ? below(3000) : 0),
+                               .id = newId,
+                               .maxDuration = base::Seconds(300 * below(8)),
+                               .state = isPast ? store::IntervalState::finished()
+                                               : store::IntervalState::running(now)},
+                              taskId);
+    } else if (choice < 61) {
+        changeInterval(task, choice, now);
+    } else if (choice < 68 || task.notes().empty()) {
         const std::string text(static_cast<std::size_t>(below(3000)), 'n');
-        service_.addNote({.creationDate = now, .id = newId, .text = text}, taskId);
+        service_->addNote({.creationDate = now, .id = newId, .text = text}, taskId);
     } else {
-        service_.deleteNote(anyOf(task.notes()), taskId);
+        changeNote(task, choice);
+    }
+}
+
+void RandomOperations::changeInterval(const store::Task& task, int choice, base::Date now) {
+    const base::Uuid taskId = task.id().value();
+    const base::Uuid intervalId = anyOf(task.intervals());
+    if (choice < 39) {
+        service_->finishInterval(intervalId, taskId);
+    } else if (choice < 44) {
+        service_->deleteInterval(intervalId, taskId);
+    } else if (choice < 50) {
+        service_->extendInterval(intervalId, taskId, base::Seconds(299));
+    } else {
+        service_->correctInterval(intervalId, taskId, anyCorrection(now));
+    }
+}
+
+store::IntervalCorrection RandomOperations::anyCorrection(base::Date now) {
+    store::IntervalCorrection correction;
+    if (below(2) == 0) {
+        correction.creationDate = now + -base::Seconds(below(4000));
+    }
+    if (below(3) == 0) {
+        correction.timeSpent = base::Seconds(std::uniform_real_distribution<>(0, 4000)(random_));
+    }
+    if (below(3) == 0) {
+        correction.maxDuration = base::Seconds(1 + 300 * below(8));
+    }
+    if (below(3) == 0) {
+        correction.taskId = anyTask();
+    }
+    return correction;
+}
+
+void RandomOperations::changeNote(const store::Task& task, int choice) {
+    const base::Uuid taskId = task.id().value();
+    const base::Uuid noteId = anyOf(task.notes());
+    if (choice < 72) {
+        service_->deleteNote(noteId, taskId);
+    } else if (choice < 76) {
+        service_->editNote(noteId, taskId, "Edited " + std::to_string(++made_));
+    } else {
+        service_->moveNote(noteId, taskId, anyTask());
     }
 }
 

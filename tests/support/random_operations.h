@@ -7,6 +7,7 @@
 #include <string>
 #include <vector>
 
+#include "store/undo_history.h"
 #include "support/test_store.h"
 
 namespace hearthmark::tests {
@@ -14,26 +15,32 @@ namespace hearthmark::tests {
 // All that is in the store of a directory, as another program reads it, but for the identifiers.
 std::string contentOf(const std::filesystem::path& directory);
 
-// Does to a store what its users do, at random, through the service: the same for the same seed,
-// but for the identifiers. Requires that the store is empty.
+// Does to a store what its users do, at random, through the service: the same to the same store for
+// the same seed, but for the identifiers.
 class RandomOperations {
  public:
     RandomOperations(std::shared_ptr<objectstore::PersistentContainer> container, unsigned seed);
 
     void doOne();
+    store::UndoHistory& history() { return history_; }
 
  private:
     int below(std::size_t bound);
     template <class Entity>
     base::Uuid anyOf(const std::vector<Entity*>& entities);
     void changeTask(const store::Task& task, int choice, base::Date now);
+    void changeInterval(const store::Task& task, int choice, base::Date now);
+    void changeNote(const store::Task& task, int choice);
+    base::Uuid anyTask();
+    store::IntervalCorrection anyCorrection(base::Date now);
 
     std::mt19937 random_;
     int made_ = 0;
     std::shared_ptr<FakeClock> clock_ = std::make_shared<FakeClock>();
     std::shared_ptr<objectstore::PersistentContainer> container_;
     store::LiveDataProvidingFactory liveDataFactory_;
-    store::DataOperationsService service_;
+    std::shared_ptr<store::DataOperationsService> service_;
+    store::UndoHistory history_;
 };
 
 }  // namespace hearthmark::tests

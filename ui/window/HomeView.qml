@@ -36,6 +36,18 @@ FocusScope {
         onActivated: (popups.part() as HomePopups).openShortcuts()
     }
 
+    Shortcut {
+        sequences: Shortcuts.undo
+        enabled: root.activeFocus
+        onActivated: root.home.undoMenu.undo()
+    }
+
+    Shortcut {
+        sequences: Shortcuts.redo
+        enabled: root.activeFocus
+        onActivated: root.home.undoMenu.redo()
+    }
+
     FinishBanner {
         id: banner
 
@@ -120,7 +132,6 @@ FocusScope {
         anchors.horizontalCenter: pane.horizontalCenter
         maximumWidth: pane.width - 2 * Theme.spacing
         adapter: root.home.undo
-        screen: root
         onVisibleChanged: root.leave(undoBar)
     }
 

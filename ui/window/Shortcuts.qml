@@ -14,6 +14,7 @@ QtObject {
     readonly property var addNote: ["Ctrl+Shift+N"]
     readonly property var share: ["Ctrl+E"]
     readonly property var undo: ["Ctrl+Z"]
+    readonly property var redo: ["Ctrl+Shift+Z"]
     readonly property var showShortcuts: ["F1", "Ctrl+?"]
     readonly property var quit: ["Ctrl+Q"]
 
@@ -31,7 +32,8 @@ QtObject {
         [qsTr("Go to the first or last row"), qsTr("Home, End")],
         [qsTr("Go a page up or down"), qsTr("Page Up, Page Down")],
         [qsTr("Delete the marked row"), qsTr("Delete")],
-        [qsTr("Undo a deletion"), root.undo[0]],
+        [qsTr("Undo the last change"), root.undo[0]],
+        [qsTr("Do it again"), root.redo[0]],
         [qsTr("Close a sheet or a menu"), qsTr("Escape")],
         [qsTr("Show this list"), root.showShortcuts[0]],
         [qsTr("Quit"), root.quit[0]]

@@ -9,20 +9,12 @@ FocusScope {
 
     required property UndoAdapter adapter
     required property real maximumWidth
-    // On which the key undoes.
-    required property FocusScope screen
 
     implicitWidth: content.implicitWidth + Theme.wideSpacing + Theme.spacing
     implicitHeight: content.implicitHeight + 2 * Theme.spacing
     visible: root.adapter.presented
     Accessible.role: Accessible.Notification
     Accessible.name: root.adapter.text
-
-    Shortcut {
-        sequences: Shortcuts.undo
-        enabled: root.adapter.presented && root.screen.activeFocus
-        onActivated: root.adapter.undo()
-    }
 
     Rectangle {
         anchors.fill: parent

@@ -25,6 +25,7 @@
 #include "ui/window/home_view_subviews_factory.h"
 #include "ui/window/start_at_login_adapter.h"
 #include "ui/window/undo_adapter.h"
+#include "ui/window/undo_menu_adapter.h"
 #include "ui/window/unseen_finishes_adapter.h"
 
 namespace hearthmark::ui {
@@ -48,6 +49,7 @@ struct HomeParts {
     Owned<RestoreAdapter> restore;
     Owned<StartAtLoginAdapter> startAtLogin;
     Owned<UndoAdapter> undo;
+    Owned<UndoMenuAdapter> undoMenu;
     Owned<UnseenFinishesAdapter> unseenFinishes;
     Owned<UpdateAdapter> updates;
     std::unique_ptr<presentation::NewestFocus> newestFocus;
@@ -79,6 +81,7 @@ class HomeAdapter final : public QObject, private HomeParts {
     Q_PROPERTY(hearthmark::ui::RestoreAdapter* restore MEMBER restore CONSTANT FINAL)
     Q_PROPERTY(hearthmark::ui::StartAtLoginAdapter* startAtLogin MEMBER startAtLogin CONSTANT FINAL)
     Q_PROPERTY(hearthmark::ui::UndoAdapter* undo MEMBER undo CONSTANT FINAL)
+    Q_PROPERTY(hearthmark::ui::UndoMenuAdapter* undoMenu MEMBER undoMenu CONSTANT FINAL)
     Q_PROPERTY(hearthmark::ui::UpdateAdapter* updates MEMBER updates CONSTANT FINAL)
 
  public:
