@@ -12,6 +12,7 @@ namespace {
 // The longest that a change of the clocks takes out of a night, or puts in.
 constexpr std::time_t kLongestGap = 10800;
 constexpr std::time_t kGapStep = 900;
+constexpr int kFirstYear = 1900;
 
 bool isBefore(const std::tm& a, const std::tm& b) {
     return a.tm_year != b.tm_year ? a.tm_year < b.tm_year : a.tm_yday < b.tm_yday;
@@ -74,12 +75,30 @@ std::optional<LocalTime> LocalCalendar::localTime(Date date) const {
     if (!local) {
         return std::nullopt;
     }
-    constexpr int kFirstYear = 1900;
     const std::chrono::year_month_day day{std::chrono::year(local->tm_year + kFirstYear),
                                           std::chrono::month(unsigned(local->tm_mon) + 1),
                                           std::chrono::day(unsigned(local->tm_mday))};
     return LocalTime{day, std::chrono::hours(local->tm_hour) + std::chrono::minutes(local->tm_min) +
                               std::chrono::seconds(local->tm_sec)};
+}
+
+std::vector<Date> LocalCalendar::moments(const LocalTime& time) const {
+    tzset();
+    std::tm wanted{};
+    wanted.tm_year = int(time.day.year()) - kFirstYear;
+    wanted.tm_mon = int(unsigned(time.day.month())) - 1;
+    wanted.tm_mday = int(unsigned(time.day.day()));
+    wanted.tm_sec = int(time.sinceMidnight.count());
+    wanted.tm_isdst = -1;
+    const std::time_t near = std::mktime(&wanted);
+    std::vector<Date> found;
+    for (std::time_t off = -kLongestGap; near != -1 && off <= kLongestGap; off += kGapStep) {
+        const Date moment(Seconds(static_cast<double>(near + off)) - kUnixTimeOfReferenceDate);
+        if (localTime(moment) == time) {
+            found.push_back(moment);
+        }
+    }
+    return found;
 }
 
 std::vector<Date> LocalCalendar::dayStarts(Date now, int count) const {

@@ -29,6 +29,11 @@ class Calendar {
 
     // Absent where `date` is out of the calendar's range.
     virtual std::optional<LocalTime> localTime(Date date) const = 0;
+
+    // When it is that time, oldest first: one moment; two where the clocks go back over it, and
+    // none where they go forward over it, where there is no such day, or out of the calendar's
+    // range.
+    virtual std::vector<Date> moments(const LocalTime& time) const = 0;
 };
 
 // The days of the machine's time zone, which is looked up anew at each call.
@@ -36,6 +41,7 @@ class LocalCalendar final : public Calendar {
  public:
     std::vector<Date> dayStarts(Date now, int count) const override;
     std::optional<LocalTime> localTime(Date date) const override;
+    std::vector<Date> moments(const LocalTime& time) const override;
 };
 
 }  // namespace hearthmark::base

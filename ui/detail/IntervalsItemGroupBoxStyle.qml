@@ -14,6 +14,8 @@ Rectangle {
     // Where it does not fit it gets smaller instead of going on in the next line.
     property bool isOneLine: false
 
+    signal editRequested
+
     implicitHeight: label.y + label.height + root.bottomPadding
     radius: Theme.radius
     color: Theme.colors.window
@@ -40,7 +42,7 @@ Rectangle {
         y: Theme.spacing
         anchors.left: icon.right
         anchors.leftMargin: Theme.spacing
-        anchors.right: parent.right
+        anchors.right: edit.left
         anchors.rightMargin: Theme.spacing
         text: root.text
         font.pointSize: root.textSize
@@ -48,5 +50,20 @@ Rectangle {
         minimumPointSize: Theme.bodySize
         wrapMode: root.isOneLine ? Text.NoWrap : Text.Wrap
         Accessible.ignored: true
+    }
+
+    // Its key is F2 on the row.
+    SymbolButton {
+        id: edit
+
+        anchors.right: parent.right
+        anchors.rightMargin: Theme.tightSpacing
+        anchors.verticalCenter: label.verticalCenter
+        height: Math.min(implicitHeight, label.height + 2 * Theme.tightSpacing)
+        opacity: root.row.hovered || edit.hovered || root.row.focusVisible ? 1 : 0
+        activeFocusOnTab: false
+        symbol: "pencil"
+        text: qsTr("Edit interval")
+        onClicked: root.editRequested()
     }
 }

@@ -86,6 +86,7 @@ HeadedListView {
             onFocused: root.showRow(row.index)
             onCopied: root.rows.copyRow(row.index)
             onWholeRequested: root.adapter.displayWholeNote(row.index)
+            onEditRequested: root.adapter.correctInterval(row.index)
             onDeletionRequested: root.rows.deleteRow(row.index)
             onMenuRequested: position => root.menuRequested(row, position)
             onPlaceMade: root.notesPlace = row

@@ -11,11 +11,14 @@ DeletableRow {
     required property real progress
     readonly property bool ticks: true
 
+    signal editRequested
+
     implicitHeight: box.implicitHeight
     activeFocusOnTab: true
     Accessible.role: Accessible.ListItem
     Accessible.name: root.timeSpent
     Accessible.focusable: true
+    onKeyOfEditing: root.editRequested()
 
     IntervalsItemGroupBoxStyle {
         id: box
@@ -26,6 +29,7 @@ DeletableRow {
         symbolSize: Theme.largeSymbolSize
         textSize: Theme.displaySize
         isOneLine: true
+        onEditRequested: root.editRequested()
         bottomPadding: 2 * Theme.spacing + bar.height
     }
 

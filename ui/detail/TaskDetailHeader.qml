@@ -101,12 +101,30 @@ FocusScope {
 
                 width: content.width
                 onDeletionRequested: root.adapter.runningIntervals.deleteRow(row.index)
+                onEditRequested: root.adapter.correctRunningInterval(row.index)
                 onMenuRequested: position => root.menuRequested(row, position)
             }
         }
 
-        SectionTitle {
-            text: qsTr("Other invervals") // the program's own spelling
+        Item {
+            width: parent.width
+            height: Math.max(others.height, addButton.height)
+
+            SectionTitle {
+                id: others
+
+                width: parent.width - addButton.width - Theme.spacing
+                text: qsTr("Other invervals") // the program's own spelling
+            }
+
+            PushButton {
+                id: addButton
+
+                anchors.right: parent.right
+                anchors.bottom: parent.bottom
+                text: qsTr("Add an Interval…")
+                onClicked: root.adapter.addInterval()
+            }
         }
     }
 }

@@ -23,6 +23,12 @@ Item {
         onClosed: root.view.adapter.dismissShareSheet()
     }
 
+    CorrectIntervalSheet {
+        visible: root.view.adapter.correction !== null
+        adapter: root.view.adapter.correction
+        onClosed: root.view.adapter.dismissCorrection()
+    }
+
     WholeNoteSheet {
         visible: root.view.adapter.wholeNote !== null
         adapter: root.view.adapter.wholeNote

@@ -23,6 +23,7 @@ RowOfKind {
     // The whole text is to be copied, of which this may show a part.
     signal copied
     signal wholeRequested
+    signal editRequested
     signal placeMade
     signal placeResized
 
@@ -76,6 +77,10 @@ RowOfKind {
     Accessible.role: Accessible.ListItem
     Accessible.name: root.text
     Accessible.focusable: true
+    onKeyOfEditing: {
+        if (root.kind === TaskDetailListModel.Interval)
+            root.editRequested();
+    }
     Keys.onReturnPressed: event => root.showWhole(event)
     Keys.onEnterPressed: event => root.showWhole(event)
     Keys.onTabPressed: root.goForward()
@@ -88,6 +93,7 @@ RowOfKind {
             width: root.width
             row: root
             text: root.text
+            onEditRequested: root.editRequested()
         }
     }
 

@@ -31,6 +31,12 @@ Item {
     }
 
     Shortcut {
+        sequences: Shortcuts.addInterval
+        enabled: root.screen.activeFocus && shareButton.enabled
+        onActivated: root.adapter.addInterval()
+    }
+
+    Shortcut {
         sequences: Shortcuts.share
         enabled: root.screen.activeFocus && shareButton.enabled
         onActivated: root.adapter.displayShareSheet()
@@ -81,6 +87,6 @@ Item {
         given: ({
                 view: root
             })
-        wanted: root.adapter.isShareSheetDisplayed || root.adapter.wholeNote !== null
+        wanted: root.adapter.isShareSheetDisplayed || root.adapter.wholeNote !== null || root.adapter.correction !== null
     }
 }

@@ -92,6 +92,36 @@ void TaskDetailAdapter::dismissWholeNote() {
     }
 }
 
+void TaskDetailAdapter::correctInterval(int row) {
+    if (const auto id = rows_.idAt(row)) {
+        displayCorrection(id);
+    }
+}
+
+void TaskDetailAdapter::correctRunningInterval(int row) {
+    if (const auto id = runningIntervals_.idAt(row)) {
+        displayCorrection(id);
+    }
+}
+
+void TaskDetailAdapter::addInterval() {
+    displayCorrection(std::nullopt);
+}
+
+void TaskDetailAdapter::displayCorrection(const std::optional<base::Uuid>& intervalId) {
+    if (!correction_ && loaded_) {
+        correction_ = subviewsFactory_.makeCorrectIntervalView(intervalId);
+        emit correctionChanged();
+    }
+}
+
+void TaskDetailAdapter::dismissCorrection() {
+    if (correction_) {
+        replaceAdapter<CorrectIntervalAdapter>(correction_, nullptr,
+                                               [this] { emit correctionChanged(); });
+    }
+}
+
 void TaskDetailAdapter::showNotes() {
     if (const auto& state = notes_->state()) {
         rows_.showNotes(state->committedNotes);

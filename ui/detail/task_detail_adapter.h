@@ -13,6 +13,7 @@
 #include "ui/notes/notes_adapter.h"
 #include "ui/notes/whole_note_adapter.h"
 #include "ui/rows/interval_list_model.h"
+#include "ui/sheets/correct_interval_adapter.h"
 #include "ui/sheets/share_container_adapter.h"
 #include "ui/state/state_adapter.h"
 
@@ -44,6 +45,8 @@ class TaskDetailAdapter final : public hearthmark::ui::StateAdapter {
                    displayedSheetTypeChanged FINAL)
     Q_PROPERTY(
         hearthmark::ui::WholeNoteAdapter* wholeNote READ wholeNote NOTIFY wholeNoteChanged FINAL)
+    Q_PROPERTY(hearthmark::ui::CorrectIntervalAdapter* correction READ correction NOTIFY
+                   correctionChanged FINAL)
 
  public:
     TaskDetailAdapter(std::shared_ptr<presentation::TaskDetailViewModelProtocol> viewModel,
@@ -70,6 +73,8 @@ class TaskDetailAdapter final : public hearthmark::ui::StateAdapter {
     ShareContainerAdapter* share() const { return share_.get(); }
     // Present while a long note is displayed in a sheet.
     WholeNoteAdapter* wholeNote() const { return wholeNote_.get(); }
+    // Present while an interval is being corrected or added.
+    CorrectIntervalAdapter* correction() const { return correction_.get(); }
 
     Q_INVOKABLE void startShortFocus();
     Q_INVOKABLE void startLongFocus();
@@ -80,6 +85,11 @@ class TaskDetailAdapter final : public hearthmark::ui::StateAdapter {
     // The same for the note of a row.
     Q_INVOKABLE void displayWholeNote(int row);
     Q_INVOKABLE void dismissWholeNote();
+    // Of a row of `rows`, of `runningIntervals`, and of a new one; nothing where the task is gone.
+    Q_INVOKABLE void correctInterval(int row);
+    Q_INVOKABLE void correctRunningInterval(int row);
+    Q_INVOKABLE void addInterval();
+    Q_INVOKABLE void dismissCorrection();
 
  signals:
     void loadedChanged();
@@ -88,12 +98,14 @@ class TaskDetailAdapter final : public hearthmark::ui::StateAdapter {
     void canStartFocusChanged();
     void displayedSheetTypeChanged();
     void wholeNoteChanged();
+    void correctionChanged();
     // From the event loop, once the views have followed all rows of a new state.
     void rowsShown();
 
  private:
     void showNotes();
     void show() override;
+    void displayCorrection(const std::optional<base::Uuid>& intervalId);
 
     std::shared_ptr<presentation::TaskDetailViewModelProtocol> viewModel_;
     TaskDetailSubviewsFactory subviewsFactory_;
@@ -101,6 +113,7 @@ class TaskDetailAdapter final : public hearthmark::ui::StateAdapter {
     std::optional<TaskDetailViewSheetType> displayedSheetType_;
     std::unique_ptr<ShareContainerAdapter> share_;
     std::unique_ptr<WholeNoteAdapter> wholeNote_;
+    std::unique_ptr<CorrectIntervalAdapter> correction_;
     QString taskName_;
     QString totalTimeSpent_;
     const QString shortFocusText_;

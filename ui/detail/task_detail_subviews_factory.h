@@ -2,10 +2,13 @@
 #pragma once
 
 #include <memory>
+#include <optional>
 
 #include "export/share_container_vm_factory.h"
+#include "presentation/correct_interval_view_model.h"
 #include "presentation/view_model_factories.h"
 #include "ui/notes/notes_adapter.h"
+#include "ui/sheets/correct_interval_adapter.h"
 #include "ui/sheets/share_container_adapter.h"
 
 namespace hearthmark::ui {
@@ -19,7 +22,15 @@ struct TaskDetailSubviewsFactory {
         return std::make_unique<ShareContainerAdapter>(shareVMFactory.makeViewModel());
     }
 
+    // Without an id to add one.
+    std::unique_ptr<CorrectIntervalAdapter> makeCorrectIntervalView(
+        const std::optional<base::Uuid>& intervalId) const {
+        return std::make_unique<CorrectIntervalAdapter>(
+            correctIntervalVMFactory.makeViewModel(intervalId));
+    }
+
     presentation::NotesVMFactory notesVMFactory;
+    presentation::CorrectIntervalVMFactory correctIntervalVMFactory;
     exporting::ShareContainerVMFactory shareVMFactory;
 };
 

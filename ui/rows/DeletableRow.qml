@@ -22,6 +22,8 @@ Item {
     signal focused
     signal tapped
     signal deletionRequested
+    // F2 was pressed on it.
+    signal keyOfEditing
     signal menuRequested(position: point)
 
     function changeFocus() {
@@ -62,9 +64,12 @@ Item {
     function pressKey(event) {
         root.clicked = false;
         root.isWalkedTo = false;
-        event.accepted = event.key === Qt.Key_F10 && event.modifiers === Qt.ShiftModifier;
-        if (event.accepted)
+        const isMenuKey = event.key === Qt.Key_F10 && event.modifiers === Qt.ShiftModifier;
+        event.accepted = isMenuKey || event.key === Qt.Key_F2;
+        if (isMenuKey)
             root.requestMenu();
+        else if (event.accepted)
+            root.keyOfEditing();
     }
 
     onActiveFocusChanged: root.changeFocus()

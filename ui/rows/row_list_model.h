@@ -7,6 +7,7 @@
 #include <QVariant>
 #include <algorithm>
 #include <iterator>
+#include <optional>
 #include <unordered_map>
 #include <unordered_set>
 #include <utility>
@@ -86,6 +87,12 @@ class RowListModel : public QAbstractListModel {
             names.insert(Qt::UserRole + static_cast<int>(names.size()), role.name);
         }
         return names;
+    }
+
+    // Of the row's key; absent where a view asks with an index of an older state.
+    std::optional<base::Uuid> idAt(int index) const {
+        const Row* row = rowAt(index);
+        return row != nullptr ? std::optional(row->key.id) : std::nullopt;
     }
 
     // Answers whether rows came, went or moved.

@@ -12,6 +12,7 @@ QtObject {
     readonly property var startLongFocus: ["Ctrl+2"]
     readonly property var finishNewest: ["Ctrl+F"]
     readonly property var addNote: ["Ctrl+Shift+N"]
+    readonly property var addInterval: ["Ctrl+Shift+I"]
     readonly property var share: ["Ctrl+E"]
     readonly property var undo: ["Ctrl+Z"]
     readonly property var redo: ["Ctrl+Shift+Z"]
@@ -25,6 +26,8 @@ QtObject {
         [qsTr("Start a focus of an hour"), root.startLongFocus[0]],
         [qsTr("Finish the newest focus"), root.finishNewest[0]],
         [qsTr("Add a note"), root.addNote[0]],
+        [qsTr("Add a past interval"), root.addInterval[0]],
+        [qsTr("Correct the marked interval"), "F2"],
         [qsTr("Share the task"), root.share[0]],
         [qsTr("Save the name or note"), "Ctrl+Enter"],
         [qsTr("Show the marked task"), qsTr("Enter")],

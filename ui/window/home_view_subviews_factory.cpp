@@ -23,6 +23,11 @@ std::unique_ptr<TaskDetailAdapter> HomeViewSubviewsFactory::makeTaskDetailView(
         factory.makeViewModel(),
         TaskDetailSubviewsFactory{
             .notesVMFactory = {dataOperationsService, liveDataFactory, clock, drafts, taskId},
+            .correctIntervalVMFactory = {.dataOperationsService = dataOperationsService,
+                                         .liveDataFactory = liveDataFactory,
+                                         .clock = clock,
+                                         .calendar = calendar,
+                                         .taskId = taskId},
             .shareVMFactory = exporting::ShareContainerVMFactory(
                 {.csvSerializer = std::make_shared<exporting::CSVTaskShareSerializer>(),
                  .jsonSerializer = std::make_shared<exporting::JSONShareSerializer>()},
