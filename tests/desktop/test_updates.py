@@ -49,12 +49,12 @@ class Updates(ProgramTest):
         self.package.write_bytes(HALF + REST)
         subprocess.run(
             ["openssl", "req", "-x509", "-newkey", "rsa:2048", "-nodes", "-keyout", self.certificate,
-             "-out", self.certificate, "-subj", "/CN=localhost", "-addext", "subjectAltName=DNS:localhost"],
+             "-out", self.certificate, "-subj", "/CN=127.0.0.1", "-addext", "subjectAltName=IP:127.0.0.1"],
             check=True, capture_output=True)
         context = ssl.SSLContext(ssl.PROTOCOL_TLS_SERVER)
         context.load_cert_chain(self.certificate)
-        self.server = ThreadingHTTPServer(("localhost", 0), Handler)
-        self.address = f"localhost:{self.server.server_port}"
+        self.server = ThreadingHTTPServer(("127.0.0.1", 0), Handler)
+        self.address = f"127.0.0.1:{self.server.server_port}"
         self.server.asked, self.server.answering = [], threading.Lock()
         self.server.handle_error = lambda *_: None  # whoever is sent too much hangs up
         self.server.socket = context.wrap_socket(

@@ -31,20 +31,6 @@ Item {
         id: menu
 
         ContextMenuItem {
-            text: root.home.undoMenu.undoText || qsTr("Undo")
-            shortcutText: Shortcuts.undo[0]
-            enabled: root.home.undoMenu.undoText !== ""
-            onTriggered: root.home.undoMenu.undo()
-        }
-
-        ContextMenuItem {
-            text: root.home.undoMenu.redoText || qsTr("Redo")
-            shortcutText: Shortcuts.redo[0]
-            enabled: root.home.undoMenu.redoText !== ""
-            onTriggered: root.home.undoMenu.redo()
-        }
-
-        ContextMenuItem {
             id: aboutItem
 
             text: qsTr("About Hearthmark")
@@ -62,6 +48,20 @@ Item {
         ContextMenuItem {
             text: qsTr("Restore from a backup…")
             onTriggered: restore.open()
+        }
+
+        ContextMenuItem {
+            text: root.home.undoMenu.undoText || qsTr("Undo")
+            shortcutText: Shortcuts.undo[0]
+            enabled: root.home.undoMenu.undoText !== ""
+            onTriggered: root.home.undoMenu.undo()
+        }
+
+        ContextMenuItem {
+            text: root.home.undoMenu.redoText || qsTr("Redo")
+            shortcutText: Shortcuts.redo[0]
+            enabled: root.home.undoMenu.redoText !== ""
+            onTriggered: root.home.undoMenu.redo()
         }
 
         ContextMenuItem {
