@@ -72,6 +72,7 @@ FocusScope {
 
             width: Math.min(implicitWidth, parent.width)
             focus: true
+            symbol: "chevron.down"
             text: root.names[root.current] ?? ""
             Accessible.name: root.label + ": " + button.text
             onClicked: root.isOpen ? root.close() : root.open()
@@ -94,6 +95,12 @@ FocusScope {
             Keys.onSpacePressed: root.choose(list.currentIndex)
             Keys.onEscapePressed: root.close()
             Keys.onPressed: event => root.type(event)
+
+            FocusFrame {
+                anchors.fill: parent
+                z: -1
+                framed: list
+            }
 
             delegate: Item {
                 id: choice

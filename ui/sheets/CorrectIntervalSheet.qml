@@ -11,7 +11,7 @@ Sheet {
     readonly property bool canSave: root.adapter?.canSave ?? false
 
     function begin() {
-        if (!root.visible)
+        if (!root.adapter)
             return;
         start.text = root.adapter.start;
         timeSpent.text = root.adapter.timeSpent;
@@ -36,7 +36,7 @@ Sheet {
     }
 
     title: root.adapter?.isNew ? qsTr("Add an Interval") : qsTr("Correct the Interval")
-    onVisibleChanged: root.begin()
+    onAdapterChanged: root.begin()
     onKeyPressed: event => root.saveOnEnter(event)
 
     ChoiceField {

@@ -106,14 +106,14 @@ bool CorrectIntervalAdapter::save() {
 
 presentation::IntervalForm CorrectIntervalAdapter::form() const {
     const QString length = length_.trimmed();
-    return {.taskId = task_ >= 0 && task_ < static_cast<int>(tasks_.size())
-                          ? tasks_[static_cast<std::size_t>(task_)].taskId
-                          : viewModel_->taskId(),
-            .start = field(start_, firstStart_, format_.read(start_)),
-            .timeSpent = field(timeSpent_, firstTimeSpent_, durationOf(timeSpent_)),
-            .length = field(length_, firstLength_,
-                            length.isEmpty() ? std::optional(base::Seconds(0))
-                                             : durationOf(length))};
+    return {
+        .taskId = task_ >= 0 && task_ < static_cast<int>(tasks_.size())
+                      ? tasks_[static_cast<std::size_t>(task_)].taskId
+                      : viewModel_->taskId(),
+        .start = field(start_, firstStart_, format_.read(start_)),
+        .timeSpent = field(timeSpent_, firstTimeSpent_, durationOf(timeSpent_)),
+        .length = field(length_, firstLength_,
+                        length.isEmpty() ? std::optional(base::Seconds(0)) : durationOf(length))};
 }
 
 QString CorrectIntervalAdapter::faultOf(presentation::IntervalField field) const {

@@ -13,8 +13,8 @@
 
 namespace hearthmark::ui {
 
-// Hands the sheet that corrects an interval, or adds one, what its fields begin with, and what is to
-// be said of what stands in them. Owns its view model; made anew for each presentation.
+// Hands the sheet that corrects an interval, or adds one, what its fields begin with, and what is
+// to be said of what stands in them. Owns its view model; made anew for each presentation.
 class CorrectIntervalAdapter final : public QObject {
     Q_OBJECT
     QML_ELEMENT
@@ -51,8 +51,8 @@ class CorrectIntervalAdapter final : public QObject {
 
     // The start with the part at the cursor that many steps later.
     Q_INVOKABLE QString steppedStart(int cursor, int steps) const;
-    // The next of the tasks, after the one with that index, whose name begins so, around the end; -1
-    // where there is none.
+    // The next of the tasks, after the one with that index, whose name begins so, around the end;
+    // -1 where there is none.
     Q_INVOKABLE int taskAfter(int index, const QString& beginning) const;
     // Answers whether it could.
     Q_INVOKABLE bool save();

@@ -3,6 +3,7 @@
 
 #include <QDateTime>
 #include <algorithm>
+#include <utility>
 
 namespace hearthmark::ui {
 
@@ -68,6 +69,7 @@ LocalTimeText::LocalTimeText(const QLocale& locale) : locale_(locale) {
         date.replace(QLatin1String("yy"), QLatin1String("yyyy"));
     }
     QString time = locale.timeFormat(QLocale::ShortFormat);
+    time.remove(QLatin1String(":ss"));
     formatWithoutSeconds_ = date + QLatin1Char(' ') + time;
     format_ = date + QLatin1Char(' ') + time.replace(QLatin1String("mm"), QLatin1String("mm:ss"));
 }
@@ -96,8 +98,8 @@ std::optional<base::LocalTime> LocalTimeText::read(const QString& text) const {
 
 QString LocalTimeText::stepped(const QString& text, int cursor, int steps) const {
     const QDateTime time = onTheWall(locale_.toDateTime(text.simplified(), format_));
-    return time.isValid() ? locale_.toString(later(time, letterAt(format_, runAt(text, cursor)), steps),
-                                             format_)
+    return time.isValid() ? locale_.toString(
+                                later(time, letterAt(format_, runAt(text, cursor)), steps), format_)
                           : text;
 }
 

@@ -9,8 +9,8 @@
 
 namespace hearthmark::ui {
 
-// A day and a time of day as a locale writes them in its short form, but with all digits of the year
-// and with seconds.
+// A day and a time of day as a locale writes them in its short form, but with all digits of the
+// year and with seconds.
 class LocalTimeText {
  public:
     explicit LocalTimeText(const QLocale& locale);
