@@ -101,6 +101,42 @@ class Use(ProgramTest):
         program.press("Quit", "menu item")
         self.assertEqual(program.finished()[0], 0)
 
+    def test_a_past_interval_is_added_corrected_moved_and_all_of_it_undone(self):
+        program = self.program
+        self.make_store(("INSERT INTO Task VALUES (1, ?, 0, 'Letters'), (2, ?, 5, 'Report')",
+                         (new_id(), new_id())))
+        program.launch()
+        press(program.find("Letters", "list item"))
+        program.find("Letters", "heading")
+        stored = "SELECT duration, maxDuration, task FROM Interval JOIN RawIntervalState r" \
+                 " ON r.interval = Interval.pk WHERE state = 2"
+        key("ctrl+shift+i")
+        program.find("Add an Interval", "heading")
+        key("Down", "Tab", "ctrl+a")
+        type_text("70:00")
+        program.find("There was not so much time since the start.")
+        self.assertFalse(program.is_enabled("Save"))
+        key("ctrl+a")
+        type_text("20:00")
+        key("Return")
+        wait_for(lambda: program.rows(stored) == [(1200, 0, 1)], "the new interval")
+        press(program.find("Edit interval"))
+        program.find("Correct the Interval", "heading")
+        key("Tab", "Tab")
+        type_text("25")
+        key("shift+Tab", "shift+Tab", "shift+Tab", "space")
+        program.find("Report", "list item")
+        key("r", "Return")
+        program.find("Task: Report", "push button")
+        program.press("Save")
+        wait_for(lambda: program.rows(stored) == [(1200, 1500, 2)], "the corrected one")
+        key("ctrl+z")
+        wait_for(lambda: program.rows(stored) == [(1200, 0, 1)], "what it was")
+        key("ctrl+z")
+        wait_for(lambda: program.rows(stored) == [], "nothing")
+        key("ctrl+shift+z", "ctrl+shift+z")
+        wait_for(lambda: program.rows(stored) == [(1200, 1500, 2)], "all of it")
+
     def test_the_only_task_that_starts_pushes_the_other_header_down(self):
         program = self.program.launch()
         program.add_task("Letters")

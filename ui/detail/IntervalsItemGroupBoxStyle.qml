@@ -60,7 +60,7 @@ Rectangle {
         anchors.rightMargin: Theme.tightSpacing
         anchors.verticalCenter: label.verticalCenter
         height: Math.min(implicitHeight, label.height + 2 * Theme.tightSpacing)
-        opacity: root.row.hovered || edit.hovered || root.row.focusVisible ? 1 : 0
+        drawn: root.row.hovered || edit.hovered || root.row.focusVisible
         activeFocusOnTab: false
         symbol: "pencil"
         text: qsTr("Edit interval")
