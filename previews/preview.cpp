@@ -130,7 +130,7 @@ std::vector<Preview> previewsOfUsualTexts() {
          .typed = "x",
          .direction = Qt::RightToLeft},
         {.name = "interval-smallest",
-         .selection = kIdle,
+         .selection = kRunning,
          .keys = {"Ctrl+Shift+I"},
          .typed = "x",
          .textSize = 16,

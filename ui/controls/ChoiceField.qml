@@ -67,15 +67,21 @@ FocusScope {
             Accessible.ignored: true
         }
 
-        PushButton {
-            id: button
+        Item {
+            width: parent.width
+            height: button.height
 
-            width: Math.min(implicitWidth, parent.width)
-            focus: true
-            symbol: "chevron.down"
-            text: root.names[root.current] ?? ""
-            Accessible.name: root.label + ": " + button.text
-            onClicked: root.isOpen ? root.close() : root.open()
+            PushButton {
+                id: button
+
+                anchors.left: parent.left
+                width: Math.min(implicitWidth, parent.width)
+                focus: true
+                symbol: "chevron.down"
+                text: root.names[root.current] ?? ""
+                Accessible.name: root.label + ": " + button.text
+                onClicked: root.isOpen ? root.close() : root.open()
+            }
         }
 
         ListView {
@@ -117,6 +123,7 @@ FocusScope {
 
                 Rectangle {
                     anchors.fill: parent
+                    anchors.margins: Theme.focusWidth
                     radius: Theme.controlRadius
                     visible: choice.ListView.isCurrentItem
                     color: Theme.colors.selectedContent

@@ -80,6 +80,7 @@ FocusScope {
             Label {
                 anchors.fill: parent
                 leftPadding: Theme.spacing
+                rightPadding: Theme.spacing
                 verticalAlignment: Text.AlignVCenter
                 visible: input.text === ""
                 text: root.placeholder
