@@ -2,19 +2,41 @@
 import QtQuick
 import Hearthmark.Controls
 
-// The box of an interval of the detail pane: a clock beside its time.
+// The box of an interval of the detail pane: a clock beside its time, and at the end a button and when it
+// began; below the time where there is no room for them.
 Rectangle {
     id: root
 
     required property DeletableRow row
     required property string text
+    required property string began
+    property string buttonText
+    property string buttonName: root.buttonText
+    property bool canPress: true
     property real symbolSize: Theme.symbolSize
     property real textSize: Theme.bodySize
     property real bottomPadding: Theme.spacing
     // Where it does not fit it gets smaller instead of going on in the next line.
     property bool isOneLine: false
+    // The Tab key comes to the button by itself.
+    property bool isButtonInChain: true
+    readonly property bool isStacked: label.x + time.advanceWidth + end.width + 2 * Theme.spacing > root.width
+    readonly property real lineHeight: root.isStacked ? label.height : Math.max(label.height, end.height)
 
-    implicitHeight: label.y + label.height + root.bottomPadding
+    signal pressed
+
+    function focusButton() {
+        button.forceActiveFocus(Qt.TabFocusReason);
+    }
+
+    // The button may be disabled by what it does, and the keyboard would be nowhere.
+    function press() {
+        if (button.activeFocus)
+            root.row.forceActiveFocus(Qt.OtherFocusReason);
+        root.pressed();
+    }
+
+    implicitHeight: (root.isStacked ? end.y + end.height : Theme.spacing + root.lineHeight) + root.bottomPadding
     radius: Theme.radius
     color: Theme.colors.window
 
@@ -37,16 +59,55 @@ Rectangle {
     Label {
         id: label
 
-        y: Theme.spacing
+        y: Theme.spacing + (root.lineHeight - label.height) / 2
         anchors.left: icon.right
         anchors.leftMargin: Theme.spacing
         anchors.right: parent.right
-        anchors.rightMargin: Theme.spacing
+        anchors.rightMargin: Theme.spacing + (root.isStacked ? 0 : end.width + Theme.spacing)
         text: root.text
         font.pointSize: root.textSize
         fontSizeMode: root.isOneLine ? Text.HorizontalFit : Text.FixedSize
         minimumPointSize: Theme.bodySize
         wrapMode: root.isOneLine ? Text.NoWrap : Text.Wrap
         Accessible.ignored: true
+    }
+
+    TextMetrics {
+        id: time
+
+        font: label.font
+        text: root.text
+    }
+
+    Row {
+        id: end
+
+        y: root.isStacked ? label.y + label.height + Theme.tightSpacing : Theme.spacing + (root.lineHeight - end.height) / 2
+        anchors.right: parent.right
+        anchors.rightMargin: Theme.spacing
+        spacing: Theme.spacing
+
+        PushButton {
+            id: button
+
+            visible: root.buttonText.length > 0
+            enabled: root.canPress
+            activeFocusOnTab: root.isButtonInChain
+            text: root.buttonText
+            Accessible.name: root.buttonName
+            onClicked: root.press()
+            // That key is for the row, when it is the row that is marked.
+            Keys.onDeletePressed: event => event.accepted = true
+        }
+
+        Label {
+            anchors.verticalCenter: parent.verticalCenter
+            width: Math.min(implicitWidth, root.width - 2 * Theme.spacing - (button.visible ? button.width + Theme.spacing : 0))
+            visible: root.began.length > 0
+            text: root.began
+            color: Theme.colors.secondaryText
+            elide: Text.ElideRight
+            Accessible.ignored: true
+        }
     }
 }
