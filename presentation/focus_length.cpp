@@ -148,8 +148,7 @@ TypedLength readLength(const std::string& text) {
         return {};
     }
     const Parts parts{trimmed};
-    const auto seconds =
-        isDigit(trimmed.back()) ? secondsOfClock(parts) : secondsOfUnits(parts);
+    const auto seconds = isDigit(trimmed.back()) ? secondsOfClock(parts) : secondsOfUnits(parts);
     if (!seconds || !isDigit(trimmed.front())) {
         return {.reading = Reading::noLength};
     }

@@ -28,9 +28,9 @@ struct TypedLength {
 // largest first: "1 h 30 min"; one alone may have a fraction, after a point or a comma.
 TypedLength readLength(const std::string& text);
 
-// The lengths that the newest intervals of these tasks aimed at, newest first and each once, but for
-// those of the two start buttons and those that nobody would type. Looks at as many intervals as it
-// takes, which may be all of them.
+// The lengths that the newest intervals of these tasks aimed at, newest first and each once, but
+// for those of the two start buttons and those that nobody would type. Looks at as many intervals
+// as it takes, which may be all of them.
 std::vector<base::Seconds> newestOwnLengths(const store::Tasks& tasks);
 
 }  // namespace hearthmark::presentation

@@ -58,10 +58,12 @@ livedata::SharedList<NotesViewState::CommittedNote> NotesViewModel::committedNot
         if (note->id()) {
             rows.push_back({.id = *note->id(),
                             .noteText = orDash(note->text()),
-                            .onDeleteCommand = livedata::makeAction(
-                                base::weakly(weak_from_this(), [id = *note->id()](auto& self) {
+                            .onDeleteCommand = livedata::makeAction(base::weakly(
+                                weak_from_this(),
+                                [id = *note->id()](auto& self) {
                                     self.dataOperationsService_->deleteNote(id, self.taskId_);
-                                }))});
+                                })),
+                            .creationDate = note->creationDate()});
         }
     }
     return livedata::SharedList(std::move(rows));

@@ -4,6 +4,7 @@
 #include <optional>
 #include <string>
 
+#include "base/date.h"
 #include "base/uuid.h"
 #include "livedata/block.h"
 #include "livedata/shared_list.h"
@@ -18,6 +19,7 @@ struct NotesViewState {
         base::Uuid id;
         std::string noteText;
         livedata::Action onDeleteCommand;
+        std::optional<base::Date> creationDate;
 
         bool operator==(const CommittedNote&) const = default;
     };

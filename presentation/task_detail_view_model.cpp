@@ -22,10 +22,19 @@ TaskDetailViewState::View placeholder() {
     return {.canStartFocus = false,
             .onStartLongFocusTap = nothing,
             .onStartShortFocusTap = nothing,
+            .onStartFocus = std::make_shared<const livedata::Block<base::Seconds>>([](auto) {}),
             .nonRunningIntervals = {},
             .runningIntervals = {},
             .taskName = "-",
             .totalTimeSpent = "-"};
+}
+
+std::optional<base::Seconds> restOf(const store::Interval& interval) {
+    constexpr base::Seconds kLeastRest{1};
+    const base::Seconds rest = interval.maxDuration() - interval.duration();
+    const bool isShort = interval.isFinished() && interval.duration() >= base::Seconds(0) &&
+                         rest >= kLeastRest && store::formattedDuration(rest);
+    return isShort ? std::optional(rest) : std::nullopt;
 }
 
 }  // namespace
@@ -70,6 +79,8 @@ TaskDetailViewState::View TaskDetailViewModel::view(const store::Task& task) {
         .canStartFocus = canStartFocus_,
         .onStartLongFocusTap = startAction(kLongFocus),
         .onStartShortFocusTap = startAction(kShortFocus),
+        .onStartFocus = std::make_shared<const livedata::Block<base::Seconds>>(
+            base::weakly(weak_from_this(), &TaskDetailViewModel::startFocus)),
         .nonRunningIntervals = nonRunningIntervals_,
         .runningIntervals = {},
         .taskName = orDash(task.name()),
@@ -79,7 +90,9 @@ TaskDetailViewState::View TaskDetailViewModel::view(const store::Task& task) {
             view.runningIntervals.push_back({.intervalId = *interval->id(),
                                              .onDeleteCommand = deleteAction(*interval->id()),
                                              .totalTimeSpent = timeSpentText(*interval),
-                                             .progress = store::progress(*interval, *clock_)});
+                                             .progress = store::progress(*interval, *clock_),
+                                             .creationDate = interval->creationDate(),
+                                             .onExtend = extendAction(*interval)});
         }
     }
     return view;
@@ -93,7 +106,9 @@ TaskDetailViewModel::nonRunningIntervals(const std::vector<const store::Interval
         if (interval->intervalState() && interval->id()) {
             rows.push_back({.intervalId = *interval->id(),
                             .onDeleteCommand = deleteAction(*interval->id()),
-                            .totalTimeSpent = timeSpentText(*interval)});
+                            .totalTimeSpent = timeSpentText(*interval),
+                            .creationDate = interval->creationDate(),
+                            .rest = restOf(*interval)});
         }
     }
     return livedata::SharedList(std::move(rows));
@@ -102,6 +117,16 @@ TaskDetailViewModel::nonRunningIntervals(const std::vector<const store::Interval
 livedata::Action TaskDetailViewModel::deleteAction(const base::Uuid& intervalId) {
     return livedata::makeAction(base::weakly(weak_from_this(), [intervalId](auto& self) {
         self.dataOperationsService_->deleteInterval(intervalId, self.selectedTaskId_);
+    }));
+}
+
+std::optional<livedata::Action> TaskDetailViewModel::extendAction(const store::Interval& interval) {
+    if (!(interval.maxDuration() > base::Seconds(0))) {
+        return std::nullopt;
+    }
+    return livedata::makeAction(base::weakly(weak_from_this(), [intervalId =
+                                                                    *interval.id()](auto& self) {
+        self.dataOperationsService_->extendInterval(intervalId, self.selectedTaskId_, kExtension);
     }));
 }
 

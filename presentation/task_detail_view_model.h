@@ -3,9 +3,11 @@
 
 #include <memory>
 #include <optional>
+#include <vector>
 
 #include "base/clock.h"
 #include "livedata/published.h"
+#include "presentation/focus_length.h"
 #include "presentation/live_tasks.h"
 #include "presentation/task_detail_view_state.h"
 #include "services/ports/time_keeping.h"
@@ -21,6 +23,9 @@ class TaskDetailViewModelProtocol {
     // Absent until observation has begun; of a task that is gone, a placeholder with which nothing
     // can be done.
     virtual livedata::Published<std::optional<TaskDetailViewState::View>>& viewState() = 0;
+
+    // As `newestOwnLengths` of all tasks, worked out at each call.
+    virtual std::vector<base::Seconds> ownLengths() const = 0;
 
     // Called once, when the pane comes on screen.
     virtual void startObserving() = 0;
@@ -40,6 +45,7 @@ class TaskDetailViewModel final : public TaskDetailViewModelProtocol,
     livedata::Published<std::optional<TaskDetailViewState::View>>& viewState() override {
         return viewState_;
     }
+    std::vector<base::Seconds> ownLengths() const override { return newestOwnLengths(tasks_); }
     void startObserving() override;
 
  private:
@@ -50,6 +56,7 @@ class TaskDetailViewModel final : public TaskDetailViewModelProtocol,
     livedata::SharedList<TaskDetailViewState::NonRunningInterval> nonRunningIntervals(
         const std::vector<const store::Interval*>& settled);
     livedata::Action deleteAction(const base::Uuid& intervalId);
+    std::optional<livedata::Action> extendAction(const store::Interval& interval);
     std::string timeSpentText(const store::Interval& interval) const;
     livedata::Action startAction(base::Seconds maxDuration);
     void startFocus(base::Seconds maxDuration);

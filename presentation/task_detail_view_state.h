@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -14,6 +15,8 @@ namespace hearthmark::presentation {
 // The lengths that the two start buttons aim at. The view makes its labels from them too.
 constexpr base::Seconds kShortFocus{1800};
 constexpr base::Seconds kLongFocus{3600};
+// What a running interval is given more.
+constexpr base::Seconds kExtension{300};
 
 // What the detail pane shows of one task and what can be done there.
 struct TaskDetailViewState {
@@ -25,6 +28,9 @@ struct TaskDetailViewState {
         std::string totalTimeSpent;
         // Towards its maximum, from 0 to 1.
         double progress;
+        std::optional<base::Date> creationDate;
+        // By kExtension; absent where it has no length.
+        std::optional<livedata::Action> onExtend;
 
         bool operator==(const RunningInterval&) const = default;
     };
@@ -33,6 +39,9 @@ struct TaskDetailViewState {
         base::Uuid intervalId;
         livedata::Action onDeleteCommand;
         std::string totalTimeSpent;
+        std::optional<base::Date> creationDate;
+        // What a finished one is short of its length, a second at least.
+        std::optional<base::Seconds> rest;
 
         bool operator==(const NonRunningInterval&) const = default;
     };
@@ -44,6 +53,8 @@ struct TaskDetailViewState {
         bool canStartFocus;
         livedata::Action onStartLongFocusTap;
         livedata::Action onStartShortFocusTap;
+        // Of any length.
+        livedata::ActionOn<base::Seconds> onStartFocus;
         livedata::SharedList<NonRunningInterval> nonRunningIntervals;
         std::vector<RunningInterval> runningIntervals;
         std::string taskName;

@@ -133,10 +133,10 @@ TEST_F(ViewModelTest, TheDetailShowsRunningIntervalsApartNewestFirst) {
     store.addInterval(task, IntervalState::paused(), 1000s).setId(std::nullopt);
     store.context().save();
     const auto model = makeDetail(task);
-    EXPECT_EQ(text(*model), "a 18:39 4/1:00 12/1:00 | - 3/1:00 1/1:00");
+    EXPECT_EQ(text(*model), "a 18:39 4/1:00+ 12/1:00+ | - 3/1:00>57 1/1:00");
     store.clock->time = at(1001);
     timers->fire();
-    EXPECT_EQ(text(*model), "a 18:40 4/1:00 13/1:00 | - 3/1:00 1/1:00");
+    EXPECT_EQ(text(*model), "a 18:40 4/1:00+ 13/1:00+ | - 3/1:00>57 1/1:00");
 }
 
 TEST_F(ViewModelTest, TheDetailStartsAFocusReadingTheClockTwice) {
@@ -152,13 +152,31 @@ TEST_F(ViewModelTest, TheDetailStartsAFocusReadingTheClockTwice) {
               "1|1000.0|1001.0|NULL|0.0|1800.0 2|1000.0|1001.0|NULL|0.0|3600.0");
 }
 
+TEST_F(ViewModelTest, TheDetailContinuesWithTheRestAndExtendsByFiveMinutes) {
+    Task& task = store.addTask("a");
+    for (const auto& [duration, length] :
+         {std::pair(60.5s, 100s), {99.5s, 100s}, {100s, 100s}, {5s, 0s}}) {
+        store.addInterval(task, IntervalState::finished(), duration, length);
+    }
+    const auto model = makeDetail(task);
+    EXPECT_EQ(text(*model), "+a 4:25 | 5/0 1:40/1:40 1:39/1:40 1:00/1:40>39");
+    const auto& view = model->viewState().value();
+    (*std::shared_ptr(view->onStartFocus))(*view->nonRunningIntervals[3].rest);
+    EXPECT_EQ(text(*model), "a 4:25 0/39+ | 5/0 1:40/1:40 1:39/1:40 1:00/1:40>39");
+    call(*view->runningIntervals[0].onExtend);
+    EXPECT_EQ(store.sql("SELECT duration, maxDuration FROM Interval WHERE pk IN (1, 5)"),
+              "60.5|100.0 0.0|339.5");
+    store.addInterval(task, IntervalState::running(at(1000)), 0s, 0s);
+    EXPECT_FALSE(view->runningIntervals[1].onExtend) << "without a limit there is none to move";
+}
+
 TEST_F(ViewModelTest, TheDetailDeletesOnlyTheIntervalOfARow) {
     Task& task = store.addTask("a");
     store.addInterval(task, IntervalState::running(at(1000)), 1s);
     store.addInterval(task, IntervalState::finished(), 2s);
     auto model = makeDetail(task);
     call(model->viewState().value()->nonRunningIntervals[0].onDeleteCommand);
-    EXPECT_EQ(text(*model), "a 1 1/30:00 |");
+    EXPECT_EQ(text(*model), "a 1 1/30:00+ |");
     const auto action = model->viewState().value()->runningIntervals[0].onDeleteCommand;
     call(action);
     EXPECT_EQ(text(*model), "+a 0 |");

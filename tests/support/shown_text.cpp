@@ -8,6 +8,7 @@
 #include "export/json_share_serializer.h"
 #include "presentation/view_model_factories.h"
 #include "store/note.h"
+#include "store/time_texts.h"
 #include "support/test_store.h"
 
 namespace hearthmark::tests {
@@ -37,7 +38,7 @@ std::string text(const TaskListViewState::View& list) {
 std::string text(const TaskDetailViewState::View& task) {
     std::string text = (task.canStartFocus ? "+" : "") + task.taskName + ' ' + task.totalTimeSpent;
     for (const auto& row : task.runningIntervals) {
-        text += ' ' + row.totalTimeSpent;
+        text += ' ' + row.totalTimeSpent + (row.onExtend ? "+" : "");
         if (!(row.progress >= 0 && row.progress <= 1)) {
             throw std::logic_error(text);
         }
@@ -45,6 +46,7 @@ std::string text(const TaskDetailViewState::View& task) {
     text += " |";
     for (const auto& row : task.nonRunningIntervals) {
         text += ' ' + row.totalTimeSpent;
+        text += row.rest ? '>' + store::formattedDuration(*row.rest).value() : "";
     }
     return text;
 }

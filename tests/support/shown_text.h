@@ -16,7 +16,7 @@ namespace hearthmark::tests {
 
 // "*" marks the selected task.
 std::string text(const presentation::TaskListViewState::View& list);
-// "+" says that a focus may start.
+// "+" says that a focus may start, or be given more time, and ">" what one is short of.
 std::string text(const presentation::TaskDetailViewState::View& task);
 std::string text(const presentation::NotesViewState::View& notes);
 // The time of each day on which there was any, and in parentheses today's.

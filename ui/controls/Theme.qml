@@ -114,6 +114,7 @@ QtObject {
     readonly property int changesHeight: 52 * root.textScale
     readonly property int wideSheetWidth: 760 * root.textScale
     readonly property int pageWidth: 640 * root.textScale
+    readonly property int lengthFieldWidth: 130 * root.textScale
     readonly property int chartWidth: 360 * root.textScale
     readonly property int chartTextsWidth: 30 * root.bodySize
     readonly property int chartHeight: 64

@@ -2,21 +2,42 @@
 import QtQuick
 import Hearthmark.Controls
 
-// The box of an interval of the detail pane: a clock beside its time.
+// The box of an interval of the detail pane: a clock beside its time, and at the end a button and when it
+// began; below the time where there is no room for them.
 Rectangle {
     id: root
 
     required property DeletableRow row
     required property string text
+    required property string began
+    property string buttonText
+    property string buttonName: root.buttonText
+    property bool canPress: true
     property real symbolSize: Theme.symbolSize
     property real textSize: Theme.bodySize
     property real bottomPadding: Theme.spacing
     // Where it does not fit it gets smaller instead of going on in the next line.
     property bool isOneLine: false
+    // The Tab key comes to the button by itself.
+    property bool isButtonInChain: true
+    readonly property bool isStacked: label.x + time.advanceWidth + end.width + 2 * Theme.spacing > root.width
+    readonly property real lineHeight: root.isStacked ? label.height : Math.max(label.height, end.height)
 
+    signal pressed
     signal editRequested
 
-    implicitHeight: label.y + label.height + root.bottomPadding
+    function focusButton() {
+        button.forceActiveFocus(Qt.TabFocusReason);
+    }
+
+    // The button may be disabled by what it does, and the keyboard would be nowhere.
+    function press() {
+        if (button.activeFocus)
+            root.row.forceActiveFocus(Qt.OtherFocusReason);
+        root.pressed();
+    }
+
+    implicitHeight: (root.isStacked ? end.y + end.height : Theme.spacing + root.lineHeight) + root.bottomPadding
     radius: Theme.radius
     color: Theme.colors.window
 
@@ -39,11 +60,11 @@ Rectangle {
     Label {
         id: label
 
-        y: Theme.spacing
+        y: Theme.spacing + (root.lineHeight - label.height) / 2
         anchors.left: icon.right
         anchors.leftMargin: Theme.spacing
-        anchors.right: edit.left
-        anchors.rightMargin: Theme.spacing
+        anchors.right: parent.right
+        anchors.rightMargin: Theme.spacing + (root.isStacked ? 0 : end.width + Theme.spacing)
         text: root.text
         font.pointSize: root.textSize
         fontSizeMode: root.isOneLine ? Text.HorizontalFit : Text.FixedSize
@@ -52,18 +73,56 @@ Rectangle {
         Accessible.ignored: true
     }
 
-    // Its key is F2 on the row.
-    SymbolButton {
-        id: edit
+    TextMetrics {
+        id: time
 
+        font: label.font
+        text: root.text
+    }
+
+    Row {
+        id: end
+
+        y: root.isStacked ? label.y + label.height + Theme.tightSpacing : Theme.spacing + (root.lineHeight - end.height) / 2
         anchors.right: parent.right
-        anchors.rightMargin: Theme.tightSpacing
-        anchors.verticalCenter: label.verticalCenter
-        height: Math.min(implicitHeight, label.height + 2 * Theme.tightSpacing)
-        drawn: root.row.hovered || edit.hovered || root.row.focusVisible
-        activeFocusOnTab: false
-        symbol: "pencil"
-        text: qsTr("Edit interval")
-        onClicked: root.editRequested()
+        anchors.rightMargin: Theme.spacing
+        spacing: Theme.spacing
+
+        // Its key is F2 on the row.
+        SymbolButton {
+            id: edit
+
+            anchors.verticalCenter: parent.verticalCenter
+            height: Theme.symbolSize
+            drawn: root.row.hovered || edit.hovered || root.row.focusVisible
+            activeFocusOnTab: false
+            symbol: "pencil"
+            text: qsTr("Edit interval")
+            onClicked: root.editRequested()
+        }
+
+        PushButton {
+            id: button
+
+            anchors.verticalCenter: parent.verticalCenter
+            visible: root.buttonText.length > 0
+            enabled: root.canPress
+            activeFocusOnTab: root.isButtonInChain
+            text: root.buttonText
+            Accessible.name: root.buttonName
+            onClicked: root.press()
+            // That key is for the row, when it is the row that is marked.
+            Keys.onDeletePressed: event => event.accepted = true
+        }
+
+        Label {
+            anchors.verticalCenter: parent.verticalCenter
+            width: Math.min(implicitWidth, root.width - 3 * Theme.spacing - edit.width - (button.visible ? button.width + Theme.spacing : 0))
+            visible: root.began.length > 0
+            text: root.began
+            color: Theme.colors.secondaryText
+            elide: Text.ElideRight
+            Accessible.ignored: true
+        }
     }
 }

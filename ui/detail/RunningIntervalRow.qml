@@ -9,14 +9,19 @@ DeletableRow {
     required property int index
     required property string timeSpent
     required property real progress
+    required property string began
+    // Of a button that gives it more time; empty where it has no length.
+    required property string extension
     readonly property bool ticks: true
 
     signal editRequested
+    signal extended
 
     implicitHeight: box.implicitHeight
     activeFocusOnTab: true
     Accessible.role: Accessible.ListItem
     Accessible.name: root.timeSpent
+    Accessible.description: root.began
     Accessible.focusable: true
     onKeyOfEditing: root.editRequested()
 
@@ -26,11 +31,15 @@ DeletableRow {
         width: parent.width
         row: root
         text: root.timeSpent
+        began: root.began
+        buttonText: root.extension
+        buttonName: qsTr("Five more minutes")
         symbolSize: Theme.largeSymbolSize
         textSize: Theme.displaySize
         isOneLine: true
         onEditRequested: root.editRequested()
         bottomPadding: 2 * Theme.spacing + bar.height
+        onPressed: root.extended()
     }
 
     IntervalProgress {

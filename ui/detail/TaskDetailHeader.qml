@@ -23,6 +23,10 @@ FocusScope {
         chart.enter();
     }
 
+    function startOwnFocus() {
+        start.startOwnFocus();
+    }
+
     // A button that is disabled leaves it with the whole, on which nothing shows it.
     function revealFocus() {
         if (root.focusedItem === root)
@@ -68,25 +72,11 @@ FocusScope {
             text: qsTr("Start a focus")
         }
 
-        Row {
+        StartFocus {
+            id: start
+
             width: parent.width
-            spacing: Theme.spacing
-
-            PushButton {
-                visible: root.adapter.shortFocusText.length > 0
-                enabled: root.adapter.canStartFocus
-                look: PushButton.Primary
-                text: root.adapter.shortFocusText
-                onClicked: root.adapter.startShortFocus()
-            }
-
-            PushButton {
-                visible: root.adapter.longFocusText.length > 0
-                enabled: root.adapter.canStartFocus
-                look: PushButton.Primary
-                text: root.adapter.longFocusText
-                onClicked: root.adapter.startLongFocus()
-            }
+            adapter: root.adapter
         }
 
         SectionTitle {
@@ -102,6 +92,7 @@ FocusScope {
                 width: content.width
                 onDeletionRequested: root.adapter.runningIntervals.deleteRow(row.index)
                 onEditRequested: root.adapter.correctRunningInterval(row.index)
+                onExtended: root.adapter.runningIntervals.extendRow(row.index)
                 onMenuRequested: position => root.menuRequested(row, position)
             }
         }

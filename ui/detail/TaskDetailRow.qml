@@ -13,8 +13,13 @@ RowOfKind {
     required property string text
     // Of a note that is too long, which ends with a button.
     required property bool isCut
+    required property string began
+    // Of an interval that is short of its length, which ends with a button.
+    required property string continueText
     readonly property bool isPlace: root.kind === TaskDetailListModel.NotesSection
 
+    required property bool canStartFocus
+    readonly property bool hasContinue: root.continueText.length > 0 && root.canStartFocus
     // Of the notes section, for its place.
     required property real notesHeight
     // Where the Tab key leaves the rows.
@@ -22,6 +27,7 @@ RowOfKind {
 
     // The whole text is to be copied, of which this may show a part.
     signal copied
+    signal continued
     signal wholeRequested
     signal editRequested
     signal placeMade
@@ -45,6 +51,8 @@ RowOfKind {
     function focusLast() {
         if (root.isCut)
             (root.content as NotesItemGroupBoxStyle).focusButton();
+        else if (root.hasContinue)
+            (root.content as IntervalsItemGroupBoxStyle).focusButton();
         else
             root.forceActiveFocus(Qt.BacktabFocusReason);
     }
@@ -56,7 +64,7 @@ RowOfKind {
     }
 
     function goForward() {
-        if (root.isCut && root.activeFocus)
+        if ((root.isCut || root.hasContinue) && root.activeFocus)
             root.focusLast();
         else
             root.stop.leaveForward();
@@ -76,6 +84,7 @@ RowOfKind {
     onIsCompleteChanged: root.tellMade()
     Accessible.role: Accessible.ListItem
     Accessible.name: root.text
+    Accessible.description: root.began
     Accessible.focusable: true
     onKeyOfEditing: {
         if (root.kind === TaskDetailListModel.Interval)
@@ -94,6 +103,11 @@ RowOfKind {
             row: root
             text: root.text
             onEditRequested: root.editRequested()
+            began: root.began
+            buttonText: root.continueText
+            canPress: root.canStartFocus
+            isButtonInChain: false // the row hands the focus on to it
+            onPressed: root.continued()
         }
     }
 
@@ -105,6 +119,7 @@ RowOfKind {
             row: root
             noteText: root.text
             isCut: root.isCut
+            began: root.began
             onCopied: root.copied()
             onButtonReached: root.showEnd()
             onWholeRequested: root.wholeRequested()

@@ -31,6 +31,12 @@ Item {
     }
 
     Shortcut {
+        sequences: Shortcuts.startOwnFocus
+        enabled: root.screen.activeFocus
+        onActivated: list.startOwnFocus()
+    }
+
+    Shortcut {
         sequences: Shortcuts.addInterval
         enabled: root.screen.activeFocus && shareButton.enabled
         onActivated: root.adapter.addInterval()

@@ -19,6 +19,10 @@ void OverviewAdapter::show() {
         return;
     }
     days_.show(state->days);
+    if (replace(todayStart_,
+                state->days.empty() ? std::nullopt : std::optional(state->days.back().start))) {
+        emit todayStartChanged();
+    }
     if (replace(today_, toQString(state->today))) {
         emit todayChanged();
     }

@@ -5,6 +5,7 @@
 
 #include <QString>
 #include <memory>
+#include <optional>
 
 #include "presentation/focus_overview_view_model.h"
 #include "ui/detail/overview_day_model.h"
@@ -25,15 +26,20 @@ class OverviewAdapter final : public hearthmark::ui::StateAdapter {
 
     QString today() const { return today_; }
     OverviewDayModel* days() { return &days_; }
+    // When today began; absent where the clock is out of all calendars.
+    std::optional<base::Date> todayStart() const { return todayStart_; }
 
  signals:
     void todayChanged();
+    // Another day has come, or the time zone is another.
+    void todayStartChanged();
 
  private:
     void show() override;
 
     std::shared_ptr<presentation::FocusOverviewViewModel> viewModel_;
     QString today_;
+    std::optional<base::Date> todayStart_;
     OverviewDayModel days_;
 };
 

@@ -7,6 +7,7 @@
 #include "store/time_texts.h"
 #include "ui/state/replace_adapter.h"
 #include "ui/state/run_action.h"
+#include "ui/text/began_text.h"
 #include "ui/text/text_conversion.h"
 
 namespace hearthmark::ui {
@@ -18,7 +19,9 @@ QString durationText(base::Seconds duration) {
 }
 
 std::vector<IntervalRow> intervalRows(
-    const std::vector<presentation::TaskDetailViewState::RunningInterval>& intervals) {
+    const std::vector<presentation::TaskDetailViewState::RunningInterval>& intervals,
+    std::optional<base::Date> today) {
+    const QString extension = QLatin1Char('+') + durationText(presentation::kExtension);
     std::vector<IntervalRow> rows;
     rows.reserve(intervals.size());
     RowKeys keys;
@@ -27,8 +30,11 @@ std::vector<IntervalRow> intervalRows(
                         .timeSpent = toQString(interval.totalTimeSpent),
                         .button = {},
                         .progress = interval.progress,
+                        .began = beganText(interval.creationDate, today),
+                        .extension = interval.onExtend ? extension : QString(),
                         .onButtonTap = {},
-                        .onDelete = interval.onDeleteCommand});
+                        .onDelete = interval.onDeleteCommand,
+                        .onExtend = interval.onExtend.value_or(nullptr)});
     }
     return rows;
 }
@@ -42,7 +48,9 @@ TaskDetailAdapter::TaskDetailAdapter(
       subviewsFactory_(std::move(subviewsFactory)),
       notes_(subviewsFactory_.makeNotesView()),
       shortFocusText_(durationText(presentation::kShortFocus)),
-      longFocusText_(durationText(presentation::kLongFocus)) {
+      longFocusText_(durationText(presentation::kLongFocus)),
+      ownFocus_({.ownLengths = [this] { return viewModel_->ownLengths(); },
+                 .start = [this](base::Seconds length) { startFocus(length); }}) {
     follow(viewModel_->viewState());
     connect(notes_.get(), &NotesAdapter::changed, this, &TaskDetailAdapter::showNotes);
     connect(&rows_, &TaskDetailListModel::shown, this, &TaskDetailAdapter::rowsShown,
@@ -61,6 +69,25 @@ void TaskDetailAdapter::startLongFocus() {
     if (const auto& state = viewModel_->viewState().value(); state && state->canStartFocus) {
         run(state->onStartLongFocusTap);
     }
+}
+
+void TaskDetailAdapter::startFocus(base::Seconds length) {
+    if (const auto& state = viewModel_->viewState().value(); state && state->canStartFocus) {
+        const auto start = state->onStartFocus;
+        (*start)(length);
+    }
+}
+
+void TaskDetailAdapter::continueInterval(int row) {
+    if (const auto rest = rows_.rest(row)) {
+        startFocus(*rest);
+    }
+}
+
+void TaskDetailAdapter::showToday(std::optional<base::Date> today) {
+    today_ = today;
+    rows_.showToday(today);
+    show();
 }
 
 void TaskDetailAdapter::displayShareSheet() {
@@ -133,7 +160,7 @@ void TaskDetailAdapter::show() {
     if (!state) {
         return;
     }
-    runningIntervals_.update(intervalRows(state->runningIntervals));
+    runningIntervals_.update(intervalRows(state->runningIntervals, today_));
     rows_.showIntervals(state->nonRunningIntervals);
     if (replace(taskName_, toQString(state->taskName))) {
         emit taskNameChanged();

@@ -8,6 +8,7 @@
 #include <optional>
 
 #include "presentation/task_detail_view_model.h"
+#include "ui/detail/own_focus_adapter.h"
 #include "ui/detail/task_detail_list_model.h"
 #include "ui/detail/task_detail_subviews_factory.h"
 #include "ui/notes/notes_adapter.h"
@@ -35,6 +36,7 @@ class TaskDetailAdapter final : public hearthmark::ui::StateAdapter {
     Q_PROPERTY(bool canStartFocus READ canStartFocus NOTIFY canStartFocusChanged FINAL)
     Q_PROPERTY(QString shortFocusText READ shortFocusText CONSTANT FINAL)
     Q_PROPERTY(QString longFocusText READ longFocusText CONSTANT FINAL)
+    Q_PROPERTY(hearthmark::ui::OwnFocusAdapter* ownFocus READ ownFocus CONSTANT FINAL)
     Q_PROPERTY(
         hearthmark::ui::IntervalListModel* runningIntervals READ runningIntervals CONSTANT FINAL)
     Q_PROPERTY(hearthmark::ui::TaskDetailListModel* rows READ rows CONSTANT FINAL)
@@ -59,6 +61,7 @@ class TaskDetailAdapter final : public hearthmark::ui::StateAdapter {
     // Empty where the duration has no text: then the button is left out.
     QString shortFocusText() const { return shortFocusText_; }
     QString longFocusText() const { return longFocusText_; }
+    OwnFocusAdapter* ownFocus() { return &ownFocus_; }
     IntervalListModel* runningIntervals() { return &runningIntervals_; }
     TaskDetailListModel* rows() { return &rows_; }
     NotesAdapter* notes() const { return notes_.get(); }
@@ -78,6 +81,8 @@ class TaskDetailAdapter final : public hearthmark::ui::StateAdapter {
 
     Q_INVOKABLE void startShortFocus();
     Q_INVOKABLE void startLongFocus();
+    // With the rest of the length of an interval that is short of it.
+    Q_INVOKABLE void continueInterval(int row);
     Q_INVOKABLE void displayShareSheet();
     // Nothing where it is not displayed: a sheet that closes because another task was selected says
     // so to the adapter of that one.
@@ -91,6 +96,9 @@ class TaskDetailAdapter final : public hearthmark::ui::StateAdapter {
     Q_INVOKABLE void addInterval();
     Q_INVOKABLE void dismissCorrection();
 
+    // When today began; absent where the clock is out of all calendars.
+    void showToday(std::optional<base::Date> today);
+
  signals:
     void loadedChanged();
     void taskNameChanged();
@@ -103,6 +111,8 @@ class TaskDetailAdapter final : public hearthmark::ui::StateAdapter {
     void rowsShown();
 
  private:
+    // Nothing where none may start.
+    void startFocus(base::Seconds length);
     void showNotes();
     void show() override;
     void displayCorrection(const std::optional<base::Uuid>& intervalId);
@@ -118,8 +128,10 @@ class TaskDetailAdapter final : public hearthmark::ui::StateAdapter {
     QString totalTimeSpent_;
     const QString shortFocusText_;
     const QString longFocusText_;
+    OwnFocusAdapter ownFocus_;
     IntervalListModel runningIntervals_;
     TaskDetailListModel rows_;
+    std::optional<base::Date> today_;
     bool loaded_ = false;
     bool canStartFocus_ = false;
 };

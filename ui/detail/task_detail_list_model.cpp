@@ -4,9 +4,13 @@
 #include <QClipboard>
 #include <QGuiApplication>
 #include <algorithm>
+#include <cmath>
 #include <utility>
 
+#include "store/time_texts.h"
 #include "ui/state/run_action.h"
+#include "ui/state/state_adapter.h"
+#include "ui/text/began_text.h"
 #include "ui/text/text_conversion.h"
 
 namespace hearthmark::ui {
@@ -35,11 +39,36 @@ qsizetype shownLength(const QString& note) {
     return isInCharacter ? end - 1 : end;
 }
 
+// The rest as its button says it, in whole seconds, none too few.
+QVariant continueText(const TaskDetailRow& row) {
+    const auto rest = row.rest
+                          ? store::formattedDuration(base::Seconds(std::ceil(row.rest->count())))
+                          : std::nullopt;
+    return rest ? TaskDetailListModel::tr("Continue %1").arg(toQString(*rest)) : QString();
+}
+
+QVariant beganOf(const TaskDetailRow& row) {
+    return beganText(row.creationDate, row.today);
+}
+
+bool hasOtherDate(const TaskDetailRow& a, const TaskDetailRow& b) {
+    const auto dates = [](const TaskDetailRow& row) {
+        return std::pair<std::optional<base::Date>, std::optional<base::Date>>(row.creationDate,
+                                                                               row.today);
+    };
+    return dates(a) != dates(b);
+}
+
 }  // namespace
 
 const std::vector<RowRole<TaskDetailRow>>& TaskDetailRow::roles() {
-    static const std::vector kRoles{kindRole<TaskDetailRow>(), role<&TaskDetailRow::text>("text"),
-                                    role<&TaskDetailRow::isCut>("isCut")};
+    static const std::vector kRoles{
+        kindRole<TaskDetailRow>(), role<&TaskDetailRow::text>("text"),
+        role<&TaskDetailRow::isCut>("isCut"),
+        RowRole<TaskDetailRow>{"began", &beganOf, &hasOtherDate},
+        RowRole<TaskDetailRow>{
+            "continueText", &continueText,
+            [](const TaskDetailRow& a, const TaskDetailRow& b) { return a.rest != b.rest; }}};
     return kRoles;
 }
 
@@ -47,6 +76,8 @@ TaskDetailListModel::TaskDetailListModel(QObject* parent) : RowListModel(parent)
     update({{.key = {.kind = NotesSection, .id = {}, .ordinal = 0},
              .text = {},
              .wholeText = {},
+             .creationDate = {},
+             .today = {},
              .onDelete = {}}});
 }
 
@@ -63,6 +94,9 @@ void TaskDetailListModel::showIntervals(
         next.push_back({.key = keys.next(interval.intervalId, Interval),
                         .text = toQString(interval.totalTimeSpent),
                         .wholeText = {},
+                        .creationDate = interval.creationDate,
+                        .today = today_,
+                        .rest = interval.rest,
                         .onDelete = interval.onDeleteCommand});
     }
     update(0, static_cast<std::size_t>(notesRow()), std::move(next));
@@ -86,10 +120,22 @@ void TaskDetailListModel::showNotes(
                         .text = isCut ? wholeText.left(shown) + QChar(0x2026) : wholeText,
                         .wholeText = wholeText,
                         .isCut = isCut,
+                        .creationDate = note.creationDate,
+                        .today = today_,
                         .onDelete = note.onDeleteCommand});
     }
     update(static_cast<std::size_t>(notesRow()) + 1, rows().size(), std::move(next));
     emit shown();
+}
+
+void TaskDetailListModel::showToday(std::optional<base::Date> today) {
+    if (replace(today_, today)) {
+        std::vector<TaskDetailRow> next = rows();
+        for (TaskDetailRow& row : next) {
+            row.today = today;
+        }
+        update(std::move(next));
+    }
 }
 
 void TaskDetailListModel::deleteRow(int row) const {
@@ -102,6 +148,11 @@ void TaskDetailListModel::copyRow(int row) const {
     if (const TaskDetailRow* copied = rowAt(row)) {
         QGuiApplication::clipboard()->setText(copied->wholeText);
     }
+}
+
+std::optional<base::Seconds> TaskDetailListModel::rest(int row) const {
+    const TaskDetailRow* interval = rowAt(row);
+    return interval != nullptr ? interval->rest : std::nullopt;
 }
 
 QString TaskDetailListModel::wholeText(int row) const {

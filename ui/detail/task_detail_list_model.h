@@ -4,8 +4,10 @@
 #include <QtQmlIntegration/qqmlintegration.h>
 
 #include <QString>
+#include <optional>
 #include <vector>
 
+#include "base/date.h"
 #include "livedata/block.h"
 #include "presentation/notes_view_state.h"
 #include "presentation/task_detail_view_state.h"
@@ -24,6 +26,11 @@ struct TaskDetailRow {
     QString text;
     QString wholeText;
     bool isCut = false;
+    base::OptionalDate creationDate;
+    // When today began: the day, in the zone, to which its date is told.
+    base::OptionalDate today;
+    // Of an interval that can be continued.
+    std::optional<base::Seconds> rest{};
     // Absent for the place of the notes section.
     livedata::Action onDelete;
 };
@@ -49,9 +56,15 @@ class TaskDetailListModel : public HEARTHMARK_ROW_LIST_MODEL(TaskDetailRow) {
             intervals);
     void showNotes(const livedata::SharedList<presentation::NotesViewState::CommittedNote>& notes);
 
+    // When today began; absent where the clock is out of all calendars.
+    void showToday(std::optional<base::Date> today);
+
     Q_INVOKABLE void deleteRow(int row) const;
     // To the clipboard.
     Q_INVOKABLE void copyRow(int row) const;
+
+    // Of an interval that is short of its length.
+    std::optional<base::Seconds> rest(int row) const;
 
     // Of a note.
     QString wholeText(int row) const;
@@ -76,6 +89,7 @@ class TaskDetailListModel : public HEARTHMARK_ROW_LIST_MODEL(TaskDetailRow) {
 
     livedata::SharedList<presentation::TaskDetailViewState::NonRunningInterval> shownIntervals_;
     livedata::SharedList<presentation::NotesViewState::CommittedNote> shownNotes_;
+    std::optional<base::Date> today_;
 };
 
 }  // namespace hearthmark::ui

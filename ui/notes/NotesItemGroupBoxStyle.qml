@@ -10,6 +10,8 @@ Rectangle {
     required property string noteText
     // It shows the beginning of a text that is too long.
     required property bool isCut
+    required property string began
+    readonly property real lastLine: Math.max(root.isCut ? button.height : 0, date.height)
 
     // The whole text is to be copied, of which this may show a part.
     signal copied
@@ -26,7 +28,7 @@ Rectangle {
             root.buttonReached();
     }
 
-    implicitHeight: body.height + 2 * Theme.spacing + (root.isCut ? button.height + Theme.spacing : 0)
+    implicitHeight: body.height + 2 * Theme.spacing + (root.lastLine > 0 ? root.lastLine + Theme.tightSpacing : 0)
     radius: Theme.radius
     color: Theme.colors.window
 
@@ -59,5 +61,19 @@ Rectangle {
         onActiveFocusChanged: root.reportFocus()
         // That key is for the row, when it is the row that is marked.
         Keys.onDeletePressed: event => event.accepted = true
+    }
+
+    Label {
+        id: date
+
+        anchors.right: parent.right
+        anchors.bottom: parent.bottom
+        anchors.margins: Theme.spacing
+        width: Math.min(implicitWidth, root.width - 2 * Theme.spacing - (root.isCut ? button.width + Theme.spacing : 0))
+        height: root.began.length > 0 ? implicitHeight : 0
+        text: root.began
+        color: Theme.colors.secondaryText
+        elide: Text.ElideRight
+        Accessible.ignored: true
     }
 }

@@ -6,9 +6,10 @@
 namespace hearthmark::ui {
 
 const std::vector<RowRole<IntervalRow>>& IntervalRow::roles() {
-    static const std::vector kRoles{role<&IntervalRow::timeSpent>("timeSpent"),
-                                    role<&IntervalRow::button>("button"),
-                                    role<&IntervalRow::progress>("progress")};
+    static const std::vector kRoles{
+        role<&IntervalRow::timeSpent>("timeSpent"), role<&IntervalRow::button>("button"),
+        role<&IntervalRow::progress>("progress"), role<&IntervalRow::began>("began"),
+        role<&IntervalRow::extension>("extension")};
     return kRoles;
 }
 
@@ -21,6 +22,12 @@ void IntervalListModel::tapButton(int row) const {
 void IntervalListModel::deleteRow(int row) const {
     if (const IntervalRow* deleted = rowAt(row)) {
         run(deleted->onDelete);
+    }
+}
+
+void IntervalListModel::extendRow(int row) const {
+    if (const IntervalRow* extended = rowAt(row)) {
+        run(extended->onExtend);
     }
 }
 

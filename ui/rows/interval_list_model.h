@@ -19,8 +19,12 @@ struct IntervalRow {
     QString button;
     // Towards its maximum, from 0 to 1.
     double progress = 0;
+    // When it began, and the button that gives it more time; of the detail pane alone.
+    QString began{};
+    QString extension{};
     livedata::Action onButtonTap;
     livedata::Action onDelete;
+    livedata::Action onExtend{};
 };
 
 // The interval lines of one task, in the list and in the detail pane.
@@ -34,6 +38,7 @@ class IntervalListModel : public HEARTHMARK_ROW_LIST_MODEL(IntervalRow) {
 
     Q_INVOKABLE void tapButton(int row) const;
     Q_INVOKABLE void deleteRow(int row) const;
+    Q_INVOKABLE void extendRow(int row) const;
 };
 
 }  // namespace hearthmark::ui

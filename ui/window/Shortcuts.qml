@@ -10,6 +10,7 @@ QtObject {
     readonly property var addTask: ["Ctrl+N"]
     readonly property var startShortFocus: ["Ctrl+1"]
     readonly property var startLongFocus: ["Ctrl+2"]
+    readonly property var startOwnFocus: ["Ctrl+3"]
     readonly property var finishNewest: ["Ctrl+F"]
     readonly property var addNote: ["Ctrl+Shift+N"]
     readonly property var addInterval: ["Ctrl+Shift+I"]
@@ -24,6 +25,7 @@ QtObject {
         [qsTr("Add a task"), root.addTask[0]],
         [qsTr("Start a focus of 30 minutes"), root.startShortFocus[0]],
         [qsTr("Start a focus of an hour"), root.startLongFocus[0]],
+        [qsTr("Start a focus of your own length"), root.startOwnFocus[0]],
         [qsTr("Finish the newest focus"), root.finishNewest[0]],
         [qsTr("Add a note"), root.addNote[0]],
         [qsTr("Add a past interval"), root.addInterval[0]],

@@ -63,8 +63,16 @@ void HomeAdapter::showSelectedTask() {
     }
     shownTaskId_ = selected;
     showOverview();
-    replaceAdapter(taskDetail_, selected ? subviewsFactory_.makeTaskDetailView(*selected) : nullptr,
-                   [this] { emit taskDetailChanged(); });
+    auto taskDetail = selected ? subviewsFactory_.makeTaskDetailView(*selected) : nullptr;
+    if (taskDetail) {
+        // The overview looks at the calendar each minute.
+        const auto showToday = [detail = taskDetail.get(), overview = overview_.get()] {
+            detail->showToday(overview->todayStart());
+        };
+        connect(overview_.get(), &OverviewAdapter::todayStartChanged, taskDetail.get(), showToday);
+        showToday();
+    }
+    replaceAdapter(taskDetail_, std::move(taskDetail), [this] { emit taskDetailChanged(); });
     if (taskDetail_) {
         taskDetail_->setShown(isShown_);
     }
