@@ -29,11 +29,10 @@ Rectangle {
         button.forceActiveFocus(Qt.TabFocusReason);
     }
 
-    // The button may be disabled by what it does, and the keyboard would be nowhere.
-    function press() {
-        if (button.activeFocus)
+    // What starts a focus disables the button, by which the keyboard would be nowhere.
+    function keepKeyboard() {
+        if (button.focus && !button.enabled && root.row.ListView.view?.activeFocus)
             root.row.forceActiveFocus(Qt.OtherFocusReason);
-        root.pressed();
     }
 
     implicitHeight: (root.isStacked ? end.y + end.height : Theme.spacing + root.lineHeight) + root.bottomPadding
@@ -79,13 +78,17 @@ Rectangle {
         text: root.text
     }
 
-    Row {
+    Grid {
         id: end
 
         y: root.isStacked ? label.y + label.height + Theme.tightSpacing : Theme.spacing + (root.lineHeight - end.height) / 2
         anchors.right: parent.right
         anchors.rightMargin: Theme.spacing
+        columns: !button.visible || button.width + date.implicitWidth + 3 * Theme.spacing > root.width ? 1 : 2
         spacing: Theme.spacing
+        rowSpacing: Theme.tightSpacing
+        horizontalItemAlignment: Grid.AlignRight
+        verticalItemAlignment: Grid.AlignVCenter
 
         PushButton {
             id: button
@@ -95,18 +98,21 @@ Rectangle {
             activeFocusOnTab: root.isButtonInChain
             text: root.buttonText
             Accessible.name: root.buttonName
-            onClicked: root.press()
+            onClicked: root.pressed()
+            onEnabledChanged: root.keepKeyboard()
             // That key is for the row, when it is the row that is marked.
             Keys.onDeletePressed: event => event.accepted = true
         }
 
         Label {
-            anchors.verticalCenter: parent.verticalCenter
-            width: Math.min(implicitWidth, root.width - 2 * Theme.spacing - (button.visible ? button.width + Theme.spacing : 0))
+            id: date
+
+            width: Math.min(implicitWidth, root.width - 2 * Theme.spacing)
             visible: root.began.length > 0
             text: root.began
             color: Theme.colors.secondaryText
-            elide: Text.ElideRight
+            wrapMode: Text.Wrap
+            horizontalAlignment: Text.AlignRight
             Accessible.ignored: true
         }
     }
