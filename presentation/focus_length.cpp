@@ -52,7 +52,7 @@ class Parts {
     std::string_view digits() { return take(isDigit); }
 
     bool sign(std::string_view signs) {
-        const bool isThere = !rest_.empty() && signs.find(rest_.front()) != signs.npos;
+        const bool isThere = !rest_.empty() && signs.find(rest_.front()) != std::string_view::npos;
         rest_.remove_prefix(isThere ? 1 : 0);
         return isThere;
     }

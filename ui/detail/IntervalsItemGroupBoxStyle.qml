@@ -20,7 +20,7 @@ Rectangle {
     property bool isOneLine: false
     // The Tab key comes to the button by itself.
     property bool isButtonInChain: true
-    readonly property bool isStacked: label.x + time.advanceWidth + end.width + 2 * Theme.spacing > root.width
+    readonly property bool isStacked: icon.width + 2 * Theme.spacing + time.advanceWidth + edit.width + end.width + 3 * Theme.spacing > root.width
     readonly property real lineHeight: root.isStacked ? label.height : Math.max(label.height, end.height)
 
     signal pressed
@@ -30,11 +30,10 @@ Rectangle {
         button.forceActiveFocus(Qt.TabFocusReason);
     }
 
-    // The button may be disabled by what it does, and the keyboard would be nowhere.
-    function press() {
-        if (button.activeFocus)
+    // What starts a focus disables the button, by which the keyboard would be nowhere.
+    function keepKeyboard() {
+        if (button.focus && !button.enabled && root.row.ListView.view?.activeFocus)
             root.row.forceActiveFocus(Qt.OtherFocusReason);
-        root.pressed();
     }
 
     implicitHeight: (root.isStacked ? end.y + end.height : Theme.spacing + root.lineHeight) + root.bottomPadding
@@ -64,13 +63,28 @@ Rectangle {
         anchors.left: icon.right
         anchors.leftMargin: Theme.spacing
         anchors.right: parent.right
-        anchors.rightMargin: Theme.spacing + (root.isStacked ? 0 : end.width + Theme.spacing)
+        anchors.rightMargin: edit.width + 2 * Theme.spacing + (root.isStacked ? 0 : end.width + Theme.spacing)
         text: root.text
         font.pointSize: root.textSize
         fontSizeMode: root.isOneLine ? Text.HorizontalFit : Text.FixedSize
         minimumPointSize: Theme.bodySize
         wrapMode: root.isOneLine ? Text.NoWrap : Text.Wrap
         Accessible.ignored: true
+    }
+
+    // Its key is F2 on the row.
+    SymbolButton {
+        id: edit
+
+        anchors.right: root.isStacked ? parent.right : end.left
+        anchors.rightMargin: Theme.spacing
+        anchors.verticalCenter: label.verticalCenter
+        height: Theme.symbolSize
+        drawn: root.row.hovered || edit.hovered || root.row.focusVisible
+        activeFocusOnTab: false
+        symbol: "pencil"
+        text: qsTr("Edit interval")
+        onClicked: root.editRequested()
     }
 
     TextMetrics {
@@ -80,48 +94,41 @@ Rectangle {
         text: root.text
     }
 
-    Row {
+    Grid {
         id: end
 
         y: root.isStacked ? label.y + label.height + Theme.tightSpacing : Theme.spacing + (root.lineHeight - end.height) / 2
         anchors.right: parent.right
         anchors.rightMargin: Theme.spacing
+        columns: !button.visible || button.width + date.implicitWidth + 3 * Theme.spacing > root.width ? 1 : 2
         spacing: Theme.spacing
-
-        // Its key is F2 on the row.
-        SymbolButton {
-            id: edit
-
-            anchors.verticalCenter: parent.verticalCenter
-            height: Theme.symbolSize
-            drawn: root.row.hovered || edit.hovered || root.row.focusVisible
-            activeFocusOnTab: false
-            symbol: "pencil"
-            text: qsTr("Edit interval")
-            onClicked: root.editRequested()
-        }
+        rowSpacing: Theme.tightSpacing
+        horizontalItemAlignment: Grid.AlignRight
+        verticalItemAlignment: Grid.AlignVCenter
 
         PushButton {
             id: button
 
-            anchors.verticalCenter: parent.verticalCenter
             visible: root.buttonText.length > 0
             enabled: root.canPress
             activeFocusOnTab: root.isButtonInChain
             text: root.buttonText
             Accessible.name: root.buttonName
-            onClicked: root.press()
+            onClicked: root.pressed()
+            onEnabledChanged: root.keepKeyboard()
             // That key is for the row, when it is the row that is marked.
             Keys.onDeletePressed: event => event.accepted = true
         }
 
         Label {
-            anchors.verticalCenter: parent.verticalCenter
-            width: Math.min(implicitWidth, root.width - 3 * Theme.spacing - edit.width - (button.visible ? button.width + Theme.spacing : 0))
+            id: date
+
+            width: Math.min(implicitWidth, root.width - 2 * Theme.spacing)
             visible: root.began.length > 0
             text: root.began
             color: Theme.colors.secondaryText
-            elide: Text.ElideRight
+            wrapMode: Text.Wrap
+            horizontalAlignment: Text.AlignRight
             Accessible.ignored: true
         }
     }

@@ -10,6 +10,7 @@ Column {
     id: root
 
     required property TaskDetailAdapter adapter
+    readonly property alias isWritten: field.isWritten
 
     function startOwnFocus() {
         if (root.adapter.canStartFocus && !root.adapter.ownFocus.startNewest())

@@ -27,12 +27,16 @@ FocusScope {
         start.startOwnFocus();
     }
 
+    function revealDownTo(item: Item) {
+        root.revealed(item.mapToItem(root, 0, item.height).y);
+    }
+
     // A button that is disabled leaves it with the whole, on which nothing shows it.
     function revealFocus() {
         if (root.focusedItem === root)
             root.focusFirst();
         else if (root.focusedItem)
-            root.revealed(root.focusedItem.mapToItem(root, 0, root.focusedItem.height).y);
+            root.revealDownTo(start.isWritten ? start : root.focusedItem); // with what it answers
     }
 
     onFocusedItemChanged: root.focusMoved()

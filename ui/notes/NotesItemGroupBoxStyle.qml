@@ -73,7 +73,8 @@ Rectangle {
         height: root.began.length > 0 ? implicitHeight : 0
         text: root.began
         color: Theme.colors.secondaryText
-        elide: Text.ElideRight
+        wrapMode: Text.Wrap
+        horizontalAlignment: Text.AlignRight
         Accessible.ignored: true
     }
 }
