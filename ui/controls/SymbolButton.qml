@@ -6,15 +6,15 @@ BasicButton {
     id: root
 
     required property string symbol
-    // What is not drawn can still be used by assistive programs.
-    property bool drawn: true
+    // What is not seen can still be used by assistive programs.
+    property bool isSeen: true
 
     implicitWidth: Theme.controlHeight
     implicitHeight: Theme.controlHeight
 
     Rectangle {
         anchors.fill: parent
-        visible: root.drawn
+        visible: root.isSeen
         radius: Theme.controlRadius
         color: root.down ? Theme.colors.buttonPressed : root.hovered ? Theme.colors.separator : "transparent"
 
@@ -25,7 +25,7 @@ BasicButton {
 
     Symbol {
         anchors.centerIn: parent
-        visible: root.drawn
+        visible: root.isSeen
         name: root.symbol
         color: root.enabled ? Theme.colors.text : Theme.colors.disabledText
     }

@@ -24,7 +24,6 @@ Rectangle {
     readonly property real lineHeight: root.isStacked ? label.height : Math.max(label.height, end.height)
 
     signal pressed
-    signal editRequested
 
     function focusButton() {
         button.forceActiveFocus(Qt.TabFocusReason);
@@ -73,18 +72,17 @@ Rectangle {
     }
 
     // Its key is F2 on the row.
-    SymbolButton {
+    EditButton {
         id: edit
 
         anchors.right: root.isStacked ? parent.right : end.left
         anchors.rightMargin: Theme.spacing
         anchors.verticalCenter: label.verticalCenter
         height: Theme.symbolSize
-        drawn: root.row.hovered || edit.hovered || root.row.focusVisible
+        isOffered: root.row.hovered || root.row.focusVisible
         activeFocusOnTab: false
-        symbol: "pencil"
         text: qsTr("Edit interval")
-        onClicked: root.editRequested()
+        onClicked: root.row.editRequested()
     }
 
     TextMetrics {

@@ -14,7 +14,6 @@ DeletableRow {
     required property string extension
     readonly property bool ticks: true
 
-    signal editRequested
     signal extended
 
     implicitHeight: box.implicitHeight
@@ -23,7 +22,7 @@ DeletableRow {
     Accessible.name: root.timeSpent
     Accessible.description: root.began
     Accessible.focusable: true
-    onKeyOfEditing: root.editRequested()
+    isEditable: true
 
     IntervalsItemGroupBoxStyle {
         id: box
@@ -37,7 +36,6 @@ DeletableRow {
         symbolSize: Theme.largeSymbolSize
         textSize: Theme.displaySize
         isOneLine: true
-        onEditRequested: root.editRequested()
         bottomPadding: 2 * Theme.spacing + bar.height
         onPressed: root.extended()
     }

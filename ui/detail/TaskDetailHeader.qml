@@ -31,6 +31,18 @@ FocusScope {
         root.revealed(item.mapToItem(root, 0, item.height).y);
     }
 
+    function editName() {
+        editor.rememberFocus();
+        root.adapter.edit.editName();
+        editor.enter();
+    }
+
+    function pressKey(event) {
+        event.accepted = event.key === Qt.Key_F2;
+        if (event.accepted)
+            root.editName();
+    }
+
     // A button that is disabled leaves it with the whole, on which nothing shows it.
     function revealFocus() {
         if (root.focusedItem === root)
@@ -39,6 +51,7 @@ FocusScope {
             root.revealDownTo(start.isWritten ? start : root.focusedItem); // with what it answers
     }
 
+    Keys.onPressed: event => root.pressKey(event)
     onFocusedItemChanged: root.focusMoved()
     implicitHeight: content.height + Theme.spacing
 
@@ -48,10 +61,21 @@ FocusScope {
         width: parent.width
         spacing: Theme.spacing
 
-        Heading {
-            text: root.adapter.taskName
-            font.pointSize: Theme.titleSize
-            maximumLineCount: Theme.nameMaximumLineCount
+        TaskName {
+            adapter: root.adapter
+            onEditRequested: root.editName()
+        }
+
+        TextInPlace {
+            id: editor
+
+            width: parent.width
+            adapter: root.adapter.edit
+            isOpen: root.adapter.edit.isName
+            accessibleName: qsTr("Name of the task")
+            savesByEnter: true
+            pointSize: Theme.titleSize
+            onFocusLost: root.focusFirst()
         }
 
         Label {
@@ -108,6 +132,7 @@ FocusScope {
             SectionTitle {
                 id: others
 
+                anchors.left: parent.left
                 width: parent.width - addButton.width - Theme.spacing
                 text: qsTr("Other invervals") // the program's own spelling
             }

@@ -16,12 +16,15 @@ RowOfKind {
     required property string began
     // Of an interval that is short of its length, which ends with a button.
     required property string continueText
+    // The editor of its note lies over it.
+    required property bool isEdited
     readonly property bool isPlace: root.kind === TaskDetailListModel.NotesSection
 
     required property bool canStartFocus
     readonly property bool hasContinue: root.continueText.length > 0 && root.canStartFocus
-    // Of the notes section, for its place.
+    // Of the notes section and of the editor, for their places.
     required property real notesHeight
+    required property real editorHeight
     // Where the Tab key leaves the rows.
     required property RowsStop stop
 
@@ -29,18 +32,27 @@ RowOfKind {
     signal copied
     signal continued
     signal wholeRequested
-    signal editRequested
     signal placeMade
+    signal editorPlaceMade
+    // The keyboard has come to what the editor lies over.
+    signal editorReached
     signal placeResized
 
     function tellMade() {
         if (root.isPlace)
             root.placeMade();
+        else if (root.isEdited)
+            root.editorPlaceMade();
     }
 
     function tellSize() {
         if (root.isPlace && root.isComplete)
             root.placeResized();
+    }
+
+    function passFocusOn() {
+        if (root.activeFocus && root.isEdited)
+            root.editorReached();
     }
 
     function showEnd() {
@@ -82,14 +94,13 @@ RowOfKind {
     visible: !root.isPlace
     onHeightChanged: root.tellSize()
     onIsCompleteChanged: root.tellMade()
+    isEditable: !root.isPlace
+    onIsEditedChanged: root.tellMade()
+    onActiveFocusChanged: root.passFocusOn()
     Accessible.role: Accessible.ListItem
     Accessible.name: root.text
     Accessible.description: root.began
     Accessible.focusable: true
-    onKeyOfEditing: {
-        if (root.kind === TaskDetailListModel.Interval)
-            root.editRequested();
-    }
     Keys.onReturnPressed: event => root.showWhole(event)
     Keys.onEnterPressed: event => root.showWhole(event)
     Keys.onTabPressed: root.goForward()
@@ -102,7 +113,6 @@ RowOfKind {
             width: root.width
             row: root
             text: root.text
-            onEditRequested: root.editRequested()
             began: root.began
             buttonText: root.continueText
             canPress: root.canStartFocus
@@ -120,6 +130,7 @@ RowOfKind {
             noteText: root.text
             isCut: root.isCut
             began: root.began
+            editorHeight: root.isEdited ? root.editorHeight : 0
             onCopied: root.copied()
             onButtonReached: root.showEnd()
             onWholeRequested: root.wholeRequested()

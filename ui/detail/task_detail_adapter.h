@@ -11,6 +11,7 @@
 #include "ui/detail/own_focus_adapter.h"
 #include "ui/detail/task_detail_list_model.h"
 #include "ui/detail/task_detail_subviews_factory.h"
+#include "ui/detail/text_edit_adapter.h"
 #include "ui/notes/notes_adapter.h"
 #include "ui/notes/whole_note_adapter.h"
 #include "ui/rows/interval_list_model.h"
@@ -24,8 +25,8 @@ namespace hearthmark::ui {
 enum class TaskDetailViewSheetType { share };
 
 // Hands the view state of one task to TaskDetailView.qml. Owns its view model and the adapters of
-// the notes section, which stays, and of the sheets of sharing and of a whole note, which are made
-// each time they are presented.
+// the notes section and of what is edited in its place, which stay, and of the sheets of sharing
+// and of a whole note, which are made each time they are presented.
 class TaskDetailAdapter final : public hearthmark::ui::StateAdapter {
     Q_OBJECT
     QML_ELEMENT
@@ -41,6 +42,7 @@ class TaskDetailAdapter final : public hearthmark::ui::StateAdapter {
         hearthmark::ui::IntervalListModel* runningIntervals READ runningIntervals CONSTANT FINAL)
     Q_PROPERTY(hearthmark::ui::TaskDetailListModel* rows READ rows CONSTANT FINAL)
     Q_PROPERTY(hearthmark::ui::NotesAdapter* notes READ notes CONSTANT FINAL)
+    Q_PROPERTY(hearthmark::ui::TextEditAdapter* edit READ edit CONSTANT FINAL)
     Q_PROPERTY(bool isShareSheetDisplayed READ isShareSheetDisplayed NOTIFY
                    displayedSheetTypeChanged FINAL)
     Q_PROPERTY(hearthmark::ui::ShareContainerAdapter* share READ share NOTIFY
@@ -65,6 +67,7 @@ class TaskDetailAdapter final : public hearthmark::ui::StateAdapter {
     IntervalListModel* runningIntervals() { return &runningIntervals_; }
     TaskDetailListModel* rows() { return &rows_; }
     NotesAdapter* notes() const { return notes_.get(); }
+    TextEditAdapter* edit() const { return edit_.get(); }
     // Absent while no sheet is displayed.
     std::optional<TaskDetailViewSheetType> displayedSheetType() const {
         return displayedSheetType_;
@@ -83,6 +86,8 @@ class TaskDetailAdapter final : public hearthmark::ui::StateAdapter {
     Q_INVOKABLE void startLongFocus();
     // With the rest of the length of an interval that is short of it.
     Q_INVOKABLE void continueInterval(int row);
+    // The note of a row; nothing on another row.
+    Q_INVOKABLE void editNote(int row);
     Q_INVOKABLE void displayShareSheet();
     // Nothing where it is not displayed: a sheet that closes because another task was selected says
     // so to the adapter of that one.
@@ -120,6 +125,7 @@ class TaskDetailAdapter final : public hearthmark::ui::StateAdapter {
     std::shared_ptr<presentation::TaskDetailViewModelProtocol> viewModel_;
     TaskDetailSubviewsFactory subviewsFactory_;
     std::unique_ptr<NotesAdapter> notes_;
+    std::unique_ptr<TextEditAdapter> edit_;
     std::optional<TaskDetailViewSheetType> displayedSheetType_;
     std::unique_ptr<ShareContainerAdapter> share_;
     std::unique_ptr<WholeNoteAdapter> wholeNote_;

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "base/date.h"
+#include "base/uuid.h"
 #include "livedata/block.h"
 #include "presentation/notes_view_state.h"
 #include "presentation/task_detail_view_state.h"
@@ -26,6 +27,8 @@ struct TaskDetailRow {
     QString text;
     QString wholeText;
     bool isCut = false;
+    // An editor lies over it.
+    bool isEdited = false;
     base::OptionalDate creationDate;
     // When today began: the day, in the zone, to which its date is told.
     base::OptionalDate today;
@@ -42,6 +45,7 @@ class TaskDetailListModel : public HEARTHMARK_ROW_LIST_MODEL(TaskDetailRow) {
     QML_ELEMENT
     QML_UNCREATABLE("made by the task detail adapter")
     Q_PROPERTY(int notesRow READ notesRow NOTIFY shown FINAL)
+    Q_PROPERTY(int editedRow READ editedRow NOTIFY shown FINAL)
 
  public:
     enum Kind { Interval, NotesSection, Note };
@@ -58,6 +62,8 @@ class TaskDetailListModel : public HEARTHMARK_ROW_LIST_MODEL(TaskDetailRow) {
 
     // When today began; absent where the clock is out of all calendars.
     void showToday(std::optional<base::Date> today);
+    // No more than one note.
+    void showEdited(const std::optional<base::Uuid>& noteId);
 
     Q_INVOKABLE void deleteRow(int row) const;
     // To the clipboard.
@@ -68,6 +74,10 @@ class TaskDetailListModel : public HEARTHMARK_ROW_LIST_MODEL(TaskDetailRow) {
 
     // Of a note.
     QString wholeText(int row) const;
+    // Absent where the row is none.
+    std::optional<base::Uuid> noteId(int row) const;
+    // -1 where none is.
+    int editedRow() const;
 
     // The row of the notes section; the notes come after it.
     int notesRow() const;
@@ -81,15 +91,17 @@ class TaskDetailListModel : public HEARTHMARK_ROW_LIST_MODEL(TaskDetailRow) {
     }
 
  signals:
-    // Other intervals or notes than before.
+    // Other intervals or notes than before, or another one is edited.
     void shown();
 
  private:
+    void makeNotes();
     int stepped(int row, int step) const;
 
     livedata::SharedList<presentation::TaskDetailViewState::NonRunningInterval> shownIntervals_;
     livedata::SharedList<presentation::NotesViewState::CommittedNote> shownNotes_;
     std::optional<base::Date> today_;
+    std::optional<base::Uuid> edited_;
 };
 
 }  // namespace hearthmark::ui

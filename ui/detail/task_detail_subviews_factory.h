@@ -7,6 +7,7 @@
 #include "export/share_container_vm_factory.h"
 #include "presentation/correct_interval_view_model.h"
 #include "presentation/view_model_factories.h"
+#include "ui/detail/text_edit_adapter.h"
 #include "ui/notes/notes_adapter.h"
 #include "ui/sheets/correct_interval_adapter.h"
 #include "ui/sheets/share_container_adapter.h"
@@ -17,6 +18,9 @@ namespace hearthmark::ui {
 struct TaskDetailSubviewsFactory {
     std::unique_ptr<NotesAdapter> makeNotesView() const {
         return std::make_unique<NotesAdapter>(notesVMFactory.makeViewModel());
+    }
+    std::unique_ptr<TextEditAdapter> makeTextEditView() const {
+        return std::make_unique<TextEditAdapter>(textEditVMFactory.makeViewModel());
     }
     std::unique_ptr<ShareContainerAdapter> makeShareView() const {
         return std::make_unique<ShareContainerAdapter>(shareVMFactory.makeViewModel());
@@ -31,6 +35,7 @@ struct TaskDetailSubviewsFactory {
 
     presentation::NotesVMFactory notesVMFactory;
     presentation::CorrectIntervalVMFactory correctIntervalVMFactory;
+    presentation::TextEditVMFactory textEditVMFactory;
     exporting::ShareContainerVMFactory shareVMFactory;
 };
 

@@ -31,6 +31,7 @@ QtObject {
         [qsTr("Add a past interval"), root.addInterval[0]],
         [qsTr("Correct the marked interval"), "F2"],
         [qsTr("Share the task"), root.share[0]],
+        [qsTr("Rename or edit what is marked"), "F2"],
         [qsTr("Save the name or note"), "Ctrl+Enter"],
         [qsTr("Show the marked task"), qsTr("Enter")],
         [qsTr("Open the menu of the marked row"), qsTr("Menu")],

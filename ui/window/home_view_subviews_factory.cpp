@@ -28,6 +28,7 @@ std::unique_ptr<TaskDetailAdapter> HomeViewSubviewsFactory::makeTaskDetailView(
                                          .clock = clock,
                                          .calendar = calendar,
                                          .taskId = taskId},
+            .textEditVMFactory = {dataOperationsService, liveDataFactory, drafts, taskId},
             .shareVMFactory = exporting::ShareContainerVMFactory(
                 {.csvSerializer = std::make_shared<exporting::CSVTaskShareSerializer>(),
                  .jsonSerializer = std::make_shared<exporting::JSONShareSerializer>()},
