@@ -18,22 +18,16 @@ NoteDrafts::NoteDrafts(std::shared_ptr<store::DataOperationsServiceProtocol> dat
     tasksProvider_->startObserving();
 }
 
-std::shared_ptr<NoteDrafts::Draft> NoteDrafts::draft(const base::Uuid& taskId) {
-    // Of the tasks that were only looked at nothing stays.
-    std::erase_if(drafts_,
-                  [](const auto& each) { return !*each.second && each.second.use_count() == 1; });
-    std::shared_ptr<Draft>& draft = drafts_[taskId];
-    if (!draft) {
-        draft = std::make_shared<Draft>();
-    }
-    return draft;
-}
-
 void NoteDrafts::save() {
-    // A copy: who is told of a save may ask for a draft.
+    // Copies: who is told of a save may ask for a draft.
+    for (const auto& [taskId, edit] : std::vector(edits_.begin(), edits_.end())) {
+        const store::Task* const task = this->task(taskId);
+        if (*edit && task != nullptr) {
+            saveText(**edit, *task, *dataOperationsService_);
+        }
+    }
     for (const auto& [taskId, draft] : std::vector(drafts_.begin(), drafts_.end())) {
-        if (!*draft ||
-            store::taskWithId(tasksProvider_->currentItems()->value(), taskId) == nullptr) {
+        if (!*draft || task(taskId) == nullptr) {
             continue;
         }
         const std::string text = (*draft)->text;

@@ -73,4 +73,18 @@ std::shared_ptr<NotesViewModelProtocol> NotesVMFactory::makeViewModel() const {
                                             *drafts_, taskId_);
 }
 
+TextEditVMFactory::TextEditVMFactory(
+    std::shared_ptr<store::DataOperationsServiceProtocol> dataOperationsService,
+    std::shared_ptr<const store::LiveDataProvidingFactoryProtocol> liveData,
+    std::shared_ptr<NoteDrafts> drafts, const base::Uuid& taskId)
+    : dataOperationsService_(std::move(dataOperationsService)),
+      liveDataFactory_(std::move(liveData)),
+      drafts_(std::move(drafts)),
+      taskId_(taskId) {}
+
+std::shared_ptr<TextEditViewModel> TextEditVMFactory::makeViewModel() const {
+    return std::make_shared<TextEditViewModel>(dataOperationsService_, liveDataFactory_, *drafts_,
+                                               taskId_);
+}
+
 }  // namespace hearthmark::presentation

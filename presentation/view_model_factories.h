@@ -12,6 +12,7 @@
 #include "presentation/selected_task_id.h"
 #include "presentation/task_detail_view_model.h"
 #include "presentation/tasks_list_view_model.h"
+#include "presentation/text_edit_view_model.h"
 #include "services/ports/time_keeping.h"
 #include "store/data_operations_service_protocol.h"
 #include "store/live_data.h"
@@ -33,6 +34,7 @@ using AddTaskVMFactoryProtocol = ViewModelFactory<AddTaskViewModelProtocol>;
 using TaskListVMFactoryProtocol = ViewModelFactory<TaskListViewModelProtocol>;
 using TaskDetailVMFactoryProtocol = ViewModelFactory<TaskDetailViewModelProtocol>;
 using NotesVMFactoryProtocol = ViewModelFactory<NotesViewModelProtocol>;
+using TextEditVMFactoryProtocol = ViewModelFactory<TextEditViewModel>;
 
 class HomeVMFactory final : public HomeVMFactoryProtocol {
  public:
@@ -108,6 +110,21 @@ class NotesVMFactory final : public NotesVMFactoryProtocol {
     std::shared_ptr<store::DataOperationsServiceProtocol> dataOperationsService_;
     std::shared_ptr<const store::LiveDataProvidingFactoryProtocol> liveDataFactory_;
     std::shared_ptr<const base::Clock> clock_;
+    std::shared_ptr<NoteDrafts> drafts_;
+    base::Uuid taskId_;
+};
+
+class TextEditVMFactory final : public TextEditVMFactoryProtocol {
+ public:
+    TextEditVMFactory(std::shared_ptr<store::DataOperationsServiceProtocol> dataOperationsService,
+                      std::shared_ptr<const store::LiveDataProvidingFactoryProtocol> liveData,
+                      std::shared_ptr<NoteDrafts> drafts, const base::Uuid& taskId);
+
+    std::shared_ptr<TextEditViewModel> makeViewModel() const override;
+
+ private:
+    std::shared_ptr<store::DataOperationsServiceProtocol> dataOperationsService_;
+    std::shared_ptr<const store::LiveDataProvidingFactoryProtocol> liveDataFactory_;
     std::shared_ptr<NoteDrafts> drafts_;
     base::Uuid taskId_;
 };

@@ -12,7 +12,8 @@
 #include <cstdlib>
 #include <optional>
 
-#include "ui/notes/note_text_binding.h"
+#include "ui/notes/notes_adapter.h"
+#include "ui/text/text_binding.h"
 #include "ui/text/typed_text.h"
 
 namespace hearthmark::ui {
@@ -106,7 +107,7 @@ TEST_F(ExpandingTextView, IsTheSameAsTheOpenNoteBothWays) {
     const auto b = std::make_shared<NotesModel>();
     NotesAdapter adapterOfA(a);
     NotesAdapter adapterOfB(b);
-    NoteTextBinding binding;
+    TextBinding binding;
     binding.setAdapter(&adapterOfA);
     binding.setDocument(property("textDocument").value<QQuickTextDocument*>());
     type(Qt::Key_X);

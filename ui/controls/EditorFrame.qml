@@ -9,6 +9,8 @@ FocusScope {
     readonly property alias textDocument: editor.textDocument
     property alias minHeight: editor.minHeight
     property alias accessibleName: editor.accessibleName
+    property alias pointSize: editor.pointSize
+    property alias keysBefore: editor.keysBefore
     readonly property alias cursorRectangle: editor.cursorRectangle
     readonly property alias textSize: editor.textSize
     property real maximumHeight: Infinity
@@ -18,6 +20,14 @@ FocusScope {
         const top = editor.cursorRectangle.y;
         const bottom = top + editor.cursorRectangle.height;
         scroller.contentY = Math.max(bottom - scroller.height, Math.min(top, scroller.contentY));
+    }
+
+    function moveCursorToEnd() {
+        editor.moveCursorToEnd();
+    }
+
+    function selectAll() {
+        editor.selectAll();
     }
 
     implicitHeight: Math.min(root.maximumHeight, editor.height + 2 * root.inset)

@@ -11,6 +11,9 @@ FocusScope {
     property alias accessibleName: editor.accessibleName
     readonly property alias textSize: editor.textSize
     property real minHeight
+    property real pointSize: Theme.bodySize
+    // They get each key first.
+    property list<Item> keysBefore
 
     function openMenu(x: real, y: real) {
         (menu.part() as EditorMenu).popup(root, x, y);
@@ -26,6 +29,14 @@ FocusScope {
             root.openMenuByKey();
     }
 
+    function moveCursorToEnd() {
+        editor.cursorPosition = editor.length;
+    }
+
+    function selectAll() {
+        editor.selectAll();
+    }
+
     implicitHeight: Math.max(root.minHeight, root.textSize.height)
     height: implicitHeight
 
@@ -36,8 +47,10 @@ FocusScope {
 
         anchors.fill: parent
         focus: true
+        font.pointSize: root.pointSize
         activeFocusOnTab: true
         Accessible.name: editor.accessibleName
+        Keys.forwardTo: root.keysBefore
         Keys.onMenuPressed: root.openMenuByKey()
         Keys.onPressed: event => root.openMenuOnShift(event)
 

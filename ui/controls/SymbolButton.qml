@@ -6,12 +6,14 @@ BasicButton {
     id: root
 
     required property string symbol
+    property bool isSeen: true
 
     implicitWidth: Theme.controlHeight
     implicitHeight: Theme.controlHeight
 
     Rectangle {
         anchors.fill: parent
+        visible: root.isSeen
         radius: Theme.controlRadius
         color: root.down ? Theme.colors.buttonPressed : root.hovered ? Theme.colors.separator : "transparent"
 
@@ -22,6 +24,7 @@ BasicButton {
 
     Symbol {
         anchors.centerIn: parent
+        visible: root.isSeen
         name: root.symbol
         color: root.enabled ? Theme.colors.text : Theme.colors.disabledText
     }

@@ -13,9 +13,6 @@ HeadedListView {
     readonly property int notesRow: root.rows.notesRow
     readonly property bool canWrite: root.adapter.notes.canAddNote || root.adapter.notes.isWriting
 
-    // Absent while it is too far out of sight; the notes section stays, since one may be half written.
-    property Item notesPlace
-
     signal menuRequested(row: DeletableRow, position: point)
 
     function revealFocus() {
@@ -23,15 +20,14 @@ HeadedListView {
             header.revealFocus();
         else if (notes.activeFocus)
             notes.revealFocus();
+        else if (edited.activeFocus)
+            edited.revealFocus();
         else if (root.activeFocus && root.currentIndex >= 0)
             root.showRow(root.currentIndex);
     }
 
-    function showNotes(top: real, bottom: real) {
-        if (!root.itemAtIndex(root.notesRow))
-            root.positionViewAtIndex(root.notesRow, ListView.Contain);
-        root.forceLayout();
-        root.contentY = Math.min(notes.y + top, Math.max(notes.y + bottom + Theme.spacing - root.height, root.contentY));
+    function editName() {
+        header.editName();
     }
 
     // With no row of the new task under the keyboard, else one would be deleted by a key meant for the old.
@@ -82,13 +78,17 @@ HeadedListView {
             width: root.columnWidth
             transform: Translate { x: root.columnX } // from 6.5 on a list gives its rows an x of its own
             notesHeight: notes.height
+            editorHeight: edited.height
             stop: row.index < root.notesRow ? intervalsStop : notesStop
             onFocused: root.showRow(row.index)
             onCopied: root.rows.copyRow(row.index)
             onWholeRequested: root.adapter.displayWholeNote(row.index)
             onDeletionRequested: root.rows.deleteRow(row.index)
             onMenuRequested: position => root.menuRequested(row, position)
-            onPlaceMade: root.notesPlace = row
+            onEditRequested: edited.edit(row.index)
+            onEditorReached: edited.enterSoon()
+            onEditorPlaceMade: edited.place = row
+            onPlaceMade: notes.place = row
             onPlaceResized: root.displaceFocus() // with its editor, which takes what has the focus along
             Keys.forwardTo: [root.rowKeys]
         }
@@ -130,13 +130,17 @@ HeadedListView {
         NotesView {
             id: notes
 
-            x: root.columnX
-            y: root.notesPlace ? root.notesPlace.y : header.y - notes.height
-            width: root.columnWidth
-            height: notes.implicitHeight
+            list: root
+            row: root.notesRow
             adapter: root.adapter.notes
-            onRevealed: (top, bottom) => root.showNotes(top, bottom)
-            onActiveFocusChanged: root.leaveRows(notes)
+        }
+
+        EditedNote {
+            id: edited
+
+            list: root
+            adapter: root.adapter
+            onFocusLost: root.leaveLastRow()
         }
 
         RowsStop {

@@ -23,6 +23,18 @@ FocusScope {
         chart.enter();
     }
 
+    function editName() {
+        editor.rememberFocus();
+        root.adapter.edit.editName();
+        editor.enter();
+    }
+
+    function pressKey(event) {
+        event.accepted = event.key === Qt.Key_F2;
+        if (event.accepted)
+            root.editName();
+    }
+
     // A button that is disabled leaves it with the whole, on which nothing shows it.
     function revealFocus() {
         if (root.focusedItem === root)
@@ -31,6 +43,7 @@ FocusScope {
             root.revealed(root.focusedItem.mapToItem(root, 0, root.focusedItem.height).y);
     }
 
+    Keys.onPressed: event => root.pressKey(event)
     onFocusedItemChanged: root.focusMoved()
     implicitHeight: content.height + Theme.spacing
 
@@ -40,10 +53,21 @@ FocusScope {
         width: parent.width
         spacing: Theme.spacing
 
-        Heading {
-            text: root.adapter.taskName
-            font.pointSize: Theme.titleSize
-            maximumLineCount: Theme.nameMaximumLineCount
+        TaskName {
+            adapter: root.adapter
+            onEditRequested: root.editName()
+        }
+
+        TextInPlace {
+            id: editor
+
+            width: parent.width
+            adapter: root.adapter.edit
+            isOpen: root.adapter.edit.isName
+            accessibleName: qsTr("Name of the task")
+            savesByEnter: true
+            pointSize: Theme.titleSize
+            onFocusLost: root.focusFirst()
         }
 
         Label {

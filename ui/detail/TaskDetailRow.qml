@@ -13,10 +13,13 @@ RowOfKind {
     required property string text
     // Of a note that is too long, which ends with a button.
     required property bool isCut
+    // The editor of its note lies over it.
+    required property bool isEdited
     readonly property bool isPlace: root.kind === TaskDetailListModel.NotesSection
 
-    // Of the notes section, for its place.
+    // Of the notes section and of the editor, for their places.
     required property real notesHeight
+    required property real editorHeight
     // Where the Tab key leaves the rows.
     required property RowsStop stop
 
@@ -24,16 +27,26 @@ RowOfKind {
     signal copied
     signal wholeRequested
     signal placeMade
+    signal editorPlaceMade
+    // The keyboard has come to what the editor lies over.
+    signal editorReached
     signal placeResized
 
     function tellMade() {
         if (root.isPlace)
             root.placeMade();
+        else if (root.isEdited)
+            root.editorPlaceMade();
     }
 
     function tellSize() {
         if (root.isPlace && root.isComplete)
             root.placeResized();
+    }
+
+    function passFocusOn() {
+        if (root.activeFocus && root.isEdited)
+            root.editorReached();
     }
 
     function showEnd() {
@@ -73,6 +86,9 @@ RowOfKind {
     visible: !root.isPlace
     onHeightChanged: root.tellSize()
     onIsCompleteChanged: root.tellMade()
+    isEditable: root.kind === TaskDetailListModel.Note
+    onIsEditedChanged: root.tellMade()
+    onActiveFocusChanged: root.passFocusOn()
     Accessible.role: Accessible.ListItem
     Accessible.name: root.text
     Accessible.focusable: true
@@ -99,6 +115,7 @@ RowOfKind {
             row: root
             noteText: root.text
             isCut: root.isCut
+            editorHeight: root.isEdited ? root.editorHeight : 0
             onCopied: root.copied()
             onButtonReached: root.showEnd()
             onWholeRequested: root.wholeRequested()

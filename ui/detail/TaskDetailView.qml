@@ -12,6 +12,10 @@ Item {
     required property FocusScope screen
     readonly property TaskDetailAdapter adapter: root.home.taskDetail
 
+    function editName() {
+        list.editName();
+    }
+
     Shortcut {
         sequences: Shortcuts.addNote
         enabled: root.screen.activeFocus

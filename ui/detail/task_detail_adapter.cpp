@@ -41,13 +41,18 @@ TaskDetailAdapter::TaskDetailAdapter(
     : viewModel_(std::move(viewModel)),
       subviewsFactory_(std::move(subviewsFactory)),
       notes_(subviewsFactory_.makeNotesView()),
+      edit_(subviewsFactory_.makeTextEditView()),
       shortFocusText_(durationText(presentation::kShortFocus)),
       longFocusText_(durationText(presentation::kLongFocus)) {
     follow(viewModel_->viewState());
     connect(notes_.get(), &NotesAdapter::changed, this, &TaskDetailAdapter::showNotes);
+    // Before the views: the row has its own height again when its editor goes.
+    connect(edit_.get(), &TextEditAdapter::changed, &rows_,
+            [this] { rows_.showEdited(edit_->noteId()); });
     connect(&rows_, &TaskDetailListModel::shown, this, &TaskDetailAdapter::rowsShown,
             Qt::QueuedConnection);
     showNotes();
+    rows_.showEdited(edit_->noteId());
     viewModel_->startObserving();
 }
 
@@ -60,6 +65,12 @@ void TaskDetailAdapter::startShortFocus() {
 void TaskDetailAdapter::startLongFocus() {
     if (const auto& state = viewModel_->viewState().value(); state && state->canStartFocus) {
         run(state->onStartLongFocusTap);
+    }
+}
+
+void TaskDetailAdapter::editNote(int row) {
+    if (const auto noteId = rows_.noteId(row)) {
+        edit_->editNote(*noteId);
     }
 }
 

@@ -10,6 +10,7 @@
 #include "presentation/task_detail_view_model.h"
 #include "ui/detail/task_detail_list_model.h"
 #include "ui/detail/task_detail_subviews_factory.h"
+#include "ui/detail/text_edit_adapter.h"
 #include "ui/notes/notes_adapter.h"
 #include "ui/notes/whole_note_adapter.h"
 #include "ui/rows/interval_list_model.h"
@@ -22,8 +23,8 @@ namespace hearthmark::ui {
 enum class TaskDetailViewSheetType { share };
 
 // Hands the view state of one task to TaskDetailView.qml. Owns its view model and the adapters of
-// the notes section, which stays, and of the sheets of sharing and of a whole note, which are made
-// each time they are presented.
+// the notes section and of what is edited in its place, which stay, and of the sheets of sharing
+// and of a whole note, which are made each time they are presented.
 class TaskDetailAdapter final : public hearthmark::ui::StateAdapter {
     Q_OBJECT
     QML_ELEMENT
@@ -38,6 +39,7 @@ class TaskDetailAdapter final : public hearthmark::ui::StateAdapter {
         hearthmark::ui::IntervalListModel* runningIntervals READ runningIntervals CONSTANT FINAL)
     Q_PROPERTY(hearthmark::ui::TaskDetailListModel* rows READ rows CONSTANT FINAL)
     Q_PROPERTY(hearthmark::ui::NotesAdapter* notes READ notes CONSTANT FINAL)
+    Q_PROPERTY(hearthmark::ui::TextEditAdapter* edit READ edit CONSTANT FINAL)
     Q_PROPERTY(bool isShareSheetDisplayed READ isShareSheetDisplayed NOTIFY
                    displayedSheetTypeChanged FINAL)
     Q_PROPERTY(hearthmark::ui::ShareContainerAdapter* share READ share NOTIFY
@@ -59,6 +61,7 @@ class TaskDetailAdapter final : public hearthmark::ui::StateAdapter {
     IntervalListModel* runningIntervals() { return &runningIntervals_; }
     TaskDetailListModel* rows() { return &rows_; }
     NotesAdapter* notes() const { return notes_.get(); }
+    TextEditAdapter* edit() const { return edit_.get(); }
     // Absent while no sheet is displayed.
     std::optional<TaskDetailViewSheetType> displayedSheetType() const {
         return displayedSheetType_;
@@ -73,6 +76,8 @@ class TaskDetailAdapter final : public hearthmark::ui::StateAdapter {
 
     Q_INVOKABLE void startShortFocus();
     Q_INVOKABLE void startLongFocus();
+    // The note of a row; nothing on another row.
+    Q_INVOKABLE void editNote(int row);
     Q_INVOKABLE void displayShareSheet();
     // Nothing where it is not displayed: a sheet that closes because another task was selected says
     // so to the adapter of that one.
@@ -98,6 +103,7 @@ class TaskDetailAdapter final : public hearthmark::ui::StateAdapter {
     std::shared_ptr<presentation::TaskDetailViewModelProtocol> viewModel_;
     TaskDetailSubviewsFactory subviewsFactory_;
     std::unique_ptr<NotesAdapter> notes_;
+    std::unique_ptr<TextEditAdapter> edit_;
     std::optional<TaskDetailViewSheetType> displayedSheetType_;
     std::unique_ptr<ShareContainerAdapter> share_;
     std::unique_ptr<WholeNoteAdapter> wholeNote_;

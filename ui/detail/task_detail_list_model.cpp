@@ -39,7 +39,8 @@ qsizetype shownLength(const QString& note) {
 
 const std::vector<RowRole<TaskDetailRow>>& TaskDetailRow::roles() {
     static const std::vector kRoles{kindRole<TaskDetailRow>(), role<&TaskDetailRow::text>("text"),
-                                    role<&TaskDetailRow::isCut>("isCut")};
+                                    role<&TaskDetailRow::isCut>("isCut"),
+                                    role<&TaskDetailRow::isEdited>("isEdited")};
     return kRoles;
 }
 
@@ -75,21 +76,35 @@ void TaskDetailListModel::showNotes(
         return;
     }
     shownNotes_ = notes;
+    makeNotes();
+    emit shown();
+}
+
+void TaskDetailListModel::showEdited(const std::optional<base::Uuid>& noteId) {
+    if (noteId != edited_) {
+        edited_ = noteId;
+        makeNotes();
+        emit shown();
+    }
+}
+
+void TaskDetailListModel::makeNotes() {
     std::vector<TaskDetailRow> next;
-    next.reserve(notes.size());
+    next.reserve(shownNotes_.size());
     RowKeys keys;
-    for (const NotesViewState::CommittedNote& note : notes) {
+    for (const NotesViewState::CommittedNote& note : shownNotes_) {
         const QString wholeText = toQString(note.noteText);
         const qsizetype shown = shownLength(wholeText);
         const bool isCut = shown < wholeText.size();
-        next.push_back({.key = keys.next(note.id, Note),
+        const RowKey key = keys.next(note.id, Note);
+        next.push_back({.key = key,
                         .text = isCut ? wholeText.left(shown) + QChar(0x2026) : wholeText,
                         .wholeText = wholeText,
                         .isCut = isCut,
+                        .isEdited = note.id == edited_ && key.ordinal == 0,
                         .onDelete = note.onDeleteCommand});
     }
     update(static_cast<std::size_t>(notesRow()) + 1, rows().size(), std::move(next));
-    emit shown();
 }
 
 void TaskDetailListModel::deleteRow(int row) const {
@@ -107,6 +122,16 @@ void TaskDetailListModel::copyRow(int row) const {
 QString TaskDetailListModel::wholeText(int row) const {
     const TaskDetailRow* note = rowAt(row);
     return note != nullptr ? note->wholeText : QString();
+}
+
+std::optional<base::Uuid> TaskDetailListModel::noteId(int row) const {
+    const TaskDetailRow* note = rowAt(row);
+    return note != nullptr && note->key.kind == Note ? std::optional(note->key.id) : std::nullopt;
+}
+
+int TaskDetailListModel::editedRow() const {
+    const auto edited = std::ranges::find(rows(), true, &TaskDetailRow::isEdited);
+    return edited == rows().end() ? -1 : static_cast<int>(edited - rows().begin());
 }
 
 int TaskDetailListModel::notesRow() const {

@@ -4,8 +4,10 @@
 #include <QtQmlIntegration/qqmlintegration.h>
 
 #include <QString>
+#include <optional>
 #include <vector>
 
+#include "base/uuid.h"
 #include "livedata/block.h"
 #include "presentation/notes_view_state.h"
 #include "presentation/task_detail_view_state.h"
@@ -24,6 +26,8 @@ struct TaskDetailRow {
     QString text;
     QString wholeText;
     bool isCut = false;
+    // An editor lies over it.
+    bool isEdited = false;
     // Absent for the place of the notes section.
     livedata::Action onDelete;
 };
@@ -35,6 +39,7 @@ class TaskDetailListModel : public HEARTHMARK_ROW_LIST_MODEL(TaskDetailRow) {
     QML_ELEMENT
     QML_UNCREATABLE("made by the task detail adapter")
     Q_PROPERTY(int notesRow READ notesRow NOTIFY shown FINAL)
+    Q_PROPERTY(int editedRow READ editedRow NOTIFY shown FINAL)
 
  public:
     enum Kind { Interval, NotesSection, Note };
@@ -49,12 +54,19 @@ class TaskDetailListModel : public HEARTHMARK_ROW_LIST_MODEL(TaskDetailRow) {
             intervals);
     void showNotes(const livedata::SharedList<presentation::NotesViewState::CommittedNote>& notes);
 
+    // No more than one note.
+    void showEdited(const std::optional<base::Uuid>& noteId);
+
     Q_INVOKABLE void deleteRow(int row) const;
     // To the clipboard.
     Q_INVOKABLE void copyRow(int row) const;
 
     // Of a note.
     QString wholeText(int row) const;
+    // Absent where the row is none.
+    std::optional<base::Uuid> noteId(int row) const;
+    // -1 where none is.
+    int editedRow() const;
 
     // The row of the notes section; the notes come after it.
     int notesRow() const;
@@ -68,14 +80,16 @@ class TaskDetailListModel : public HEARTHMARK_ROW_LIST_MODEL(TaskDetailRow) {
     }
 
  signals:
-    // Other intervals or notes than before.
+    // Other intervals or notes than before, or another one is edited.
     void shown();
 
  private:
+    void makeNotes();
     int stepped(int row, int step) const;
 
     livedata::SharedList<presentation::TaskDetailViewState::NonRunningInterval> shownIntervals_;
     livedata::SharedList<presentation::NotesViewState::CommittedNote> shownNotes_;
+    std::optional<base::Uuid> edited_;
 };
 
 }  // namespace hearthmark::ui

@@ -5,6 +5,7 @@
 
 #include "export/share_container_vm_factory.h"
 #include "presentation/view_model_factories.h"
+#include "ui/detail/text_edit_adapter.h"
 #include "ui/notes/notes_adapter.h"
 #include "ui/sheets/share_container_adapter.h"
 
@@ -15,11 +16,15 @@ struct TaskDetailSubviewsFactory {
     std::unique_ptr<NotesAdapter> makeNotesView() const {
         return std::make_unique<NotesAdapter>(notesVMFactory.makeViewModel());
     }
+    std::unique_ptr<TextEditAdapter> makeTextEditView() const {
+        return std::make_unique<TextEditAdapter>(textEditVMFactory.makeViewModel());
+    }
     std::unique_ptr<ShareContainerAdapter> makeShareView() const {
         return std::make_unique<ShareContainerAdapter>(shareVMFactory.makeViewModel());
     }
 
     presentation::NotesVMFactory notesVMFactory;
+    presentation::TextEditVMFactory textEditVMFactory;
     exporting::ShareContainerVMFactory shareVMFactory;
 };
 

@@ -13,6 +13,8 @@ ListView {
     // The current task has come to another section, where it is to be seen.
     property bool isMoved: false
 
+    // The task that is selected now.
+    signal renameRequested
     signal menuRequested(row: DeletableRow, position: point)
 
     function showRow(row: int) {
@@ -56,6 +58,11 @@ ListView {
         root.rows.tap(row);
     }
 
+    function renameRow(row: int) {
+        root.tapRow(row);
+        root.renameRequested();
+    }
+
     clip: true
     bottomMargin: Theme.spacing
     cacheBuffer: Theme.controlHeight * 2
@@ -96,6 +103,7 @@ ListView {
         activeFocusOnTab: row.activeFocus || row.index === root.currentIndex
         onFocused: root.showRow(row.index)
         onTapped: root.tapRow(row.index)
+        onEditRequested: root.renameRow(row.index)
         onTicksChanged: root.followMove(row)
         onDeletionRequested: root.rows.deleteRow(row.index)
         onMenuRequested: position => root.menuRequested(row, position)

@@ -28,6 +28,7 @@ RowOfKind {
     shownKind: root.kind === TaskListModel.Header ? header : root.kind === TaskListModel.Hint ? hint : root.intervalViewStates ? running : nonRunning
     implicitHeight: root.content ? root.content.height + 2 * root.content.y : 0
     enabled: root.isTask
+    isEditable: root.isTask
     // A row cannot be ignored: newer views take that back when it comes into sight.
     Accessible.role: root.isTask ? Accessible.ListItem : root.kind === TaskListModel.Header ? Accessible.Heading : Accessible.StaticText
     Accessible.name: root.text

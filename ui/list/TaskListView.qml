@@ -12,6 +12,9 @@ FocusScope {
     readonly property alias atTop: list.atYBeginning
     readonly property bool isEmpty: root.adapter.loaded && list.currentIndex < 0
 
+    // Of the selected task.
+    signal renameRequested
+
     function showNewest() {
         const row = root.adapter.newestRow();
         if (row >= 0)
@@ -25,6 +28,7 @@ FocusScope {
         visible: root.adapter.loaded
         focus: true
         rows: root.adapter.rows
+        onRenameRequested: root.renameRequested()
         onMenuRequested: (row, position) => (menu.part() as DeleteMenu).openFor(row, position)
     }
 

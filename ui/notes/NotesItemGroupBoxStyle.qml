@@ -10,6 +10,10 @@ Rectangle {
     required property string noteText
     // It shows the beginning of a text that is too long.
     required property bool isCut
+    // Of the editor that lies over it; 0 while there is none.
+    required property real editorHeight
+    readonly property bool isEdited: root.editorHeight > 0
+    readonly property bool hasButton: root.isCut && !root.isEdited
 
     // The whole text is to be copied, of which this may show a part.
     signal copied
@@ -26,24 +30,42 @@ Rectangle {
             root.buttonReached();
     }
 
-    implicitHeight: body.height + 2 * Theme.spacing + (root.isCut ? button.height + Theme.spacing : 0)
+    implicitHeight: root.isEdited ? root.editorHeight : body.height + 2 * Theme.spacing + (root.isCut ? button.height + Theme.spacing : 0)
     radius: Theme.radius
-    color: Theme.colors.window
+    color: root.isEdited ? "transparent" : Theme.colors.window
+
+    HoverHandler {
+        id: pointer
+    }
 
     FocusRing {
-        visible: root.row.focusVisible
+        visible: root.row.focusVisible && !root.isEdited
         controlRadius: Theme.radius
     }
 
     MarkableText {
         id: body
 
-        x: Theme.spacing
+        anchors.left: parent.left
+        anchors.leftMargin: Theme.spacing
         y: Theme.spacing
-        width: root.width - 2 * Theme.spacing
+        width: root.width - 2 * Theme.spacing - editButton.width
+        visible: !root.isEdited
         text: root.noteText
         row: root.row
         onAllCopied: root.copied()
+    }
+
+    EditButton {
+        id: editButton
+
+        anchors.right: parent.right
+        y: Math.min(0, (body.height + 2 * Theme.spacing - editButton.height) / 2)
+        visible: !root.isEdited
+        isOffered: pointer.hovered || root.row.focusVisible
+        activeFocusOnTab: false // the row has a key for it
+        text: qsTr("Edit note")
+        onClicked: root.row.editRequested()
     }
 
     PushButton {
@@ -52,7 +74,7 @@ Rectangle {
         anchors.left: parent.left
         anchors.bottom: parent.bottom
         anchors.margins: Theme.spacing
-        visible: root.isCut
+        visible: root.hasButton
         activeFocusOnTab: false // the row hands the focus on to it
         text: qsTr("Show all")
         onClicked: root.wholeRequested()

@@ -6,14 +6,11 @@ import Hearthmark.Ui
 
 // The notes section of the detail pane down to the note that is being written; the saved notes follow
 // it as rows of the pane's list.
-FocusScope {
+PartOverRow {
     id: root
 
     required property NotesAdapter adapter
     readonly property Item focusedItem: root.activeFocus ? root.Window.activeFocusItem : null
-
-    // A part of this is to be brought on screen.
-    signal revealed(top: real, bottom: real)
 
     function addNote() {
         root.adapter.addNote();
@@ -33,7 +30,7 @@ FocusScope {
         if (editors.count > 0)
             (editors.itemAt(0) as NoteEditor).revealFocus();
         else
-            root.revealed(0, root.height);
+            root.show(0, root.height);
     }
 
     function focusButton() {
@@ -77,8 +74,8 @@ FocusScope {
 
                 width: content.width
                 focus: true
-                adapter: root.adapter
-                onRevealed: (top, bottom) => root.revealed(content.y + editor.y + top, content.y + editor.y + bottom)
+                notes: root.adapter
+                onRevealed: (top, bottom) => root.show(content.y + editor.y + top, content.y + editor.y + bottom)
             }
         }
     }

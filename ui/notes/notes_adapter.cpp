@@ -17,11 +17,11 @@ NotesAdapter::NotesAdapter(std::shared_ptr<presentation::NotesViewModelProtocol>
 }
 
 void NotesAdapter::show() {
-    followText(noteText());
+    followText(text());
     emit changed();
 }
 
-std::string NotesAdapter::noteText() const {
+std::string NotesAdapter::text() const {
     return isWriting() ? state()->pendingNote->noteText : std::string();
 }
 
@@ -52,7 +52,7 @@ void NotesAdapter::discardNote() const {
     }
 }
 
-void NotesAdapter::editNote(const std::string& text) {
+void NotesAdapter::type(const std::string& text) {
     if (isWriting()) {
         const auto edit = state()->pendingNote->onEdit;
         (*edit)(text);

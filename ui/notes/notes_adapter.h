@@ -10,13 +10,13 @@
 #include <string>
 
 #include "presentation/notes_view_model.h"
-#include "ui/state/state_adapter.h"
+#include "ui/text/written_text.h"
 
 namespace hearthmark::ui {
 
 // Hands the note that is being written to NotesView.qml, and the state of the saved ones to the
 // detail pane's list. Owns its view model.
-class NotesAdapter final : public hearthmark::ui::StateAdapter {
+class NotesAdapter final : public hearthmark::ui::WrittenText {
     Q_OBJECT
     QML_ELEMENT
     QML_UNCREATABLE("made by the subview factory")
@@ -37,9 +37,8 @@ class NotesAdapter final : public hearthmark::ui::StateAdapter {
     bool loaded() const { return state().has_value(); }
     bool canAddNote() const { return state() && state()->canAddNote; }
     // A note is open.
-    bool isWriting() const { return state() && state()->pendingNote; }
-    // Of the open note, as far as it is typed.
-    std::string noteText() const;
+    bool isWriting() const override { return state() && state()->pendingNote; }
+    std::string text() const override;
     // It is more than white space.
     bool canSave() const { return canSave_; }
     // The titles of the open note's buttons.
@@ -50,8 +49,7 @@ class NotesAdapter final : public hearthmark::ui::StateAdapter {
     // A blank text leaves the note open.
     Q_INVOKABLE void saveNote(const QQuickTextDocument* text) const;
     Q_INVOKABLE void discardNote() const;
-    // What its editor now holds.
-    void editNote(const std::string& text);
+    void type(const std::string& text) override;
 
  signals:
     void canSaveChanged();

@@ -3,7 +3,7 @@ import QtQuick
 import Hearthmark.Controls
 
 // A row of a list that can be chosen and deleted. A click chooses it. A right click, the Menu key and
-// Shift+F10 ask for its context menu, and the Delete key asks to delete it at once.
+// Shift+F10 ask for its context menu, the Delete key asks to delete it at once, and F2 asks to edit it.
 Item {
     id: root
 
@@ -16,12 +16,15 @@ Item {
     property bool isTextMarked: false
     // Marked too while its menu is open.
     property bool menuOpen: false
+    // Else F2 is for what it is in.
+    property bool isEditable: false
     readonly property bool focusVisible: root.menuOpen || root.activeFocus && !root.clicked
     readonly property alias hovered: area.containsMouse
 
     signal focused
     signal tapped
     signal deletionRequested
+    signal editRequested
     signal menuRequested(position: point)
 
     function changeFocus() {
@@ -62,9 +65,13 @@ Item {
     function pressKey(event) {
         root.clicked = false;
         root.isWalkedTo = false;
-        event.accepted = event.key === Qt.Key_F10 && event.modifiers === Qt.ShiftModifier;
-        if (event.accepted)
+        const isMenu = event.key === Qt.Key_F10 && event.modifiers === Qt.ShiftModifier;
+        const isEdit = event.key === Qt.Key_F2 && root.isEditable;
+        event.accepted = isMenu || isEdit;
+        if (isMenu)
             root.requestMenu();
+        else if (isEdit)
+            root.editRequested();
     }
 
     onActiveFocusChanged: root.changeFocus()

@@ -9,6 +9,8 @@ FocusScope {
 
     required property HomeAdapter home
 
+    // Of the selected task.
+    signal renameRequested
     signal menuRequested(button: Item)
 
     // A list without tasks would have the keyboard unseen, and nothing for it to act on.
@@ -74,6 +76,7 @@ FocusScope {
         width: parent.width
         focus: true
         adapter: root.home.taskList
+        onRenameRequested: root.renameRequested()
         onIsEmptyChanged: root.passFocus()
     }
 

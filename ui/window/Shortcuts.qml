@@ -26,6 +26,7 @@ QtObject {
         [qsTr("Finish the newest focus"), root.finishNewest[0]],
         [qsTr("Add a note"), root.addNote[0]],
         [qsTr("Share the task"), root.share[0]],
+        [qsTr("Rename or edit what is marked"), "F2"],
         [qsTr("Save the name or note"), "Ctrl+Enter"],
         [qsTr("Show the marked task"), qsTr("Enter")],
         [qsTr("Open the menu of the marked row"), qsTr("Menu")],

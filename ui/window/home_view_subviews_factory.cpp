@@ -23,6 +23,7 @@ std::unique_ptr<TaskDetailAdapter> HomeViewSubviewsFactory::makeTaskDetailView(
         factory.makeViewModel(),
         TaskDetailSubviewsFactory{
             .notesVMFactory = {dataOperationsService, liveDataFactory, clock, drafts, taskId},
+            .textEditVMFactory = {dataOperationsService, liveDataFactory, drafts, taskId},
             .shareVMFactory = exporting::ShareContainerVMFactory(
                 {.csvSerializer = std::make_shared<exporting::CSVTaskShareSerializer>(),
                  .jsonSerializer = std::make_shared<exporting::JSONShareSerializer>()},

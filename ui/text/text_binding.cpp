@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "ui/notes/note_text_binding.h"
+#include "ui/text/text_binding.h"
 
 #include <QGuiApplication>
 #include <QInputMethod>
@@ -10,24 +10,24 @@
 
 namespace hearthmark::ui {
 
-void NoteTextBinding::setAdapter(NotesAdapter* adapter) {
+void TextBinding::setAdapter(WrittenText* adapter) {
     if (adapter == adapter_) {
         return;
     }
     if (adapter_) {
-        // What is being composed belongs to the note that was shown so far.
+        // What is being composed belongs to the text that was shown so far.
         QGuiApplication::inputMethod()->commit();
     }
     disconnect(shown_);
     adapter_ = adapter;
     if (adapter_) {
-        shown_ = connect(adapter_, &NotesAdapter::changed, this, &NoteTextBinding::show);
+        shown_ = connect(adapter_, &WrittenText::changed, this, &TextBinding::show);
     }
     replaceText();
     emit adapterChanged();
 }
 
-void NoteTextBinding::setDocument(QQuickTextDocument* document) {
+void TextBinding::setDocument(QQuickTextDocument* document) {
     if (document == document_) {
         return;
     }
@@ -35,31 +35,31 @@ void NoteTextBinding::setDocument(QQuickTextDocument* document) {
     document_ = document;
     if (document_) {
         typed_ = connect(document_->textDocument(), &QTextDocument::contentsChanged, this,
-                         &NoteTextBinding::write);
+                         &TextBinding::write);
     }
     replaceText();
     emit documentChanged();
 }
 
-void NoteTextBinding::show() {
+void TextBinding::show() {
     if (adapter_ && document_ && adapter_->isWriting() &&
-        adapter_->noteText() != typedText(*document_)) {
+        adapter_->text() != typedText(*document_)) {
         replaceText();
     }
 }
 
 // Together with the undo history, which belongs to the text.
-void NoteTextBinding::replaceText() {
+void TextBinding::replaceText() {
     if (adapter_ && document_ && adapter_->isWriting()) {
         isReplacing_ = true;
-        document_->textDocument()->setPlainText(toQString(adapter_->noteText()));
+        document_->textDocument()->setPlainText(toQString(adapter_->text()));
         isReplacing_ = false;
     }
 }
 
-void NoteTextBinding::write() {
+void TextBinding::write() {
     if (!isReplacing_ && adapter_) {
-        adapter_->editNote(typedText(*document_));
+        adapter_->type(typedText(*document_));
     }
 }
 

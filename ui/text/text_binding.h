@@ -8,18 +8,18 @@
 #include <QPointer>
 #include <QQuickTextDocument>
 
-#include "ui/notes/notes_adapter.h"
+#include "ui/text/written_text.h"
 
 namespace hearthmark::ui {
 
-// Keeps an editor and the open note the same, both ways: what is typed is written into the note at
-// each change, and what the note has otherwise, such as that of another task, is shown. The editor
+// Keeps an editor and what it writes the same, both ways: what is typed is written at each change,
+// and what is there otherwise, such as the note of another task, is shown. The editor
 // is left alone while the two agree, so its cursor and its undo history stay.
 // Made in QML, which derives from it.
-class NoteTextBinding : public QObject {
+class TextBinding : public QObject {
     Q_OBJECT
     QML_ELEMENT
-    Q_PROPERTY(hearthmark::ui::NotesAdapter* adapter READ adapter WRITE setAdapter NOTIFY
+    Q_PROPERTY(hearthmark::ui::WrittenText* adapter READ adapter WRITE setAdapter NOTIFY
                    adapterChanged REQUIRED FINAL)
     Q_PROPERTY(QQuickTextDocument* document READ document WRITE setDocument NOTIFY documentChanged
                    REQUIRED FINAL)
@@ -27,8 +27,8 @@ class NoteTextBinding : public QObject {
  public:
     using QObject::QObject;
 
-    NotesAdapter* adapter() const { return adapter_; }
-    void setAdapter(NotesAdapter* adapter);
+    WrittenText* adapter() const { return adapter_; }
+    void setAdapter(WrittenText* adapter);
     QQuickTextDocument* document() const { return document_; }
     void setDocument(QQuickTextDocument* document);
 
@@ -41,7 +41,7 @@ class NoteTextBinding : public QObject {
     void replaceText();
     void write();
 
-    QPointer<NotesAdapter> adapter_;
+    QPointer<WrittenText> adapter_;
     QPointer<QQuickTextDocument> document_;
     QMetaObject::Connection shown_;
     QMetaObject::Connection typed_;

@@ -1,0 +1,43 @@
+// SPDX-License-Identifier: MIT
+import QtQuick
+import Hearthmark.Controls
+import Hearthmark.Ui
+
+// The name of the selected task, with a button that edits it; nothing while it is being edited.
+Item {
+    id: root
+
+    required property TaskDetailAdapter adapter
+
+    signal editRequested
+
+    width: parent.width
+    height: heading.height
+    visible: !root.adapter.edit.isName
+
+    HoverHandler {
+        id: pointer
+    }
+
+    Heading {
+        id: heading
+
+        width: parent.width - button.width
+        text: root.adapter.taskName
+        font.pointSize: Theme.titleSize
+        maximumLineCount: Theme.nameMaximumLineCount
+    }
+
+    // After the first line.
+    EditButton {
+        id: button
+
+        anchors.left: parent.left
+        anchors.leftMargin: Math.min(heading.contentWidth + Theme.tightSpacing, heading.width)
+        y: (heading.height / heading.lineCount - button.height) / 2
+        visible: root.adapter.edit.canEdit
+        isOffered: pointer.hovered
+        text: qsTr("Edit name")
+        onClicked: root.editRequested()
+    }
+}
