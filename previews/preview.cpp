@@ -48,6 +48,7 @@ QString longWord() {
 namespace {
 
 std::vector<Preview> previewsOfUsualTexts() {
+    const QStringList toNotes = times(2, "Shift+Tab");
     return {
         {.name = "tasks-loading", .content = Content::loadingTasks, .size = {300, 420}},
         {.name = "home-empty", .content = Content::noTasks},
@@ -73,6 +74,24 @@ std::vector<Preview> previewsOfUsualTexts() {
          .selection = kRunning,
          .unseenFinishes = {"Tax papers", "Call the landlord about the window"}},
         {.name = "home-note", .selection = kIdle, .keys = {"Ctrl+Shift+N"}, .typed = kSentences},
+        {.name = "home-edit-name", .selection = kRunning, .keys = {"F2"}},
+        {.name = "home-edit-name-right-to-left",
+         .selection = kRunning,
+         .keys = {"F2"},
+         .direction = Qt::RightToLeft},
+        {.name = "home-edit-name-button", .selection = kIdle, .keys = times(4, "Tab")},
+        {.name = "home-edit-note",
+         .selection = kRunning,
+         .keys = toNotes + QStringList{"F2", "Return"},
+         .typed = kSentences},
+        {.name = "home-edit-note-right-to-left",
+         .selection = kRunning,
+         .keys = toNotes + QStringList{"F2"},
+         .direction = Qt::RightToLeft},
+        {.name = "home-edit-note-emptied",
+         .selection = kRunning,
+         .keys = toNotes + QStringList{"F2", "Ctrl+A", "Delete"}},
+        {.name = "home-edit-note-button", .selection = kRunning, .keys = toNotes},
         {.name = "home-long-note",
          .content = Content::longNote,
          .selection = kLongNote,
@@ -141,16 +160,29 @@ std::vector<Preview> previewsOfUsualTexts() {
 // The smallest window, on a desktop with large text.
 std::vector<Preview> previewsOfLargeTexts(const std::vector<Preview>& usual) {
     std::vector<Preview> large;
-    for (const char* name : {"home-empty",       "home-unselected",
-                             "home-running",     "home-running-right-to-left",
-                             "home-many-tasks",  "home-long-note",
-                             "home-undo",        "home-finished",
-                             "home-menu",        "add-task-long",
-                             "add-task-dark",    "share-json",
-                             "whole-note",       "about",
-                             "restore",          "restore-damaged-right-to-left",
-                             "shortcuts",        "shortcuts-right-to-left",
-                             "update-available", "update-failed"}) {
+    for (const char* name : {"home-empty",
+                             "home-unselected",
+                             "home-running",
+                             "home-running-right-to-left",
+                             "home-many-tasks",
+                             "home-long-note",
+                             "home-edit-name",
+                             "home-edit-note",
+                             "home-edit-note-right-to-left",
+                             "home-undo",
+                             "home-finished",
+                             "home-menu",
+                             "add-task-long",
+                             "add-task-dark",
+                             "share-json",
+                             "whole-note",
+                             "about",
+                             "restore",
+                             "restore-damaged-right-to-left",
+                             "shortcuts",
+                             "shortcuts-right-to-left",
+                             "update-available",
+                             "update-failed"}) {
         Preview& preview = large.emplace_back(*std::ranges::find(usual, name, &Preview::name));
         preview.name += "-large";
         preview.size = {640, 420};

@@ -22,6 +22,7 @@ Item {
     Heading {
         id: heading
 
+        anchors.left: parent.left
         width: parent.width - button.width
         text: root.adapter.taskName
         font.pointSize: Theme.titleSize

@@ -9,7 +9,7 @@ PartOverRow {
 
     required property TaskDetailAdapter adapter
 
-    // There is nobody left whom the keyboard could go back to.
+    // What had the keyboard before is gone, and the note, too.
     signal focusLost
 
     function edit(row: int) {
@@ -21,6 +21,7 @@ PartOverRow {
     function enter() {
         editor.rememberFocus();
         editor.enter();
+        root.list.displaceFocus(); // once its row is as high
     }
 
     function enterFromPlace() {
@@ -31,6 +32,13 @@ PartOverRow {
     // Once the list has changed: a row that it makes current while it does must not lose the keyboard.
     function enterSoon() {
         reaching.restart();
+    }
+
+    function giveFocusBack() {
+        if (root.place)
+            root.place.forceActiveFocus(Qt.OtherFocusReason);
+        else
+            root.focusLost();
     }
 
     function revealFocus() {
@@ -56,6 +64,6 @@ PartOverRow {
         isOpen: root.adapter.edit.isNote
         accessibleName: qsTr("Text of the note")
         onRevealed: (top, bottom) => root.show(top, bottom)
-        onFocusLost: root.focusLost()
+        onFocusLost: root.giveFocusBack()
     }
 }

@@ -17,7 +17,7 @@ FocusScope {
 
     // A part of this is to be brought on screen.
     signal revealed(top: real, bottom: real)
-    // What had the keyboard is gone.
+    // Nothing had the keyboard before, or that is gone.
     signal focusLost
 
     function writer(): TextWriter {
@@ -44,8 +44,10 @@ FocusScope {
     function giveFocusBack() {
         if (!root.activeFocus)
             return;
-        if (root.formerFocus)
-            root.formerFocus.forceActiveFocus(Qt.OtherFocusReason);
+        const former = root.formerFocus;
+        root.formerFocus = null;
+        if (former)
+            former.forceActiveFocus(Qt.OtherFocusReason);
         else
             root.focusLost();
     }
