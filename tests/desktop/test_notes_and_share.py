@@ -36,8 +36,8 @@ class NotesAndShare(ProgramTest):
         press(self.program.find(name, "list item"))
         self.program.find(name, "heading")
 
-    def wait_for_typed(self, text):
-        editor = self.program.find("Note", "text").queryText()
+    def wait_for_typed(self, text, name="Note"):
+        editor = self.program.find(name, "text").queryText()
         wait_for(lambda: editor.getText(0, -1).replace("\u2029", "\n") == text, repr(text))
 
     def wait_for_rows(self, *names):
@@ -134,6 +134,62 @@ class NotesAndShare(ProgramTest):
         self.assertEqual(program.finished(), (0, ""))
         self.assertEqual(program.rows("SELECT t.name, text FROM Task t JOIN Note n ON task = t.pk"
                                       " ORDER BY text"), [("A", "New"), ("B", "b"), ("A", "half 23")])
+
+    def test_a_name_and_a_note_are_edited_where_they_stand(self):
+        program = self.show_task("Old", "New")
+
+        def stored():
+            return program.rows("SELECT name FROM Task UNION ALL SELECT text FROM Note WHERE task")
+
+        def wait_for_stored(*texts):
+            wait_for(lambda: stored() == [(text,) for text in texts], texts)
+        program.press("30:00")
+        row = program.find("B", "list item")
+        click(program.find("A", "list item"))
+        key("Down", "Up", "F2")
+        self.wait_for_typed("A", "Name of the task")
+        key("ctrl+z", "BackSpace", "Return")
+        self.assertFalse(program.is_enabled("Save"))
+        seen = program.find("A", "list item").description
+        type_text("Long name")
+        wait_for(lambda: program.find("A", "list item").description > seen, "ticks beside the editor")
+        key("BackSpace")
+        self.wait_for_typed("Long nam", "Name of the task")
+        key("Return")
+        wait_for_stored("Long nam", "B", "Old", "New")
+        wait_for(lambda: has_focus(program.find("Long nam", "list item")), "the keyboard where it was")
+        key("F2", "x", "Escape", "Down", "F2")  # which selects the other task
+        self.wait_for_typed("B", "Name of the task")
+        self.assertTrue(has_focus(program.find("Name of the task", "text")))
+        self.select("Long nam")
+        click(program.find("Old", "list item"))
+        key("F2", "End", "1", "Return")
+        self.wait_for_typed("Old1\n", "Text of the note")
+        for way in (5, 4):
+            xdotool("click", "--repeat", 20, way)
+        click(program.find("New", "list item"), button=3)
+        program.press("Delete", "menu item")
+        wait_for_stored("Long nam", "B", "Old")
+        key("2")  # the keyboard has come from the row that went to the one that is edited
+        self.wait_for_typed("Old1\n2", "Text of the note")
+        press(row)
+        self.select("Long nam")
+        click(program.find("Text of the note", "text"))
+        key("ctrl+End", "3", "ctrl+Return")
+        wait_for_stored("Long nam", "B", "Old1\n23")
+        # With nothing left to undo nothing but the text is undone, and with nothing left of it it goes.
+        key("F2", "x", *["ctrl+z"] * 3, "ctrl+a", "Delete", "Delete")
+        program.find("Delete")
+        wait_for_stored("Long nam", "B", "Old1\n23")
+        key("ctrl+Return")
+        wait_for_stored("Long nam", "B")
+        program.press("Undo")
+        wait_for_stored("Long nam", "B", "Old1\n23")
+        program.press("Edit note")
+        key("4")
+        program.process.terminate()
+        self.assertEqual(program.finished(), (0, ""))
+        wait_for_stored("Long nam", "B", "Old1\n234")
 
     def test_what_the_keyboard_acts_on_is_brought_on_screen(self):
         def wait_until_visible(name):

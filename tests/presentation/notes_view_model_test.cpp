@@ -123,4 +123,84 @@ TEST_F(NotesViewModelTest, MakesNotesOfTheDraftsThatAreNotBlankAndHaveATask) {
               "1000.0|half");
 }
 
+// Each row types into what it begins to edit, saves, and says what is stored then and what is still
+// being edited.
+TEST_F(NotesViewModelTest, StoresANameOrNoteThatWasEditedInItsPlace) {
+    const base::Uuid note = *base::Uuid::fromText("C0000000-0000-4000-8000-000000000004");
+    const base::Uuid gone = base::Uuid::random();
+    const auto edit = TextEditVMFactory(store.service, store.liveData, drafts, id).makeViewModel();
+    edit->startObserving();
+    struct Case {
+        const char* what;
+        std::optional<base::Uuid> begun;
+        std::optional<std::string> typed;
+        std::string stored;
+        std::optional<std::string> left;
+    };
+    const std::string kStored = " task |new";
+    store.service->renameTask(id, " task ");
+    for (const Case& each : std::vector<Case>{
+             {"not touched", {}, {}, kStored, {}},
+             {"blank", {}, " \u2003", kStored, " \u2003"},
+             {"another one, after a blank name", note, "\nsecond\u00a0", " task |second", {}},
+             {"the same with blanks", note, " second ", " task |second", {}},
+             {"not there", gone, "x", " task |second", {}},
+             {"a name", {}, " a  b\n", "a  b|second", {}},
+             {"emptied", note, "\n", "a  b|NULL", {}}}) {
+        each.begun ? edit->editNote(*each.begun) : edit->editName();
+        if (each.typed) {
+            edit->type(*each.typed);
+        }
+        edit->save();
+        EXPECT_EQ(store.sql("SELECT t.name, n.text FROM Task t LEFT JOIN Note n ON n.pk = 4 AND"
+                            " n.task = t.pk WHERE t.pk = 1"),
+                  each.stored)
+            << each.what;
+        const auto& left = edit->viewState().value().edit;
+        EXPECT_EQ(left ? std::optional(left->text) : std::nullopt, each.left) << each.what;
+    }
+}
+
+TEST_F(NotesViewModelTest, KeepsWhatIsBeingEditedUntilItIsSavedOrLeft) {
+    const auto makeEdit = [this] {
+        auto edit = TextEditVMFactory(store.service, store.liveData, drafts, id).makeViewModel();
+        edit->startObserving();
+        return edit;
+    };
+    auto edit = makeEdit();
+    const auto typed = [&edit] {
+        const auto& now = edit->viewState().value().edit;
+        return now ? now->text : "none";
+    };
+    const auto stored = [this] {
+        return store.sql(
+            "SELECT name, text FROM Task t, Note n WHERE"
+            " t.pk = 1 AND n.pk = 4");
+    };
+    edit->editNote(*base::Uuid::fromText("C0000000-0000-4000-8000-000000000004"));
+    edit->type("half ");
+    int states = 0;
+    const auto counting = edit->viewState().subscribeDidChange([&states] { ++states; });
+    edit->type("half a ");
+    store.service->renameTask(id, "renamed");
+    (*view().committedNotes[2].onDeleteCommand)();
+    EXPECT_EQ(states, 0) << "neither for a key nor for what is changed elsewhere";
+    edit = makeEdit();
+    EXPECT_EQ(typed(), "half a ") << "by the next model";
+    (*view().committedNotes[1].onDeleteCommand)();
+    EXPECT_EQ(typed(), "none") << "while its note is gone";
+    store.service->undo(*store.service->latestChange().value());
+    EXPECT_EQ(typed(), "half a ");
+    edit->editName();
+    EXPECT_EQ(typed() + ' ' + stored(), "renamed renamed|half a") << "not lost by another edit";
+    edit->type("x");
+    edit->leave();
+    drafts->save();
+    EXPECT_EQ(typed() + ' ' + stored(), "none renamed|half a");
+    edit->editName();
+    edit->type(" at the end");
+    drafts->save();
+    EXPECT_EQ(stored(), "at the end|half a") << "as a half-written note is";
+}
+
 }  // namespace hearthmark::presentation

@@ -23,18 +23,20 @@ Item {
         id: heading
 
         anchors.left: parent.left
-        width: parent.width - button.width
+        width: parent.width - button.width - Theme.spacing
         text: root.adapter.taskName
         font.pointSize: Theme.titleSize
         maximumLineCount: Theme.nameMaximumLineCount
     }
 
-    // After the first line.
+    // After the first line, and with the ring around it no higher than that: above, the pane ends.
     EditButton {
         id: button
 
+        width: button.height
+        height: Theme.controlHeight - Theme.spacing
         anchors.left: parent.left
-        anchors.leftMargin: Math.min(heading.contentWidth + Theme.tightSpacing, heading.width)
+        anchors.leftMargin: Math.min(heading.contentWidth, heading.width) + Theme.spacing
         y: (heading.height / heading.lineCount - button.height) / 2
         visible: root.adapter.edit.canEdit
         isOffered: pointer.hovered
