@@ -12,8 +12,8 @@ FocusScope {
     readonly property alias textSize: editor.textSize
     property real minHeight
     property real pointSize: Theme.bodySize
-    // They get each key first.
-    property list<Item> keysBefore
+    // It gets each key first, where there is one.
+    property Item keysBefore
 
     function openMenu(x: real, y: real) {
         (menu.part() as EditorMenu).popup(root, x, y);
@@ -50,7 +50,7 @@ FocusScope {
         font.pointSize: root.pointSize
         activeFocusOnTab: true
         Accessible.name: editor.accessibleName
-        Keys.forwardTo: root.keysBefore
+        Keys.forwardTo: [root.keysBefore]
         Keys.onMenuPressed: root.openMenuByKey()
         Keys.onPressed: event => root.openMenuOnShift(event)
 

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 pragma ComponentBehavior: Bound
 import QtQuick
-import Hearthmark.Controls
 import Hearthmark.Ui
 
 // What a task's pane scrolls through: a header, the other intervals, the place of the notes section, the notes.

@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: MIT
 import QtQuick
-import Hearthmark.Controls
 import Hearthmark.Ui
 
 // The editor of a saved note, over its row.

@@ -70,7 +70,7 @@ FocusScope {
 
             width: parent.width
             focus: true
-            keysBefore: root.savesByEnter ? [root] : []
+            keysBefore: root.savesByEnter ? root : null
             onCursorRectangleChanged: root.revealFocus()
         }
 
