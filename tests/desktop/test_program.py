@@ -224,6 +224,39 @@ class Use(ProgramTest):
         key("ctrl+q")
         self.assertEqual(program.finished()[0], 0)
 
+    def test_own_length_continue_and_five_minutes_more(self):
+        program = self.program.launch()
+        program.add_task("Letters")
+        press(program.find("Letters", "list item"))
+        field = program.find("Own length", "text")
+        key("ctrl+3")  # there is none yet
+        wait_for(lambda: has_focus(field), "the keyboard in the field")
+        type_text("25:61")
+        program.find("Not a length: try 25, 1:30:00 or 90 min.")
+        key("Return", "Escape")
+        type_text("1 s")
+        program.find("Enter starts 1")
+        self.assertEqual(program.rows("SELECT count(*) FROM Interval"), [(0,)])
+        for keys, count in [("Return", 1), ("ctrl+3", 2)]:
+            key(keys)
+            wait_for(lambda: program.rows("SELECT state, duration >= 1 FROM Interval i JOIN RawIntervalState r"
+                                          " ON r.interval = i.pk") == [(2, 1)] * count, "its end")
+        field.queryComponent().grabFocus()
+        type_text("45 s")
+        key("Return")
+        program.press("Five more minutes")
+        self.assertEqual(program.rows("SELECT maxDuration FROM Interval"), [(1,), (1,), (345,)])
+        program.press("Finish")
+        wait_for(lambda: program.section_of("Letters") == "Not running", "its end")
+        row = wait_for(lambda: [row for row in program.find_all(role="list item") if "/5:45" in row.name],
+                       "its row")[0]
+        self.assertRegex(row.description, r"^\d\d:\d\d$")
+        row.queryComponent().grabFocus()
+        key("Tab", "space")
+        wait_for(lambda: program.section_of("Letters") == "Running" and has_focus(row), "its continuation")
+        (old, length), (_, rest) = program.rows("SELECT duration, maxDuration FROM Interval")[2:]
+        self.assertEqual(rest, length - old)
+
     def test_keys_that_go_far_or_the_way_they_point(self):
         numbers = range(1, 31)
         self.make_store(

@@ -3,9 +3,12 @@
 
 #include <QAbstractItemModelTester>
 #include <QCoreApplication>
+#include <QDateTime>
+#include <QLocale>
 #include <QSignalSpy>
 #include <algorithm>
 #include <array>
+#include <cmath>
 #include <random>
 #include <vector>
 
@@ -14,6 +17,7 @@
 #include "presentation/task_list_view_state.h"
 #include "ui/detail/task_detail_list_model.h"
 #include "ui/list/task_list_model.h"
+#include "ui/text/began_text.h"
 
 namespace hearthmark::ui {
 namespace {
@@ -189,13 +193,84 @@ TEST(TaskDetailListModel, ShowsTheBeginningOfANoteThatIsTooLong) {
              {repeated(19'999, "a") + "🍅", repeated(19'999, "a") + "…"},
              {repeated(20'000, "é"), repeated(20'000, "é")},
              {repeated(30'000, "é"), repeated(20'000, "é") + "…"}}) {
-        model.showNotes(
-            {{.id = base::Uuid::random(), .noteText = note, .onDeleteCommand = nullptr}});
+        model.showNotes({{.id = base::Uuid::random(),
+                          .noteText = note,
+                          .onDeleteCommand = nullptr,
+                          .creationDate = {}}});
         const QString text = fieldOf(model, 1, "text").toString();
         EXPECT_TRUE(text.toStdString() == shown) << note.size();
         EXPECT_EQ(fieldOf(model, 1, "isCut"), note != shown);
         EXPECT_TRUE(model.wholeText(1).toStdString() == note);
     }
+}
+
+TEST(TaskDetailListModel, SaysWhenARowBeganAsOfToday) {
+    qputenv("TZ", "Asia/Kolkata");
+    QLocale::setDefault(QLocale(QStringLiteral("en_GB")));
+    const auto at = [](const char* time) {
+        const auto unixTime = double(QDateTime::fromString(time, Qt::ISODate).toSecsSinceEpoch());
+        return base::Date(base::Seconds(unixTime) - base::kUnixTimeOfReferenceDate);
+    };
+    TaskDetailListModel model;
+    std::vector<presentation::TaskDetailViewState::NonRunningInterval> intervals;
+    for (const std::optional<base::Date>& began : {std::optional(at("2026-11-20T14:05:59")),
+                                                   {at("2025-11-20T00:00:00")},
+                                                   {},
+                                                   {base::Date(base::Seconds(INFINITY))}}) {
+        intervals.push_back({.intervalId = base::Uuid::random(),
+                             .onDeleteCommand = nullptr,
+                             .totalTimeSpent = {},
+                             .creationDate = began,
+                             .rest = base::Seconds(59.1)});
+    }
+    model.showIntervals(livedata::SharedList(std::move(intervals)));
+    model.showNotes({{.id = base::Uuid::random(),
+                      .noteText = {},
+                      .onDeleteCommand = nullptr,
+                      .creationDate = at("2026-11-19T23:59:00")}});
+    EXPECT_EQ(fieldOf(model, 0, "continueText"), "Continue 1:00") << "rounded up";
+    EXPECT_EQ(fieldOf(model, 5, "continueText"), "");
+    const auto shown = [&model] {
+        QStringList texts;
+        for (const int row : {0, 1, 2, 3, 5}) {
+            texts += fieldOf(model, row, "began").toString();
+        }
+        return texts.join(u'|');
+    };
+    model.showToday(at("2026-11-20T00:00:00"));
+    EXPECT_EQ(shown(), "14:05|Thu 20 Nov 2025, 00:00|||Thu 19 Nov, 23:59");
+    const QSignalSpy changed(&model, &QAbstractItemModel::dataChanged);
+    model.showToday(at("2026-11-20T00:00:00"));
+    EXPECT_EQ(changed.size(), 0);
+    model.showToday(at("2027-01-01T00:00:00"));
+    EXPECT_EQ(shown(), "Fri 20 Nov 2026, 14:05|Thu 20 Nov 2025, 00:00|||Thu 19 Nov 2026, 23:59");
+    ASSERT_EQ(changed.size(), 6);
+    EXPECT_EQ(changed[0][2].value<QList<int>>(), QList<int>{model.roleNames().key("began")});
+    qputenv("TZ", "UTC");
+    tzset();
+    EXPECT_TRUE(shown().startsWith("Fri 20 Nov, 08:35|")) << "the year is not over there";
+    qunsetenv("TZ");
+}
+
+TEST(DayAndTime, IsInTheOrderOfTheLanguageWithTheYearWhereItIsAnother) {
+    const QDateTime moment(QDate(2026, 11, 20), QTime(14, 5));
+    for (const auto& [language, sameYear, otherYear] : std::vector<std::array<const char*, 3>>{
+             {"en_GB", "ddd d MMM", "ddd d MMM yyyy"},
+             {"en_US", "ddd MMM d", "ddd MMM d, yyyy"},
+             {"es", "ddd d 'de' MMM", "ddd d 'de' MMM 'de' yyyy"},
+             {"ja", "M月d日ddd", "yyyy年M月d日ddd"},
+             {"lv", "ddd d. MMM", "ddd yyyy. 'gada' d. MMM"},
+             {"ru", "ddd d MMM", "ddd d MMM yyyy 'г'."}}) {
+        const QLocale locale{QString(language)};
+        const QString time = locale.toString(moment.time(), QLocale::ShortFormat);
+        const auto expected = [&](const char* format) {
+            return locale.toString(moment.date(), QString(format)) + ", " + time;
+        };
+        EXPECT_EQ(dayAndTime(moment, QDate(2026, 11, 20), locale), time);
+        EXPECT_EQ(dayAndTime(moment, QDate(2026, 1, 1), locale), expected(sameYear)) << language;
+        EXPECT_EQ(dayAndTime(moment, QDate(2027, 1, 1), locale), expected(otherYear)) << language;
+    }
+    EXPECT_EQ(dayAndTime(moment, QDate(2026, 1, 1), QLocale::c()), "Fri 20 Nov, 14:05");
 }
 
 }  // namespace

@@ -20,7 +20,10 @@ Rectangle {
     property bool isOneLine: false
     // The Tab key comes to the button by itself.
     property bool isButtonInChain: true
-    readonly property bool isStacked: icon.width + 2 * Theme.spacing + time.advanceWidth + edit.width + end.width + 3 * Theme.spacing > root.width
+    // Of what stands at the end, side by side.
+    readonly property real buttonWidth: root.buttonText.length > 0 ? button.implicitWidth + Theme.spacing : 0
+    readonly property real endWidth: root.buttonWidth + date.implicitWidth + Theme.spacing
+    readonly property bool isStacked: root.symbolSize + time.advanceWidth + edit.width + root.endWidth + 4 * Theme.spacing > root.width
     readonly property real lineHeight: root.isStacked ? label.height : Math.max(label.height, end.height)
 
     signal pressed
@@ -62,7 +65,7 @@ Rectangle {
         anchors.left: icon.right
         anchors.leftMargin: Theme.spacing
         anchors.right: parent.right
-        anchors.rightMargin: edit.width + 2 * Theme.spacing + (root.isStacked ? 0 : end.width + Theme.spacing)
+        anchors.rightMargin: edit.width + 2 * Theme.spacing + (root.isStacked ? 0 : root.endWidth)
         text: root.text
         font.pointSize: root.textSize
         fontSizeMode: root.isOneLine ? Text.HorizontalFit : Text.FixedSize
@@ -98,7 +101,7 @@ Rectangle {
         y: root.isStacked ? label.y + label.height + Theme.tightSpacing : Theme.spacing + (root.lineHeight - end.height) / 2
         anchors.right: parent.right
         anchors.rightMargin: Theme.spacing
-        columns: !button.visible || button.width + date.implicitWidth + 3 * Theme.spacing > root.width ? 1 : 2
+        columns: root.buttonWidth > 0 && root.endWidth + Theme.spacing <= root.width ? 2 : 1
         spacing: Theme.spacing
         rowSpacing: Theme.tightSpacing
         horizontalItemAlignment: Grid.AlignRight
