@@ -8,6 +8,7 @@ import Hearthmark.Ui
 RowOfKind {
     id: root
 
+    required property TaskDetailAdapter adapter
     required property int index
     required property int kind
     required property string text
@@ -16,10 +17,9 @@ RowOfKind {
     required property string began
     // Of an interval that is short of its length, which ends with a button.
     required property string continueText
+    readonly property bool hasContinue: root.continueText.length > 0 && root.adapter.canStartFocus
     readonly property bool isPlace: root.kind === TaskDetailListModel.NotesSection
 
-    required property bool canStartFocus
-    readonly property bool hasContinue: root.continueText.length > 0 && root.canStartFocus
     // Of the notes section, for its place.
     required property real notesHeight
     // Where the Tab key leaves the rows.
@@ -27,8 +27,6 @@ RowOfKind {
 
     // The whole text is to be copied, of which this may show a part.
     signal copied
-    signal continued
-    signal wholeRequested
     signal placeMade
     signal placeResized
 
@@ -59,7 +57,7 @@ RowOfKind {
     function showWhole(event) {
         event.accepted = root.isCut;
         if (root.isCut)
-            root.wholeRequested();
+            root.adapter.displayWholeNote(root.index);
     }
 
     function goForward() {
@@ -99,9 +97,9 @@ RowOfKind {
             text: root.text
             began: root.began
             buttonText: root.continueText
-            canPress: root.canStartFocus
+            canPress: root.adapter.canStartFocus
             isButtonInChain: false // the row hands the focus on to it
-            onPressed: root.continued()
+            onPressed: root.adapter.continueInterval(root.index)
         }
     }
 
@@ -116,7 +114,7 @@ RowOfKind {
             began: root.began
             onCopied: root.copied()
             onButtonReached: root.showEnd()
-            onWholeRequested: root.wholeRequested()
+            onWholeRequested: root.adapter.displayWholeNote(root.index)
         }
     }
 }
