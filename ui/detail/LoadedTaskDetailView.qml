@@ -44,10 +44,6 @@ HeadedListView {
             notes.addNote();
     }
 
-    function startOwnFocus() {
-        header.startOwnFocus();
-    }
-
     // The row after one that is deleted becomes current, and that may be the place of the notes. After the
     // last one the list itself has the focus, which nothing shows.
     function keepRowCurrent() {
@@ -88,13 +84,11 @@ HeadedListView {
             width: root.columnWidth
             transform: Translate { x: root.columnX } // from 6.5 on a list gives its rows an x of its own
             notesHeight: notes.height
-            canStartFocus: root.adapter.canStartFocus
+            adapter: root.adapter
             editorHeight: edited.height
             stop: row.index < root.notesRow ? intervalsStop : notesStop
             onFocused: root.showRow(row.index)
             onCopied: root.rows.copyRow(row.index)
-            onWholeRequested: root.adapter.displayWholeNote(row.index)
-            onContinued: root.adapter.continueInterval(row.index)
             onDeletionRequested: root.rows.deleteRow(row.index)
             onMenuRequested: position => root.menuRequested(row, position)
             onEditRequested: root.editRow(row)

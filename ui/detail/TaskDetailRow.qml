@@ -8,6 +8,7 @@ import Hearthmark.Ui
 RowOfKind {
     id: root
 
+    required property TaskDetailAdapter adapter
     required property int index
     required property int kind
     required property string text
@@ -18,10 +19,9 @@ RowOfKind {
     required property string continueText
     // The editor of its note lies over it.
     required property bool isEdited
+    readonly property bool hasContinue: root.continueText.length > 0 && root.adapter.canStartFocus
     readonly property bool isPlace: root.kind === TaskDetailListModel.NotesSection
 
-    required property bool canStartFocus
-    readonly property bool hasContinue: root.continueText.length > 0 && root.canStartFocus
     // Of the notes section and of the editor, for their places.
     required property real notesHeight
     required property real editorHeight
@@ -30,8 +30,6 @@ RowOfKind {
 
     // The whole text is to be copied, of which this may show a part.
     signal copied
-    signal continued
-    signal wholeRequested
     signal placeMade
     signal editorPlaceMade
     // The keyboard has come to what the editor lies over.
@@ -72,7 +70,7 @@ RowOfKind {
     function showWhole(event) {
         event.accepted = root.isCut;
         if (root.isCut)
-            root.wholeRequested();
+            root.adapter.displayWholeNote(root.index);
     }
 
     function goForward() {
@@ -115,9 +113,9 @@ RowOfKind {
             text: root.text
             began: root.began
             buttonText: root.continueText
-            canPress: root.canStartFocus
+            canPress: root.adapter.canStartFocus
             isButtonInChain: false // the row hands the focus on to it
-            onPressed: root.continued()
+            onPressed: root.adapter.continueInterval(root.index)
         }
     }
 
@@ -133,7 +131,7 @@ RowOfKind {
             editorHeight: root.isEdited ? root.editorHeight : 0
             onCopied: root.copied()
             onButtonReached: root.showEnd()
-            onWholeRequested: root.wholeRequested()
+            onWholeRequested: root.adapter.displayWholeNote(root.index)
         }
     }
 }

@@ -37,7 +37,7 @@ Item {
     Shortcut {
         sequences: Shortcuts.startOwnFocus
         enabled: root.screen.activeFocus
-        onActivated: list.startOwnFocus()
+        onActivated: (list.head as TaskDetailHeader).startOwnFocus()
     }
 
     Shortcut {

@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "ui/detail/own_focus_adapter.h"
 
-#include <utility>
-
 #include "store/time_texts.h"
 #include "ui/state/state_adapter.h"
 #include "ui/text/text_conversion.h"
@@ -52,7 +50,7 @@ void OwnFocusAdapter::type(const QString& text) {
     }
 }
 
-void OwnFocusAdapter::startTyped() {
+void OwnFocusAdapter::startTyped() const {
     if (typed_.reading == Reading::length) {
         actions_.start(typed_.length);
     }
@@ -64,11 +62,11 @@ void OwnFocusAdapter::renewOffers() {
     }
 }
 
-void OwnFocusAdapter::startOffered(int index) {
+void OwnFocusAdapter::startOffered(int index) const {
     actions_.start(offers_.at(static_cast<std::size_t>(index)));
 }
 
-bool OwnFocusAdapter::startNewest() {
+bool OwnFocusAdapter::startNewest() const {
     const std::vector<base::Seconds> lengths = actions_.ownLengths();
     if (!lengths.empty()) {
         actions_.start(lengths.front());

@@ -7,6 +7,7 @@
 #include <QString>
 #include <QStringList>
 #include <functional>
+#include <utility>
 #include <vector>
 
 #include "presentation/focus_length.h"
@@ -40,11 +41,11 @@ class OwnFocusAdapter final : public QObject {
 
     Q_INVOKABLE void type(const QString& text);
     // What is typed; where that is no length, nothing.
-    Q_INVOKABLE void startTyped();
+    Q_INVOKABLE void startTyped() const;
     Q_INVOKABLE void renewOffers();
-    Q_INVOKABLE void startOffered(int index);
+    Q_INVOKABLE void startOffered(int index) const;
     // Answers whether there is one.
-    Q_INVOKABLE bool startNewest();
+    Q_INVOKABLE bool startNewest() const;
 
  signals:
     void typedChanged();

@@ -144,11 +144,7 @@ void TaskDetailListModel::makeNotes() {
 
 void TaskDetailListModel::showToday(std::optional<base::Date> today) {
     if (replace(today_, today)) {
-        std::vector<TaskDetailRow> next = rows();
-        for (TaskDetailRow& row : next) {
-            row.today = today;
-        }
-        update(std::move(next));
+        changeAll("began", [&today](TaskDetailRow& row) { row.today = today; });
     }
 }
 

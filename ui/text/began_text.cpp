@@ -44,8 +44,8 @@ QDateTime localDateTime(base::Date date) {
 QString dayAndTime(const QDateTime& moment, const QDate& today, const QLocale& locale) {
     // The short format of no language in particular has seconds.
     const bool isC = locale.language() == QLocale::C;
-    const QString time = isC ? moment.toString(QStringLiteral("HH:mm"))
-                             : locale.toString(moment.time(), QLocale::ShortFormat);
+    QString time = isC ? moment.toString(QStringLiteral("HH:mm"))
+                       : locale.toString(moment.time(), QLocale::ShortFormat);
     if (moment.date() == today) {
         return time;
     }
