@@ -25,10 +25,6 @@ HeadedListView {
             root.showRow(root.currentIndex);
     }
 
-    function editName() {
-        header.editName();
-    }
-
     // With no row of the new task under the keyboard, else one would be deleted by a key meant for the old.
     function showAnew() {
         root.changeModel(root.rows, rowDelegate);

@@ -12,8 +12,11 @@ Item {
     required property FocusScope screen
     readonly property TaskDetailAdapter adapter: root.home.taskDetail
 
-    function editName() {
-        list.editName();
+    Connections {
+        target: root.home
+        function onRenameRequested() {
+            (list.head as TaskDetailHeader).editName();
+        }
     }
 
     Shortcut {

@@ -54,8 +54,7 @@ TaskDetailAdapter::TaskDetailAdapter(
                  .start = [this](base::Seconds length) { startFocus(length); }}) {
     follow(viewModel_->viewState());
     connect(notes_.get(), &NotesAdapter::changed, this, &TaskDetailAdapter::showNotes);
-    // Before the views: the row has its own height again when its editor goes.
-    connect(edit_.get(), &TextEditAdapter::changed, &rows_,
+    connect(edit_.get(), &TextEditAdapter::editChanged, &rows_,
             [this] { rows_.showEdited(edit_->noteId()); });
     connect(&rows_, &TaskDetailListModel::shown, this, &TaskDetailAdapter::rowsShown,
             Qt::QueuedConnection);

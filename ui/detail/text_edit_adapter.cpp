@@ -22,6 +22,7 @@ void TextEditAdapter::type(const std::string& text) {
 
 void TextEditAdapter::show() {
     isBlank_ = base::trimmed(text()).empty();
+    emit editChanged();
     emit blankChanged();
     emit changed();
 }

@@ -46,6 +46,8 @@ class TextEditAdapter final : public hearthmark::ui::WrittenText {
     Q_INVOKABLE void leave() { viewModel_->leave(); }
 
  signals:
+    // Before `changed`, on which the views make the editor: its row is to know of it first.
+    void editChanged();
     void blankChanged();
 
  private:

@@ -32,8 +32,11 @@ FocusScope {
 
     // One that was open before stays where it is.
     function enter() {
-        if (root.isOpen && !root.activeFocus)
-            root.writer().beginAtEnd();
+        if (!root.isOpen || root.activeFocus)
+            return;
+        root.writer().layOut();
+        content.forceLayout();
+        root.writer().beginAtEnd();
     }
 
     function revealFocus() {

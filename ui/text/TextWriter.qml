@@ -34,6 +34,11 @@ FocusScope {
         editor.forceActiveFocus(Qt.OtherFocusReason);
     }
 
+    // Its height is known from here on, and not with the next frame.
+    function layOut() {
+        content.forceLayout();
+    }
+
     // With the cursor at its end; all of it marked where it is rather replaced than gone on with.
     function beginAtEnd() {
         editor.moveCursorToEnd();

@@ -9,8 +9,6 @@ FocusScope {
 
     required property HomeAdapter home
 
-    // Of the selected task.
-    signal renameRequested
     signal menuRequested(button: Item)
 
     // A list without tasks would have the keyboard unseen, and nothing for it to act on.
@@ -76,7 +74,7 @@ FocusScope {
         width: parent.width
         focus: true
         adapter: root.home.taskList
-        onRenameRequested: root.renameRequested()
+        onRenameRequested: root.home.renameRequested()
         onIsEmptyChanged: root.passFocus()
     }
 

@@ -65,7 +65,6 @@ FocusScope {
         width: border.position
         focus: true
         home: root.home
-        onRenameRequested: (detail.item as TaskDetailView).editName()
         onMenuRequested: button => (popups.part() as HomePopups).openMenu(button)
     }
 
@@ -114,8 +113,6 @@ FocusScope {
 
         // Its types are loaded for the first task that is selected.
         Loader {
-            id: detail
-
             anchors.fill: parent
             anchors.leftMargin: 1
             anchors.bottomMargin: undoBar.visible ? undoBar.height + 2 * Theme.wideSpacing : 0

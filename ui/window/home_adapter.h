@@ -113,6 +113,8 @@ class HomeAdapter final : public QObject, private HomeParts {
     void taskDetailChanged();
     void overviewChanged();
     void isAddSheetDisplayedChanged();
+    // From the list, which has selected the task: its pane is to edit the name.
+    void renameRequested();
 
  private:
     void showSelectedTask();
