@@ -38,6 +38,7 @@ Desktop::Desktop(const std::shared_ptr<const store::StoreBackups>& backups,
     : unseenFinishes_(std::make_shared<services::UnseenFinishes>()),
       updater_(std::make_shared<platform::AppcastUpdater>(std::move(updates))),
       statusBar_(std::make_shared<platform::SystemStatusBar>(platform::SystemStatusBar::Handlers{
+          .addTask = [this] { tasksApp_.addTask({}); },
           .show = [this] { tasksApp_.activate({}); },
           .checkForUpdates = [this] { tasksApp_.checkForUpdates(); },
           .quit = &QCoreApplication::quit})),

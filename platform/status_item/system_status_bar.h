@@ -15,6 +15,7 @@ class SystemStatusBar final : public services::StatusBar {
  public:
     // What the composition root does for the item. All are called from the event loop.
     struct Handlers {
+        std::function<void()> addTask;
         std::function<void()> show;
         std::function<void()> checkForUpdates;
         std::function<void()> quit;

@@ -105,6 +105,14 @@ class Panel:
         return self.bus.call_sync(self.item, path, target, method,
                                   GLib.Variant(signature, arguments), None, 0, 5000).unpack()
 
+    def menu(self):
+        """Its lines from top to bottom: the text, if any, and the number."""
+        _, (_, _, lines) = self.call(MENU, "GetLayout", "(iias)", 0, -1, [])
+        return [(properties.get("label"), number) for number, properties, _ in lines]
+
+    def choose(self, number):
+        self.call(MENU, "Event", "(isvu)", number, "clicked", GLib.Variant("i", 0), 0)
+
     def get(self, name, interface=ITEM):
         return self.call(interface, "Get", "(ss)", interface, name)[0]
 

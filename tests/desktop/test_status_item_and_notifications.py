@@ -11,7 +11,7 @@ from collections import Counter
 
 from gi.repository import GLib
 
-from driver import (Desktop, ProgramTest, Waits, click, extents, key, lines_of, now, press, screen,
+from driver import (Desktop, ProgramTest, Waits, click, extents, key, lines_of, new_id, now, press, screen,
                     toggle_maximised, wait_for, windows, xdotool)
 from players import Daemon, ITEM, MENU, Panel
 
@@ -74,7 +74,7 @@ class StatusItem(ProgramTest):
         _, (root, _, children) = panel.call(MENU, "GetLayout", "(iias)", 0, -1, [])
         lines = [properties for _, properties, _ in children]
         self.assertEqual([line.get("label", line.get("type")) for line in lines][1:], [
-            "separator", "Show Hearthmark", "Check for Updates…", "separator", "Quit"])
+            "separator", "Finish", "Add Task…", "separator", "Show Hearthmark", "Check for Updates…", "separator", "Quit"])
         self.assertFalse(lines[0]["enabled"])
         self.assertTrue(panel.call(MENU, "AboutToShow", "(i)", root)[0])
         with self.assertRaisesRegex(Exception, "InvalidArgs"):
@@ -84,7 +84,7 @@ class StatusItem(ProgramTest):
                 if signal == "ItemsPropertiesUpdated"]
         self.assertIn(told[-1][1], panel.labels()[-2:])
         self.assertTrue(all(b[0] - a[0] > 0.9 for a, b in zip(told, told[1:])), told)
-        panel.call(MENU, "Event", "(isvu)", children[-1][0], "clicked", GLib.Variant("i", 0), 0)
+        panel.choose(children[-1][0])
         self.assertEqual(program.finished()[0], 0)
         self.assertEqual(self.interval()[1], 0)
         for language, direction in (("en_GB", "ltr"), ("ar_EG", "rtl")):
@@ -93,6 +93,48 @@ class StatusItem(ProgramTest):
             wait_for(lambda: panel.item, "the item")
             self.assertEqual(panel.get("TextDirection", MENU), direction)
             program.end()
+
+    def test_the_menu_starts_goes_on_finishes_and_adds_with_the_window_hidden(self):
+        tasks = (("Old", 100, 1800), ("&_" + "n" * 50 + "\nx", 300, 1800), ("Left", 400, 720),
+                 ("Report", 200, 1800))
+        self.make_store(*(statement for pk, (name, created, duration) in enumerate(tasks, 1)
+                          for statement in (
+            ("INSERT INTO Task VALUES (?, ?, 0, ?)", (pk, new_id(), name)),
+            ("INSERT INTO Interval VALUES (?, ?, ?, ?, 1800, ?)", (pk, new_id(), created, duration, pk)),
+            ("INSERT INTO RawIntervalState VALUES (?, 2, NULL, NULL, ?)", (pk, pk)))))
+        program, panel = self.launch()
+        program.find("Left", "list item")
+        xdotool("windowminimize", *windows())
+        wait_for(lambda: not windows(), "the window to go")
+        idle = panel.menu()
+        name = "&__" + "n" * 38 + "…"
+        self.assertEqual([text for text, _ in idle if text][1:], [
+            "Continue 18:00 – Left", "Start 30:00 – Left", "Start 1:00:00 – Left",
+            f"Start 30:00 – {name}", f"Start 1:00:00 – {name}",
+            "Start 30:00 – Report", "Start 1:00:00 – Report",
+            "Add Task…", "Show Hearthmark", "Check for Updates…", "Quit"])
+        number = dict(idle)
+
+        def running():
+            return program.rows("SELECT maxDuration, task FROM Interval JOIN RawIntervalState"
+                                " ON interval = Interval.pk WHERE state = 1")
+        for text, expected in (("Continue 18:00 – Left", (1080, 3)),
+                               (f"Start 1:00:00 – {name}", (3600, 2))):
+            panel.told.clear()
+            panel.choose(number[text])
+            wait_for(lambda: running() == [expected], text)
+            wait_for(lambda: any(signal == "LayoutUpdated" for _, signal, _ in panel.told), "the news")
+            lines = panel.menu()
+            self.assertEqual([text for text, _ in lines if text][1:3], ["Finish", "Add Task…"])
+            panel.choose(number["Start 30:00 – Report"])  # no longer there
+            panel.choose(dict(lines)["Finish"])
+            wait_for(lambda: not running(), "the end")
+            self.assertFalse(windows())
+            number = dict(panel.menu())
+        self.assertEqual(number["Add Task…"], dict(idle)["Add Task…"])
+        self.assertEqual(len(program.rows("SELECT pk FROM Interval")), 6)
+        panel.choose(number["Add Task…"])
+        program.find("Task name")
 
 
 class DockedItem(ProgramTest):

@@ -18,6 +18,7 @@ struct StatusBarServiceTest : testing::Test {
         provider->startObserving();
         service = std::make_shared<StatusBarService>(
             nullptr, provider, timers, store.clock,
+            std::make_unique<StatusMenuService>(quickFocus, *store.liveData),
             StatusBarService::Ports{.statusBar = bar, .applicationWindows = nullptr});
         service->setUp();
     }
@@ -39,6 +40,11 @@ struct StatusBarServiceTest : testing::Test {
     std::shared_ptr<StatusBarService::IntervalsProvider> provider =
         std::make_shared<StatusBarService::IntervalsProvider>(
             store.container, store::Interval::fetchRequest().sortDescriptor);
+    tests::FakeNotificationCenter center;
+    std::shared_ptr<QuickFocus> quickFocus =
+        std::make_shared<QuickFocus>(store.service, *store.liveData, store.clock, [this] {
+            return std::shared_ptr<UserNotificationCenter>(std::shared_ptr<void>(), &center);
+        });
     std::shared_ptr<tests::FakeStatusBar> bar = std::make_shared<tests::FakeStatusBar>();
     std::shared_ptr<StatusBarService> service;
 };

@@ -94,6 +94,8 @@ struct FakeStatusBar final : services::StatusBar, services::StatusItemButton {
         progress = newProgress;
     }
     void setAction(std::function<void()> /*action*/) override {}
+    void setMenu(std::function<std::vector<services::StatusMenuEntry>()> /*entries*/) override {}
+    void menuChanged() override {}
 
     std::string title;
     std::optional<services::StatusItemProgress> progress;
