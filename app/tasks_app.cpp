@@ -44,7 +44,7 @@ TasksApp::TasksApp(const Environment& environment)
         dataOperationsService_, *liveDataFactory, clock_,
         [center = environment.notificationCenter] { return center; });
     localNotificationService_ = std::make_shared<services::LocalNotificationService>(
-        liveDataFactory, [center = environment.notificationCenter] { return center; },
+        liveDataFactory, quickFocus, [center = environment.notificationCenter] { return center; },
         environment.fatal);
     drafts_ = std::make_shared<presentation::NoteDrafts>(dataOperationsService_, *liveDataFactory);
     homeViewFactory_ = std::make_shared<HomeViewFactory>(HomeViewFactory::Parts{

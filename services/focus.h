@@ -15,6 +15,9 @@ namespace hearthmark::services {
 constexpr base::Seconds kShortFocus{1800};
 constexpr base::Seconds kLongFocus{3600};
 
+// The length of what is started since the one before was too short.
+constexpr base::Seconds kMoreFocus{300};
+
 // No interval of any task is running.
 bool canStartFocus(const store::Tasks& tasks);
 

@@ -203,7 +203,7 @@ class Notifications(ProgramTest):
             self.assertEqual(
                 (name, replaced, icon, body, actions, expiration),
                 ("Hearthmark", 0, "org.hearthmark.Hearthmark", "Interval finished",
-                 ["default", "Show"], -1))
+                 ["default", "Show", "more", "5 more minutes", "again", "Again"], -1))
             # Nothing has that name where the program was not installed.
             *form, pixels = hints["image-data"]
             self.assertEqual((form, len(pixels)), ([48, 48, 4 * 48, True, 8, 4], 4 * 48 * 48))
@@ -243,6 +243,45 @@ class Notifications(ProgramTest):
         self.focus("-")
         program.press("Finish")
         wait_for(lambda: daemon.taken and program.has_loaded("libcanberra"), "a sound of the program's")
+
+    def test_its_buttons_go_on_without_the_window(self):
+        daemon = Daemon()
+        self.addCleanup(lambda: daemon.bus.close_sync())
+        started = now()
+        self.make_store(
+            *(f"INSERT INTO Task VALUES ({i}, '{new_id()}', {i}, 'Task {i}')" for i in (1, 2)),
+            f"INSERT INTO Interval VALUES (1, '{new_id()}', {started}, 1499, 1500, 1)",
+            "INSERT INTO RawIntervalState VALUES (1, 0, NULL, NULL, 1)")
+        panel = Panel()
+        self.addCleanup(panel.bus.close_sync)
+        program = self.program.launch()
+        wait_for(lambda: len(daemon.taken) == 1, "the finish")
+        self.hide()
+
+        def lengths():
+            return [length for length, in program.rows("SELECT maxDuration FROM Interval ORDER BY pk")]
+
+        def invoke(number, button):
+            # Until the program knows by which daemon it is shown.
+            wait_for(lambda: daemon.emit("ActionInvoked", "(us)", number, button)
+                     or number in daemon.closed, "it to close")
+        invoke(1, "again")
+        wait_for(lambda: lengths() == [1500, 1500], "the same length")
+        daemon.emit("ActionInvoked", "(us)", 1, "more")  # gone by now
+        panel.choose(dict(panel.menu())["Finish"])
+        wait_for(lambda: len(daemon.taken) == 2, "the finish")
+        invoke(2, "more")
+        wait_for(lambda: lengths() == [1500, 1500, 300], "five minutes and no more")
+        panel.choose(dict(panel.menu())["Finish"])
+        wait_for(lambda: len(daemon.taken) == 3, "the finish")
+        panel.choose(dict(panel.menu())["Start 30:00 – Task 1"])
+        wait_for(lambda: "Finish" in dict(panel.menu()), "another focus")
+        invoke(3, "again")
+        wait_for(lambda: len(daemon.taken) == 4, "an answer")
+        self.assertEqual(daemon.taken[3][1][3:5],
+                         ("No focus was started", "A focus is running already."))
+        self.assertEqual(lengths(), [1500, 1500, 300, 1800])
+        self.assertFalse(windows())
 
     def test_why_it_cannot_go_on_is_told_in_time_and_as_the_daemon_reads_it(self):
         for manner, capabilities, text in (("takes", ["body"], "<&>"),

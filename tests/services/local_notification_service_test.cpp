@@ -15,8 +15,11 @@ TEST(LocalNotificationService, PostsWhatFinishesInATaskAndNothingElse) {
     tests::TestStore store;
     store::Task& task = store.addTask("a");
     auto center = std::make_shared<tests::FakeNotificationCenter>();
+    const CurrentNotificationCenter current = [&center] { return center; };
     const auto service = std::make_shared<LocalNotificationService>(
-        store.liveData, [&center] { return center; }, base::FatalErrorHandler());
+        store.liveData,
+        std::make_shared<QuickFocus>(store.service, *store.liveData, store.clock, current), current,
+        base::FatalErrorHandler());
     service->startObserving();
     const auto run = [&] {
         return *store.addInterval(task, IntervalState::running(at(900)), 0s, 200s).id();
