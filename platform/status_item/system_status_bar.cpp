@@ -90,7 +90,12 @@ class SystemStatusBar::Button final : public services::StatusItemButton {
 
     void lookForTray() {
         if (DockedStatusWindow::isPossible()) {
-            window_ = std::make_unique<DockedStatusWindow>([this] { activate(); });
+            window_ = std::make_unique<DockedStatusWindow>(DockedStatusWindow::Handlers{
+                .activate = [this] { activate(); },
+                .showMenu =
+                    [this](const QPoint& place) {
+                        handlers_.showMenu(item_.menu().lines(), place);
+                    }});
             showInWindow();
         }
     }

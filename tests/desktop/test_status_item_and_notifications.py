@@ -157,13 +157,15 @@ class DockedItem(ProgramTest):
         tray = self.start_tray()
         self.make_store(*self.task_with_interval(state=0))
         program = self.program.launch()
-        for _ in range(2):
+        for button in (1, 3):
             wait_for(self.look, "the item")
             seen = set()
             wait_for(lambda: seen.add(self.look()[2]) or len(seen) == 4, "three seconds", 5)
             wait_for(lambda: key("alt+F4") or not program.find_all("Add Task"), "the window to hide")
             left, top, _ = self.look()
-            xdotool("mousemove", left + 10, top + 5, "click", 1)
+            xdotool("mousemove", left + 10, top + 5, "click", button)
+            if button == 3:
+                program.press("Show Hearthmark", "menu item")
             program.find("Add Task")
             tray.kill()
             wait_for(lambda: lines_of("2e241d", 20) == 0, "the item to go")
