@@ -32,8 +32,7 @@ enum ItemId {
     showItem,
     updatesItem,
     quitSeparator,
-    quitItem,
-    firstEntry
+    quitItem
 };
 
 // A panel makes no menu wider than the screen, but some make it as wide as that.
@@ -85,7 +84,7 @@ const QDBusArgument& operator>>(const QDBusArgument& argument, DbusMenuRemovedPr
     return readStructure(argument, removed.id, removed.names);
 }
 
-DbusMenu::DbusMenu(Actions actions) : actions_(std::move(actions)), nextId_(firstEntry) {
+DbusMenu::DbusMenu(Actions actions) : actions_(std::move(actions)) {
     qDBusRegisterMetaType<DbusMenuItem>();
     qDBusRegisterMetaType<QList<DbusMenuItem>>();
     qDBusRegisterMetaType<DbusMenuLayout>();
@@ -257,6 +256,10 @@ QList<int> DbusMenu::AboutToShowGroup(const QList<int>& ids, QList<int>& idError
     std::ranges::remove_copy_if(ids, std::back_inserter(idErrors),
                                 std::bind_front(&DbusMenu::isKnown, this));
     return ids.contains(rootItem) ? QList<int>{rootItem} : QList<int>();
+}
+
+bool DbusMenu::isKnown(int id) const {
+    return (id >= rootItem && id <= quitItem) || (id >= kFirstEntry && id < nextId_);
 }
 
 // Without names, all.

@@ -111,11 +111,14 @@ class DbusMenu final : public QObject, protected QDBusContext {
     // NOLINTEND(readability-identifier-naming)
 
  private:
+    // Above the numbers of the lines that are always there.
+    static constexpr int kFirstEntry = 100;
+
     void renew();
     // Null for the root, and for what is not there or no longer.
     Line* line(int id);
     // Whether a panel can know it, though it may be gone by now.
-    bool isKnown(int id) const { return id >= 0 && id < nextId_; }
+    bool isKnown(int id) const;
     QVariantMap properties(int id, const QStringList& names);
     DbusMenuLayout layout(int id, int depth, const QStringList& names);
     bool handleEvent(int id, const QString& eventId);
@@ -129,7 +132,7 @@ class DbusMenu final : public QObject, protected QDBusContext {
     uint revision_ = 1;
     // Of the entries that are there, by their keys. No number is used again for another.
     std::map<std::string, int> ids_;
-    int nextId_;
+    int nextId_ = kFirstEntry;
     QString title_;
     QString toldTitle_;
     bool canCheckForUpdates_ = false;
