@@ -38,9 +38,12 @@ Desktop::Desktop(const std::shared_ptr<const store::StoreBackups>& backups,
     : unseenFinishes_(std::make_shared<services::UnseenFinishes>()),
       updater_(std::make_shared<platform::AppcastUpdater>(std::move(updates))),
       statusBar_(std::make_shared<platform::SystemStatusBar>(platform::SystemStatusBar::Handlers{
+          .addTask = [this] { tasksApp_.addTask({}); },
           .show = [this] { tasksApp_.activate({}); },
           .checkForUpdates = [this] { tasksApp_.checkForUpdates(); },
-          .quit = &QCoreApplication::quit})),
+          .quit = &QCoreApplication::quit,
+          .showMenu = [this](const auto& lines,
+                             const QPoint& place) { showStatusMenu(lines, place); }})),
       notificationCenter_(std::make_shared<platform::DesktopNotificationCenter>(
           platform::DesktopNotificationCenter::Handlers{
               .activated =
@@ -148,6 +151,17 @@ void Desktop::terminate() {
     QGuiApplication::inputMethod()->commit();  // what is being composed in a note belongs to it
     tasksApp_.terminate();
     notificationCenter_->postWaiting();
+}
+
+void Desktop::showStatusMenu(const std::vector<platform::DbusMenu::Line>& lines,
+                             const QPoint& place) {
+    std::vector<ui::StatusMenuWindow::Line> shown;
+    for (const platform::DbusMenu::Line& line : lines) {
+        shown.push_back({.text = line.text.value_or(QString()),
+                         .isEnabled = line.isEnabled,
+                         .choose = line.choose});
+    }
+    statusMenu_.show(shown, appearance_->value().isDark, place);
 }
 
 void Desktop::sayOnceThatItKeepsRunning() {

@@ -2,7 +2,9 @@
 #pragma once
 
 #include <QObject>
+#include <QPoint>
 #include <memory>
+#include <vector>
 
 #include "app/tasks_app.h"
 #include "base/clock.h"
@@ -18,6 +20,7 @@
 #include "services/ports/appearance.h"
 #include "services/unseen_finishes.h"
 #include "store/store_backups.h"
+#include "ui/window/status_menu_window.h"
 
 namespace hearthmark::app {
 
@@ -53,6 +56,7 @@ class Desktop final : public QObject {
                                       TasksApp::FirstWindow firstWindow,
                                       const base::FatalErrorHandler& fatal);
     void terminate();
+    void showStatusMenu(const std::vector<platform::DbusMenu::Line>& lines, const QPoint& place);
     void sayOnceThatItKeepsRunning();
 
     std::shared_ptr<services::UnseenFinishes> unseenFinishes_;
@@ -64,6 +68,7 @@ class Desktop final : public QObject {
     platform::DesktopAppearance desktopAppearance_;
     platform::DesktopSession desktopSession_;
     TasksApp tasksApp_;
+    ui::StatusMenuWindow statusMenu_;
     bool hasSaidThatItKeepsRunning_ = false;
     livedata::Subscription unseenFinishesSubscription_;
     livedata::Subscription canCheckForUpdatesSubscription_;

@@ -52,7 +52,7 @@ std::unique_ptr<services::HomeViewProtocol> HomeViewFactory::makeHomeView() {
             std::make_unique<ui::UnseenFinishesAdapter>(ports.unseenFinishes, selectedTaskId),
         .updates = std::make_unique<ui::UpdateAdapter>(
             std::make_shared<presentation::CheckForUpdatesViewModel>(ports.updater), ports.updater),
-        .newestFocus = std::make_unique<presentation::NewestFocus>(service, *liveDataFactory),
+        .newestFocus = std::make_unique<services::NewestFocus>(service, *liveDataFactory),
         .beat = beat};
     return std::make_unique<ui::HomeView>(
         std::make_unique<ui::HomeAdapter>(homeVMFactory.makeViewModel(), subviewsFactory,

@@ -40,8 +40,11 @@ TasksApp::TasksApp(const Environment& environment)
                                                              sleepService_));
     intervalTimeKeeper_ = std::make_shared<services::IntervalTimeKeeperService>(
         dataOperationsService_, timeKeepingProvider);
+    const auto quickFocus = std::make_shared<services::QuickFocus>(
+        dataOperationsService_, *liveDataFactory, clock_,
+        [center = environment.notificationCenter] { return center; });
     localNotificationService_ = std::make_shared<services::LocalNotificationService>(
-        liveDataFactory, [center = environment.notificationCenter] { return center; },
+        liveDataFactory, quickFocus, [center = environment.notificationCenter] { return center; },
         environment.fatal);
     drafts_ = std::make_shared<presentation::NoteDrafts>(dataOperationsService_, *liveDataFactory);
     homeViewFactory_ = std::make_shared<HomeViewFactory>(HomeViewFactory::Parts{
@@ -57,6 +60,7 @@ TasksApp::TasksApp(const Environment& environment)
     intervalsProvider->startObserving();
     statusBarService_ = std::make_shared<services::StatusBarService>(
         homeViewFactory_, intervalsProvider, timeKeepingProvider, clock_,
+        std::make_unique<services::StatusMenuService>(quickFocus, *liveDataFactory),
         environment.statusBarPorts);
     runningIntervalVisitingService_ = std::make_shared<services::RunningIntervalVisitingService>(
         dataOperationsService_, timeKeepingProvider, clock_);

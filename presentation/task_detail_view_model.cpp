@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "presentation/task_detail_view_model.h"
 
-#include <algorithm>
 #include <utility>
 
 #include "base/weakly.h"
@@ -12,10 +11,6 @@
 namespace hearthmark::presentation {
 
 namespace {
-
-bool hasRunningInterval(const store::Task& task) {
-    return !task.intervalSummary()->running.empty();
-}
 
 TaskDetailViewState::View placeholder() {
     const livedata::Action nothing = livedata::makeAction([] {});
@@ -61,7 +56,7 @@ void TaskDetailViewModel::startObserving() {
 void TaskDetailViewModel::follow(const store::Tasks& tasks) {
     tasks_ = tasks;
     task_ = store::taskWithId(tasks, selectedTaskId_);
-    canStartFocus_ = std::none_of(tasks.begin(), tasks.end(), hasRunningInterval);
+    canStartFocus_ = services::canStartFocus(tasks);
     rebuild();
 }
 
@@ -140,14 +135,7 @@ livedata::Action TaskDetailViewModel::startAction(base::Seconds maxDuration) {
 }
 
 void TaskDetailViewModel::startFocus(base::Seconds maxDuration) {
-    const base::Date created = clock_->now();
-    const base::Date started = clock_->now();
-    dataOperationsService_->addInterval({.creationDate = created,
-                                         .duration = base::Seconds(0),
-                                         .id = base::Uuid::random(),
-                                         .maxDuration = maxDuration,
-                                         .state = store::IntervalState::running(started)},
-                                        selectedTaskId_);
+    services::startFocus(*dataOperationsService_, *clock_, selectedTaskId_, maxDuration);
 }
 
 }  // namespace hearthmark::presentation

@@ -9,12 +9,13 @@
 #include "base/uuid.h"
 #include "livedata/block.h"
 #include "livedata/shared_list.h"
+#include "services/focus.h"
 
 namespace hearthmark::presentation {
 
-// The lengths that the two start buttons aim at. The view makes its labels from them too.
-constexpr base::Seconds kShortFocus{1800};
-constexpr base::Seconds kLongFocus{3600};
+// The view makes the labels of the two start buttons from them too.
+using services::kLongFocus;
+using services::kShortFocus;
 // What a running interval is given more.
 constexpr base::Seconds kExtension{300};
 

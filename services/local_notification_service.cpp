@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "base/weakly.h"
+#include "services/focus.h"
 #include "store/interval.h"
 
 namespace hearthmark::services {
@@ -18,8 +19,10 @@ constexpr base::Seconds kDelay{1};
 
 LocalNotificationService::LocalNotificationService(
     std::shared_ptr<const store::LiveDataProvidingFactoryProtocol> liveDataFactory,
-    CurrentNotificationCenter currentNotificationCenter, base::FatalErrorHandler fatal)
+    std::shared_ptr<QuickFocus> quickFocus, CurrentNotificationCenter currentNotificationCenter,
+    base::FatalErrorHandler fatal)
     : liveDataFactory_(std::move(liveDataFactory)),
+      quickFocus_(std::move(quickFocus)),
       currentNotificationCenter_(std::move(currentNotificationCenter)),
       fatal_(std::move(fatal)) {}
 
@@ -39,7 +42,7 @@ void LocalNotificationService::handle(const store::Intervals& intervals) {
     const std::unordered_set<base::Uuid> oldIds =
         std::exchange(oldRunningIntervalsIds_, std::unordered_set<base::Uuid>())
             .value_or(std::unordered_set<base::Uuid>());
-    std::vector<const store::Task*> justFinished;
+    std::vector<const store::Interval*> justFinished;
     for (const store::Interval& interval : intervals) {
         if (!interval.id()) {
             continue;
@@ -48,29 +51,48 @@ void LocalNotificationService::handle(const store::Intervals& intervals) {
             oldRunningIntervalsIds_->insert(*interval.id());
         } else if (oldIds.contains(*interval.id()) && interval.isFinished() &&
                    interval.task() != nullptr) {
-            justFinished.push_back(interval.task());
+            justFinished.push_back(&interval);
         }
     }
-    for (const store::Task* task : justFinished) {
-        notify(*task);
+    for (const store::Interval* interval : justFinished) {
+        notify(*interval->task(), interval->maxDuration());
     }
 }
 
-void LocalNotificationService::notify(const store::Task& task) {
+void LocalNotificationService::notify(const store::Task& task, base::Seconds maxDuration) {
+    std::vector<NotificationButton> buttons;
+    if (task.id()) {
+        buttons.push_back(startButton("more", "5 more minutes", *task.id(), kMoreFocus));
+        if (maxDuration > base::Seconds(0)) {
+            buttons.push_back(startButton("again", "Again", *task.id(), maxDuration));
+        }
+    }
     const auto center = currentNotificationCenter_();
-    center->requestAuthorization(
-        AuthorizationOptions::alert | AuthorizationOptions::sound,
-        [center, name = task.name().value_or("-"), taskId = task.id()](bool isGranted) {
-            if (!isGranted) {
-                return;  // told to nobody
-            }
-            center->add({.identifier = base::Uuid::random().text(),
-                         .content = {.title = name,
-                                     .body = "Interval finished",
-                                     .sound = NotificationSound::standard,
-                                     .taskId = taskId},
-                         .delay = kDelay});
-        });
+    center->requestAuthorization(AuthorizationOptions::alert | AuthorizationOptions::sound,
+                                 [center, name = task.name().value_or("-"), taskId = task.id(),
+                                  buttons = std::move(buttons)](bool isGranted) {
+                                     if (!isGranted) {
+                                         return;  // told to nobody
+                                     }
+                                     center->add({.identifier = base::Uuid::random().text(),
+                                                  .content = {.title = name,
+                                                              .body = "Interval finished",
+                                                              .sound = NotificationSound::standard,
+                                                              .taskId = taskId,
+                                                              .buttons = buttons},
+                                                  .delay = kDelay});
+                                 });
+}
+
+NotificationButton LocalNotificationService::startButton(const std::string& key,
+                                                         const std::string& text,
+                                                         const base::Uuid& taskId,
+                                                         base::Seconds length) const {
+    return {.key = key,
+            .text = text,
+            .onTap = livedata::makeAction(base::weakly(
+                std::weak_ptr(quickFocus_),
+                [taskId, length](QuickFocus& quickFocus) { quickFocus.start(taskId, length); }))};
 }
 
 }  // namespace hearthmark::services

@@ -3,6 +3,7 @@
 
 #include <memory>
 #include <optional>
+#include <string>
 #include <unordered_set>
 #include <vector>
 
@@ -10,27 +11,33 @@
 #include "base/uuid.h"
 #include "livedata/subscription.h"
 #include "services/ports/user_notification_center.h"
+#include "services/quick_focus.h"
 #include "store/live_data.h"
 
 namespace hearthmark::services {
 
 // Notifies of each interval that went from running to finished between two sets of intervals, by
-// the name of its task. Writes nothing. Main thread.
+// the name of its task, and offers to go on. Writes nothing by itself. Main thread.
 class LocalNotificationService final
     : public std::enable_shared_from_this<LocalNotificationService> {
  public:
     LocalNotificationService(
         std::shared_ptr<const store::LiveDataProvidingFactoryProtocol> liveDataFactory,
-        CurrentNotificationCenter currentNotificationCenter, base::FatalErrorHandler fatal);
+        std::shared_ptr<QuickFocus> quickFocus, CurrentNotificationCenter currentNotificationCenter,
+        base::FatalErrorHandler fatal);
 
     // Called once, at launch; a second call ends the program.
     void startObserving();
 
  private:
     void handle(const store::Intervals& intervals);
-    void notify(const store::Task& task);
+    // With the length that the interval aimed at.
+    void notify(const store::Task& task, base::Seconds maxDuration);
+    NotificationButton startButton(const std::string& key, const std::string& text,
+                                   const base::Uuid& taskId, base::Seconds length) const;
 
     std::shared_ptr<const store::LiveDataProvidingFactoryProtocol> liveDataFactory_;
+    std::shared_ptr<QuickFocus> quickFocus_;
     CurrentNotificationCenter currentNotificationCenter_;
     base::FatalErrorHandler fatal_;
     std::unique_ptr<store::LiveDataProvider<store::Interval>> intervalProvider_;

@@ -20,11 +20,13 @@ constexpr auto kIdleTitle = "Hearthmark!";
 StatusBarService::StatusBarService(std::shared_ptr<HomeViewFactoryProtocol> homeViewFactory,
                                    std::shared_ptr<IntervalsProvider> intervalsProvider,
                                    std::shared_ptr<TimeKeepingProviderProtocol> timeKeepingProvider,
-                                   std::shared_ptr<const base::Clock> clock, Ports ports)
+                                   std::shared_ptr<const base::Clock> clock,
+                                   std::unique_ptr<StatusMenuService> menu, Ports ports)
     : homeViewFactory_(std::move(homeViewFactory)),
       intervalsProvider_(std::move(intervalsProvider)),
       timeKeepingProvider_(std::move(timeKeepingProvider)),
       clock_(std::move(clock)),
+      menu_(std::move(menu)),
       ports_(std::move(ports)) {}
 
 void StatusBarService::setUp() {
@@ -36,6 +38,8 @@ void StatusBarService::setUp() {
     }
     button->setTitle(kIdleTitle);
     button->setAction(base::weakly(weak_from_this(), &StatusBarService::statusItemButtonAction));
+    button->setMenu([this] { return menu_->entries(); });
+    menu_->startObserving([button] { button->menuChanged(); });
     // The subscription tells of the present set at once.
     intervalsObserver_ = intervalsProvider_->currentItems()->subscribe(
         base::weakly(weak_from_this(), &StatusBarService::handle));

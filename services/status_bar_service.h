@@ -12,12 +12,13 @@
 #include "services/ports/application_windows.h"
 #include "services/ports/status_bar.h"
 #include "services/ports/time_keeping.h"
+#include "services/status_menu_service.h"
 #include "store/live_data.h"
 
 namespace hearthmark::services {
 
 // Shows the time of the latest running interval in the panel, once a second, and the program's name
-// while none runs. Main thread.
+// while none runs, over the menu of what can be done at once. Main thread.
 class StatusBarService final : public std::enable_shared_from_this<StatusBarService> {
  public:
     using IntervalsProvider = livedata::CoreDataLiveProvider<store::Interval>;
@@ -32,7 +33,8 @@ class StatusBarService final : public std::enable_shared_from_this<StatusBarServ
     StatusBarService(std::shared_ptr<HomeViewFactoryProtocol> homeViewFactory,
                      std::shared_ptr<IntervalsProvider> intervalsProvider,
                      std::shared_ptr<TimeKeepingProviderProtocol> timeKeepingProvider,
-                     std::shared_ptr<const base::Clock> clock, Ports ports);
+                     std::shared_ptr<const base::Clock> clock,
+                     std::unique_ptr<StatusMenuService> menu, Ports ports);
 
     // Makes the item. Called once, at launch. Where the desktop has no place for it, nothing is
     // shown.
@@ -49,6 +51,7 @@ class StatusBarService final : public std::enable_shared_from_this<StatusBarServ
     std::shared_ptr<IntervalsProvider> intervalsProvider_;
     std::shared_ptr<TimeKeepingProviderProtocol> timeKeepingProvider_;
     std::shared_ptr<const base::Clock> clock_;
+    std::unique_ptr<StatusMenuService> menu_;
     Ports ports_;
     // The interval that is shown, or was last; it may have been deleted since.
     std::shared_ptr<store::Interval> latestRunningInterval_;

@@ -25,6 +25,8 @@ constexpr int kDefaultExpiration = -1;
 constexpr auto kDefaultAction = "default";
 // Of the sound naming standard of the desktops.
 constexpr auto kSoundName = "complete";
+// That of a daemon which shows buttons.
+constexpr QLatin1String kActions("actions");
 
 DesktopNotification notification(const services::NotificationContent& content,
                                  const QStringList& actions) {
@@ -148,30 +150,37 @@ void DesktopNotificationCenter::post(const Content& content, const QStringList& 
 
 void DesktopNotificationCenter::notify(const Content& content, const QStringList& capabilities,
                                        std::function<void(bool isTaken)> onAnswer) {
+    QStringList actions{QLatin1String(kDefaultAction), QObject::tr("Show")};
+    Shown shown{.taskId = content.taskId, .buttons = {}, .activationToken = {}};
+    if (capabilities.contains(kActions)) {
+        shown.buttons = content.buttons;
+    }
+    for (const services::NotificationButton& button : shown.buttons) {
+        actions << QString::fromStdString(button.key) << QString::fromStdString(button.text);
+    }
     const QDBusMessage call =
-        notifyCall(notification(content, {QLatin1String(kDefaultAction), QObject::tr("Show")}),
-                   capabilities, handlers_.icon);
+        notifyCall(notification(content, actions), capabilities, handlers_.icon);
     using Answer = QDBusPendingReply<uint>;
     whenAnswered<Answer>(
         bus_.asyncCall(call, kPatienceMilliseconds), this,
-        [this, taskId = content.taskId, onAnswer = std::move(onAnswer)](const Answer& reply) {
+        [this, shown = std::move(shown), onAnswer = std::move(onAnswer)](const Answer& reply) {
             if (!reply.isError()) {
-                remember(reply.value(), taskId);
+                remember(reply.value(), shown);
             }
             onAnswer(!reply.isError());
         });
 }
 
 // An answer itself says whom it is from only in some versions of the toolkit.
-void DesktopNotificationCenter::remember(uint id, const TaskId& taskId) {
+void DesktopNotificationCenter::remember(uint id, const Shown& shown) {
     QDBusMessage call = QDBusMessage::createMethodCall(
         QStringLiteral("org.freedesktop.DBus"), QStringLiteral("/org/freedesktop/DBus"),
         QStringLiteral("org.freedesktop.DBus"), QStringLiteral("GetNameOwner"));
     call << QLatin1String(kNotifications);
     using Answer = QDBusPendingReply<QString>;
-    whenAnswered<Answer>(bus_.asyncCall(call), this, [this, id, taskId](const Answer& owner) {
+    whenAnswered<Answer>(bus_.asyncCall(call), this, [this, id, shown](const Answer& owner) {
         if (!owner.isError()) {
-            shown_[{owner.value(), id}] = {.taskId = taskId, .activationToken = {}};
+            shown_[{owner.value(), id}] = shown;
         }
     });
 }
@@ -189,10 +198,30 @@ DesktopNotificationCenter::Key DesktopNotificationCenter::key(uint id) const {
 
 void DesktopNotificationCenter::actionInvoked(uint id, const QString& action) {
     const auto found = shown_.find(key(id));
-    if (found != shown_.end() && action == QLatin1String(kDefaultAction)) {
-        const Shown shown = found->second;
-        handlers_.activated(shown.taskId, shown.activationToken);
+    if (found == shown_.end()) {
+        return;
     }
+    // Copies, since anything may happen meanwhile.
+    const auto [shownKey, shown] = *found;
+    if (action == QLatin1String(kDefaultAction)) {
+        handlers_.activated(shown.taskId, shown.activationToken);
+        return;
+    }
+    const auto button =
+        std::ranges::find(shown.buttons, action.toStdString(), &services::NotificationButton::key);
+    if (button != shown.buttons.end()) {
+        close(shownKey);
+        (*button->onTap)();
+    }
+}
+
+// A second press of what is still on the screen does nothing.
+void DesktopNotificationCenter::close(const Key& shown) {
+    shown_.erase(shown);
+    QDBusMessage call = QDBusMessage::createMethodCall(
+        shown.first, kNotificationsPath, kNotifications, QStringLiteral("CloseNotification"));
+    call << shown.second;
+    bus_.send(call);
 }
 
 void DesktopNotificationCenter::activationToken(uint id, const QString& token) {

@@ -68,6 +68,7 @@ class DesktopNotificationCenter final : public QObject,
     using Key = std::pair<QString, uint>;
     struct Shown {
         TaskId taskId;
+        std::vector<services::NotificationButton> buttons;
         std::string activationToken;
     };
 
@@ -80,7 +81,8 @@ class DesktopNotificationCenter final : public QObject,
                 std::function<void(bool isTaken)> onAnswer);
     // What a daemon gave the number to, once the bus has said which daemon. One that answers and
     // goes within that time has nothing left to click.
-    void remember(uint id, const TaskId& taskId);
+    void remember(uint id, const Shown& shown);
+    void close(const Key& shown);
     void notTaken(const Content& content) const;
     Key key(uint id) const;
 

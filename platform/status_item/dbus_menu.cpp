@@ -5,12 +5,13 @@
 #include <QDBusMetaType>
 #include <QGuiApplication>
 #include <algorithm>
-#include <array>
 #include <chrono>
+#include <functional>
 #include <iterator>
 #include <utility>
 
 #include "platform/desktop/dbus_structure.h"
+#include "platform/status_item/status_icon.h"
 
 namespace hearthmark::platform {
 
@@ -18,18 +19,30 @@ namespace {
 
 using namespace std::chrono_literals;
 
-// The lines are always the same ones.
-constexpr uint kRevision = 1;
 constexpr auto kPause = 1s;
 // Not every panel tells that it has closed the menu.
 constexpr auto kLongestOpen = 1min;
 
-enum ItemId { rootItem, titleItem, titleSeparator, showItem, updatesItem, quitSeparator, quitItem };
-constexpr std::array kItems{titleItem,   titleSeparator, showItem,
-                            updatesItem, quitSeparator,  quitItem};
+enum ItemId {
+    rootItem,
+    titleItem,
+    titleSeparator,
+    addTaskItem,
+    showSeparator,
+    showItem,
+    updatesItem,
+    quitSeparator,
+    quitItem
+};
 
-bool isItem(int id) {
-    return id >= rootItem && id <= quitItem;
+// A panel makes no menu wider than the screen, but some make it as wide as that.
+constexpr int kLongestTaskName = 40;
+
+QString textOf(const services::StatusMenuEntry& entry) {
+    const QString text = QString::fromStdString(entry.text);
+    const QString name =
+        shortened(QString::fromStdString(entry.taskName).simplified(), kLongestTaskName);
+    return name.isEmpty() ? text : DbusMenu::tr("%1 – %2").arg(text, name);
 }
 
 // An underscore would stand for the key that chooses the item.
@@ -84,6 +97,7 @@ DbusMenu::DbusMenu(Actions actions) : actions_(std::move(actions)) {
     pause_.setSingleShot(true);
     pause_.setInterval(kPause);
     connect(&pause_, &QTimer::timeout, this, &DbusMenu::tellTitle);
+    renew();
 }
 
 QString DbusMenu::textDirection() const {
@@ -92,7 +106,60 @@ QString DbusMenu::textDirection() const {
 
 void DbusMenu::setTitle(const QString& title) {
     title_ = title;
+    line(titleItem)->text = title;
     tellTitle();
+}
+
+void DbusMenu::setEntries(std::function<std::vector<services::StatusMenuEntry>()> entries) {
+    entries_ = std::move(entries);
+    entriesChanged();
+}
+
+// Nothing is worked out before somebody asks.
+void DbusMenu::entriesChanged() {
+    if (std::exchange(areLinesCurrent_, false)) {
+        emit LayoutUpdated(++revision_, rootItem);
+    }
+}
+
+const std::vector<DbusMenu::Line>& DbusMenu::lines() {
+    renew();
+    return lines_;
+}
+
+void DbusMenu::renew() {
+    if (std::exchange(areLinesCurrent_, true)) {
+        return;
+    }
+    const auto separator = [](int id) { return Line{.id = id, .text = {}, .choose = {}}; };
+    lines_ = {{.id = titleItem, .text = title_, .choose = {}}, separator(titleSeparator)};
+    std::map<std::string, int> ids;
+    for (services::StatusMenuEntry& entry :
+         entries_ ? entries_() : std::vector<services::StatusMenuEntry>()) {
+        const auto known = ids_.find(entry.key);
+        const int id = known != ids_.end() ? known->second : nextId_++;
+        ids.emplace(std::move(entry.key), id);
+        lines_.push_back({.id = id,
+                          .text = textOf(entry),
+                          .isEnabled = true,
+                          .choose = std::move(entry.choose)});
+    }
+    ids_ = std::move(ids);
+    const auto add = [this](int id, const QString& text, const std::function<void()>& choose) {
+        lines_.push_back({.id = id, .text = text, .isEnabled = true, .choose = choose});
+    };
+    add(addTaskItem, tr("Add Task…"), actions_.addTask);
+    lines_.push_back(separator(showSeparator));
+    add(showItem, tr("Show Hearthmark"), actions_.show);
+    add(updatesItem, tr("Check for Updates…"), actions_.checkForUpdates);
+    lines_.back().isEnabled = canCheckForUpdates_;
+    lines_.push_back(separator(quitSeparator));
+    add(quitItem, tr("Quit"), actions_.quit);
+}
+
+DbusMenu::Line* DbusMenu::line(int id) {
+    const auto found = std::ranges::find(lines_, id, &Line::id);
+    return found != lines_.end() ? &*found : nullptr;
 }
 
 // A panel tells before it opens the menu; until then it is spared each second's title.
@@ -116,6 +183,7 @@ void DbusMenu::tellTitle() {
 void DbusMenu::setCanCheckForUpdates(bool canCheckForUpdates) {
     if (canCheckForUpdates_ != canCheckForUpdates) {
         canCheckForUpdates_ = canCheckForUpdates;
+        line(updatesItem)->isEnabled = canCheckForUpdates;
         emit ItemsPropertiesUpdated(
             {{updatesItem, properties(updatesItem, {QStringLiteral("enabled")})}}, {});
     }
@@ -123,26 +191,33 @@ void DbusMenu::setCanCheckForUpdates(bool canCheckForUpdates) {
 
 uint DbusMenu::GetLayout(int parentId, int recursionDepth, const QStringList& propertyNames,
                          DbusMenuLayout& layout) {
-    if (!isItem(parentId)) {
+    if (!isKnown(parentId)) {
         sendErrorReply(QDBusError::InvalidArgs, QStringLiteral("There is no such item"));
-        return kRevision;
+        return revision_;
     }
+    renew();
     layout = this->layout(parentId, recursionDepth, propertyNames);
-    return kRevision;
+    return revision_;
 }
 
 QList<DbusMenuItem> DbusMenu::GetGroupProperties(const QList<int>& ids,
                                                  const QStringList& propertyNames) {
+    renew();
     QList<DbusMenuItem> items;
-    for (int id = rootItem; id <= quitItem; ++id) {
+    const auto add = [&](int id) {
         if (ids.isEmpty() || ids.contains(id)) {
             items.append({id, properties(id, propertyNames)});
         }
+    };
+    add(rootItem);
+    for (const Line& line : lines_) {
+        add(line.id);
     }
     return items;
 }
 
 QDBusVariant DbusMenu::GetProperty(int id, const QString& name) {
+    renew();
     const QVariantMap found = properties(id, {name});
     if (found.isEmpty()) {
         sendErrorReply(QDBusError::InvalidArgs, QStringLiteral("There is no such property"));
@@ -178,39 +253,27 @@ bool DbusMenu::AboutToShow(int id) {
 
 QList<int> DbusMenu::AboutToShowGroup(const QList<int>& ids, QList<int>& idErrors) {
     open();
-    std::ranges::remove_copy_if(ids, std::back_inserter(idErrors), isItem);
+    std::ranges::remove_copy_if(ids, std::back_inserter(idErrors),
+                                std::bind_front(&DbusMenu::isKnown, this));
     return ids.contains(rootItem) ? QList<int>{rootItem} : QList<int>();
 }
 
+bool DbusMenu::isKnown(int id) const {
+    return (id >= rootItem && id <= quitItem) || (id >= kFirstEntry && id < nextId_);
+}
+
 // Without names, all.
-QVariantMap DbusMenu::properties(int id, const QStringList& names) const {
-    const auto line = [](const QString& text, bool isEnabled) {
-        return QVariantMap{{QStringLiteral("label"), labelOf(text)},
-                           {QStringLiteral("enabled"), isEnabled}};
-    };
+QVariantMap DbusMenu::properties(int id, const QStringList& names) {
     QVariantMap all;
-    switch (id) {
-        case rootItem:
-            all.insert(QStringLiteral("children-display"), QStringLiteral("submenu"));
-            break;
-        case titleItem:
-            all = line(title_, false);
-            break;
-        case showItem:
-            all = line(tr("Show Hearthmark"), true);
-            break;
-        case updatesItem:
-            all = line(tr("Check for Updates…"), canCheckForUpdates_);
-            break;
-        case quitItem:
-            all = line(tr("Quit"), true);
-            break;
-        case titleSeparator:
-        case quitSeparator:
-            all.insert(QStringLiteral("type"), QStringLiteral("separator"));
-            break;
-        default:
-            break;
+    if (id == rootItem) {
+        all.insert(QStringLiteral("children-display"), QStringLiteral("submenu"));
+    } else if (const Line* const line = this->line(id); line == nullptr) {
+        // Gone, or never there.
+    } else if (!line->text) {
+        all.insert(QStringLiteral("type"), QStringLiteral("separator"));
+    } else {
+        all.insert(QStringLiteral("label"), labelOf(*line->text));
+        all.insert(QStringLiteral("enabled"), line->isEnabled);
     }
     if (names.isEmpty()) {
         return all;
@@ -220,11 +283,11 @@ QVariantMap DbusMenu::properties(int id, const QStringList& names) const {
 }
 
 // To all depths where the depth is negative.
-DbusMenuLayout DbusMenu::layout(int id, int depth, const QStringList& names) const {
+DbusMenuLayout DbusMenu::layout(int id, int depth, const QStringList& names) {
     DbusMenuLayout layout{id, properties(id, names), {}};
     if (id == rootItem && depth != 0) {
-        for (const ItemId item : kItems) {
-            layout.children.append(QVariant::fromValue(this->layout(item, depth - 1, names)));
+        for (const Line& line : lines_) {
+            layout.children.append(QVariant::fromValue(this->layout(line.id, depth - 1, names)));
         }
     }
     return layout;
@@ -236,19 +299,11 @@ bool DbusMenu::handleEvent(int id, const QString& eventId) {
     } else if (id == rootItem && eventId == QLatin1String("closed")) {
         open_.stop();
     } else if (eventId == QLatin1String("clicked")) {
-        const std::function<void()>* action = nullptr;
-        if (id == showItem) {
-            action = &actions_.show;
-        } else if (id == updatesItem && canCheckForUpdates_) {
-            action = &actions_.checkForUpdates;
-        } else if (id == quitItem) {
-            action = &actions_.quit;
-        }
-        if (action != nullptr) {
-            QTimer::singleShot(0, this, *action);
+        if (const Line* const chosen = line(id); chosen != nullptr && chosen->isEnabled) {
+            QTimer::singleShot(0, this, chosen->choose);
         }
     }
-    return isItem(id);
+    return isKnown(id);
 }
 
 }  // namespace hearthmark::platform

@@ -11,6 +11,12 @@
 #include <QVariantList>
 #include <QVariantMap>
 #include <functional>
+#include <map>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "services/ports/status_bar.h"
 
 namespace hearthmark::platform {
 
@@ -52,12 +58,28 @@ class DbusMenu final : public QObject, protected QDBusContext {
  public:
     // Called from the event loop, when the panel has its answer.
     struct Actions {
+        std::function<void()> addTask;
         std::function<void()> show;
         std::function<void()> checkForUpdates;
         std::function<void()> quit;
     };
 
+    struct Line {
+        int id = 0;
+        // A line without one separates those around it.
+        std::optional<QString> text;
+        bool isEnabled = false;
+        std::function<void()> choose;
+    };
+
     explicit DbusMenu(Actions actions);
+
+    // What stands below the title.
+    void setEntries(std::function<std::vector<services::StatusMenuEntry>()> entries);
+    // What has read the menu is told that it is to be read anew, once until it has been.
+    void entriesChanged();
+    // All lines as they are now.
+    const std::vector<Line>& lines();
 
     // The first line, which does nothing when it is chosen.
     void setTitle(const QString& title);
@@ -89,13 +111,28 @@ class DbusMenu final : public QObject, protected QDBusContext {
     // NOLINTEND(readability-identifier-naming)
 
  private:
-    QVariantMap properties(int id, const QStringList& names) const;
-    DbusMenuLayout layout(int id, int depth, const QStringList& names) const;
+    // Above the numbers of the lines that are always there.
+    static constexpr int kFirstEntry = 100;
+
+    void renew();
+    // Null for the root, and for what is not there or no longer.
+    Line* line(int id);
+    // Whether a panel can know it, though it may be gone by now.
+    bool isKnown(int id) const;
+    QVariantMap properties(int id, const QStringList& names);
+    DbusMenuLayout layout(int id, int depth, const QStringList& names);
     bool handleEvent(int id, const QString& eventId);
     void open();
     void tellTitle();
 
     Actions actions_;
+    std::function<std::vector<services::StatusMenuEntry>()> entries_;
+    std::vector<Line> lines_;
+    bool areLinesCurrent_ = false;
+    uint revision_ = 1;
+    // Of the entries that are there, by their keys. No number is used again for another.
+    std::map<std::string, int> ids_;
+    int nextId_ = kFirstEntry;
     QString title_;
     QString toldTitle_;
     bool canCheckForUpdates_ = false;

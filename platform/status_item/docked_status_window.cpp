@@ -52,7 +52,7 @@ struct DockedStatusWindow::Atoms {
 // Paints itself in the room that the tray gives it.
 class DockedStatusWindow::Window final : public QRasterWindow {
  public:
-    explicit Window(const std::function<void()>& activate) : activate_(activate) {
+    explicit Window(const Handlers& handlers) : handlers_(handlers) {
         setFlags(Qt::Tool | Qt::FramelessWindowHint | Qt::X11BypassWindowManagerHint |
                  Qt::WindowDoesNotAcceptFocus);
         QWindow::setTitle(QGuiApplication::applicationDisplayName());
@@ -95,7 +95,9 @@ class DockedStatusWindow::Window final : public QRasterWindow {
 
     void mouseReleaseEvent(QMouseEvent* event) override {
         if (event->button() == Qt::LeftButton) {
-            activate_();
+            handlers_.activate();
+        } else if (event->button() == Qt::RightButton) {
+            handlers_.showMenu(event->globalPosition().toPoint());
         }
     }
 
@@ -108,7 +110,7 @@ class DockedStatusWindow::Window final : public QRasterWindow {
         return picture_;
     }
 
-    const std::function<void()>& activate_;
+    const Handlers& handlers_;
     QFont font_ = QGuiApplication::font();
     QString title_;
     StatusIconState icon_;
@@ -119,8 +121,8 @@ bool DockedStatusWindow::isPossible() {
     return x11Connection() != nullptr;
 }
 
-DockedStatusWindow::DockedStatusWindow(std::function<void()> activate)
-    : activate_(std::move(activate)), atoms_(std::make_unique<Atoms>()) {
+DockedStatusWindow::DockedStatusWindow(Handlers handlers)
+    : handlers_(std::move(handlers)), atoms_(std::make_unique<Atoms>()) {
     qGuiApp->installNativeEventFilter(this);
     dock();
 }
@@ -144,7 +146,7 @@ void DockedStatusWindow::dock() {
     if (!owner || owner->owner == XCB_WINDOW_NONE) {
         return;  // the tray makes itself known when it starts
     }
-    window_ = std::make_unique<Window>(activate_);
+    window_ = std::make_unique<Window>(handlers_);
     window_->setContent(title_, icon_);
     window_->create();
     windowId_ = static_cast<xcb_window_t>(window_->winId());

@@ -3,6 +3,7 @@
 
 #include <QAbstractNativeEventFilter>
 #include <QObject>
+#include <QPoint>
 #include <QString>
 #include <functional>
 #include <memory>
@@ -21,8 +22,16 @@ class DockedStatusWindow final : public QObject, public QAbstractNativeEventFilt
     // Whether the program runs on an X server.
     static bool isPossible();
 
-    // Looks for a panel at once; `activate` is called for a click. Requires isPossible().
-    explicit DockedStatusWindow(std::function<void()> activate);
+    // Called from the event loop.
+    struct Handlers {
+        // It was clicked.
+        std::function<void()> activate;
+        // It was clicked there with the right button: this tray shows no menu itself.
+        std::function<void(const QPoint& place)> showMenu;
+    };
+
+    // Looks for a panel at once. Requires isPossible().
+    explicit DockedStatusWindow(Handlers handlers);
     ~DockedStatusWindow() override;
 
     void setContent(const QString& title, const StatusIconState& icon);
@@ -40,7 +49,7 @@ class DockedStatusWindow final : public QObject, public QAbstractNativeEventFilt
     void undockSoon();
     void undock();
 
-    std::function<void()> activate_;
+    Handlers handlers_;
     // The server's numbers for the names of the protocol.
     std::unique_ptr<const Atoms> atoms_;
     QString title_;

@@ -161,4 +161,15 @@ QString widestForm(QString title) {
     return title;
 }
 
+QString shortened(QString text, int longest) {
+    if (text.size() > longest) {
+        text.truncate(longest);
+        if (text.back().isHighSurrogate()) {
+            text.chop(1);
+        }
+        text.append(QChar(0x2026));
+    }
+    return text;
+}
+
 }  // namespace hearthmark::platform

@@ -40,4 +40,7 @@ QImage paintStatusIcon(const StatusIconState& state, int size);
 // it in the panel keeps still while time is counted.
 QString widestForm(QString title);
 
+// With an ellipsis for what is beyond that many characters.
+QString shortened(QString text, int longest);
+
 }  // namespace hearthmark::platform

@@ -39,17 +39,6 @@ QList<StatusPixmap> pixmaps(const StatusIconState& state) {
     return all;
 }
 
-QString shortened(QString text) {
-    if (text.size() > kLongestTaskName) {
-        text.truncate(kLongestTaskName);
-        if (text.back().isHighSurrogate()) {
-            text.chop(1);
-        }
-        text.append(QChar(0x2026));
-    }
-    return text;
-}
-
 }  // namespace
 
 QDBusArgument& operator<<(QDBusArgument& argument, const StatusPixmap& pixmap) {
@@ -72,7 +61,8 @@ const QDBusArgument& operator>>(const QDBusArgument& argument, StatusToolTip& to
 
 StatusNotifierItem::StatusNotifierItem(Handlers handlers, DbusMenu::Actions menuActions)
     : handlers_(std::move(handlers)),
-      menu_({.show = [this, show = std::move(menuActions.show)] { act(show); },
+      menu_({.addTask = [this, add = std::move(menuActions.addTask)] { act(add); },
+             .show = [this, show = std::move(menuActions.show)] { act(show); },
              .checkForUpdates = [this,
                                  check = std::move(menuActions.checkForUpdates)] { act(check); },
              .quit = std::move(menuActions.quit)}),
@@ -130,7 +120,7 @@ void StatusNotifierItem::setTitle(const QString& title) {
 }
 
 void StatusNotifierItem::setTaskName(const QString& taskName) {
-    const QString name = shortened(taskName);
+    const QString name = shortened(taskName, kLongestTaskName);
     if (taskName_ != name) {
         taskName_ = name;
         if (isWatched_) {

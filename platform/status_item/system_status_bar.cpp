@@ -6,6 +6,7 @@
 #include <chrono>
 #include <optional>
 #include <utility>
+#include <vector>
 
 #include "platform/status_item/docked_status_window.h"
 #include "platform/status_item/status_notifier_item.h"
@@ -27,7 +28,8 @@ class SystemStatusBar::Button final : public services::StatusItemButton {
         : handlers_(handlers),
           item_({.activate = [this] { activate(); },
                  .isHostedChanged = [this] { isHostedChanged(); }},
-                {.show = handlers.show,
+                {.addTask = handlers.addTask,
+                 .show = handlers.show,
                  .checkForUpdates = handlers.checkForUpdates,
                  .quit = handlers.quit}) {
         patience_.setSingleShot(true);
@@ -51,6 +53,11 @@ class SystemStatusBar::Button final : public services::StatusItemButton {
     }
 
     void setAction(std::function<void()> action) override { action_ = std::move(action); }
+
+    void setMenu(std::function<std::vector<services::StatusMenuEntry>()> entries) override {
+        item_.menu().setEntries(std::move(entries));
+    }
+    void menuChanged() override { item_.menu().entriesChanged(); }
 
     void setNeedsAttention(bool needsAttention) {
         icon_.hasDot = needsAttention;
@@ -83,7 +90,12 @@ class SystemStatusBar::Button final : public services::StatusItemButton {
 
     void lookForTray() {
         if (DockedStatusWindow::isPossible()) {
-            window_ = std::make_unique<DockedStatusWindow>([this] { activate(); });
+            window_ = std::make_unique<DockedStatusWindow>(DockedStatusWindow::Handlers{
+                .activate = [this] { activate(); },
+                .showMenu =
+                    [this](const QPoint& place) {
+                        handlers_.showMenu(item_.menu().lines(), place);
+                    }});
             showInWindow();
         }
     }

@@ -1,9 +1,12 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <QPoint>
 #include <functional>
 #include <memory>
+#include <vector>
 
+#include "platform/status_item/dbus_menu.h"
 #include "services/ports/status_bar.h"
 
 namespace hearthmark::platform {
@@ -15,9 +18,12 @@ class SystemStatusBar final : public services::StatusBar {
  public:
     // What the composition root does for the item. All are called from the event loop.
     struct Handlers {
+        std::function<void()> addTask;
         std::function<void()> show;
         std::function<void()> checkForUpdates;
         std::function<void()> quit;
+        // Of the item in X11's tray, which shows none itself.
+        std::function<void(const std::vector<DbusMenu::Line>& lines, const QPoint& place)> showMenu;
     };
 
     explicit SystemStatusBar(Handlers handlers);

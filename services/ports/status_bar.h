@@ -5,6 +5,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "base/date.h"
 
@@ -20,6 +21,17 @@ struct StatusItemProgress {
     bool operator==(const StatusItemProgress&) const = default;
 };
 
+// One of the things that the menu of an item offers beside those of the program itself.
+struct StatusMenuEntry {
+    // The same for what does the same, also after the menu has changed.
+    std::string key;
+    std::string text;
+    // Of the task that it acts on, as it is; empty for none.
+    std::string taskName;
+    // Finds out by itself whether it can still be done.
+    std::function<void()> choose;
+};
+
 // What can be seen of a status item and clicked.
 class StatusItemButton {
  public:
@@ -29,6 +41,10 @@ class StatusItemButton {
     // Absent while no interval is shown.
     virtual void setProgress(const std::optional<StatusItemProgress>& progress) = 0;
     virtual void setAction(std::function<void()> action) = 0;
+    // The entries are asked for when somebody looks at them.
+    virtual void setMenu(std::function<std::vector<StatusMenuEntry>()> entries) = 0;
+    // They may be others than before.
+    virtual void menuChanged() = 0;
 };
 
 // An item in the panel of the desktop, for as long as this lives.

@@ -6,9 +6,11 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "base/date.h"
 #include "base/uuid.h"
+#include "livedata/block.h"
 
 namespace hearthmark::services {
 
@@ -34,6 +36,17 @@ constexpr bool includes(PresentationOptions options, PresentationOptions option)
 
 enum class NotificationSound { none, standard };
 
+// Shown only where the desktop's notifications can have them. Pressing one closes the notification
+// and shows no window.
+struct NotificationButton {
+    // Another one than those of the notification's other buttons.
+    std::string key;
+    std::string text;
+    livedata::Action onTap;
+
+    bool operator==(const NotificationButton&) const = default;
+};
+
 struct NotificationContent {
     // Both as they are: what looks like markup is text.
     std::string title;
@@ -41,6 +54,7 @@ struct NotificationContent {
     NotificationSound sound = NotificationSound::none;
     // The task that activating the notification shows.
     std::optional<base::Uuid> taskId;
+    std::vector<NotificationButton> buttons = {};
 
     bool operator==(const NotificationContent&) const = default;
 };

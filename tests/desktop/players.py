@@ -20,7 +20,8 @@ NOTIFICATIONS_XML = f"""<node><interface name="{NOTIFICATIONS}">
     <method name="Notify"><arg type="s" direction="in"/><arg type="u" direction="in"/>
     <arg type="s" direction="in"/><arg type="s" direction="in"/><arg type="s" direction="in"/>
     <arg type="as" direction="in"/><arg type="a{{sv}}" direction="in"/><arg type="i" direction="in"/>
-    <arg type="u" direction="out"/></method></interface></node>"""
+    <arg type="u" direction="out"/></method>
+    <method name="CloseNotification"><arg type="u" direction="in"/></method></interface></node>"""
 
 ITEM, WATCHER = "org.kde.StatusNotifierItem", "org.kde.StatusNotifierWatcher"
 MENU = "com.canonical.dbusmenu"
@@ -54,6 +55,7 @@ class Daemon:
         self.capabilities = capabilities
         self.called = self.answered = False
         self.taken = []  # when, and the arguments
+        self.closed = []  # their numbers
         self.bus = serve(os.environ["DBUS_SESSION_BUS_ADDRESS"], NOTIFICATIONS, NOTIFICATIONS_PATH,
                          NOTIFICATIONS_XML, self._answer)
 
@@ -70,6 +72,9 @@ class Daemon:
         self.answered = True
         if method == "GetCapabilities":
             invocation.return_value(GLib.Variant("(as)", (self.capabilities,)))
+        elif method == "CloseNotification":
+            self.closed += arguments.unpack()
+            invocation.return_value(None)
         else:
             self.taken.append((time.monotonic(), arguments.unpack()))
             invocation.return_value(GLib.Variant("(u)", (len(self.taken),)))
@@ -104,6 +109,14 @@ class Panel:
         target = "org.freedesktop.DBus.Properties" if method == "Get" else interface
         return self.bus.call_sync(self.item, path, target, method,
                                   GLib.Variant(signature, arguments), None, 0, 5000).unpack()
+
+    def menu(self):
+        """Its lines from top to bottom: the text, if any, and the number."""
+        _, (_, _, lines) = self.call(MENU, "GetLayout", "(iias)", 0, -1, [])
+        return [(properties.get("label"), number) for number, properties, _ in lines]
+
+    def choose(self, number):
+        self.call(MENU, "Event", "(isvu)", number, "clicked", GLib.Variant("i", 0), 0)
 
     def get(self, name, interface=ITEM):
         return self.call(interface, "Get", "(ss)", interface, name)[0]

@@ -11,7 +11,7 @@ from collections import Counter
 
 from gi.repository import GLib
 
-from driver import (Desktop, ProgramTest, Waits, click, extents, key, lines_of, now, press, screen,
+from driver import (Desktop, ProgramTest, Waits, click, extents, key, lines_of, new_id, now, press, screen,
                     toggle_maximised, wait_for, windows, xdotool)
 from players import Daemon, ITEM, MENU, Panel
 
@@ -74,7 +74,7 @@ class StatusItem(ProgramTest):
         _, (root, _, children) = panel.call(MENU, "GetLayout", "(iias)", 0, -1, [])
         lines = [properties for _, properties, _ in children]
         self.assertEqual([line.get("label", line.get("type")) for line in lines][1:], [
-            "separator", "Show Hearthmark", "Check for Updates…", "separator", "Quit"])
+            "separator", "Finish", "Add Task…", "separator", "Show Hearthmark", "Check for Updates…", "separator", "Quit"])
         self.assertFalse(lines[0]["enabled"])
         self.assertTrue(panel.call(MENU, "AboutToShow", "(i)", root)[0])
         with self.assertRaisesRegex(Exception, "InvalidArgs"):
@@ -84,7 +84,7 @@ class StatusItem(ProgramTest):
                 if signal == "ItemsPropertiesUpdated"]
         self.assertIn(told[-1][1], panel.labels()[-2:])
         self.assertTrue(all(b[0] - a[0] > 0.9 for a, b in zip(told, told[1:])), told)
-        panel.call(MENU, "Event", "(isvu)", children[-1][0], "clicked", GLib.Variant("i", 0), 0)
+        panel.choose(children[-1][0])
         self.assertEqual(program.finished()[0], 0)
         self.assertEqual(self.interval()[1], 0)
         for language, direction in (("en_GB", "ltr"), ("ar_EG", "rtl")):
@@ -93,6 +93,48 @@ class StatusItem(ProgramTest):
             wait_for(lambda: panel.item, "the item")
             self.assertEqual(panel.get("TextDirection", MENU), direction)
             program.end()
+
+    def test_the_menu_starts_goes_on_finishes_and_adds_with_the_window_hidden(self):
+        tasks = (("Old", 100, 1800), ("&_" + "n" * 50 + "\nx", 300, 1800), ("Left", 400, 720),
+                 ("Report", 200, 1800))
+        self.make_store(*(statement for pk, (name, created, duration) in enumerate(tasks, 1)
+                          for statement in (
+            ("INSERT INTO Task VALUES (?, ?, 0, ?)", (pk, new_id(), name)),
+            ("INSERT INTO Interval VALUES (?, ?, ?, ?, 1800, ?)", (pk, new_id(), created, duration, pk)),
+            ("INSERT INTO RawIntervalState VALUES (?, 2, NULL, NULL, ?)", (pk, pk)))))
+        program, panel = self.launch()
+        program.find("Left", "list item")
+        xdotool("windowminimize", *windows())
+        wait_for(lambda: not windows(), "the window to go")
+        idle = panel.menu()
+        name = "&__" + "n" * 38 + "…"
+        self.assertEqual([text for text, _ in idle if text][1:], [
+            "Continue 18:00 – Left", "Start 30:00 – Left", "Start 1:00:00 – Left",
+            f"Start 30:00 – {name}", f"Start 1:00:00 – {name}",
+            "Start 30:00 – Report", "Start 1:00:00 – Report",
+            "Add Task…", "Show Hearthmark", "Check for Updates…", "Quit"])
+        number = dict(idle)
+
+        def running():
+            return program.rows("SELECT maxDuration, task FROM Interval JOIN RawIntervalState"
+                                " ON interval = Interval.pk WHERE state = 1")
+        for text, expected in (("Continue 18:00 – Left", (1080, 3)),
+                               (f"Start 1:00:00 – {name}", (3600, 2))):
+            panel.told.clear()
+            panel.choose(number[text])
+            wait_for(lambda: running() == [expected], text)
+            wait_for(lambda: any(signal == "LayoutUpdated" for _, signal, _ in panel.told), "the news")
+            lines = panel.menu()
+            self.assertEqual([text for text, _ in lines if text][1:3], ["Finish", "Add Task…"])
+            panel.choose(number["Start 30:00 – Report"])  # no longer there
+            panel.choose(dict(lines)["Finish"])
+            wait_for(lambda: not running(), "the end")
+            self.assertFalse(windows())
+            number = dict(panel.menu())
+        self.assertEqual(number["Add Task…"], dict(idle)["Add Task…"])
+        self.assertEqual(len(program.rows("SELECT pk FROM Interval")), 6)
+        panel.choose(number["Add Task…"])
+        program.find("Task name")
 
 
 class DockedItem(ProgramTest):
@@ -115,13 +157,15 @@ class DockedItem(ProgramTest):
         tray = self.start_tray()
         self.make_store(*self.task_with_interval(state=0))
         program = self.program.launch()
-        for _ in range(2):
+        for button in (1, 3):
             wait_for(self.look, "the item")
             seen = set()
             wait_for(lambda: seen.add(self.look()[2]) or len(seen) == 4, "three seconds", 5)
             wait_for(lambda: key("alt+F4") or not program.find_all("Add Task"), "the window to hide")
             left, top, _ = self.look()
-            xdotool("mousemove", left + 10, top + 5, "click", 1)
+            xdotool("mousemove", left + 10, top + 5, "click", button)
+            if button == 3:
+                program.press("Show Hearthmark", "menu item")
             program.find("Add Task")
             tray.kill()
             wait_for(lambda: lines_of("2e241d", 20) == 0, "the item to go")
@@ -161,7 +205,7 @@ class Notifications(ProgramTest):
             self.assertEqual(
                 (name, replaced, icon, body, actions, expiration),
                 ("Hearthmark", 0, "org.hearthmark.Hearthmark", "Interval finished",
-                 ["default", "Show"], -1))
+                 ["default", "Show", "more", "5 more minutes", "again", "Again"], -1))
             # Nothing has that name where the program was not installed.
             *form, pixels = hints["image-data"]
             self.assertEqual((form, len(pixels)), ([48, 48, 4 * 48, True, 8, 4], 4 * 48 * 48))
@@ -201,6 +245,45 @@ class Notifications(ProgramTest):
         self.focus("-")
         program.press("Finish")
         wait_for(lambda: daemon.taken and program.has_loaded("libcanberra"), "a sound of the program's")
+
+    def test_its_buttons_go_on_without_the_window(self):
+        daemon = Daemon()
+        self.addCleanup(lambda: daemon.bus.close_sync())
+        started = now()
+        self.make_store(
+            *(f"INSERT INTO Task VALUES ({i}, '{new_id()}', {i}, 'Task {i}')" for i in (1, 2)),
+            f"INSERT INTO Interval VALUES (1, '{new_id()}', {started}, 1499, 1500, 1)",
+            "INSERT INTO RawIntervalState VALUES (1, 0, NULL, NULL, 1)")
+        panel = Panel()
+        self.addCleanup(panel.bus.close_sync)
+        program = self.program.launch()
+        wait_for(lambda: len(daemon.taken) == 1, "the finish")
+        self.hide()
+
+        def lengths():
+            return [length for length, in program.rows("SELECT maxDuration FROM Interval ORDER BY pk")]
+
+        def invoke(number, button):
+            # Until the program knows by which daemon it is shown.
+            wait_for(lambda: daemon.emit("ActionInvoked", "(us)", number, button)
+                     or number in daemon.closed, "it to close")
+        invoke(1, "again")
+        wait_for(lambda: lengths() == [1500, 1500], "the same length")
+        daemon.emit("ActionInvoked", "(us)", 1, "more")  # gone by now
+        panel.choose(dict(panel.menu())["Finish"])
+        wait_for(lambda: len(daemon.taken) == 2, "the finish")
+        invoke(2, "more")
+        wait_for(lambda: lengths() == [1500, 1500, 300], "five minutes and no more")
+        panel.choose(dict(panel.menu())["Finish"])
+        wait_for(lambda: len(daemon.taken) == 3, "the finish")
+        panel.choose(dict(panel.menu())["Start 30:00 – Task 1"])
+        wait_for(lambda: "Finish" in dict(panel.menu()), "another focus")
+        invoke(3, "again")
+        wait_for(lambda: len(daemon.taken) == 4, "an answer")
+        self.assertEqual(daemon.taken[3][1][3:5],
+                         ("No focus was started", "A focus is running already."))
+        self.assertEqual(lengths(), [1500, 1500, 300, 1800])
+        self.assertFalse(windows())
 
     def test_why_it_cannot_go_on_is_told_in_time_and_as_the_daemon_reads_it(self):
         for manner, capabilities, text in (("takes", ["body"], "<&>"),

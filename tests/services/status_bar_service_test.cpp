@@ -18,6 +18,7 @@ struct StatusBarServiceTest : testing::Test {
         provider->startObserving();
         service = std::make_shared<StatusBarService>(
             nullptr, provider, timers, store.clock,
+            std::make_unique<StatusMenuService>(quickFocus, *store.liveData),
             StatusBarService::Ports{.statusBar = bar, .applicationWindows = nullptr});
         service->setUp();
     }
@@ -39,6 +40,11 @@ struct StatusBarServiceTest : testing::Test {
     std::shared_ptr<StatusBarService::IntervalsProvider> provider =
         std::make_shared<StatusBarService::IntervalsProvider>(
             store.container, store::Interval::fetchRequest().sortDescriptor);
+    tests::FakeNotificationCenter center;
+    std::shared_ptr<QuickFocus> quickFocus =
+        std::make_shared<QuickFocus>(store.service, *store.liveData, store.clock, [this] {
+            return std::shared_ptr<UserNotificationCenter>(std::shared_ptr<void>(), &center);
+        });
     std::shared_ptr<tests::FakeStatusBar> bar = std::make_shared<tests::FakeStatusBar>();
     std::shared_ptr<StatusBarService> service;
 };
@@ -82,6 +88,57 @@ TEST_F(StatusBarServiceTest, StaysIdleForTheSameIntervalAfterAnEmptySet) {
     EXPECT_EQ(tick(), "Hearthmark!");
     run(at(301));
     EXPECT_EQ(tick(), "1:01/30:00");
+}
+
+TEST_F(StatusBarServiceTest, OffersWhatCanBeDoneAtOnce) {
+    const auto menu = [this] {
+        std::string texts;
+        for (const StatusMenuEntry& entry : bar->entries()) {
+            texts += entry.text + (entry.taskName.empty() ? "" : " " + entry.taskName) + "; ";
+        }
+        return texts;
+    };
+    EXPECT_EQ(menu(), "") << "nothing was ever done";
+    const auto work = [this](store::Task& on, base::Seconds spent, base::Seconds maximum,
+                             base::Date created) {
+        store.addInterval(on, IntervalState::finished(), spent, maximum, created);
+    };
+    const std::string letters = "Start 30:00 Letters; Start 1:00:00 Letters; ";
+    struct Case {
+        base::Seconds spent;
+        base::Seconds maximum;
+        std::string goOn;
+    };
+    double created = 300;
+    for (const auto& [spent, maximum, goOn] :
+         {Case{720s, 1800s, "Continue 18:00 Letters; "},
+          Case{1s, 1800.5s, "Continue 30:00 Letters; "}, Case{1799s, 1800s, "Continue 1 Letters; "},
+          Case{1799.5s, 1800s, ""}, Case{1800s, 1800s, ""}, Case{5s, 0s, ""},
+          Case{-5s, 1800s, ""}}) {
+        work(task, spent, maximum, at(created++));
+        EXPECT_EQ(menu(), goOn + letters);
+    }
+    for (const char* name : {"b", "c", "d"}) {
+        work(store.addTask(name), 1800s, 1800s, at(name[0] == 'b' ? 250 : created++));
+    }
+    EXPECT_EQ(menu(), "Start 30:00 d; Start 1:00:00 d; Start 30:00 c; Start 1:00:00 c; " + letters);
+    const auto changes = bar->menuChanges;
+    bar->entries().front().choose();
+    EXPECT_GT(bar->menuChanges, changes);
+    EXPECT_EQ(menu(), "Finish; ");
+    const auto offered = bar->menuChanges;
+    tick();
+    EXPECT_EQ(bar->menuChanges, offered) << "time alone changes nothing of it";
+    EXPECT_TRUE(center.added.empty());
+    quickFocus->start(*task.id(), 1800s);
+    quickFocus->start(base::Uuid::random(), 1800s);
+    store.clock->time = store.clock->time + 1s;
+    bar->entries().front().choose();
+    EXPECT_EQ(menu().substr(0, 18), "Continue 29:58 d; ");
+    ASSERT_EQ(center.added.size(), 2) << "both were refused";
+    EXPECT_EQ(center.added[0].content.body, "A focus is running already.");
+    EXPECT_EQ(center.added[1].content.body, "The task is gone.");
+    EXPECT_EQ(store.sql("SELECT COUNT(*) FROM Interval"), "11");
 }
 
 }  // namespace hearthmark::services

@@ -94,9 +94,15 @@ struct FakeStatusBar final : services::StatusBar, services::StatusItemButton {
         progress = newProgress;
     }
     void setAction(std::function<void()> /*action*/) override {}
+    void setMenu(std::function<std::vector<services::StatusMenuEntry>()> newEntries) override {
+        entries = std::move(newEntries);
+    }
+    void menuChanged() override { ++menuChanges; }
 
     std::string title;
     std::optional<services::StatusItemProgress> progress;
+    std::function<std::vector<services::StatusMenuEntry>()> entries;
+    int menuChanges = 0;
 };
 
 }  // namespace hearthmark::tests

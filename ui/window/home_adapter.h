@@ -12,8 +12,8 @@
 #include "base/uuid.h"
 #include "livedata/subscription.h"
 #include "presentation/home_view_model.h"
-#include "presentation/newest_focus.h"
 #include "services/in_step_time_keeping_provider.h"
+#include "services/newest_focus.h"
 #include "ui/detail/task_detail_adapter.h"
 #include "ui/list/task_list_adapter.h"
 #include "ui/sheets/about_adapter.h"
@@ -52,7 +52,7 @@ struct HomeParts {
     Owned<UndoMenuAdapter> undoMenu;
     Owned<UnseenFinishesAdapter> unseenFinishes;
     Owned<UpdateAdapter> updates;
-    std::unique_ptr<presentation::NewestFocus> newestFocus;
+    std::unique_ptr<services::NewestFocus> newestFocus;
     // Of all views; it rests while they are not seen.
     std::shared_ptr<services::InStepTimeKeepingProvider> beat;
 };

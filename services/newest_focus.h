@@ -6,7 +6,7 @@
 #include "store/data_operations_service_protocol.h"
 #include "store/live_data.h"
 
-namespace hearthmark::presentation {
+namespace hearthmark::services {
 
 // The running interval that was created last, for the key that finishes it. Main thread.
 class NewestFocus {
@@ -22,4 +22,4 @@ class NewestFocus {
     std::unique_ptr<store::LiveDataProvider<store::Interval>> intervalProvider_;
 };
 
-}  // namespace hearthmark::presentation
+}  // namespace hearthmark::services

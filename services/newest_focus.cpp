@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: MIT
-#include "presentation/newest_focus.h"
+#include "services/newest_focus.h"
 
 #include <utility>
 
 #include "store/interval.h"
 #include "store/newest_first.h"
 
-namespace hearthmark::presentation {
+namespace hearthmark::services {
 
 NewestFocus::NewestFocus(
     std::shared_ptr<store::DataOperationsServiceProtocol> dataOperationsService,
@@ -30,4 +30,4 @@ void NewestFocus::finish() {
     }
 }
 
-}  // namespace hearthmark::presentation
+}  // namespace hearthmark::services

@@ -1,0 +1,37 @@
+// SPDX-License-Identifier: MIT
+#include "services/focus.h"
+
+#include <algorithm>
+
+#include "store/interval.h"
+#include "store/time_texts.h"
+
+namespace hearthmark::services {
+
+bool canStartFocus(const store::Tasks& tasks) {
+    return std::none_of(tasks.begin(), tasks.end(), [](const store::Task& task) {
+        return !task.intervalSummary()->running.empty();
+    });
+}
+
+void startFocus(store::DataOperationsServiceProtocol& operations, const base::Clock& clock,
+                const base::Uuid& taskId, base::Seconds maxDuration) {
+    const base::Date created = clock.now();
+    const base::Date started = clock.now();
+    operations.addInterval({.creationDate = created,
+                            .duration = base::Seconds(0),
+                            .id = base::Uuid::random(),
+                            .maxDuration = maxDuration,
+                            .state = store::IntervalState::running(started)},
+                           taskId);
+}
+
+std::optional<base::Seconds> restOf(const store::Interval& interval) {
+    constexpr base::Seconds kLeastRest{1};
+    const base::Seconds rest = interval.maxDuration() - interval.duration();
+    const bool isShort = interval.isFinished() && interval.duration() >= base::Seconds(0) &&
+                         rest >= kLeastRest && store::formattedDuration(rest);
+    return isShort ? std::optional(rest) : std::nullopt;
+}
+
+}  // namespace hearthmark::services

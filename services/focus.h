@@ -1,0 +1,32 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <optional>
+
+#include "base/clock.h"
+#include "base/date.h"
+#include "base/uuid.h"
+#include "store/data_operations_service_protocol.h"
+#include "store/live_data.h"
+
+namespace hearthmark::services {
+
+// The lengths that a focus is usually started with.
+constexpr base::Seconds kShortFocus{1800};
+constexpr base::Seconds kLongFocus{3600};
+
+// The length of what is started since the one before was too short.
+constexpr base::Seconds kMoreFocus{300};
+
+// No interval of any task is running.
+bool canStartFocus(const store::Tasks& tasks);
+
+// Begins one on the task now. Requires canStartFocus().
+void startFocus(store::DataOperationsServiceProtocol& operations, const base::Clock& clock,
+                const base::Uuid& taskId, base::Seconds maxDuration);
+
+// What a finished interval is short of its length; absent where that is less than a second, or it
+// has none.
+std::optional<base::Seconds> restOf(const store::Interval& interval);
+
+}  // namespace hearthmark::services
