@@ -153,10 +153,11 @@ void Desktop::terminate() {
     notificationCenter_->postWaiting();
 }
 
-void Desktop::showStatusMenu(const std::vector<platform::DbusMenu::Line>& lines,
+void Desktop::showStatusMenu(const std::vector<platform::StatusMenu::Line>& lines,
                              const QPoint& place) {
     std::vector<ui::StatusMenuWindow::Line> shown;
-    for (const platform::DbusMenu::Line& line : lines) {
+    shown.reserve(lines.size());
+    for (const platform::StatusMenu::Line& line : lines) {
         shown.push_back({.text = line.text.value_or(QString()),
                          .isEnabled = line.isEnabled,
                          .choose = line.choose});

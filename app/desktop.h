@@ -56,7 +56,7 @@ class Desktop final : public QObject {
                                       TasksApp::FirstWindow firstWindow,
                                       const base::FatalErrorHandler& fatal);
     void terminate();
-    void showStatusMenu(const std::vector<platform::DbusMenu::Line>& lines, const QPoint& place);
+    void showStatusMenu(const std::vector<platform::StatusMenu::Line>& lines, const QPoint& place);
     void sayOnceThatItKeepsRunning();
 
     std::shared_ptr<services::UnseenFinishes> unseenFinishes_;

@@ -6,12 +6,10 @@
 #include <QGuiApplication>
 #include <algorithm>
 #include <chrono>
-#include <functional>
 #include <iterator>
 #include <utility>
 
 #include "platform/desktop/dbus_structure.h"
-#include "platform/status_item/status_icon.h"
 
 namespace hearthmark::platform {
 
@@ -22,28 +20,6 @@ using namespace std::chrono_literals;
 constexpr auto kPause = 1s;
 // Not every panel tells that it has closed the menu.
 constexpr auto kLongestOpen = 1min;
-
-enum ItemId {
-    rootItem,
-    titleItem,
-    titleSeparator,
-    addTaskItem,
-    showSeparator,
-    showItem,
-    updatesItem,
-    quitSeparator,
-    quitItem
-};
-
-// A panel makes no menu wider than the screen, but some make it as wide as that.
-constexpr int kLongestTaskName = 40;
-
-QString textOf(const services::StatusMenuEntry& entry) {
-    const QString text = QString::fromStdString(entry.text);
-    const QString name =
-        shortened(QString::fromStdString(entry.taskName).simplified(), kLongestTaskName);
-    return name.isEmpty() ? text : DbusMenu::tr("%1 – %2").arg(text, name);
-}
 
 // An underscore would stand for the key that chooses the item.
 QString labelOf(QString text) {
@@ -84,7 +60,7 @@ const QDBusArgument& operator>>(const QDBusArgument& argument, DbusMenuRemovedPr
     return readStructure(argument, removed.id, removed.names);
 }
 
-DbusMenu::DbusMenu(Actions actions) : actions_(std::move(actions)) {
+DbusMenu::DbusMenu(StatusMenu::Actions actions) : menu_(std::move(actions)) {
     qDBusRegisterMetaType<DbusMenuItem>();
     qDBusRegisterMetaType<QList<DbusMenuItem>>();
     qDBusRegisterMetaType<DbusMenuLayout>();
@@ -97,7 +73,6 @@ DbusMenu::DbusMenu(Actions actions) : actions_(std::move(actions)) {
     pause_.setSingleShot(true);
     pause_.setInterval(kPause);
     connect(&pause_, &QTimer::timeout, this, &DbusMenu::tellTitle);
-    renew();
 }
 
 QString DbusMenu::textDirection() const {
@@ -106,60 +81,26 @@ QString DbusMenu::textDirection() const {
 
 void DbusMenu::setTitle(const QString& title) {
     title_ = title;
-    line(titleItem)->text = title;
+    menu_.setTitle(title);
     tellTitle();
 }
 
-void DbusMenu::setEntries(std::function<std::vector<services::StatusMenuEntry>()> entries) {
-    entries_ = std::move(entries);
-    entriesChanged();
+void DbusMenu::setEntries(StatusMenu::Entries entries) {
+    menu_.setEntries(std::move(entries));
+    tellLayout();
 }
 
 // Nothing is worked out before somebody asks.
 void DbusMenu::entriesChanged() {
-    if (std::exchange(areLinesCurrent_, false)) {
-        emit LayoutUpdated(++revision_, rootItem);
-    }
+    menu_.entriesChanged();
+    tellLayout();
 }
 
-const std::vector<DbusMenu::Line>& DbusMenu::lines() {
-    renew();
-    return lines_;
-}
-
-void DbusMenu::renew() {
-    if (std::exchange(areLinesCurrent_, true)) {
-        return;
+// Once, until the lines have been read again.
+void DbusMenu::tellLayout() {
+    if (std::exchange(isLayoutRead_, false)) {
+        emit LayoutUpdated(++revision_, StatusMenu::root);
     }
-    const auto separator = [](int id) { return Line{.id = id, .text = {}, .choose = {}}; };
-    lines_ = {{.id = titleItem, .text = title_, .choose = {}}, separator(titleSeparator)};
-    std::map<std::string, int> ids;
-    for (services::StatusMenuEntry& entry :
-         entries_ ? entries_() : std::vector<services::StatusMenuEntry>()) {
-        const auto known = ids_.find(entry.key);
-        const int id = known != ids_.end() ? known->second : nextId_++;
-        ids.emplace(std::move(entry.key), id);
-        lines_.push_back({.id = id,
-                          .text = textOf(entry),
-                          .isEnabled = true,
-                          .choose = std::move(entry.choose)});
-    }
-    ids_ = std::move(ids);
-    const auto add = [this](int id, const QString& text, const std::function<void()>& choose) {
-        lines_.push_back({.id = id, .text = text, .isEnabled = true, .choose = choose});
-    };
-    add(addTaskItem, tr("Add Task…"), actions_.addTask);
-    lines_.push_back(separator(showSeparator));
-    add(showItem, tr("Show Hearthmark"), actions_.show);
-    add(updatesItem, tr("Check for Updates…"), actions_.checkForUpdates);
-    lines_.back().isEnabled = canCheckForUpdates_;
-    lines_.push_back(separator(quitSeparator));
-    add(quitItem, tr("Quit"), actions_.quit);
-}
-
-DbusMenu::Line* DbusMenu::line(int id) {
-    const auto found = std::ranges::find(lines_, id, &Line::id);
-    return found != lines_.end() ? &*found : nullptr;
 }
 
 // A panel tells before it opens the menu; until then it is spared each second's title.
@@ -175,49 +116,46 @@ void DbusMenu::tellTitle() {
     if (open_.isActive() && toldTitle_ != title_ && !pause_.isActive()) {
         toldTitle_ = title_;
         pause_.start();
-        emit ItemsPropertiesUpdated({{titleItem, properties(titleItem, {QStringLiteral("label")})}},
-                                    {});
+        emit ItemsPropertiesUpdated(
+            {{StatusMenu::title, properties(StatusMenu::title, {QStringLiteral("label")})}}, {});
     }
 }
 
 void DbusMenu::setCanCheckForUpdates(bool canCheckForUpdates) {
-    if (canCheckForUpdates_ != canCheckForUpdates) {
-        canCheckForUpdates_ = canCheckForUpdates;
-        line(updatesItem)->isEnabled = canCheckForUpdates;
+    if (menu_.setCanCheckForUpdates(canCheckForUpdates)) {
         emit ItemsPropertiesUpdated(
-            {{updatesItem, properties(updatesItem, {QStringLiteral("enabled")})}}, {});
+            {{StatusMenu::updates, properties(StatusMenu::updates, {QStringLiteral("enabled")})}},
+            {});
     }
 }
 
 uint DbusMenu::GetLayout(int parentId, int recursionDepth, const QStringList& propertyNames,
                          DbusMenuLayout& layout) {
-    if (!isKnown(parentId)) {
+    if (!menu_.isKnown(parentId)) {
         sendErrorReply(QDBusError::InvalidArgs, QStringLiteral("There is no such item"));
         return revision_;
     }
-    renew();
+    isLayoutRead_ |= parentId == StatusMenu::root && recursionDepth != 0;
     layout = this->layout(parentId, recursionDepth, propertyNames);
     return revision_;
 }
 
 QList<DbusMenuItem> DbusMenu::GetGroupProperties(const QList<int>& ids,
                                                  const QStringList& propertyNames) {
-    renew();
     QList<DbusMenuItem> items;
     const auto add = [&](int id) {
         if (ids.isEmpty() || ids.contains(id)) {
             items.append({id, properties(id, propertyNames)});
         }
     };
-    add(rootItem);
-    for (const Line& line : lines_) {
+    add(StatusMenu::root);
+    for (const StatusMenu::Line& line : menu_.lines()) {
         add(line.id);
     }
     return items;
 }
 
 QDBusVariant DbusMenu::GetProperty(int id, const QString& name) {
-    renew();
     const QVariantMap found = properties(id, {name});
     if (found.isEmpty()) {
         sendErrorReply(QDBusError::InvalidArgs, QStringLiteral("There is no such property"));
@@ -248,26 +186,22 @@ QList<int> DbusMenu::EventGroup(const QList<DbusMenuEvent>& events) {
 
 bool DbusMenu::AboutToShow(int id) {
     open();
-    return id == rootItem;  // to be read anew, for the title
+    return id == StatusMenu::root;  // to be read anew, for the title
 }
 
 QList<int> DbusMenu::AboutToShowGroup(const QList<int>& ids, QList<int>& idErrors) {
     open();
     std::ranges::remove_copy_if(ids, std::back_inserter(idErrors),
-                                std::bind_front(&DbusMenu::isKnown, this));
-    return ids.contains(rootItem) ? QList<int>{rootItem} : QList<int>();
-}
-
-bool DbusMenu::isKnown(int id) const {
-    return (id >= rootItem && id <= quitItem) || (id >= kFirstEntry && id < nextId_);
+                                [this](int id) { return menu_.isKnown(id); });
+    return ids.contains(StatusMenu::root) ? QList<int>{StatusMenu::root} : QList<int>();
 }
 
 // Without names, all.
-QVariantMap DbusMenu::properties(int id, const QStringList& names) {
+QVariantMap DbusMenu::properties(int id, const QStringList& names) const {
     QVariantMap all;
-    if (id == rootItem) {
+    if (id == StatusMenu::root) {
         all.insert(QStringLiteral("children-display"), QStringLiteral("submenu"));
-    } else if (const Line* const line = this->line(id); line == nullptr) {
+    } else if (const StatusMenu::Line* const line = menu_.line(id); line == nullptr) {
         // Gone, or never there.
     } else if (!line->text) {
         all.insert(QStringLiteral("type"), QStringLiteral("separator"));
@@ -285,8 +219,8 @@ QVariantMap DbusMenu::properties(int id, const QStringList& names) {
 // To all depths where the depth is negative.
 DbusMenuLayout DbusMenu::layout(int id, int depth, const QStringList& names) {
     DbusMenuLayout layout{id, properties(id, names), {}};
-    if (id == rootItem && depth != 0) {
-        for (const Line& line : lines_) {
+    if (id == StatusMenu::root && depth != 0) {
+        for (const StatusMenu::Line& line : menu_.lines()) {
             layout.children.append(QVariant::fromValue(this->layout(line.id, depth - 1, names)));
         }
     }
@@ -294,16 +228,17 @@ DbusMenuLayout DbusMenu::layout(int id, int depth, const QStringList& names) {
 }
 
 bool DbusMenu::handleEvent(int id, const QString& eventId) {
-    if (id == rootItem && eventId == QLatin1String("opened")) {
+    if (id == StatusMenu::root && eventId == QLatin1String("opened")) {
         open();
-    } else if (id == rootItem && eventId == QLatin1String("closed")) {
+    } else if (id == StatusMenu::root && eventId == QLatin1String("closed")) {
         open_.stop();
     } else if (eventId == QLatin1String("clicked")) {
-        if (const Line* const chosen = line(id); chosen != nullptr && chosen->isEnabled) {
+        if (const StatusMenu::Line* const chosen = menu_.line(id);
+            chosen != nullptr && chosen->isEnabled) {
             QTimer::singleShot(0, this, chosen->choose);
         }
     }
-    return isKnown(id);
+    return menu_.isKnown(id);
 }
 
 }  // namespace hearthmark::platform

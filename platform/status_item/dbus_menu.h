@@ -10,13 +10,9 @@
 #include <QTimer>
 #include <QVariantList>
 #include <QVariantMap>
-#include <functional>
-#include <map>
-#include <optional>
-#include <string>
 #include <vector>
 
-#include "services/ports/status_bar.h"
+#include "platform/status_item/status_menu.h"
 
 namespace hearthmark::platform {
 
@@ -56,34 +52,15 @@ class DbusMenu final : public QObject, protected QDBusContext {
     Q_PROPERTY(QStringList IconThemePath READ iconThemePath)
 
  public:
-    // Called from the event loop, when the panel has its answer.
-    struct Actions {
-        std::function<void()> addTask;
-        std::function<void()> show;
-        std::function<void()> checkForUpdates;
-        std::function<void()> quit;
-    };
+    explicit DbusMenu(StatusMenu::Actions actions);
 
-    struct Line {
-        int id = 0;
-        // A line without one separates those around it.
-        std::optional<QString> text;
-        bool isEnabled = false;
-        std::function<void()> choose;
-    };
-
-    explicit DbusMenu(Actions actions);
-
-    // What stands below the title.
-    void setEntries(std::function<std::vector<services::StatusMenuEntry>()> entries);
-    // What has read the menu is told that it is to be read anew, once until it has been.
-    void entriesChanged();
-    // All lines as they are now.
-    const std::vector<Line>& lines();
-
-    // The first line, which does nothing when it is chosen.
     void setTitle(const QString& title);
     void setCanCheckForUpdates(bool canCheckForUpdates);
+    // What has read the menu is told to read it anew, once until it has.
+    void setEntries(StatusMenu::Entries entries);
+    void entriesChanged();
+
+    const std::vector<StatusMenu::Line>& lines() { return menu_.lines(); }
 
     uint version() const { return 3; }
     QString textDirection() const;
@@ -111,31 +88,18 @@ class DbusMenu final : public QObject, protected QDBusContext {
     // NOLINTEND(readability-identifier-naming)
 
  private:
-    // Above the numbers of the lines that are always there.
-    static constexpr int kFirstEntry = 100;
-
-    void renew();
-    // Null for the root, and for what is not there or no longer.
-    Line* line(int id);
-    // Whether a panel can know it, though it may be gone by now.
-    bool isKnown(int id) const;
-    QVariantMap properties(int id, const QStringList& names);
+    QVariantMap properties(int id, const QStringList& names) const;
     DbusMenuLayout layout(int id, int depth, const QStringList& names);
     bool handleEvent(int id, const QString& eventId);
     void open();
     void tellTitle();
+    void tellLayout();
 
-    Actions actions_;
-    std::function<std::vector<services::StatusMenuEntry>()> entries_;
-    std::vector<Line> lines_;
-    bool areLinesCurrent_ = false;
+    StatusMenu menu_;
+    bool isLayoutRead_ = false;
     uint revision_ = 1;
-    // Of the entries that are there, by their keys. No number is used again for another.
-    std::map<std::string, int> ids_;
-    int nextId_ = kFirstEntry;
     QString title_;
     QString toldTitle_;
-    bool canCheckForUpdates_ = false;
     // Runs while the menu can be seen.
     QTimer open_;
     // Between two messages of the title.

@@ -59,7 +59,7 @@ const QDBusArgument& operator>>(const QDBusArgument& argument, StatusToolTip& to
                          toolTip.description);
 }
 
-StatusNotifierItem::StatusNotifierItem(Handlers handlers, DbusMenu::Actions menuActions)
+StatusNotifierItem::StatusNotifierItem(Handlers handlers, StatusMenu::Actions menuActions)
     : handlers_(std::move(handlers)),
       menu_({.addTask = [this, add = std::move(menuActions.addTask)] { act(add); },
              .show = [this, show = std::move(menuActions.show)] { act(show); },

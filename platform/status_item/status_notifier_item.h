@@ -57,7 +57,7 @@ class StatusNotifierItem final : public QObject {
 
     // Takes its place on the bus with the next turn of the event loop. Where there is no bus,
     // nothing shows it.
-    StatusNotifierItem(Handlers handlers, DbusMenu::Actions menuActions);
+    StatusNotifierItem(Handlers handlers, StatusMenu::Actions menuActions);
     ~StatusNotifierItem() override;
 
     void setTitle(const QString& title);

@@ -6,7 +6,7 @@
 #include <memory>
 #include <vector>
 
-#include "platform/status_item/dbus_menu.h"
+#include "platform/status_item/status_menu.h"
 #include "services/ports/status_bar.h"
 
 namespace hearthmark::platform {
@@ -23,7 +23,8 @@ class SystemStatusBar final : public services::StatusBar {
         std::function<void()> checkForUpdates;
         std::function<void()> quit;
         // Of the item in X11's tray, which shows none itself.
-        std::function<void(const std::vector<DbusMenu::Line>& lines, const QPoint& place)> showMenu;
+        std::function<void(const std::vector<StatusMenu::Line>& lines, const QPoint& place)>
+            showMenu;
     };
 
     explicit SystemStatusBar(Handlers handlers);
