@@ -240,11 +240,12 @@ class Notifications(ProgramTest):
         self.assertLess(daemon.taken[4][0] - pressed, 0.9)
         self.assertEqual(daemon.taken[4][1][3], "-")
         daemon.bus.close_sync()
-        daemon = Daemon(capabilities=["actions", "body"])
+        daemon = Daemon(capabilities=["body"])
         program.launch()
         self.focus("-")
         program.press("Finish")
         wait_for(lambda: daemon.taken and program.has_loaded("libcanberra"), "a sound of the program's")
+        self.assertEqual(daemon.taken[0][1][5], ["default", "Show"], "it has no buttons")
 
     def test_its_buttons_go_on_without_the_window(self):
         daemon = Daemon()

@@ -43,7 +43,8 @@ TEST(LocalNotificationService, PostsWhatFinishesInATaskAndNothingElse) {
         store.clock->time = store.clock->time + 400s;
         store.service->finishDueIntervals();
     }
-    EXPECT_EQ(store.sql("SELECT maxDuration FROM Interval ORDER BY pk DESC LIMIT 2"), "200.0 300.0");
+    EXPECT_EQ(store.sql("SELECT maxDuration FROM Interval ORDER BY pk DESC LIMIT 2"),
+              "200.0 300.0");
     store.service->finishInterval(
         *store.addInterval(task, IntervalState::running(at(900)), 0s, 0s).id(), *task.id());
     EXPECT_EQ(center->added.back().content.buttons.size(), 1) << "it had no length";
