@@ -24,14 +24,6 @@ TaskDetailViewState::View placeholder() {
             .totalTimeSpent = "-"};
 }
 
-std::optional<base::Seconds> restOf(const store::Interval& interval) {
-    constexpr base::Seconds kLeastRest{1};
-    const base::Seconds rest = interval.maxDuration() - interval.duration();
-    const bool isShort = interval.isFinished() && interval.duration() >= base::Seconds(0) &&
-                         rest >= kLeastRest && store::formattedDuration(rest);
-    return isShort ? std::optional(rest) : std::nullopt;
-}
-
 }  // namespace
 
 TaskDetailViewModel::TaskDetailViewModel(
@@ -103,7 +95,7 @@ TaskDetailViewModel::nonRunningIntervals(const std::vector<const store::Interval
                             .onDeleteCommand = deleteAction(*interval->id()),
                             .totalTimeSpent = timeSpentText(*interval),
                             .creationDate = interval->creationDate(),
-                            .rest = restOf(*interval)});
+                            .rest = services::restOf(*interval)});
         }
     }
     return livedata::SharedList(std::move(rows));

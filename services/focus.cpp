@@ -29,6 +29,7 @@ void startFocus(store::DataOperationsServiceProtocol& operations, const base::Cl
 std::optional<base::Seconds> restOf(const store::Interval& interval) {
     constexpr base::Seconds kLeastRest{1};
     const base::Seconds rest = interval.maxDuration() - interval.duration();
+    // A damaged file may hold times that are less than nothing, or endless.
     const bool isShort = interval.isFinished() && interval.duration() >= base::Seconds(0) &&
                          rest >= kLeastRest && store::formattedDuration(rest);
     return isShort ? std::optional(rest) : std::nullopt;

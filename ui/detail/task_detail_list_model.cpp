@@ -63,8 +63,10 @@ bool hasOtherDate(const TaskDetailRow& a, const TaskDetailRow& b) {
 
 const std::vector<RowRole<TaskDetailRow>>& TaskDetailRow::roles() {
     static const std::vector kRoles{
-        kindRole<TaskDetailRow>(), role<&TaskDetailRow::text>("text"),
-        role<&TaskDetailRow::isCut>("isCut"), role<&TaskDetailRow::isEdited>("isEdited"),
+        kindRole<TaskDetailRow>(),
+        role<&TaskDetailRow::text>("text"),
+        role<&TaskDetailRow::isCut>("isCut"),
+        role<&TaskDetailRow::isEdited>("isEdited"),
         RowRole<TaskDetailRow>{"began", &beganOf, &hasOtherDate},
         RowRole<TaskDetailRow>{
             "continueText", &continueText,
