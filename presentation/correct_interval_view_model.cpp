@@ -19,6 +19,8 @@ using namespace std::chrono_literals;
 constexpr base::Seconds kUsualTimeSpent = 30min;
 constexpr base::Seconds kShortestLength = 1s;
 constexpr base::Seconds kLongestLength = 24h;
+// What sums of dates may be off by.
+constexpr base::Seconds kRounding = 1ms;
 
 base::Date flooredToMinutes(base::Date date) {
     return base::Date(base::Seconds(std::floor(date.sinceReferenceDate() / 1min) * 60));
@@ -137,10 +139,11 @@ std::optional<std::string> CorrectIntervalViewModel::startFault(const IntervalFo
         return std::nullopt;  // which is looked at by itself
     }
     const base::Seconds spent = timeSpent(form);
-    if (spent < 0s) {
+    if (spent < -kRounding) {
         return "Less than nothing would be left of the time spent.";
     }
-    return *begun + spent > now ? std::optional("It would end in the future.") : std::nullopt;
+    return *begun + spent > now + kRounding ? std::optional("It would end in the future.")
+                                            : std::nullopt;
 }
 
 std::optional<std::string> CorrectIntervalViewModel::timeSpentFault(
@@ -149,7 +152,7 @@ std::optional<std::string> CorrectIntervalViewModel::timeSpentFault(
         return "This is not a time: 25:00 is 25 minutes, 1:30:00 an hour and a half.";
     }
     const std::optional<base::Date> begun = start(form);
-    if (begun && *begun + *form.timeSpent.value > clock_->now()) {
+    if (begun && *begun + *form.timeSpent.value > clock_->now() + kRounding) {
         return "There was not so much time since the start.";
     }
     return std::nullopt;

@@ -40,20 +40,20 @@ void DataOperationsService::renameTask(const base::Uuid& taskId, const std::stri
     change(Change::Kind::renameTask, taskId, RenameTask{.taskId = taskId, .name = name});
 }
 
-void DataOperationsService::addInterval(const IntervalData& data, const base::Uuid& taskId) {
-    if (data.state.isFinished()) {
+void DataOperationsService::addInterval(const IntervalData& interval, const base::Uuid& taskId) {
+    if (interval.state.isFinished()) {
         change(Change::Kind::addInterval, taskId,
                Add<IntervalRecord>{
-                   .record = {.id = data.id,
-                              .creationDate = data.creationDate,
-                              .duration = data.duration,
-                              .maxDuration = data.maxDuration,
+                   .record = {.id = interval.id,
+                              .creationDate = interval.creationDate,
+                              .duration = interval.duration,
+                              .maxDuration = interval.maxDuration,
                               .rawState = {{.state = static_cast<std::int16_t>(StateCode::finished),
                                             .started = std::nullopt,
                                             .visited = std::nullopt}}},
                    .taskId = taskId});
     } else if (Task* found = task(taskId)) {
-        found->addIntervalsObject(*Interval::create(data, context()));
+        found->addIntervalsObject(*Interval::create(interval, context()));
         save();
     }
 }
@@ -118,9 +118,9 @@ void DataOperationsService::moveNote(const base::Uuid& noteId, const base::Uuid&
 
 std::shared_ptr<const Change> DataOperationsService::undo(const Change& change) {
     std::optional<Edit> inverse = applyAndSave(change.inverse);
-    return inverse
-               ? std::make_shared<const Change>(change.kind, change.taskName, *std::move(inverse))
-               : nullptr;
+    return inverse ? std::make_shared<const Change>(
+                         Change{change.kind, change.taskName, *std::move(inverse)})
+                   : nullptr;
 }
 
 void DataOperationsService::finishDueIntervals() {
@@ -201,7 +201,7 @@ void DataOperationsService::change(Change::Kind kind, const base::Uuid& taskId, 
     if (std::optional<Edit> inverse = applyAndSave(edit)) {
         const std::optional<std::string> nameAfter = name();
         latestChange_.setValue(std::make_shared<const Change>(
-            kind, nameAfter ? nameAfter : nameBefore, *std::move(inverse)));
+            Change{kind, nameAfter ? nameAfter : nameBefore, *std::move(inverse)}));
     }
 }
 

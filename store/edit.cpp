@@ -67,7 +67,7 @@ class Application {
 
     template <class Entity>
     std::optional<Edit> operator()(const Remove<Entity>& edit) const {
-        Entity* entity = find<Entity>(edit.id, edit.taskId);
+        auto* entity = find<Entity>(edit.id, edit.taskId);
         if (entity == nullptr) {
             return std::nullopt;
         }
@@ -77,7 +77,7 @@ class Application {
     }
 
     std::optional<Edit> operator()(const Take<Interval>& edit) const {
-        Interval* interval = find<Interval>(edit.id, edit.taskId);
+        auto* interval = find<Interval>(edit.id, edit.taskId);
         if (interval == nullptr) {
             return std::nullopt;
         }
@@ -106,7 +106,7 @@ class Application {
     }
 
     std::optional<Edit> operator()(const Take<Note>& edit) const {
-        Note* note = find<Note>(edit.id, edit.taskId);
+        auto* note = find<Note>(edit.id, edit.taskId);
         if (note == nullptr) {
             return std::nullopt;
         }
@@ -134,7 +134,7 @@ class Application {
     }
 
     std::optional<Edit> operator()(const EditNote& edit) const {
-        Note* note = find<Note>(edit.noteId, edit.taskId);
+        auto* note = find<Note>(edit.noteId, edit.taskId);
         if (note == nullptr || note->text() == edit.text) {
             return std::nullopt;
         }
@@ -144,7 +144,7 @@ class Application {
     }
 
     std::optional<Edit> operator()(const MoveNote& edit) const {
-        Note* note = find<Note>(edit.noteId, edit.taskId);
+        auto* note = find<Note>(edit.noteId, edit.taskId);
         Task* newTask = taskWithId(tasks_, edit.newTaskId);
         if (note == nullptr || newTask == nullptr || newTask == note->task()) {
             return std::nullopt;
@@ -154,7 +154,7 @@ class Application {
     }
 
     std::optional<Edit> operator()(const CorrectInterval& edit) const {
-        Interval* interval = find<Interval>(edit.intervalId, edit.taskId);
+        auto* interval = find<Interval>(edit.intervalId, edit.taskId);
         Task* newTask = edit.newTaskId ? taskWithId(tasks_, *edit.newTaskId) : nullptr;
         if (interval == nullptr || (edit.newTaskId && newTask == nullptr)) {
             return std::nullopt;

@@ -22,9 +22,12 @@ void UndoHistory::undo() {
 }
 
 void UndoHistory::undo(const Step& step) {
-    const Step held = step;
-    if (std::erase(undos_, held) > 0) {
-        if (Step redo = dataOperationsService_->undo(*held)) {
+    const auto found = std::ranges::find(undos_, step);
+    if (found != undos_.end()) {
+        // Out of the list first: whoever is told looks there.
+        const Step undone = std::move(*found);
+        undos_.erase(found);
+        if (Step redo = dataOperationsService_->undo(*undone)) {
             redos_.push_back(std::move(redo));
         }
         show();

@@ -16,6 +16,12 @@ FocusScope {
     // An arrow key was pressed, upwards by 1 or downwards by -1.
     signal stepped(steps: int)
 
+    // As fields do, so that what is typed takes the place of what was there.
+    function markAll() {
+        if (input.activeFocus)
+            input.selectAll();
+    }
+
     // A step keeps the cursor in its part of the text.
     function replaceText(text: string) {
         const position = input.cursorPosition;
@@ -66,6 +72,7 @@ FocusScope {
                 verticalAlignment: TextInput.AlignVCenter
                 selectByMouse: true
                 onTextEdited: root.edited()
+                onActiveFocusChanged: root.markAll()
                 Keys.onUpPressed: root.stepped(1)
                 Keys.onDownPressed: root.stepped(-1)
                 Accessible.role: Accessible.EditableText
