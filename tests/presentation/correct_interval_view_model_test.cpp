@@ -23,13 +23,14 @@ IntervalForm::Field<Value> typed(std::optional<Value> value) {
 
 // In Berlin the clocks went back on 25 October 2026 at 3:00 to 2:00, and forward on 29 March.
 class CorrectIntervalTest : public testing::Test {
- protected:
+ public:
     CorrectIntervalTest() {
         ::setenv("TZ", "Europe/Berlin", 1);
         store.clock->time = moment(onTheWall(11, 23, 14h));
     }
     ~CorrectIntervalTest() override { ::unsetenv("TZ"); }
 
+ protected:
     base::Date moment(const base::LocalTime& time, std::size_t which = 0) const {
         return calendar->moments(time).at(which);
     }
@@ -118,7 +119,7 @@ TEST_F(CorrectIntervalTest, SaysWhatIsWrongWithWhatWasChanged) {
 TEST_F(CorrectIntervalTest, KeepsTheHourOfATimeThatComesTwice) {
     const base::LocalTime twice = onTheWall(10, 25, 2h + 30min);
     ASSERT_EQ(calendar->moments(twice).size(), 2);
-    for (const std::size_t which : {0, 1}) {
+    for (const std::size_t which : {std::size_t{0}, std::size_t{1}}) {
         const base::Date begun = moment(twice, which) + 0.5s;
         const base::Uuid id =
             *store.addInterval(task, store::IntervalState::finished(), 60s, 0s, begun).id();

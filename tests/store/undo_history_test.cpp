@@ -13,9 +13,6 @@
 namespace hearthmark::store {
 namespace {
 
-using namespace std::chrono_literals;
-using tests::at;
-
 struct IntervalRow {
     std::string task;
     std::string creationDate;
