@@ -140,6 +140,8 @@ class Application {
         }
         EditNote inverse{.noteId = edit.noteId, .taskId = edit.taskId, .text = note->text()};
         note->setText(edit.text);
+        // Whoever follows the tasks shows their notes.
+        note->task()->setName(note->task()->name());
         return inverse;
     }
 

@@ -177,19 +177,23 @@ class NotesAndShare(ProgramTest):
         click(program.find("Text of the note", "text"))
         key("ctrl+End", "3", "ctrl+Return")
         wait_for_stored("Long nam", "B", "Old1\n23")
+        program.find("Old1\n23", "list item")
+        key("F2", "ctrl+End", "4")
+        click(program.find("Save"))
+        program.find("Old1\n234", "list item")
         # With nothing left to undo nothing but the text is undone, and with nothing left of it it goes.
         key("F2", "x", *["ctrl+z"] * 3, "ctrl+a", "Delete", "Delete")
         program.find("Delete")
-        wait_for_stored("Long nam", "B", "Old1\n23")
+        wait_for_stored("Long nam", "B", "Old1\n234")
         key("ctrl+Return")
         wait_for_stored("Long nam", "B")
         program.press("Undo")
-        wait_for_stored("Long nam", "B", "Old1\n23")
+        wait_for_stored("Long nam", "B", "Old1\n234")
         program.press("Edit note")
         key("4")
         program.process.terminate()
         self.assertEqual(program.finished(), (0, ""))
-        wait_for_stored("Long nam", "B", "Old1\n234")
+        wait_for_stored("Long nam", "B", "Old1\n2344")
 
     def test_what_the_keyboard_acts_on_is_brought_on_screen(self):
         def wait_until_visible(name):

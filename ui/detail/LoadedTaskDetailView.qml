@@ -103,9 +103,10 @@ HeadedListView {
         }
     }
 
-    // In the order of the Tab key.
+    // In the order of the Tab key, above the rows: an editor lies over its own.
     Item {
         parent: root.contentItem
+        z: 2 // the toolkit gives rows 1
 
         TaskDetailHeader {
             id: header

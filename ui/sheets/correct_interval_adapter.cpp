@@ -116,6 +116,12 @@ presentation::IntervalForm CorrectIntervalAdapter::form() const {
                         length.isEmpty() ? std::optional(base::Seconds(0)) : durationOf(length))};
 }
 
+QString CorrectIntervalAdapter::startFault() const {
+    const QString fault = faultOf(presentation::IntervalField::start);
+    const bool needsExample = !fault.isEmpty() && !format_.read(start_) && !firstStart_.isEmpty();
+    return needsExample ? fault + " It was " + firstStart_ + "." : fault;
+}
+
 QString CorrectIntervalAdapter::faultOf(presentation::IntervalField field) const {
     return state_.fault && state_.fault->field == field ? toQString(state_.fault->reason)
                                                         : QString();

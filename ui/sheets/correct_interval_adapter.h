@@ -38,7 +38,8 @@ class CorrectIntervalAdapter final : public QObject {
 
     bool isNew() const { return viewModel_->isNew(); }
     int task() const { return task_; }
-    QString startFault() const { return faultOf(presentation::IntervalField::start); }
+    // With the one of the beginning as an example where it cannot be read.
+    QString startFault() const;
     QString timeSpentFault() const { return faultOf(presentation::IntervalField::timeSpent); }
     QString lengthFault() const { return faultOf(presentation::IntervalField::length); }
     QString remark() const;
