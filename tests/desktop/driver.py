@@ -178,8 +178,10 @@ class WaylandDesktop(Desktop):
 
 
 def complaints(errors):
-    """Less those of newer toolkits about a reader that asks for what has just gone."""
-    return re.sub("qt.accessibility.atspi: Could not find accessible .*\n", "", errors.decode())
+    """Less those of newer toolkits about a reader that asks for what has just gone, and of the toolkit
+    about itself where a connection ends in two ways at once."""
+    return re.sub("(qt.accessibility.atspi: Could not find accessible"
+                  "|QNetworkReplyImplPrivate::error: Internal problem).*\n", "", errors.decode())
 
 
 class Program:
