@@ -6,6 +6,7 @@
 #include <cmath>
 #include <utility>
 
+#include "presentation/focus_length.h"
 #include "presentation/texts.h"
 #include "store/interval.h"
 #include "store/newest_first.h"
@@ -17,8 +18,6 @@ namespace {
 using namespace std::chrono_literals;
 
 constexpr base::Seconds kUsualTimeSpent = 30min;
-constexpr base::Seconds kShortestLength = 1s;
-constexpr base::Seconds kLongestLength = 24h;
 // What sums of dates may be off by.
 constexpr base::Seconds kRounding = 1ms;
 
@@ -175,7 +174,7 @@ std::optional<CorrectIntervalViewState::Fault> CorrectIntervalViewModel::fault(
     }
     const base::Seconds length = form.length.value.value_or(base::Seconds(-1));
     if (form.length.isChanged && length != base::Seconds(0) &&
-        !(length >= kShortestLength && length <= kLongestLength)) {
+        !(length >= kShortestFocus && length <= kLongestFocus)) {
         return faultAt(IntervalField::length,
                        "This is not a length from a second to 24 hours; empty means no limit.");
     }

@@ -107,13 +107,13 @@ livedata::Action TaskDetailViewModel::deleteAction(const base::Uuid& intervalId)
     }));
 }
 
-std::optional<livedata::Action> TaskDetailViewModel::extendAction(const store::Interval& interval) {
+livedata::Action TaskDetailViewModel::extendAction(const store::Interval& interval) {
     if (!(interval.maxDuration() > base::Seconds(0))) {
-        return std::nullopt;
+        return nullptr;
     }
     return livedata::makeAction(base::weakly(weak_from_this(), [intervalId =
                                                                     *interval.id()](auto& self) {
-        self.dataOperationsService_->extendInterval(intervalId, self.selectedTaskId_, kExtension);
+        self.dataOperationsService_->extendInterval(intervalId, self.selectedTaskId_, kMoreFocus);
     }));
 }
 

@@ -56,7 +56,7 @@ class TaskDetailViewModel final : public TaskDetailViewModelProtocol,
     livedata::SharedList<TaskDetailViewState::NonRunningInterval> nonRunningIntervals(
         const std::vector<const store::Interval*>& settled);
     livedata::Action deleteAction(const base::Uuid& intervalId);
-    std::optional<livedata::Action> extendAction(const store::Interval& interval);
+    livedata::Action extendAction(const store::Interval& interval);
     std::string timeSpentText(const store::Interval& interval) const;
     livedata::Action startAction(base::Seconds maxDuration);
     void startFocus(base::Seconds maxDuration);

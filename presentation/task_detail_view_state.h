@@ -13,11 +13,10 @@
 
 namespace hearthmark::presentation {
 
-// The view makes the labels of the two start buttons from them too.
+// The view makes the labels of its buttons from them too.
 using services::kLongFocus;
+using services::kMoreFocus;
 using services::kShortFocus;
-// What a running interval is given more.
-constexpr base::Seconds kExtension{300};
 
 // What the detail pane shows of one task and what can be done there.
 struct TaskDetailViewState {
@@ -30,8 +29,8 @@ struct TaskDetailViewState {
         // Towards its maximum, from 0 to 1.
         double progress;
         std::optional<base::Date> creationDate;
-        // By kExtension; absent where it has no length.
-        std::optional<livedata::Action> onExtend;
+        // By kMoreFocus; absent where it has no length.
+        livedata::Action onExtend;
 
         bool operator==(const RunningInterval&) const = default;
     };

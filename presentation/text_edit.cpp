@@ -10,12 +10,8 @@ const std::optional<std::string>* storedText(const TextEdit& edit, const store::
     if (!edit.noteId) {
         return &task.name();
     }
-    for (const store::Note* note : task.notes()) {
-        if (note->id() == edit.noteId) {
-            return &note->text();
-        }
-    }
-    return nullptr;
+    const store::Note* note = store::firstWithId(task.notes(), *edit.noteId);
+    return note != nullptr ? &note->text() : nullptr;
 }
 
 void saveText(const TextEdit& edit, const store::Task& task,

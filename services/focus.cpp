@@ -2,6 +2,7 @@
 #include "services/focus.h"
 
 #include <algorithm>
+#include <cmath>
 
 #include "store/interval.h"
 #include "store/time_texts.h"
@@ -33,6 +34,10 @@ std::optional<base::Seconds> restOf(const store::Interval& interval) {
     const bool isShort = interval.isFinished() && interval.duration() >= base::Seconds(0) &&
                          rest >= kLeastRest && store::formattedDuration(rest);
     return isShort ? std::optional(rest) : std::nullopt;
+}
+
+std::optional<std::string> restText(base::Seconds rest) {
+    return store::formattedDuration(base::Seconds(std::ceil(rest.count())));
 }
 
 }  // namespace hearthmark::services

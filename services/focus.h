@@ -2,6 +2,7 @@
 #pragma once
 
 #include <optional>
+#include <string>
 
 #include "base/clock.h"
 #include "base/date.h"
@@ -15,7 +16,7 @@ namespace hearthmark::services {
 constexpr base::Seconds kShortFocus{1800};
 constexpr base::Seconds kLongFocus{3600};
 
-// The length of what is started since the one before was too short.
+// What is offered where a focus was too short: for the running one, or as another.
 constexpr base::Seconds kMoreFocus{300};
 
 // No interval of any task is running.
@@ -28,5 +29,8 @@ void startFocus(store::DataOperationsServiceProtocol& operations, const base::Cl
 // What a finished interval is short of its length; absent where that is less than a second, or it
 // has none.
 std::optional<base::Seconds> restOf(const store::Interval& interval);
+
+// A rest in whole seconds, none too few.
+std::optional<std::string> restText(base::Seconds rest);
 
 }  // namespace hearthmark::services

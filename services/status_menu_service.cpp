@@ -2,7 +2,6 @@
 #include "services/status_menu_service.h"
 
 #include <algorithm>
-#include <cmath>
 #include <cstddef>
 #include <string>
 #include <utility>
@@ -67,9 +66,7 @@ std::vector<StatusMenuEntry> StatusMenuService::entries() const {
         if (const auto rest = restOf(*used.front().newest)) {
             StatusMenuEntry entry = startEntry(*used.front().task, *rest);
             entry.key = "continue " + entry.key;
-            // As a whole second that has begun.
-            const base::Seconds shown(std::ceil(rest->count()));
-            entry.text = "Continue " + store::formattedDuration(shown).value_or("-");
+            entry.text = "Continue " + restText(*rest).value_or("-");
             entries.push_back(std::move(entry));
         }
     }

@@ -70,6 +70,9 @@ TEST_F(NotesViewModelTest, SavesTheNoteOpenedLastTrimmedAndDatedWhenItWasOpened)
 TEST_F(NotesViewModelTest, DoesNothingOnceItsTaskOrItIsGone) {
     (*view().onAddNoteTapped)();
     const NotesViewState::View last = view();
+    store.service->editNote(last.committedNotes[0].id, id, "edited");
+    EXPECT_EQ(text(), "edited new old []");
+    store.service->undo(*store.service->latestChange().value());
     store.service->deleteTask(*store.first<store::Task>().id());
     (*view().onAddNoteTapped)();
     EXPECT_EQ(text(), "");

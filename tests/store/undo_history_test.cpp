@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include <functional>
 #include <map>
 #include <sstream>
 
@@ -62,6 +63,21 @@ struct Rows {
     std::map<std::string, IntervalRow> intervals;
 };
 
+// Each of the first, but for its time where that may have counted.
+template <class HasKeptItsTime>
+void expectIntervals(const Rows& expected, const Rows& rows, const HasKeptItsTime& hasKeptItsTime) {
+    for (const auto& [id, row] : expected.intervals) {
+        ASSERT_TRUE(rows.intervals.contains(id)) << id;
+        const IntervalRow& now = rows.intervals.at(id);
+        EXPECT_EQ(now.task, row.task);
+        EXPECT_EQ(now.creationDate, row.creationDate);
+        EXPECT_EQ(now.maxDuration, row.maxDuration);
+        if (std::invoke(hasKeptItsTime, row)) {
+            EXPECT_EQ(now.counted, row.counted);
+        }
+    }
+}
+
 TEST(UndoHistory, TakesAllBackAndDoesAllAgainFieldByField) {
     constexpr unsigned kRounds = 20;
     constexpr int kOperations = 90;  // at most as many steps as are remembered
@@ -86,16 +102,7 @@ TEST(UndoHistory, TakesAllBackAndDoesAllAgainFieldByField) {
         steps += undone;
         const Rows before(store.context());
         EXPECT_TRUE(before.tasksAndNotes == beginning.tasksAndNotes);
-        for (const auto& [id, row] : beginning.intervals) {
-            ASSERT_TRUE(before.intervals.contains(id)) << id;
-            const IntervalRow& now = before.intervals.at(id);
-            EXPECT_EQ(now.task, row.task);
-            EXPECT_EQ(now.creationDate, row.creationDate);
-            EXPECT_EQ(now.maxDuration, row.maxDuration);
-            if (row.isFinished()) {
-                EXPECT_EQ(now.counted, row.counted);
-            }
-        }
+        expectIntervals(beginning, before, &IntervalRow::isFinished);
         // More there is only what was started, on tasks that were there, as it was started.
         for (const auto& [id, row] : before.intervals) {
             EXPECT_TRUE(beginning.tasksAndNotes.contains(row.task) || row.task == "no task");
@@ -108,17 +115,8 @@ TEST(UndoHistory, TakesAllBackAndDoesAllAgainFieldByField) {
         const Rows redone(store.context());
         EXPECT_TRUE(redone.tasksAndNotes == end.tasksAndNotes);
         EXPECT_EQ(redone.intervals.size(), end.intervals.size());
-        for (const auto& [id, row] : end.intervals) {
-            ASSERT_TRUE(redone.intervals.contains(id)) << id;
-            const IntervalRow& now = redone.intervals.at(id);
-            EXPECT_EQ(now.task, row.task);
-            EXPECT_EQ(now.creationDate, row.creationDate);
-            EXPECT_EQ(now.maxDuration, row.maxDuration);
-            // Without a task it went on, until it was brought back.
-            if (row.task != "no task") {
-                EXPECT_EQ(now.counted, row.counted);
-            }
-        }
+        // Without a task it went on, until it was brought back.
+        expectIntervals(end, redone, [](const IntervalRow& row) { return row.task != "no task"; });
     }
     EXPECT_GT(steps, 20 * static_cast<int>(kRounds));
 }

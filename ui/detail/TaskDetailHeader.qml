@@ -142,7 +142,7 @@ FocusScope {
 
                 anchors.right: parent.right
                 anchors.bottom: parent.bottom
-                enabled: root.adapter.notes.canAddNote || root.adapter.notes.isWriting // the task is there
+                enabled: root.adapter.edit.canEdit // the task is there
                 text: qsTr("Add an Interval…")
                 onClicked: root.adapter.addInterval()
             }

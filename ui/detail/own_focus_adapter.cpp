@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "ui/detail/own_focus_adapter.h"
 
-#include "store/time_texts.h"
 #include "ui/state/state_adapter.h"
+#include "ui/text/duration_text.h"
 #include "ui/text/text_conversion.h"
 
 namespace hearthmark::ui {
@@ -10,10 +10,6 @@ namespace hearthmark::ui {
 namespace {
 
 using Reading = presentation::TypedLength::Reading;
-
-QString durationText(base::Seconds duration) {
-    return toQString(store::formattedDuration(duration).value_or(""));
-}
 
 }  // namespace
 

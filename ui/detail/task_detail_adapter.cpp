@@ -4,24 +4,20 @@
 #include <utility>
 #include <vector>
 
-#include "store/time_texts.h"
 #include "ui/state/replace_adapter.h"
 #include "ui/state/run_action.h"
 #include "ui/text/began_text.h"
+#include "ui/text/duration_text.h"
 #include "ui/text/text_conversion.h"
 
 namespace hearthmark::ui {
 
 namespace {
 
-QString durationText(base::Seconds duration) {
-    return toQString(store::formattedDuration(duration).value_or(""));
-}
-
 std::vector<IntervalRow> intervalRows(
     const std::vector<presentation::TaskDetailViewState::RunningInterval>& intervals,
     std::optional<base::Date> today) {
-    const QString extension = QLatin1Char('+') + durationText(presentation::kExtension);
+    const QString extension = QLatin1Char('+') + durationText(presentation::kMoreFocus);
     std::vector<IntervalRow> rows;
     rows.reserve(intervals.size());
     RowKeys keys;
@@ -34,7 +30,7 @@ std::vector<IntervalRow> intervalRows(
                         .extension = interval.onExtend ? extension : QString(),
                         .onButtonTap = {},
                         .onDelete = interval.onDeleteCommand,
-                        .onExtend = interval.onExtend.value_or(nullptr)});
+                        .onExtend = interval.onExtend});
     }
     return rows;
 }

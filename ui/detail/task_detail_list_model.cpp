@@ -4,10 +4,9 @@
 #include <QClipboard>
 #include <QGuiApplication>
 #include <algorithm>
-#include <cmath>
 #include <utility>
 
-#include "store/time_texts.h"
+#include "services/focus.h"
 #include "ui/state/run_action.h"
 #include "ui/state/state_adapter.h"
 #include "ui/text/began_text.h"
@@ -39,11 +38,8 @@ qsizetype shownLength(const QString& note) {
     return isInCharacter ? end - 1 : end;
 }
 
-// The rest as its button says it, in whole seconds, none too few.
 QVariant continueText(const TaskDetailRow& row) {
-    const auto rest = row.rest
-                          ? store::formattedDuration(base::Seconds(std::ceil(row.rest->count())))
-                          : std::nullopt;
+    const auto rest = row.rest ? services::restText(*row.rest) : std::nullopt;
     return rest ? TaskDetailListModel::tr("Continue %1").arg(toQString(*rest)) : QString();
 }
 

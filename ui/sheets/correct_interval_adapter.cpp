@@ -5,8 +5,8 @@
 #include <utility>
 
 #include "presentation/focus_length.h"
-#include "store/time_texts.h"
 #include "ui/state/state_adapter.h"
+#include "ui/text/duration_text.h"
 #include "ui/text/text_conversion.h"
 
 namespace hearthmark::ui {
@@ -14,8 +14,8 @@ namespace hearthmark::ui {
 namespace {
 
 // With its minutes also where there are none, since a number alone is read as minutes.
-QString durationText(base::Seconds duration) {
-    const QString text = toQString(store::formattedDuration(duration).value_or(""));
+QString fieldText(base::Seconds duration) {
+    const QString text = durationText(duration);
     return text.isEmpty() || text.contains(':') ? text : "0:" + text.rightJustified(2, '0');
 }
 
@@ -45,8 +45,8 @@ CorrectIntervalAdapter::CorrectIntervalAdapter(
     task_ = own != tasks_.end() ? static_cast<int>(own - tasks_.begin()) : -1;
     const auto& [isRunning, start, timeSpent, length] = viewModel_->beginning();
     start_ = start ? format_.text(*start) : QString();
-    timeSpent_ = durationText(timeSpent);
-    length_ = length > base::Seconds(0) ? durationText(length) : QString();
+    timeSpent_ = fieldText(timeSpent);
+    length_ = length > base::Seconds(0) ? fieldText(length) : QString();
     firstStart_ = start_;
     firstTimeSpent_ = timeSpent_;
     firstLength_ = length_;
