@@ -269,7 +269,10 @@ TEST(DayAndTime, IsInTheOrderOfTheLanguageWithTheYearWhereItIsAnother) {
         };
         EXPECT_EQ(dayAndTime(moment, QDate(2026, 11, 20), locale), time);
         EXPECT_EQ(dayAndTime(moment, QDate(2026, 1, 1), locale), expected(sameYear)) << language;
-        EXPECT_EQ(dayAndTime(moment, QDate(2027, 1, 1), locale), expected(otherYear)) << language;
+        // Some versions of the locale data have another space before the "г." than others.
+        EXPECT_EQ(dayAndTime(moment, QDate(2027, 1, 1), locale).simplified(),
+                  expected(otherYear).simplified())
+            << language;
     }
     EXPECT_EQ(dayAndTime(moment, QDate(2026, 1, 1), QLocale::c()), "Fri 20 Nov, 14:05");
 }

@@ -68,7 +68,8 @@ LocalTimeText::LocalTimeText(const QLocale& locale) : locale_(locale) {
     if (!date.contains(QLatin1String("yyyy"))) {
         date.replace(QLatin1String("yy"), QLatin1String("yyyy"));
     }
-    QString time = locale.timeFormat(QLocale::ShortFormat);
+    // Newer locale data have spaces in it that nobody can type.
+    QString time = locale.timeFormat(QLocale::ShortFormat).simplified();
     time.remove(QLatin1String(":ss"));
     formatWithoutSeconds_ = date + QLatin1Char(' ') + time;
     format_ = date + QLatin1Char(' ') + time.replace(QLatin1String("mm"), QLatin1String("mm:ss"));
