@@ -65,7 +65,7 @@ void FocusOverviewViewModel::follow(const store::Tasks& tasks) {
     for (const store::Task& task : tasks) {
         if (!taskId_ || task.id() == taskId_) {
             counted.push_back(&task);
-            if (!task.intervalSummary()->running.empty()) {
+            if (task.isRunning()) {
                 running_.push_back(&task);
             }
         }

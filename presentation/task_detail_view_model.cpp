@@ -71,7 +71,9 @@ TaskDetailViewState::View TaskDetailViewModel::view(const store::Task& task) {
         .nonRunningIntervals = nonRunningIntervals_,
         .runningIntervals = {},
         .taskName = orDash(task.name()),
-        .totalTimeSpent = orDash(store::formattedDuration(store::timeSpent(task, *clock_)))};
+        .totalTimeSpent = orDash(store::formattedDuration(store::timeSpent(task, *clock_))),
+        .isDone = task.doneDate() && !task.isRunning(),
+        .onDoneTap = task.isRunning() ? nullptr : doneAction(task.doneDate().has_value())};
     for (const store::Interval* interval : intervals.running) {
         if (interval->id()) {
             view.runningIntervals.push_back({.intervalId = *interval->id(),
@@ -114,6 +116,14 @@ livedata::Action TaskDetailViewModel::extendAction(const store::Interval& interv
     return livedata::makeAction(base::weakly(weak_from_this(), [intervalId =
                                                                     *interval.id()](auto& self) {
         self.dataOperationsService_->extendInterval(intervalId, self.selectedTaskId_, kMoreFocus);
+    }));
+}
+
+livedata::Action TaskDetailViewModel::doneAction(bool isDone) {
+    const auto change = isDone ? &store::DataOperationsServiceProtocol::reopenTask
+                               : &store::DataOperationsServiceProtocol::markTaskDone;
+    return livedata::makeAction(base::weakly(weak_from_this(), [change](auto& self) {
+        ((*self.dataOperationsService_).*change)(self.selectedTaskId_);
     }));
 }
 

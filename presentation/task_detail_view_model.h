@@ -57,6 +57,7 @@ class TaskDetailViewModel final : public TaskDetailViewModelProtocol,
         const std::vector<const store::Interval*>& settled);
     livedata::Action deleteAction(const base::Uuid& intervalId);
     livedata::Action extendAction(const store::Interval& interval);
+    livedata::Action doneAction(bool isDone);
     std::string timeSpentText(const store::Interval& interval) const;
     livedata::Action startAction(base::Seconds maxDuration);
     void startFocus(base::Seconds maxDuration);

@@ -59,6 +59,9 @@ struct TaskDetailViewState {
         std::vector<RunningInterval> runningIntervals;
         std::string taskName;
         std::string totalTimeSpent;
+        bool isDone = false;
+        // Makes that the other; absent while the task runs.
+        livedata::Action onDoneTap{};
 
         bool operator==(const View&) const = default;
     };

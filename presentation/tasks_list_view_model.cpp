@@ -44,7 +44,7 @@ void TasksListViewModel::follow(const store::Tasks& tasks) {
     running_.clear();
     for (const store::Task& task : tasks) {
         if (task.id()) {
-            (task.intervalSummary()->running.empty() ? others : running_).push_back(&task);
+            (task.isRunning() ? running_ : others).push_back(&task);
         }
     }
     tasks_ = tasks;

@@ -20,6 +20,10 @@ std::string textOf(const store::Change& change) {
             return "Delete " + task;
         case Kind::renameTask:
             return "Rename " + task;
+        case Kind::markTaskDone:
+            return "Mark " + task + " Done";
+        case Kind::reopenTask:
+            return "Reopen " + task;
         case Kind::addInterval:
             return "Add Interval";
         case Kind::deleteInterval:

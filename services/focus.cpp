@@ -10,9 +10,8 @@
 namespace hearthmark::services {
 
 bool canStartFocus(const store::Tasks& tasks) {
-    return std::none_of(tasks.begin(), tasks.end(), [](const store::Task& task) {
-        return !task.intervalSummary()->running.empty();
-    });
+    return std::none_of(tasks.begin(), tasks.end(),
+                        [](const store::Task& task) { return task.isRunning(); });
 }
 
 void startFocus(store::DataOperationsServiceProtocol& operations, const base::Clock& clock,

@@ -23,12 +23,12 @@ struct UsedTask {
     const store::Interval* newest;
 };
 
-// Those that a focus can be started on, the one used last first.
+// Those that are not done, the one used last first.
 std::vector<UsedTask> tasksUsedLast(const store::Tasks& tasks) {
     std::vector<UsedTask> used;
     for (const store::Task& task : tasks) {
         const auto& settled = task.intervalSummary()->settled->intervals;
-        if (task.id() && !settled.empty()) {
+        if (task.id() && !task.doneDate() && !settled.empty()) {
             used.push_back({.task = &task, .newest = settled.front()});
         }
     }

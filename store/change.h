@@ -15,6 +15,8 @@ struct Change {
         addTask,
         deleteTask,
         renameTask,
+        markTaskDone,
+        reopenTask,
         addInterval,
         deleteInterval,
         correctInterval,

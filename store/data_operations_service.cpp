@@ -27,6 +27,7 @@ void DataOperationsService::createTask(const std::string& name) {
            AddTask{.task = {.id = id,
                             .creationDate = clock_->now(),
                             .name = name,
+                            .doneDate = std::nullopt,
                             .intervals = {},
                             .notes = {}},
                    .removedAt = std::nullopt});
@@ -38,6 +39,15 @@ void DataOperationsService::deleteTask(const base::Uuid& taskId) {
 
 void DataOperationsService::renameTask(const base::Uuid& taskId, const std::string& name) {
     change(Change::Kind::renameTask, taskId, RenameTask{.taskId = taskId, .name = name});
+}
+
+void DataOperationsService::markTaskDone(const base::Uuid& taskId) {
+    change(Change::Kind::markTaskDone, taskId,
+           MarkDone{.taskId = taskId, .doneDate = clock_->now()});
+}
+
+void DataOperationsService::reopenTask(const base::Uuid& taskId) {
+    change(Change::Kind::reopenTask, taskId, MarkDone{.taskId = taskId, .doneDate = std::nullopt});
 }
 
 void DataOperationsService::addInterval(const IntervalData& interval, const base::Uuid& taskId) {
@@ -54,6 +64,9 @@ void DataOperationsService::addInterval(const IntervalData& interval, const base
                    .taskId = taskId});
     } else if (Task* found = task(taskId)) {
         found->addIntervalsObject(*Interval::create(interval, context()));
+        if (interval.state.isRunning()) {
+            found->setDoneDate(std::nullopt);
+        }
         save();
     }
 }

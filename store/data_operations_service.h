@@ -25,6 +25,8 @@ class DataOperationsService final : public DataOperationsServiceProtocol {
     void createTask(const std::string& name) override;
     void deleteTask(const base::Uuid& taskId) override;
     void renameTask(const base::Uuid& taskId, const std::string& name) override;
+    void markTaskDone(const base::Uuid& taskId) override;
+    void reopenTask(const base::Uuid& taskId) override;
     void addInterval(const IntervalData& interval, const base::Uuid& taskId) override;
     void finishInterval(const base::Uuid& intervalId, const base::Uuid& taskId) override;
     void deleteInterval(const base::Uuid& intervalId, const base::Uuid& taskId) override;

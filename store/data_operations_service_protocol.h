@@ -28,7 +28,13 @@ class DataOperationsServiceProtocol : public IntervalFinishing {
 
     virtual void renameTask(const base::Uuid& taskId, const std::string& name) = 0;
 
-    // A running one is a start, and no change that can be taken back; a finished one is.
+    // Now. Ignored where it runs or is so already.
+    virtual void markTaskDone(const base::Uuid& taskId) = 0;
+
+    virtual void reopenTask(const base::Uuid& taskId) = 0;
+
+    // A running one is a start, and no change that can be taken back; a finished one is. With a
+    // start the task is done no longer.
     virtual void addInterval(const IntervalData& interval, const base::Uuid& taskId) = 0;
 
     // At the present moment, with the running stretch folded into its duration.

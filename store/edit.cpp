@@ -133,6 +133,17 @@ class Application {
         return inverse;
     }
 
+    std::optional<Edit> operator()(const MarkDone& edit) const {
+        Task* task = taskWithId(tasks_, edit.taskId);
+        if (task == nullptr || task->doneDate().has_value() == edit.doneDate.has_value() ||
+            (edit.doneDate && task->isRunning())) {
+            return std::nullopt;
+        }
+        MarkDone inverse{.taskId = edit.taskId, .doneDate = task->doneDate()};
+        task->setDoneDate(edit.doneDate);
+        return inverse;
+    }
+
     std::optional<Edit> operator()(const EditNote& edit) const {
         auto* note = find<Note>(edit.noteId, edit.taskId);
         if (note == nullptr || note->text() == edit.text) {

@@ -67,6 +67,12 @@ struct RenameTask {
     base::Uuid taskId;
     std::optional<std::string> name;
 };
+// Nothing is marked done while it runs.
+struct MarkDone {
+    base::Uuid taskId;
+    // Absent where it is to be done no longer.
+    std::optional<base::Date> doneDate;
+};
 struct EditNote {
     base::Uuid noteId;
     base::Uuid taskId;
@@ -96,7 +102,7 @@ struct CorrectInterval {
 
 using Edit = std::variant<AddTask, RemoveTask, Add<IntervalRecord>, Remove<Interval>,
                           Add<NoteRecord>, Remove<Note>, Take<Interval>, ReturnInterval, Take<Note>,
-                          ReturnNote, RenameTask, EditNote, MoveNote, CorrectInterval>;
+                          ReturnNote, RenameTask, MarkDone, EditNote, MoveNote, CorrectInterval>;
 
 // Changes the objects; the caller saves. Returns what takes it back; absent where an id matches
 // nothing or all is so already, and then nothing is touched. Throws StoreError, since an interval

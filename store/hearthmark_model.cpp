@@ -12,8 +12,8 @@ namespace {
 
 // "Hthm" in ASCII.
 constexpr std::int32_t kApplicationId = 0x4874686d;
-// Goes up with every new attribute.
-constexpr std::int32_t kVersion = 1;
+// Goes up with every new attribute; 2 brought Task.doneDate.
+constexpr std::int32_t kVersion = 2;
 
 }  // namespace
 

@@ -45,6 +45,7 @@ TaskRecord record(const Task& task) {
     TaskRecord made{.id = task.id(),
                     .creationDate = task.creationDate(),
                     .name = task.name(),
+                    .doneDate = task.doneDate(),
                     .intervals = {},
                     .notes = {}};
     for (const Interval* interval : inOrderOfMaking(task.intervals())) {
@@ -85,6 +86,7 @@ Task& insert(const TaskRecord& record, objectstore::ManagedObjectContext& contex
     task->setId(record.id);
     task->setCreationDate(record.creationDate);
     task->setName(record.name);
+    task->setDoneDate(record.doneDate);
     for (const IntervalRecord& interval : record.intervals) {
         insert(interval, *task, context);
     }

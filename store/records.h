@@ -44,6 +44,7 @@ struct TaskRecord {
     std::optional<base::Uuid> id;
     std::optional<base::Date> creationDate;
     std::optional<std::string> name;
+    std::optional<base::Date> doneDate;
     // In the order in which they were made.
     std::vector<IntervalRecord> intervals;
     std::vector<NoteRecord> notes;

@@ -14,7 +14,8 @@ const objectstore::EntityDescription& Task::entity() {
     static const auto kDescription = objectstore::EntityDescription::of<Task>("Task")
                                          .attribute<&Task::id_>("id")
                                          .attribute<&Task::creationDate_>("creationDate")
-                                         .attribute<&Task::name_>("name");
+                                         .attribute<&Task::name_>("name")
+                                         .attribute<&Task::doneDate_>("doneDate");
     return kDescription;
 }
 

@@ -27,6 +27,7 @@ class Task final : public objectstore::ManagedObject, public NameRepresentable {
     void setId(std::optional<base::Uuid> id) { assign(id_, id); }
     void setCreationDate(std::optional<base::Date> date) { assign(creationDate_, date); }
     void setName(std::optional<std::string> name) { assign(name_, std::move(name)); }
+    void setDoneDate(std::optional<base::Date> date) { assign(doneDate_, date); }
 
     // An object has one task at most: adding takes it out of the one it was in. Removing one that
     // is not in the set does nothing.
@@ -38,6 +39,8 @@ class Task final : public objectstore::ManagedObject, public NameRepresentable {
     const std::optional<base::Uuid>& id() const { return id_; }
     std::optional<base::Date> creationDate() const { return creationDate_; }
     const std::optional<std::string>& name() const override { return name_; }
+    // When a person was done with it.
+    std::optional<base::Date> doneDate() const { return doneDate_; }
     // In no order. The pointers are valid until the set changes.
     const std::vector<Interval*>& intervals() const { return intervals_; }
     const std::vector<Note*>& notes() const { return notes_; }
@@ -62,6 +65,9 @@ class Task final : public objectstore::ManagedObject, public NameRepresentable {
     // before sees by its address whether anything has changed. Its pointers are valid until then.
     const std::shared_ptr<const IntervalSummary>& intervalSummary() const;
 
+    // One of its intervals is running.
+    bool isRunning() const { return !intervalSummary()->running.empty(); }
+
     // Newest first. Remembered in the same way: the same one until a note changes, comes or goes.
     const std::shared_ptr<const std::vector<const Note*>>& newestNotes() const;
 
@@ -77,6 +83,7 @@ class Task final : public objectstore::ManagedObject, public NameRepresentable {
     std::optional<base::Uuid> id_;
     base::OptionalDate creationDate_;
     std::optional<std::string> name_;
+    base::OptionalDate doneDate_;
     std::vector<Interval*> intervals_;
     std::vector<Note*> notes_;
     mutable std::shared_ptr<const IntervalSummary> intervalSummary_;

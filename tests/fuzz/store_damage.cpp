@@ -17,7 +17,7 @@ using Texts = std::vector<std::string>;
 
 // The first column is the key.
 const std::vector<std::pair<std::string, Texts>> kTables{
-    {"Task", {"pk", "id", "creationDate", "name"}},
+    {"Task", {"pk", "id", "creationDate", "name", "doneDate"}},
     {"Interval", {"pk", "id", "creationDate", "duration", "maxDuration", "task"}},
     {"RawIntervalState", {"pk", "state", "started", "visited", "interval"}},
     {"Note", {"pk", "id", "creationDate", "text", "task"}}};
@@ -44,7 +44,8 @@ const Texts kForeignSchemas{
     "DROP TABLE Interval; CREATE VIEW Interval AS SELECT *, pk AS task FROM Task",
     "CREATE TABLE t AS SELECT * FROM Task; DROP TABLE Task; ALTER TABLE t RENAME TO Task",
     "CREATE TRIGGER a BEFORE UPDATE ON RawIntervalState BEGIN SELECT RAISE(ABORT, ''); END",
-    "PRAGMA user_version = 1000"};
+    "PRAGMA user_version = 1000",
+    "PRAGMA user_version = 1; ALTER TABLE Task DROP COLUMN doneDate"};
 
 std::string hex(const std::string& bytes) {
     std::string digits;

@@ -83,10 +83,10 @@ TEST(SqliteStore, LeavesAFileThatItRefusesByteForByteAsItWas) {
          20, StoreError::Cause::newerVersion},
         {"unknown", change("PRAGMA user_version = 0"), 20, StoreError::Cause::unknownVersion},
         {"a column that is missing", change("ALTER TABLE Note RENAME COLUMN text TO t"), 1,
-         StoreError::Cause::damaged, "no such column: text"},
+         StoreError::Cause::damaged, "no such column"},
         {"a key that is missing",
          change("ALTER TABLE Task RENAME TO t; CREATE VIEW Task AS "
-                "SELECT NULL AS pk, id, creationDate, name FROM t"),
+                "SELECT NULL AS pk, id, creationDate, name, doneDate FROM t"),
          11},
         {"cut", [](const auto& file) { fs::resize_file(file, fs::file_size(file) / 2); }, 11},
         {"cut short", [](const auto& file) { fs::resize_file(file, 50); }, 26},

@@ -161,7 +161,13 @@ TEST_F(ViewModelTest, TheDetailContinuesWithTheRestAndExtendsByFiveMinutes) {
     const auto model = makeDetail(task);
     EXPECT_EQ(text(*model), "+a 4:25 | 5/0 1:40/1:40 1:39/1:40 1:00/1:40>39");
     const auto& view = model->viewState().value();
+    call(view->onDoneTap);
+    EXPECT_TRUE(view->isDone);
+    call(view->onDoneTap);
+    EXPECT_FALSE(view->isDone);
+    call(view->onDoneTap);
     (*std::shared_ptr(view->onStartFocus))(*view->nonRunningIntervals[3].rest);
+    EXPECT_TRUE(!view->isDone && !view->onDoneTap) << "as long as it runs";
     EXPECT_EQ(text(*model), "a 4:25 0/39+ | 5/0 1:40/1:40 1:39/1:40 1:00/1:40>39");
     call(view->runningIntervals[0].onExtend);
     EXPECT_EQ(store.sql("SELECT duration, maxDuration FROM Interval WHERE pk IN (1, 5)"),
@@ -243,12 +249,15 @@ TEST_F(ViewModelTest, UndoOffersEachDeletionForTenSecondsTheLatestFirst) {
     // The menu goes on, and what it takes back is offered no more.
     const base::Uuid third = *store.addTask("third").id();
     store.service->renameTask(third, "renamed");
+    store.service->markTaskDone(third);
     store.service->deleteTask(third);
     EXPECT_EQ(menu->viewState().value().undo->text, "Undo Delete “renamed”");
     call(menu->viewState().value().undo->onTap);
     EXPECT_EQ(offered(), "nothing");
+    EXPECT_EQ(menu->viewState().value().undo->text, "Undo Mark “renamed” Done");
+    call(menu->viewState().value().undo->onTap);
     EXPECT_EQ(menu->viewState().value().undo->text, "Undo Rename “renamed”");
-    EXPECT_EQ(menu->viewState().value().redo->text, "Redo Delete “renamed”");
+    EXPECT_EQ(menu->viewState().value().redo->text, "Redo Mark “renamed” Done");
     call(menu->viewState().value().undo->onTap);
     call(menu->viewState().value().undo->onTap);
     EXPECT_EQ(menu->viewState().value().undo->text, "Undo Delete “first”");

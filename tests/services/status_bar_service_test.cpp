@@ -122,6 +122,8 @@ TEST_F(StatusBarServiceTest, OffersWhatCanBeDoneAtOnce) {
         work(store.addTask(name), 1800s, 1800s, at(name[0] == 'b' ? 250 : created++));
     }
     EXPECT_EQ(menu(), "Start 30:00 d; Start 1:00:00 d; Start 30:00 c; Start 1:00:00 c; " + letters);
+    store.service->markTaskDone(*task.id());
+    EXPECT_EQ(menu().find("Letters"), std::string::npos) << "is done";
     const auto changes = bar->menuChanges;
     bar->entries().front().choose();
     EXPECT_GT(bar->menuChanges, changes);

@@ -81,7 +81,7 @@ TEST_F(DataOperationsServiceTest, KeepsTheTimeOfEachIntervalThroughALifeOfThePro
 TEST_F(DataOperationsServiceTest, BringsBackWhatWasDeletedAsItWas) {
     const auto everything = [this] {
         return store.sql(
-            "SELECT * FROM (SELECT id, creationDate, name FROM Task ORDER BY id);"
+            "SELECT * FROM (SELECT id, creationDate, name, doneDate FROM Task ORDER BY id);"
             "SELECT i.id, i.creationDate, duration, maxDuration, state, started, visited, t.name "
             "FROM Interval i JOIN RawIntervalState r ON r.interval = i.pk "
             "LEFT JOIN Task t ON t.pk = i.task ORDER BY i.id;"
@@ -94,6 +94,7 @@ TEST_F(DataOperationsServiceTest, BringsBackWhatWasDeletedAsItWas) {
     Interval& strange = store.addInterval(task, IntervalState::paused());
     strange.rawState()->setState(std::int16_t{77});
     strange.setId(std::nullopt);
+    task.setDoneDate(at(800));
     store.context().save();
     store.service->addNote({at(5), id, "text"}, *task.id());
     const base::Uuid taskId = *task.id();
@@ -235,6 +236,42 @@ TEST_F(DataOperationsServiceTest, CorrectsWhatItIsToldToAndTakesThatBack) {
     EXPECT_EQ(store.service->latestChange().value(), latest);
 }
 
+TEST_F(DataOperationsServiceTest, MarksATaskDoneWhileNothingOfItRunsAndUntilItIsStarted) {
+    const base::Uuid taskId = *task.id();
+    const auto mark = [&] { store.service->markTaskDone(taskId); };
+    const auto reopen = [&] { store.service->reopenTask(taskId); };
+    const auto undo = [this] { store.service->undo(*store.service->latestChange().value()); };
+    const auto add = [&](const IntervalState& state) {
+        return [this, &taskId, state] {
+            store.service->addInterval({at(1), 0s, base::Uuid::random(), 1800s, state}, taskId);
+        };
+    };
+    countSaves();
+    struct Row {
+        const char* what;
+        std::function<void()> act;
+        const char* doneDate;
+        int saves;
+    };
+    for (const auto& [what, act, doneDate, expected] :
+         std::vector<Row>{{"mark", mark, "2001.0", 1},
+                          {"mark again", mark, "2001.0", 0},
+                          {"past interval", add(IntervalState::finished()), "2001.0", 1},
+                          {"reopen", reopen, "NULL", 1},
+                          {"reopen again", reopen, "NULL", 0},
+                          {"undo of that", undo, "2001.0", 1},
+                          {"start", add(IntervalState::running(at(2))), "NULL", 1},
+                          {"undo while it runs", undo, "NULL", 0},
+                          {"mark while it runs", mark, "NULL", 0}}) {
+        store.clock->time = store.clock->time + 1001s;
+        saves = 0;
+        act();
+        EXPECT_EQ(store.sql("SELECT doneDate FROM Task"), doneDate) << what;
+        EXPECT_EQ(saves, expected) << what;
+        store.clock->time = at(1000);
+    }
+}
+
 TEST_F(DataOperationsServiceTest, TouchesNothingForAnIdThatMatchesNothing) {
     const base::Uuid other = *store.addTask("other").id();
     const base::Uuid interval = *store.addInterval(task, IntervalState::running(at(900))).id();
@@ -242,6 +279,7 @@ TEST_F(DataOperationsServiceTest, TouchesNothingForAnIdThatMatchesNothing) {
     countSaves();
     const base::Uuid unknown = base::Uuid::random();
     store.service->deleteTask(unknown);
+    store.service->markTaskDone(unknown);
     store.service->addInterval({at(1), 0s, unknown, 5s, IntervalState::paused()}, unknown);
     store.service->finishInterval(interval, other);
     store.service->finishInterval(interval, unknown);

@@ -192,11 +192,16 @@ TEST(StoreBackups, OfAnOlderVersionAreComparedAsWhatTheyBecome) {
     store.addTask("task");
     store.begin(1);
     const StoreBackup daily = *store.backups->newestGood();
-    tests::sql(daily.file, "ALTER TABLE Task DROP COLUMN name");
-    EXPECT_EQ(store.backups->changes(daily).tasks, (objectstore::RowDifference{0, 0, 1}));
-    store.first<store::Task>().setName(std::nullopt);
-    store.context().save();
+    tests::sql(daily.file, "PRAGMA user_version = 1; ALTER TABLE Task DROP COLUMN doneDate");
     EXPECT_EQ(store.backups->changes(daily).tasks, objectstore::RowDifference());
+    store.service->markTaskDone(*store.first<store::Task>().id());
+    EXPECT_EQ(store.backups->changes(daily).tasks, (objectstore::RowDifference{0, 0, 1}));
+    store.backups->prepareRestore(daily);
+    store.close();
+    store.backups->completeRestore();
+    EXPECT_EQ(store.sql("PRAGMA user_version"), "1");
+    store.reopen();
+    EXPECT_EQ(store.sql("SELECT name, doneDate FROM Task; PRAGMA user_version"), "task|NULL 2");
 }
 
 TEST(StoreBackups, FailWithoutATraceInTheStoreAndInOlderBackups) {
@@ -349,20 +354,19 @@ TEST(StoreBackups, KeepAnOlderStoreAsItWasBeforeItsTablesChange) {
     store.addTask("task");
     store.close();
     const auto upgrade = [&store] {
-        store.sql("PRAGMA user_version = 1; ALTER TABLE Task DROP COLUMN name");
-        objectstore::Model model = hearthmarkModel();
-        model.version = 1000;
-        objectstore::PersistentContainer container("Hearthmark", model, store.directory.path);
+        store.sql("PRAGMA user_version = 1; ALTER TABLE Task DROP COLUMN doneDate");
+        objectstore::PersistentContainer container("Hearthmark", hearthmarkModel(),
+                                                   store.directory.path);
         container.loadPersistentStores([&store] { store.backups->keepBeforeUpgrade(); });
     };
     store.setDay(1);
     for (const char* names : {"2001-01-02 ", "2001-01-02T01-00-00 2001-01-02 "}) {
         upgrade();
-        EXPECT_EQ(store.sql("SELECT name FROM Task; PRAGMA user_version"), "NULL 1000");
+        EXPECT_EQ(store.sql("SELECT name, doneDate FROM Task; PRAGMA user_version"), "task|NULL 2");
         EXPECT_EQ(store.names(), names);
         const std::string columns = "SELECT name FROM pragma_table_info('Task')";
         EXPECT_EQ(tests::sql(store.backups->all()[0].file, columns + "; PRAGMA user_version"),
-                  "pk id creationDate 1");
+                  "pk id creationDate name 1");
     }
     std::filesystem::remove_all(store.directory.path / "Backups");
     std::ofstream(store.directory.path / "Backups") << "no folder";

@@ -10,7 +10,7 @@ namespace hearthmark::tests {
 
 std::string contentOf(const std::filesystem::path& directory) {
     return sql(directory / "Hearthmark.sqlite",
-               "SELECT pk, name, creationDate FROM Task ORDER BY pk;"
+               "SELECT pk, name, creationDate, doneDate FROM Task ORDER BY pk;"
                "SELECT pk, creationDate, duration, maxDuration, task FROM Interval ORDER BY pk;"
                "SELECT pk, state, started, visited, interval FROM RawIntervalState ORDER BY pk;"
                "SELECT pk, creationDate, text, task FROM Note ORDER BY pk");
@@ -73,8 +73,10 @@ void RandomOperations::changeTask(const store::Task& task, int choice, base::Dat
     const base::Uuid newId = base::Uuid::random();
     if (choice < 12) {
         service_->deleteTask(taskId);
-    } else if (choice < 17) {
+    } else if (choice < 16) {
         service_->renameTask(taskId, "Task " + std::to_string(++made_));
+    } else if (choice < 20) {
+        task.doneDate() ? service_->reopenTask(taskId) : service_->markTaskDone(taskId);
     } else if (choice < 34 || task.intervals().empty()) {
         const bool isPast = below(4) == 0;
         service_->addInterval({.creationDate = now,

@@ -44,6 +44,12 @@ Item {
     }
 
     Shortcut {
+        sequences: Shortcuts.markDone
+        enabled: root.screen.activeFocus
+        onActivated: root.adapter.toggleDone()
+    }
+
+    Shortcut {
         sequences: Shortcuts.addInterval
         enabled: root.screen.activeFocus && shareButton.enabled
         onActivated: root.adapter.addInterval()

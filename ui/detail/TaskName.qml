@@ -3,7 +3,7 @@ import QtQuick
 import Hearthmark.Controls
 import Hearthmark.Ui
 
-// The name of the selected task, with a button that edits it; nothing while it is being edited.
+// The name of the selected task, with what edits it and what marks it done; nothing while it is being edited.
 Item {
     id: root
 
@@ -23,7 +23,7 @@ Item {
         id: heading
 
         anchors.left: parent.left
-        width: parent.width - button.width - Theme.spacing
+        width: parent.width - button.width - done.width - 2 * Theme.spacing
         text: root.adapter.taskName
         font.pointSize: Theme.titleSize
         maximumLineCount: Theme.nameMaximumLineCount
@@ -42,5 +42,17 @@ Item {
         isOffered: pointer.hovered
         text: qsTr("Edit name")
         onClicked: root.editRequested()
+    }
+
+    CheckButton {
+        id: done
+
+        anchors.right: parent.right
+        y: button.y
+        height: button.height
+        enabled: root.adapter.canBeDone
+        isChecked: root.adapter.isDone
+        text: qsTr("Done")
+        onClicked: root.adapter.toggleDone()
     }
 }

@@ -78,6 +78,12 @@ void TaskDetailAdapter::startFocus(base::Seconds length) {
     }
 }
 
+void TaskDetailAdapter::toggleDone() {
+    if (const auto& state = viewModel_->viewState().value(); state && state->onDoneTap) {
+        run(state->onDoneTap);
+    }
+}
+
 void TaskDetailAdapter::continueInterval(int row) {
     if (const auto rest = rows_.rest(row)) {
         startFocus(*rest);
@@ -176,6 +182,10 @@ void TaskDetailAdapter::show() {
     }
     if (replace(canStartFocus_, state->canStartFocus)) {
         emit canStartFocusChanged();
+    }
+    const bool isOtherMark = replace(isDone_, state->isDone);
+    if (replace(canBeDone_, state->onDoneTap != nullptr) || isOtherMark) {
+        emit doneChanged();
     }
     if (replace(loaded_, true)) {
         emit loadedChanged();

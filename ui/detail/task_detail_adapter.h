@@ -35,6 +35,8 @@ class TaskDetailAdapter final : public hearthmark::ui::StateAdapter {
     Q_PROPERTY(QString taskName READ taskName NOTIFY taskNameChanged FINAL)
     Q_PROPERTY(QString totalTimeSpent READ totalTimeSpent NOTIFY totalTimeSpentChanged FINAL)
     Q_PROPERTY(bool canStartFocus READ canStartFocus NOTIFY canStartFocusChanged FINAL)
+    Q_PROPERTY(bool isDone READ isDone NOTIFY doneChanged FINAL)
+    Q_PROPERTY(bool canBeDone READ canBeDone NOTIFY doneChanged FINAL)
     Q_PROPERTY(QString shortFocusText READ shortFocusText CONSTANT FINAL)
     Q_PROPERTY(QString longFocusText READ longFocusText CONSTANT FINAL)
     Q_PROPERTY(hearthmark::ui::OwnFocusAdapter* ownFocus READ ownFocus CONSTANT FINAL)
@@ -60,6 +62,8 @@ class TaskDetailAdapter final : public hearthmark::ui::StateAdapter {
     QString taskName() const { return taskName_; }
     QString totalTimeSpent() const { return totalTimeSpent_; }
     bool canStartFocus() const { return canStartFocus_; }
+    bool isDone() const { return isDone_; }
+    bool canBeDone() const { return canBeDone_; }
     // Empty where the duration has no text: then the button is left out.
     QString shortFocusText() const { return shortFocusText_; }
     QString longFocusText() const { return longFocusText_; }
@@ -84,6 +88,8 @@ class TaskDetailAdapter final : public hearthmark::ui::StateAdapter {
 
     Q_INVOKABLE void startShortFocus();
     Q_INVOKABLE void startLongFocus();
+    // Done, or done no longer; nothing while the task runs.
+    Q_INVOKABLE void toggleDone();
     // With the rest of the length of an interval that is short of it.
     Q_INVOKABLE void continueInterval(int row);
     // The note of a row; nothing on another row.
@@ -109,6 +115,7 @@ class TaskDetailAdapter final : public hearthmark::ui::StateAdapter {
     void taskNameChanged();
     void totalTimeSpentChanged();
     void canStartFocusChanged();
+    void doneChanged();
     void displayedSheetTypeChanged();
     void wholeNoteChanged();
     void correctionChanged();
@@ -140,6 +147,8 @@ class TaskDetailAdapter final : public hearthmark::ui::StateAdapter {
     std::optional<base::Date> today_;
     bool loaded_ = false;
     bool canStartFocus_ = false;
+    bool isDone_ = false;
+    bool canBeDone_ = false;
 };
 
 }  // namespace hearthmark::ui

@@ -14,6 +14,7 @@ QtObject {
     readonly property var finishNewest: ["Ctrl+F"]
     readonly property var addNote: ["Ctrl+Shift+N"]
     readonly property var addInterval: ["Ctrl+Shift+I"]
+    readonly property var markDone: ["Ctrl+Shift+D"]
     readonly property var share: ["Ctrl+E"]
     readonly property var undo: ["Ctrl+Z"]
     readonly property var redo: ["Ctrl+Shift+Z"]
@@ -30,6 +31,7 @@ QtObject {
         [qsTr("Add a note"), root.addNote[0]],
         [qsTr("Add a past interval"), root.addInterval[0]],
         [qsTr("Correct the marked interval"), "F2"],
+        [qsTr("Be done with the task, or not"), root.markDone[0]],
         [qsTr("Share the task"), root.share[0]],
         [qsTr("Rename or edit what is marked"), "F2"],
         [qsTr("Save the name or note"), "Ctrl+Enter"],

@@ -1,0 +1,57 @@
+// SPDX-License-Identifier: MIT
+import QtQuick
+
+// A button with a text that is so or not. Pressed, it asks for the other, and whoever shows it decides.
+BasicButton {
+    id: root
+
+    required property bool isChecked
+
+    implicitWidth: Math.ceil(label.x + label.implicitWidth) + Theme.spacing
+    implicitHeight: Theme.controlHeight
+    Accessible.role: Accessible.CheckBox
+    Accessible.checkable: true
+    Accessible.checked: root.isChecked
+    Accessible.onToggleAction: root.press()
+
+    Rectangle {
+        anchors.fill: parent
+        radius: Theme.controlRadius
+        color: root.down ? Theme.colors.buttonPressed : root.hovered && root.enabled ? Theme.colors.separator : "transparent"
+
+        FocusRing {
+            visible: root.activeFocus
+        }
+    }
+
+    Rectangle {
+        id: box
+
+        x: Theme.spacing
+        anchors.verticalCenter: parent.verticalCenter
+        width: Theme.symbolSize
+        height: Theme.symbolSize
+        radius: Theme.controlRadius / 2
+        color: root.isChecked && root.enabled ? Theme.colors.accent : Theme.colors.content
+        border.width: root.isChecked && root.enabled ? 0 : 1
+        border.color: root.enabled ? Theme.colors.buttonBorder : Theme.colors.separator
+
+        Symbol {
+            anchors.centerIn: parent
+            visible: root.isChecked
+            size: Theme.symbolSize - 4
+            name: "checkmark"
+            color: root.enabled ? Theme.colors.accentText : Theme.colors.disabledText
+        }
+    }
+
+    Label {
+        id: label
+
+        x: box.x + box.width + Theme.spacing
+        anchors.verticalCenter: parent.verticalCenter
+        text: root.text
+        color: root.enabled ? Theme.colors.text : Theme.colors.disabledText
+        Accessible.ignored: true
+    }
+}
