@@ -2,6 +2,7 @@
 #include "presentation/undo_deletion_view_model.h"
 
 #include <utility>
+#include <variant>
 
 #include "base/weakly.h"
 #include "presentation/texts.h"
@@ -12,18 +13,15 @@ namespace {
 
 constexpr base::Seconds kTick{1};
 
-// Empty for what is no deletion.
+// By what would be brought back; empty where nothing would.
 std::string textOf(const store::Change& change) {
-    switch (change.kind) {
-        case store::Change::Kind::deleteTask:
-            return "Task deleted: " + orDash(change.taskName);
-        case store::Change::Kind::deleteInterval:
-            return "Interval deleted";
-        case store::Change::Kind::deleteNote:
-            return "Note deleted";
-        default:
-            return {};
+    if (std::holds_alternative<store::AddTask>(change.inverse)) {
+        return "Task deleted: " + orDash(change.taskName);
     }
+    if (std::holds_alternative<store::ReturnInterval>(change.inverse)) {
+        return "Interval deleted";
+    }
+    return std::holds_alternative<store::ReturnNote>(change.inverse) ? "Note deleted" : "";
 }
 
 }  // namespace
@@ -39,9 +37,12 @@ UndoDeletionViewModel::UndoDeletionViewModel(
       clock_(std::move(clock)) {}
 
 void UndoDeletionViewModel::startObserving() {
-    cancellables_.push_back(dataOperationsService_->latestChange().subscribeDidChange(base::weakly(
-        weak_from_this(),
-        [](auto& self) { self.offer(self.dataOperationsService_->latestChange().value()); })));
+    const auto offerEach = [this](livedata::Published<store::UndoHistory::Step>& steps) {
+        cancellables_.push_back(steps.subscribeDidChange(
+            base::weakly(weak_from_this(), [&steps](auto& self) { self.offer(steps.value()); })));
+    };
+    offerEach(dataOperationsService_->latestChange());
+    offerEach(undoHistory_->latestTakenAway());
     cancellables_.push_back(
         undoHistory_->state().subscribeDidChange(base::weakly(weak_from_this(), [](auto& self) {
             self.dropOffers([&self](const Offer& offer) {

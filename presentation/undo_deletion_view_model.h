@@ -25,7 +25,8 @@ struct UndoDeletionViewState {
 };
 
 // Offers to undo the latest deletion for ten seconds, and after it the one before, for what is left
-// of its own. One that was undone otherwise is not offered any more. Main thread.
+// of its own; so too where an undo took away a task with what had come to it. One that was undone
+// otherwise is not offered any more. Main thread.
 class UndoDeletionViewModel final : public std::enable_shared_from_this<UndoDeletionViewModel> {
  public:
     // To be held by a shared pointer: its closures hold it weakly.

@@ -199,6 +199,8 @@ std::vector<Preview> previewsOfLargeTexts(const std::vector<Preview>& usual) {
                              "home-many-tasks",
                              "home-long-note",
                              "home-edit-name",
+                             "home-edit-note",
+                             "home-edit-note-right-to-left",
                              "home-undo",
                              "home-finished",
                              "home-menu",

@@ -2,9 +2,31 @@
 #include "store/undo_history.h"
 
 #include <algorithm>
-#include <utility>
+#include <variant>
 
 namespace hearthmark::store {
+
+namespace {
+
+using Steps = std::vector<UndoHistory::Step>;
+
+bool holds(const Steps& steps, const UndoHistory::Step& step) {
+    return std::ranges::find(steps, step) != steps.end();
+}
+
+void keep(const UndoHistory::Step& step, Steps& steps) {
+    if (steps.size() == UndoHistory::kMostSteps) {
+        steps.erase(steps.begin());
+    }
+    steps.push_back(step);
+}
+
+bool bringsBackMoreThanATask(const Change& change) {
+    const auto* added = std::get_if<AddTask>(&change.inverse);
+    return added != nullptr && !(added->task.intervals.empty() && added->task.notes.empty());
+}
+
+}  // namespace
 
 UndoHistory::UndoHistory(std::shared_ptr<DataOperationsServiceProtocol> dataOperationsService)
     : dataOperationsService_(std::move(dataOperationsService)),
@@ -12,7 +34,7 @@ UndoHistory::UndoHistory(std::shared_ptr<DataOperationsServiceProtocol> dataOper
           dataOperationsService_->latestChange().subscribeDidChange([this] { remember(); })) {}
 
 bool UndoHistory::contains(const Step& step) const {
-    return std::ranges::find(undos_, step) != undos_.end();
+    return holds(undos_, step) || holds(takenAway_, step);
 }
 
 void UndoHistory::undo() {
@@ -22,36 +44,44 @@ void UndoHistory::undo() {
 }
 
 void UndoHistory::undo(const Step& step) {
-    const auto found = std::ranges::find(undos_, step);
-    if (found != undos_.end()) {
-        // Out of the list first: whoever is told looks there.
-        const Step undone = std::move(*found);
-        undos_.erase(found);
-        if (Step redo = dataOperationsService_->undo(*undone)) {
-            redos_.push_back(std::move(redo));
-        }
-        show();
+    if (holds(undos_, step)) {
+        apply(step, redos_);
+    } else if (holds(takenAway_, step)) {
+        apply(step, undos_);
     }
 }
 
 void UndoHistory::redo() {
     if (!redos_.empty()) {
-        const Step step = std::move(redos_.back());
-        redos_.pop_back();
-        if (Step undo = dataOperationsService_->undo(*step)) {
-            undos_.push_back(std::move(undo));
-        }
-        show();
+        apply(redos_.back(), undos_);
     }
 }
 
 void UndoHistory::remember() {
-    if (undos_.size() == kMostSteps) {
-        undos_.erase(undos_.begin());
-    }
-    undos_.push_back(dataOperationsService_->latestChange().value());
+    keep(dataOperationsService_->latestChange().value(), undos_);
     redos_.clear();
     show();
+}
+
+void UndoHistory::apply(const Step& step, std::vector<Step>& opposite) {
+    // Out of the lists first: whoever is told looks there.
+    // NOLINTNEXTLINE(performance-unnecessary-copy-initialization): it may be one of those there
+    const Step applied = step;
+    for (std::vector<Step>* steps : {&undos_, &redos_, &takenAway_}) {
+        std::erase(*steps, applied);
+    }
+    const Step inverse = dataOperationsService_->undo(*applied);
+    if (inverse) {
+        keep(inverse, opposite);
+    }
+    const bool hasTaken = inverse && bringsBackMoreThanATask(*inverse);
+    if (hasTaken) {
+        keep(inverse, takenAway_);
+    }
+    show();
+    if (hasTaken) {
+        latestTakenAway_.setValue(inverse);
+    }
 }
 
 void UndoHistory::show() {

@@ -30,24 +30,34 @@ class UndoHistory {
 
     livedata::Published<State>& state() { return state_; }
 
+    // The latest that an undo or a redo took away with more than was known to go: a focus is
+    // started without a step of its own, so a task may have intervals when its addition is undone.
+    livedata::Published<Step>& latestTakenAway() { return latestTakenAway_; }
+
     // Whether it can still be undone.
     bool contains(const Step& step) const;
 
     // Does nothing where nothing comes next.
     void undo();
     void redo();
-    // That step, out of its turn: one that nothing depends on, as a deletion.
+    // That step, out of its turn: one that nothing depends on, as a deletion, or what was taken
+    // away.
     void undo(const Step& step);
 
  private:
     void remember();
+    // What takes it back in turn goes there.
+    void apply(const Step& step, std::vector<Step>& opposite);
     void show();
 
     std::shared_ptr<DataOperationsServiceProtocol> dataOperationsService_;
     // The latest last.
     std::vector<Step> undos_;
     std::vector<Step> redos_;
+    // These stand in one of the others, too, until a new change leaves nothing to redo.
+    std::vector<Step> takenAway_;
     livedata::Published<State> state_;
+    livedata::Published<Step> latestTakenAway_;
     livedata::Subscription cancellable_;
 };
 

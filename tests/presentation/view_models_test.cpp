@@ -264,6 +264,30 @@ TEST_F(ViewModelTest, UndoOffersEachDeletionForTenSecondsTheLatestFirst) {
     EXPECT_EQ(store.sql("SELECT name FROM Task ORDER BY pk"), "third second");
     store.service->renameTask(third, "another");
     EXPECT_FALSE(menu->viewState().value().redo);
+
+    // A task that goes with what was started on it is offered, whatever is changed then.
+    store.service->createTask("new");
+    EXPECT_EQ(offered(), "nothing");
+    const auto added = base::Uuid::fromText(store.sql("SELECT id FROM Task WHERE name = 'new'"));
+    const base::Date now = store.clock->time;
+    store.service->addInterval({.creationDate = now,
+                                .duration = 0s,
+                                .id = base::Uuid::random(),
+                                .maxDuration = 1800s,
+                                .state = store::IntervalState::running(now)},
+                               added.value());
+    history->undo();
+    EXPECT_EQ(offered(), "Task deleted: new");
+    history->redo();
+    EXPECT_EQ(offered(), "nothing");
+    history->undo();
+    store.service->renameTask(third, "third");
+    undo();
+    EXPECT_EQ(offered(), "nothing");
+    EXPECT_EQ(menu->viewState().value().undo->text, "Undo Add “new”");
+    EXPECT_EQ(store.sql("SELECT t.name, r.state FROM Task t JOIN Interval i ON i.task = t.pk"
+                        " JOIN RawIntervalState r ON r.interval = i.pk WHERE t.name = 'new'"),
+              "new|1");
 }
 
 }  // namespace hearthmark::presentation

@@ -25,19 +25,12 @@ T.MenuItem {
     Accessible.description: root.shortcutText
     Accessible.onPressAction: root.press()
 
-    contentItem: Label {
+    contentItem: MenuItemLine {
         text: root.text
-        color: root.enabled ? root.textColor : Theme.colors.disabledText
-        verticalAlignment: Text.AlignVCenter
-        Accessible.ignored: true
-
-        Label {
-            anchors.right: parent.right
-            anchors.verticalCenter: parent.verticalCenter
-            text: root.shortcutText
-            color: root.enabled ? Theme.colors.secondaryText : Theme.colors.disabledText
-            Accessible.ignored: true
-        }
+        shortcutText: root.shortcutText
+        textColor: root.enabled ? root.textColor : Theme.colors.disabledText
+        shortcutColor: root.enabled ? Theme.colors.secondaryText : Theme.colors.disabledText
+        isMarked: root.highlighted
     }
 
     background: Rectangle {

@@ -44,7 +44,7 @@ RowOfKind {
     }
 
     function tellSize() {
-        if (root.isPlace && root.isComplete)
+        if ((root.isPlace || root.isEdited) && root.isComplete)
             root.placeResized();
     }
 
