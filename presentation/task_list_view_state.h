@@ -1,9 +1,12 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <cstddef>
+#include <optional>
 #include <string>
 #include <vector>
 
+#include "base/folding.h"
 #include "base/uuid.h"
 #include "livedata/block.h"
 #include "livedata/shared_list.h"
@@ -13,6 +16,24 @@ namespace hearthmark::presentation {
 // What the task list shows and what can be done in it.
 struct TaskListViewState {
     TaskListViewState() = delete;
+
+    // The line of a note in which a search found something, and where.
+    struct FoundLine {
+        std::string text;
+        std::vector<base::TextRange> marked;
+
+        bool operator==(const FoundLine&) const = default;
+    };
+
+    // What a search found in a task.
+    struct Match {
+        // Of its name.
+        std::vector<base::TextRange> name;
+        // Where the name does not hold all words.
+        std::optional<FoundLine> note;
+
+        bool operator==(const Match&) const = default;
+    };
 
     struct RunningItemInterval {
         std::string button;
@@ -35,6 +56,8 @@ struct TaskListViewState {
         std::string taskName;
         std::string timeSpent;
         livedata::Action onItemTapped;
+        // Absent where it does not match, and without a search.
+        std::optional<Match> match{};
 
         bool operator==(const RunningItem&) const = default;
     };
@@ -48,15 +71,19 @@ struct TaskListViewState {
         // "Finish" here too, though there is nothing to finish; views do not draw it.
         std::string button;
         livedata::Action onItemTapped;
+        std::optional<Match> match{};
 
         bool operator==(const NonRunningItem&) const = default;
     };
 
-    // Both lists from the newest task to the oldest. What does not run is the same list as before
-    // where nothing of it has changed.
+    // Both lists from the newest task to the oldest, with all tasks, also while a search is for
+    // some of them. What does not run is the same list as before where nothing of it has changed.
     struct View {
         std::vector<RunningItem> runningItems;
         livedata::SharedList<NonRunningItem> nonRunningItems;
+        bool isSearchOpen = false;
+        // Of all tasks; absent while no word is searched for.
+        std::optional<std::size_t> matchCount{};
 
         bool operator==(const View&) const = default;
     };

@@ -7,6 +7,7 @@
 #include "presentation/texts.h"
 #include "store/interval.h"
 #include "store/newest_first.h"
+#include "store/note.h"
 #include "store/raw_interval_state.h"
 #include "store/time_texts.h"
 
@@ -39,6 +40,39 @@ void TasksListViewModel::startObserving() {
     liveTasks_->startObserving(*liveDataFactory_);
 }
 
+void TasksListViewModel::openSearch() {
+    if (search_) {
+        return;
+    }
+    search_ = std::make_unique<TaskSearch>();
+    notesProvider_ =
+        liveDataFactory_->makeProvider<store::Note>({.key = "creationDate", .ascending = true});
+    notesSubscription_ = notesProvider_->currentItems()->subscribe(base::weakly(
+        weak_from_this(), [](auto& self, const auto&) { self.follow(self.liveTasks_->tasks()); }));
+    notesProvider_->startObserving();
+}
+
+void TasksListViewModel::search(std::string_view typed) {
+    if (search_ && search_->setWords(typed)) {
+        makeNonRunningItems();
+        rebuild();
+    }
+}
+
+void TasksListViewModel::closeSearch() {
+    if (!search_) {
+        return;
+    }
+    const bool isFound = search_->hasWords();
+    notesSubscription_ = {};
+    notesProvider_.reset();
+    search_.reset();
+    if (isFound) {
+        makeNonRunningItems();
+    }
+    rebuild();
+}
+
 void TasksListViewModel::follow(const store::Tasks& tasks) {
     std::vector<const store::Task*> others;
     running_.clear();
@@ -49,22 +83,36 @@ void TasksListViewModel::follow(const store::Tasks& tasks) {
     }
     tasks_ = tasks;
     store::sortNewestFirst(running_);
-    const std::optional<base::Uuid>& selected = mutableSelectedTaskId_->value();
-    if (versions_.renew(others) || selected != shownSelection_) {
-        shownSelection_ = selected;
-        store::sortNewestFirst(others);
-        std::vector<TaskListViewState::NonRunningItem> items;
-        items.reserve(others.size());
-        for (const store::Task* task : others) {
-            items.push_back(nonRunningItem(*task, *task->id()));
-        }
-        nonRunningItems_ = livedata::SharedList(std::move(items));
+    const bool isFoundAnew = search_ && search_->follow(tasks);
+    const bool isChanged = versions_.renew(others);
+    if (isChanged) {
+        others_ = std::move(others);
+        store::sortNewestFirst(others_);
+    }
+    if (isChanged || isFoundAnew || mutableSelectedTaskId_->value() != shownSelection_) {
+        makeNonRunningItems();
     }
     rebuild();
 }
 
+void TasksListViewModel::makeNonRunningItems() {
+    shownSelection_ = mutableSelectedTaskId_->value();
+    std::vector<TaskListViewState::NonRunningItem> items;
+    items.reserve(others_.size());
+    for (const store::Task* task : others_) {
+        items.push_back(nonRunningItem(*task, *task->id()));
+    }
+    nonRunningItems_ = livedata::SharedList(std::move(items));
+}
+
 void TasksListViewModel::rebuild() {
-    TaskListViewState::View view{.runningItems = {}, .nonRunningItems = nonRunningItems_};
+    TaskListViewState::View view{.runningItems = {},
+                                 .nonRunningItems = nonRunningItems_,
+                                 .isSearchOpen = search_ != nullptr,
+                                 .matchCount = {}};
+    if (search_ && search_->hasWords()) {
+        view.matchCount = search_->matchCount();
+    }
     for (const store::Task* task : running_) {
         view.runningItems.push_back(runningItem(*task, *task->id()));
     }
@@ -84,7 +132,8 @@ TaskListViewState::RunningItem TasksListViewModel::runningItem(const store::Task
             .intervalViewStates = std::move(intervals),
             .taskName = orDash(task.name()),
             .timeSpent = taskTimeSpent(task),
-            .onItemTapped = selectAction(taskId)};
+            .onItemTapped = selectAction(taskId),
+            .match = match(task)};
 }
 
 TaskListViewState::NonRunningItem TasksListViewModel::nonRunningItem(const store::Task& task,
@@ -95,7 +144,8 @@ TaskListViewState::NonRunningItem TasksListViewModel::nonRunningItem(const store
             .taskName = orDash(task.name()),
             .timeSpent = taskTimeSpent(task),
             .button = kFinish,
-            .onItemTapped = selectAction(taskId)};
+            .onItemTapped = selectAction(taskId),
+            .match = match(task)};
 }
 
 TaskListViewState::RunningItemInterval TasksListViewModel::runningItemInterval(
@@ -110,6 +160,10 @@ TaskListViewState::RunningItemInterval TasksListViewModel::runningItemInterval(
             .onDeleteCommand = deleteTaskAction(taskId),
             .timeSpent = orDash(store::formattedTimeSpent(interval, *clock_)),
             .progress = store::progress(interval, *clock_)};
+}
+
+std::optional<TaskListViewState::Match> TasksListViewModel::match(const store::Task& task) const {
+    return search_ ? search_->match(task) : std::nullopt;
 }
 
 bool TasksListViewModel::isSelected(const base::Uuid& taskId) const {

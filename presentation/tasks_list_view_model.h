@@ -4,6 +4,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <string_view>
 
 #include "base/clock.h"
 #include "livedata/published.h"
@@ -11,6 +12,7 @@
 #include "presentation/live_tasks.h"
 #include "presentation/selected_task_id.h"
 #include "presentation/task_list_view_state.h"
+#include "presentation/task_search.h"
 #include "presentation/task_versions.h"
 #include "services/ports/time_keeping.h"
 #include "store/data_operations_service_protocol.h"
@@ -27,6 +29,13 @@ class TaskListViewModelProtocol {
 
     // Called once, when the list comes on screen.
     virtual void startObserving() = 0;
+
+    // From here until the search is closed the state tells which tasks hold all words that are
+    // typed: none at first.
+    virtual void openSearch() = 0;
+    // Does nothing while no search is open.
+    virtual void search(std::string_view typed) = 0;
+    virtual void closeSearch() = 0;
 };
 
 // Makes the task list's state from the live tasks, the clock and the selection, whole, on every
@@ -46,9 +55,13 @@ class TasksListViewModel final : public TaskListViewModelProtocol,
         return viewState_;
     }
     void startObserving() override;
+    void openSearch() override;
+    void search(std::string_view typed) override;
+    void closeSearch() override;
 
  private:
     void follow(const store::Tasks& tasks);
+    void makeNonRunningItems();
     // Of the tasks that are followed, at this moment.
     void rebuild();
     TaskListViewState::RunningItem runningItem(const store::Task& task, const base::Uuid& taskId);
@@ -57,6 +70,7 @@ class TasksListViewModel final : public TaskListViewModelProtocol,
     TaskListViewState::RunningItemInterval runningItemInterval(const store::Interval& interval,
                                                                const base::Uuid& intervalId,
                                                                const base::Uuid& taskId);
+    std::optional<TaskListViewState::Match> match(const store::Task& task) const;
     bool isSelected(const base::Uuid& taskId) const;
     std::string taskTimeSpent(const store::Task& task) const;
     livedata::Action selectAction(const base::Uuid& taskId);
@@ -73,10 +87,15 @@ class TasksListViewModel final : public TaskListViewModelProtocol,
     store::Tasks tasks_;
     // Newest first.
     std::vector<const store::Task*> running_;
+    std::vector<const store::Task*> others_;
     // The others as they are shown, and what that was made of.
     livedata::SharedList<TaskListViewState::NonRunningItem> nonRunningItems_;
     TaskVersions versions_;
     std::optional<base::Uuid> shownSelection_;
+    // Both present only while a search is open. What is found in notes changes with them.
+    std::unique_ptr<TaskSearch> search_;
+    std::unique_ptr<store::LiveDataProvider<store::Note>> notesProvider_;
+    livedata::Subscription notesSubscription_;
     std::vector<livedata::Subscription> cancellables_;
 };
 

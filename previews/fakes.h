@@ -5,6 +5,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <string_view>
 
 #include "base/clock.h"
 #include "presentation/tasks_list_view_model.h"
@@ -78,6 +79,9 @@ class LoadingTaskListViewModel final : public presentation::TaskListViewModelPro
         return viewState_;
     }
     void startObserving() override {}
+    void openSearch() override {}
+    void search(std::string_view /*typed*/) override {}
+    void closeSearch() override {}
 
  private:
     livedata::Published<std::optional<presentation::TaskListViewState::View>> viewState_;

@@ -8,6 +8,7 @@
 
 #include "base/calendar.h"
 #include "base/clock.h"
+#include "base/folding.h"
 #include "base/text.h"
 #include "base/uuid.h"
 
@@ -45,6 +46,76 @@ TEST(IsValidUtf8, HoldsForEveryCharacterAndNothingElse) {
           "\xf4\x90\x80\x80", "\xe2\x80", "\xf0\x9f\x8d", "\xe2\x80 ", "\x80", "\xff"}) {
         EXPECT_FALSE(isValidUtf8(std::string("a") + text)) << text;
         EXPECT_FALSE(isValidUtf8(text + std::string("a"))) << text;
+    }
+}
+
+TEST(Folding, MakesTextsEqualThatSearchesTakeForEqual) {
+    const auto rows = std::to_array<std::pair<std::string_view, std::string_view>>({
+        {"Straße STRASSE", "strasse strasse"},
+        {"\u0130stanbul \u0131rmak IRMAK", "istanbul irmak irmak"},
+        {"\u039f\u0394\u039f\u03a3 \u03bf\u03b4\u03cc\u03c2",
+         "\u03bf\u03b4\u03bf\u03c3 \u03bf\u03b4\u03bf\u03c3"},
+        {"R\u00e9sum\u00e9 re\u0301sume\u0301", "resume resume"},
+        // Hebrew with points and without.
+        {"\u05e9\u05c1\u05b8\u05dc\u05d5\u05b9\u05dd", "\u05e9\u05dc\u05d5\u05dd"},
+        // A ligature, two marks on one letter, a letter beyond 16 bits, a mark without a letter.
+        {"\ufb01 \u1ead \U00010400 \u0301", "fi a \U00010428 "},
+        {"a\0B"sv, "a\0b"sv},
+        {"\xff"
+         "A \xe2\x80 \xc3",
+         "\ufffda \ufffd \ufffd"},
+    });
+    for (const auto& [text, expected] : rows) {
+        EXPECT_EQ(folded(text), expected) << text;
+    }
+    EXPECT_EQ(foldedWords(" \u00c4 \u0301 a\u3000\u0130\n"),
+              (std::vector<std::string>{"a", "a", "i"}));
+}
+
+TEST(Folding, FoldsNothingTwiceAndFindsTheWayBack) {
+    for (std::uint32_t character = 0x80; character <= 0x10ffff; ++character) {
+        const auto tail = [character](unsigned shift) {
+            return static_cast<char>(0x80U | (character >> shift & 0x3fU));
+        };
+        // Surrogates are no characters.
+        const std::string text =
+            character < 0x800 ? std::string{static_cast<char>(0xc0U | character >> 6), tail(0)}
+            : character < 0x10000
+                ? std::string{static_cast<char>(0xe0U | character >> 12), tail(6), tail(0)}
+                : std::string{static_cast<char>(0xf0U | character >> 18), tail(12), tail(6),
+                              tail(0)};
+        const std::string fold = folded(text);
+        ASSERT_EQ(folded(fold), fold) << text;
+        const std::size_t expected = fold.empty() ? 4 + text.size() : 4;
+        ASSERT_EQ(originOfFolded("ab c" + text + "d", 4), expected) << text;
+        ASSERT_EQ(originOfFolded("ab c" + text + "d", 4 + fold.size()), 4 + text.size()) << text;
+    }
+}
+
+TEST(Folding, FindsWholeCharactersWithTheMarksOnThem) {
+    struct Row {
+        std::string_view text;
+        std::vector<std::string> words;
+        std::string_view found;
+    };
+    for (const Row& row : std::to_array<Row>({
+             {"Stra\u00dfe", {"s"}, "[S]tra[\u00df]e"},
+             {"caf\u00e9 cafe\u0301s", {"e", "fe"}, "ca[f\u00e9] ca[fe\u0301]s"},
+             {"\u0301a\u0301", {"a"}, "\u0301[a\u0301]"},
+             {"ababa", {"aba"}, "[ababa]"},
+             {"\xe2\x80"
+              "A\xff\0b"sv,
+              {"a\ufffd", "b"},
+              "\xe2\x80[A\xff]\0[b]"sv},
+             {"", {"a"}, ""},
+         })) {
+        std::string marked(row.text);
+        std::size_t shift = 0;
+        for (const TextRange& range : rangesOfWords(row.text, row.words)) {
+            marked.insert(range.begin + shift++, 1, '[');
+            marked.insert(range.end + shift++, 1, ']');
+        }
+        EXPECT_EQ(marked, row.found);
     }
 }
 

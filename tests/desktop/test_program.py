@@ -183,7 +183,7 @@ class Use(ProgramTest):
         for keys, maximum in [("ctrl+1", 1800), ("ctrl+2", 3600)]:
             key(keys)
             wait_for(lambda: program.section_of("One") == "Running", "the focus")
-            key("ctrl+f")
+            key("ctrl+shift+f")
             wait_for(lambda: program.section_of("One") == "Not running", "its end")
             self.assertEqual(program.rows("SELECT max(maxDuration) FROM Interval"), [(maximum,)])
         key("ctrl+shift+n")
@@ -310,7 +310,7 @@ class Use(ProgramTest):
             reach("End", "Task 1")
             key("Return", "ctrl+1")
             wait_for(lambda: program.section_of("Task 1") == "Running", "it under the first header")
-            key("ctrl+f")
+            key("ctrl+shift+f")
             tab_to("Show")
             reach("Return", "Task 1")
             reach("ctrl+e shift+Tab", "JSON")
@@ -442,7 +442,7 @@ class Use(ProgramTest):
         # Nobody takes the notification, so the banner speaks too; the last two come quickly.
         both = rf"{finish}\|Interval finished: A"
         for keys, text, seconds in zip(
-                ["ctrl+1", "ctrl+f"] * 2, [start, both, start, finish], [3, 3, 0, 0]):
+                ["ctrl+1", "ctrl+shift+f"] * 2, [start, both, start, finish], [3, 3, 0, 0]):
             key(keys)
             wait_for(lambda: re.fullmatch(text, "|".join(announced)), f"{text}, not {announced}")
             time.sleep(0.5)

@@ -59,6 +59,7 @@ Rectangle {
         y: Theme.tightSpacing
         width: Theme.toolTipWidth
         text: root.label.text
+        textFormat: root.label.textFormat
         wrapMode: Text.Wrap
         elide: Text.ElideRight
         maximumLineCount: Theme.toolTipMaximumLineCount

@@ -16,6 +16,8 @@ ListView {
     // The task that is selected now.
     signal renameRequested
     signal menuRequested(row: DeletableRow, position: point)
+    // From the first task.
+    signal leftUpwards
 
     function showRow(row: int) {
         root.currentIndex = row;
@@ -31,11 +33,23 @@ ListView {
             root.contentY = root.originY;
     }
 
+    function takeFocus() {
+        (root.currentItem ?? root).forceActiveFocus(Qt.OtherFocusReason);
+    }
+
     // By the keyboard.
     function walkTo(row: int) {
         root.showTask(root.rows.taskNearest(row));
         if (root.currentItem)
             (root.currentItem as TaskListRow).isWalkedTo = true;
+    }
+
+    function walkUp() {
+        const row = root.rows.taskBefore(root.currentIndex);
+        const isFirst = row === root.currentIndex;
+        root.walkTo(row);
+        if (isFirst)
+            root.leftUpwards();
     }
 
     // The current row follows its task when that changes sections, but not before the layout.
@@ -84,7 +98,7 @@ ListView {
         id: rowKeys
 
         list: root
-        onUpPressed: root.walkTo(root.rows.taskBefore(root.currentIndex))
+        onUpPressed: root.walkUp()
         onDownPressed: root.walkTo(root.rows.taskAfter(root.currentIndex))
         onHomePressed: root.walkTo(root.rows.taskAfter(-1))
         onEndPressed: root.walkTo(root.rows.taskBefore(root.count))

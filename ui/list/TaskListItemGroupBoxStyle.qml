@@ -10,6 +10,9 @@ Rectangle {
     required property bool isSelected
     required property string taskName
     required property string timeSpent
+    // What a search found, in styled text: the name with it, and a line of a note. Empty for none.
+    required property string markedName
+    required property string foundLine
     readonly property color textColor: root.isSelected ? Theme.colors.selectedText : Theme.colors.text
     readonly property color detailColor: root.isSelected ? Theme.colors.selectedText : Theme.colors.secondaryText
     readonly property alias contentWidth: column.width
@@ -34,10 +37,22 @@ Rectangle {
 
         ElidedLabel {
             width: parent.width
-            text: root.taskName
+            text: root.markedName || root.taskName
+            textFormat: root.markedName === "" ? Text.PlainText : Text.StyledText
             font.pointSize: Theme.title3Size
             color: root.textColor
             isMarked: root.row.isWalkedTo
+            Accessible.ignored: true
+        }
+
+        Label {
+            width: parent.width
+            visible: root.foundLine !== ""
+            text: root.foundLine
+            textFormat: Text.StyledText
+            elide: Text.ElideRight
+            maximumLineCount: 1
+            color: root.detailColor
             Accessible.ignored: true
         }
 

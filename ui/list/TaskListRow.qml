@@ -15,6 +15,8 @@ RowOfKind {
     required property string timeSpent
     required property string description
     required property bool isSelected
+    required property string markedName
+    required property string foundLine
     // Of a running task alone.
     required property IntervalListModel intervalViewStates
 
@@ -70,6 +72,8 @@ RowOfKind {
             intervalViewStates: root.intervalViewStates
             taskName: root.text
             timeSpent: root.timeSpent
+            markedName: root.markedName
+            foundLine: root.foundLine
             onFocused: root.focused()
             onItemTapped: root.tapped()
             onMenuRequested: (line, position) => root.lineMenuRequested(line, position)
@@ -87,6 +91,8 @@ RowOfKind {
             isSelected: root.isSelected
             taskName: root.text
             timeSpent: root.timeSpent
+            markedName: root.markedName
+            foundLine: root.foundLine
         }
     }
 }

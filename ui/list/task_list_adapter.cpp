@@ -3,7 +3,19 @@
 
 #include <utility>
 
+#include "ui/text/text_conversion.h"
+
 namespace hearthmark::ui {
+
+namespace {
+
+QString matchesText(std::size_t count) {
+    return count == 0   ? QObject::tr("No matches")
+           : count == 1 ? QObject::tr("1 match")
+                        : QObject::tr("%1 matches").arg(count);
+}
+
+}  // namespace
 
 TaskListAdapter::TaskListAdapter(std::shared_ptr<presentation::TaskListViewModelProtocol> viewModel)
     : viewModel_(std::move(viewModel)) {
@@ -18,12 +30,41 @@ int TaskListAdapter::newestRow() const {
     return insertedRow_ >= 0 ? insertedRow_ : rows_.selectedRow();
 }
 
+void TaskListAdapter::openSearch() {
+    viewModel_->openSearch();
+}
+
+void TaskListAdapter::search(const QString& typed) {
+    viewModel_->search(toUtf8(typed));
+    QMetaObject::invokeMethod(this, &TaskListAdapter::matchesShown, Qt::QueuedConnection);
+}
+
+void TaskListAdapter::closeSearch() {
+    viewModel_->closeSearch();
+}
+
+bool TaskListAdapter::isTyping(const QString& text, int modifiers) {
+    const int others =
+        modifiers & ~(Qt::ShiftModifier | Qt::KeypadModifier | Qt::GroupSwitchModifier);
+    return others == 0 && !text.isEmpty() && text[0].isPrint() && !text[0].isSpace();
+}
+
+int TaskListAdapter::reachedRow() const {
+    const int row = reachedId_ ? rows_.rowOf(*reachedId_) : -1;
+    return row >= 0 ? row : rows_.selectedRow();
+}
+
 void TaskListAdapter::show() {
     const auto& state = viewModel_->viewState().value();
     if (!state) {
         return;
     }
     rows_.show(*state);
+    bool isOther = replace(isSearchOpen_, state->isSearchOpen);
+    isOther |= replace(matches_, state->matchCount ? matchesText(*state->matchCount) : QString());
+    if (isOther) {
+        emit searchShown();
+    }
     if (replace(loaded_, true)) {
         emit loadedChanged();
     }

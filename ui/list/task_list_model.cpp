@@ -2,9 +2,11 @@
 #include "ui/list/task_list_model.h"
 
 #include <algorithm>
+#include <numeric>
 #include <utility>
 
 #include "ui/state/run_action.h"
+#include "ui/text/marked_text.h"
 #include "ui/text/text_conversion.h"
 
 namespace hearthmark::ui {
@@ -22,14 +24,6 @@ TaskListRow textRow(TaskListRow::Kind kind, Section section, const QString& text
     return row;
 }
 
-void appendSection(std::vector<TaskListRow>& rows, Section section, const QString& header,
-                   const QString& hint, bool isEmpty) {
-    rows.push_back(textRow(TaskListRow::Kind::header, section, header));
-    if (isEmpty) {
-        rows.push_back(textRow(TaskListRow::Kind::hint, section, hint));
-    }
-}
-
 template <class Item>
 TaskListRow taskRow(const Item& item, RowKeys& keys) {
     TaskListRow row;
@@ -38,6 +32,9 @@ TaskListRow taskRow(const Item& item, RowKeys& keys) {
     row.timeSpent = toQString(item.timeSpent);
     row.isSelected = item.isSelected;
     row.onTap = item.onItemTapped;
+    if (item.match) {
+        row.found = {.name = item.taskName, .match = *item.match};
+    }
     return row;
 }
 
@@ -57,46 +54,88 @@ std::vector<IntervalRow> lines(
     return rows;
 }
 
-std::vector<TaskListRow> runningRows(const std::vector<TaskListViewState::RunningItem>& items,
-                                     RowKeys& keys) {
-    std::vector<TaskListRow> rows;
-    appendSection(rows, Section::running, QObject::tr("Running"),
-                  QObject::tr("No tasks in progress."), items.empty());
-    for (const TaskListViewState::RunningItem& item : items) {
-        TaskListRow& row = rows.emplace_back(taskRow(item, keys));
-        row.lines = lines(item.intervalViewStates);
-        // A running task is deleted by way of its newest running interval.
-        if (!item.intervalViewStates.empty()) {
-            row.onDelete = item.intervalViewStates.front().onDeleteCommand;
-        }
+// What stands in place of a section's tasks where none is shown.
+QString hintOf(Section section, bool isEmpty) {
+    if (!isEmpty) {
+        return QObject::tr("No matches");
     }
-    return rows;
+    return section == Section::running
+               ? QObject::tr("No tasks in progress.")
+               : QObject::tr("Add your first task by pressing the button below 👇");
 }
 
-void appendNonRunningRows(std::vector<TaskListRow>& rows,
-                          const livedata::SharedList<TaskListViewState::NonRunningItem>& items,
-                          RowKeys& keys) {
-    rows.reserve(rows.size() + items.size() + 2);
-    appendSection(rows, Section::nonRunning, QObject::tr("Not running"),
-                  QObject::tr("Add your first task by pressing the button below 👇"), items.empty());
-    for (const TaskListViewState::NonRunningItem& item : items) {
-        rows.emplace_back(taskRow(item, keys)).onDelete = item.onDeleteCommand;
+// Answers how many of the items are shown.
+template <class Items, class IsShown, class Fill>
+int appendSection(std::vector<TaskListRow>& rows, Section section, const QString& header,
+                  const Items& items, RowKeys& keys, const IsShown& isShown, const Fill& fill) {
+    rows.push_back(textRow(TaskListRow::Kind::header, section, header));
+    const std::size_t first = rows.size();
+    for (const auto& item : items) {
+        if (isShown(item)) {
+            fill(rows.emplace_back(taskRow(item, keys)), item);
+        }
     }
+    const std::size_t count = rows.size() - first;
+    if (count == 0) {
+        rows.push_back(textRow(TaskListRow::Kind::hint, section, hintOf(section, items.empty())));
+    }
+    return static_cast<int>(count);
+}
+
+int appendRunning(std::vector<TaskListRow>& rows,
+                  const std::vector<TaskListViewState::RunningItem>& items, RowKeys& keys) {
+    return appendSection(
+        rows, Section::running, QObject::tr("Running"), items, keys,
+        // Whatever is searched for.
+        [](const auto& /*item*/) { return true; },
+        [](TaskListRow& row, const TaskListViewState::RunningItem& item) {
+            row.lines = lines(item.intervalViewStates);
+            // A running task is deleted by way of its newest running interval.
+            if (!item.intervalViewStates.empty()) {
+                row.onDelete = item.intervalViewStates.front().onDeleteCommand;
+            }
+        });
+}
+
+int appendNonRunning(std::vector<TaskListRow>& rows, const TaskListViewState::View& state,
+                     RowKeys& keys) {
+    rows.reserve(rows.size() + state.nonRunningItems.size() + 2);
+    return appendSection(
+        rows, Section::nonRunning, QObject::tr("Not running"), state.nonRunningItems, keys,
+        [isAll = !state.matchCount](const auto& item) { return isAll || item.match; },
+        [](TaskListRow& row, const TaskListViewState::NonRunningItem& item) {
+            row.onDelete = item.onDeleteCommand;
+        });
+}
+
+QVariant markedName(const TaskListRow& row) {
+    return row.found ? markedText(row.found->name, row.found->match.name) : QString();
+}
+
+QVariant foundLine(const TaskListRow& row) {
+    const auto& note = row.found ? row.found->match.note : std::nullopt;
+    return note ? markedText(note->text, note->marked) : QString();
 }
 
 }  // namespace
 
 const std::vector<RowRole<TaskListRow>>& TaskListRow::roles() {
-    // The description, which the model makes, changes with the time.
+    // The description, which the model makes, changes with the time and with what is found.
     static const std::vector<RowRole<TaskListRow>> kRoles{
-        role<&TaskListRow::timeSpent>("description"),
+        {"description", &RowField<&TaskListRow::timeSpent>::value,
+         [](const TaskListRow& a, const TaskListRow& b) {
+             return a.timeSpent != b.timeSpent || a.found != b.found;
+         }},
         kindRole<TaskListRow>(),
         role<&TaskListRow::text>("text"),
         role<&TaskListRow::timeSpent>("timeSpent"),
         role<&TaskListRow::isSelected>("isSelected"),
         {"intervalViewStates",
          [](const TaskListRow& row) { return QVariant::fromValue(row.intervalViewStates.get()); },
-         &RowField<&TaskListRow::intervalViewStates>::differs}};
+         &RowField<&TaskListRow::intervalViewStates>::differs},
+        // Made for the few rows that are seen.
+        {"markedName", &markedName, &RowField<&TaskListRow::found>::differs},
+        {"foundLine", &foundLine, &RowField<&TaskListRow::found>::differs}};
     return kRoles;
 }
 
@@ -117,15 +156,16 @@ void TaskListRow::settle(TaskListRow* shown) {
 
 void TaskListModel::show(const TaskListViewState::View& state) {
     RowKeys keys;
-    std::vector<TaskListRow> next = runningRows(state.runningItems, keys);
+    std::vector<TaskListRow> next;
+    auto& [runningCount, nonRunningCount] = taskCounts_;
+    const int shownRunning =
+        std::exchange(runningCount, appendRunning(next, state.runningItems, keys));
     std::size_t end = next.size();
-    const int runningCount = static_cast<int>(state.runningItems.size());
-    if (rowCount() == 0 || runningCount != runningCount_ ||
+    if (rowCount() == 0 || runningCount != shownRunning ||
         !state.nonRunningItems.isSame(shownNonRunning_)) {
-        appendNonRunningRows(next, state.nonRunningItems, keys);
+        nonRunningCount = appendNonRunning(next, state, keys);
         end = rows().size();
     }
-    runningCount_ = runningCount;
     shownNonRunning_ = state.nonRunningItems;
     if (update(0, end, std::move(next))) {
         emit dataChanged(index(0), index(rowCount() - 1), {kDescriptionRole});
@@ -133,11 +173,25 @@ void TaskListModel::show(const TaskListViewState::View& state) {
 }
 
 QString TaskListModel::description(int row) const {
-    const int firstSection = std::max(runningCount_, 1) + 1;
-    const int taskCount = runningCount_ + static_cast<int>(shownNonRunning_.size());
-    const int position = row < firstSection ? row : runningCount_ + row - firstSection;
+    int position = row;
+    int tasksAbove = 0;
+    for (const int count : taskCounts_) {
+        // Each with its header, and its hint where there are no tasks.
+        const int rowsOfSection = 1 + std::max(count, 1);
+        if (position < rowsOfSection) {
+            break;
+        }
+        position -= rowsOfSection;
+        tasksAbove += count;
+    }
+    const TaskListRow& task = *rowAt(row);
+    const int taskCount = std::accumulate(taskCounts_.begin(), taskCounts_.end(), 0);
     //: The time spent on a task, and its place in the list.
-    return tr("%1, %2 of %3").arg(rowAt(row)->timeSpent).arg(position).arg(taskCount);
+    const QString place =
+        tr("%1, %2 of %3").arg(task.timeSpent).arg(tasksAbove + position).arg(taskCount);
+    const auto& note = task.found ? task.found->match.note : std::nullopt;
+    //: The time spent on a task and its place in the list, and the line of a note that matches.
+    return note ? tr("%1, in a note: %2").arg(place, toQString(note->text)) : place;
 }
 
 QVariant TaskListModel::data(const QModelIndex& index, int role) const {
@@ -159,9 +213,24 @@ void TaskListModel::deleteRow(int row) const {
     }
 }
 
+template <class Predicate>
+int TaskListModel::firstRow(Predicate predicate) const {
+    const auto first = std::ranges::find_if(rows(), predicate);
+    return first == rows().end() ? -1 : static_cast<int>(first - rows().begin());
+}
+
+int TaskListModel::firstMatch() const {
+    return firstRow(&TaskListRow::isMatch);
+}
+
 int TaskListModel::selectedRow() const {
-    const auto selected = std::ranges::find(rows(), true, &TaskListRow::isSelected);
-    return selected == rows().end() ? -1 : static_cast<int>(selected - rows().begin());
+    return firstRow(&TaskListRow::isSelected);
+}
+
+int TaskListModel::rowOf(const base::Uuid& taskId) const {
+    return firstRow([&taskId](const TaskListRow& row) {
+        return row.kind() == TaskListRow::Kind::task && row.key.id == taskId;
+    });
 }
 
 int TaskListModel::taskBefore(int row) const {

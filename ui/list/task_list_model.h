@@ -4,8 +4,10 @@
 #include <QtQmlIntegration/qqmlintegration.h>
 
 #include <QString>
+#include <array>
 #include <memory>
 #include <optional>
+#include <string>
 #include <vector>
 
 #include "livedata/block.h"
@@ -20,6 +22,7 @@ struct TaskListRow {
     enum class Kind { header, hint, task };
 
     Kind kind() const { return static_cast<Kind>(key.kind); }
+    bool isMatch() const { return found.has_value(); }
     static const std::vector<RowRole<TaskListRow>>& roles();
     // The lines go on in the model that the view has of the task.
     void settle(TaskListRow* shown);
@@ -29,6 +32,15 @@ struct TaskListRow {
     QString text;  // the header, the hint or the task's name
     QString timeSpent;
     bool isSelected = false;
+    // What a search found in the task, and its name, of which that tells the parts; absent where it
+    // does not match.
+    struct Found {
+        std::string name;
+        presentation::TaskListViewState::Match match;
+
+        bool operator==(const Found&) const = default;
+    };
+    std::optional<Found> found;
     // The running intervals of a running task; another row has none. Made from the lines when the
     // row is settled.
     std::shared_ptr<IntervalListModel> intervalViewStates;
@@ -61,8 +73,12 @@ class TaskListModel : public HEARTHMARK_ROW_LIST_MODEL(TaskListRow) {
     Q_INVOKABLE void tap(int row) const;
     Q_INVOKABLE void deleteRow(int row) const;
 
-    // -1 where no task is selected.
+    // The first task that matches a search, or -1.
+    Q_INVOKABLE int firstMatch() const;
+
+    // -1 where no task is selected, and where the task is not shown.
     int selectedRow() const;
+    int rowOf(const base::Uuid& taskId) const;
 
     // For the keyboard, which steps over headers and hints: the next task in a direction, or `row`
     // where there is none; the task at a row or nearest to it, or -1 where there are no tasks.
@@ -71,10 +87,16 @@ class TaskListModel : public HEARTHMARK_ROW_LIST_MODEL(TaskListRow) {
     Q_INVOKABLE int taskNearest(int row) const;
 
  private:
+    static constexpr std::size_t kSections = 2;
+
+    // -1 where there is none.
+    template <class Predicate>
+    int firstRow(Predicate predicate) const;
     bool isTask(int row) const;
     QString description(int row) const;
 
-    int runningCount_ = 0;
+    // Those that are shown.
+    std::array<int, kSections> taskCounts_{};
     livedata::SharedList<presentation::TaskListViewState::NonRunningItem> shownNonRunning_;
 };
 

@@ -26,6 +26,13 @@ FocusScope {
         list.showNewest();
     }
 
+    // From anywhere on the screen.
+    Shortcut {
+        sequences: Shortcuts.search
+        enabled: root.parent.activeFocus
+        onActivated: list.openSearch("")
+    }
+
     Rectangle {
         anchors.fill: parent
         color: Theme.colors.sidebar

@@ -11,7 +11,8 @@ QtObject {
     readonly property var startShortFocus: ["Ctrl+1"]
     readonly property var startLongFocus: ["Ctrl+2"]
     readonly property var startOwnFocus: ["Ctrl+3"]
-    readonly property var finishNewest: ["Ctrl+F"]
+    readonly property var finishNewest: ["Ctrl+Shift+F"]
+    readonly property var search: ["Ctrl+F"]
     readonly property var addNote: ["Ctrl+Shift+N"]
     readonly property var addInterval: ["Ctrl+Shift+I"]
     readonly property var markDone: ["Ctrl+Shift+D"]
@@ -24,6 +25,7 @@ QtObject {
     // What they are called, in the order of the list, with what the controls themselves do at certain keys.
     readonly property var all: [
         [qsTr("Add a task"), root.addTask[0]],
+        [qsTr("Search tasks and notes"), root.search[0]],
         [qsTr("Start a focus of 30 minutes"), root.startShortFocus[0]],
         [qsTr("Start a focus of an hour"), root.startLongFocus[0]],
         [qsTr("Start a focus of your own length"), root.startOwnFocus[0]],
@@ -42,7 +44,7 @@ QtObject {
         [qsTr("Delete the marked row"), qsTr("Delete")],
         [qsTr("Undo the last change"), root.undo[0]],
         [qsTr("Do it again"), root.redo[0]],
-        [qsTr("Close a sheet or a menu"), qsTr("Escape")],
+        [qsTr("Close a sheet, a menu or the search"), qsTr("Escape")],
         [qsTr("Show this list"), root.showShortcuts[0]],
         [qsTr("Quit"), root.quit[0]]
     ]

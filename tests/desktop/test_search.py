@@ -1,0 +1,90 @@
+# SPDX-License-Identifier: MIT
+"""Searching in the running program. Usage: test_search.py BINARY [unittest arguments]"""
+
+import sys
+import time
+import unittest
+
+from driver import Desktop, ProgramTest, has_focus, key, new_id, press, type_text, wait_for
+
+
+def setUpModule():
+    unittest.addModuleCleanup(Desktop().close)
+
+
+class Search(ProgramTest):
+    def shown(self):
+        return [(name, description) for role, name, description in self.program.listed()
+                if role in ("list item", "label")]
+
+    def wait_for_rows(self, *expected):
+        def are_shown():
+            self.seen = self.shown()
+            return self.seen == list(expected)
+        try:
+            wait_for(are_shown, expected)
+        except AssertionError as error:
+            raise AssertionError(f"{error}, but {self.seen}") from None
+
+    def field(self):
+        return self.program.find("Search tasks and notes", "text")
+
+    def wait_for_keyboard(self, name, role="list item"):
+        wait_for(lambda: has_focus(self.program.find(name, role)), f"{name!r} to have the keyboard")
+
+    def test_finds_by_words_of_names_and_notes_and_goes_there_by_keys_alone(self):
+        self.make_store(*[("INSERT INTO Task VALUES (?, ?, ?, ?)", (place, new_id(), -place, name))
+                          for place, name in enumerate(["Alpha", "Bravo", "Charlie", "Delta"], 1)],
+                        ("INSERT INTO Note VALUES (1, ?, 0, 'first line\nThe Résumé of <b>\nlast', 2)", (new_id(),)))
+        program = self.program.launch()
+        none = ("No tasks in progress.", "")
+        everything = [none, *((name, f"0, {place} of 4")
+                              for place, name in enumerate(["Alpha", "Bravo", "Charlie", "Delta"], 1))]
+        self.wait_for_rows(*everything)
+        key("Down")  # to the second
+        type_text("R")
+        self.wait_for_keyboard("Search tasks and notes", "text")
+        self.wait_for_rows(none, ("Bravo", "0, 1 of 2"), ("Charlie", "0, 2 of 2"))
+        type_text("esume b")
+        self.wait_for_rows(none, ("Bravo", "0, 1 of 1, in a note: The Résumé of <b>"))
+        self.assertEqual(self.field().description, "1 match")
+        type_text("x")
+        self.wait_for_rows(none, ("No matches", ""))
+        self.assertEqual(self.field().description, "No matches")
+        key("ctrl+z")
+        key("ctrl+f")
+        type_text("a")
+        self.wait_for_rows(*everything)
+        key("Down", "Down", "Down", "Down", "Up")
+        self.wait_for_keyboard("Charlie")
+        key("Home", "Up")
+        self.wait_for_keyboard("Search tasks and notes", "text")
+        key("ctrl+a")
+        type_text("char")
+        key("Return")
+        self.wait_for_keyboard("Charlie")
+        program.find("30:00", "push button")
+        key("ctrl+1")
+        wait_for(lambda: program.section_of("Charlie") == "Running", "the focus")
+        type_text("z")
+        wait_for(lambda: program.section_of("No matches") is None and "No matches" in program.names(), "no match")
+        self.assertEqual(program.section_of("Charlie"), "Running", "whatever is searched for")
+        key("ctrl+shift+f", "Escape")
+        self.wait_for_keyboard("Charlie")
+        self.assertFalse(program.find_all("Search tasks and notes"))
+        wait_for(lambda: self.shown()[1:] and len(self.shown()) == 5, "all of them")
+        key("Delete", "ctrl+f")
+        type_text("charlie")
+        wait_for(lambda: "No matches" in program.names(), "no match")
+        press(program.find("Clear the search", "push button"))
+        wait_for(lambda: self.field().description == "", "all of them")
+        key("ctrl+z")
+        time.sleep(0.3)
+        self.assertNotIn("Alpha", [name for name, _ in self.shown()][3:], "a change of the text alone")
+        self.assertEqual(program.rows("SELECT count(*) FROM Task"), [(3,)])
+        self.assertEqual(program.end(), 0)
+
+
+if __name__ == "__main__":
+    Search.binary = sys.argv.pop(1)
+    unittest.main(verbosity=2)
