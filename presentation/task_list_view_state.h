@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "base/date.h"
 #include "base/folding.h"
 #include "base/uuid.h"
 #include "livedata/block.h"
@@ -71,6 +72,8 @@ struct TaskListViewState {
         // "Finish" here too, though there is nothing to finish; views do not draw it.
         std::string button;
         livedata::Action onItemTapped;
+        // Since when the task is done; absent where it is not.
+        std::optional<base::Date> doneDate{};
         std::optional<Match> match{};
 
         bool operator==(const NonRunningItem&) const = default;

@@ -145,6 +145,7 @@ TaskListViewState::NonRunningItem TasksListViewModel::nonRunningItem(const store
             .timeSpent = taskTimeSpent(task),
             .button = kFinish,
             .onItemTapped = selectAction(taskId),
+            .doneDate = task.doneDate(),
             .match = match(task)};
 }
 

@@ -9,6 +9,8 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <functional>
+#include <iterator>
 #include <random>
 #include <vector>
 
@@ -136,13 +138,16 @@ TEST(TaskListModel, MovesOnlyWhatStartsOrFinishesAndCallsItsNewActions) {
 }
 
 TEST(TaskListModel, AnyStateFollowsAnyOther) {
-    // Also with one id several times, as in a damaged store.
+    // Also with one id several times, as in a damaged store, and with what is done now folded, now
+    // not.
     Calls calls;
     TaskListModel model;
     const QAbstractItemModelTester tester(&model);
     std::vector<base::Uuid> ids(8);
     std::ranges::generate(ids, &base::Uuid::random);
     std::mt19937 random(7);
+    bool isUnfolded = false;
+    const auto isDone = [](const auto& item) { return item.doneDate.has_value(); };
     for (int round = 0; round < 300; ++round) {
         TaskListViewState::View state;
         std::vector<TaskListViewState::NonRunningItem> idle;
@@ -153,21 +158,44 @@ TEST(TaskListModel, AnyStateFollowsAnyOther) {
                 state.runningItems.push_back(calls.running(ids[which], name, "0", ids[0]));
             } else {
                 idle.push_back(calls.idle(ids[which], name));
+                if (random() % 3 == 0) {
+                    idle.back().doneDate = base::Date(base::Seconds(random() % 4));
+                }
             }
         }
-        state.nonRunningItems = livedata::SharedList(std::move(idle));
+        state.nonRunningItems = livedata::SharedList(idle);
         model.show(state);
+        std::vector<TaskListViewState::NonRunningItem> done;
+        std::ranges::copy_if(idle, std::back_inserter(done), isDone);
+        std::erase_if(idle, isDone);
+        if (random() % 4 == 0 && !done.empty()) {
+            const std::vector<QString> before = texts(model);
+            const auto fold =
+                std::ranges::find(before, QStringLiteral("Done (%1)").arg(done.size()));
+            model.tap(static_cast<int>(fold - before.begin()));
+            isUnfolded = !isUnfolded;
+        }
+        const std::size_t shown = state.runningItems.size() + state.nonRunningItems.size() -
+                                  (isUnfolded ? 0 : done.size());
         QStringList expected;
+        int number = 0;
         const auto expect = [&](const auto& items) {
             for (const auto& item : items) {
                 expected += QStringLiteral("%1 0, %2 of %3")
                                 .arg(QString::fromStdString(item.taskName))
-                                .arg(expected.size() + 1)
-                                .arg(state.runningItems.size() + state.nonRunningItems.size());
+                                .arg(++number)
+                                .arg(shown);
             }
         };
         expect(state.runningItems);
-        expect(state.nonRunningItems);
+        expect(idle);
+        if (!done.empty()) {
+            expected +=
+                QStringLiteral("Done (%1) %2folded").arg(done.size()).arg(isUnfolded ? "un" : "");
+            std::ranges::stable_sort(done, std::greater(),
+                                     &TaskListViewState::NonRunningItem::doneDate);
+            expect(isUnfolded ? done : std::vector<TaskListViewState::NonRunningItem>());
+        }
         QStringList rows;
         for (int row = 0; row < model.rowCount(); ++row) {
             const QString place = fieldOf(model, row, "description").toString();

@@ -4,7 +4,7 @@ import QtQuick
 import Hearthmark.Controls
 import Hearthmark.Ui
 
-// Both sections of the task list, of which only the tasks can be reached by the keyboard.
+// All sections of the task list, of which the tasks and what folds can be reached by the keyboard.
 ListView {
     id: root
 

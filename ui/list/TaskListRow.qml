@@ -4,8 +4,8 @@ import QtQuick
 import Hearthmark.Controls
 import Hearthmark.Ui
 
-// A line of the task list: a section's header, an empty section's hint, or a task. It stays the same
-// while its task starts and finishes, and with it the keyboard and an open menu.
+// A line of the task list: a section's header, which may fold, an empty section's hint, or a task. It stays
+// the same while its task starts and finishes, and with it the keyboard and an open menu.
 RowOfKind {
     id: root
 
@@ -15,6 +15,7 @@ RowOfKind {
     required property string timeSpent
     required property string description
     required property bool isSelected
+    required property bool isUnfolded
     required property string markedName
     required property string foundLine
     // Of a running task alone.
@@ -22,20 +23,30 @@ RowOfKind {
 
     readonly property bool ticks: root.intervalViewStates !== null
     readonly property bool isTask: root.kind === TaskListModel.Task
+    readonly property bool isFold: root.kind === TaskListModel.Fold
     // The list cuts off what is outside of its rows.
     readonly property int ringRoom: Theme.tightSpacing
 
     signal lineMenuRequested(line: DeletableRow, position: point)
 
-    shownKind: root.kind === TaskListModel.Header ? header : root.kind === TaskListModel.Hint ? hint : root.intervalViewStates ? running : nonRunning
+    shownKind: {
+        if (root.isTask)
+            return root.intervalViewStates ? running : nonRunning;
+        return root.isFold ? fold : root.kind === TaskListModel.Header ? header : hint;
+    }
     implicitHeight: root.content ? root.content.height + 2 * root.content.y : 0
-    enabled: root.isTask
+    enabled: root.isTask || root.isFold
     isEditable: root.isTask
+    isDeletable: root.isTask
     // A row cannot be ignored: newer views take that back when it comes into sight.
-    Accessible.role: root.isTask ? Accessible.ListItem : root.kind === TaskListModel.Header ? Accessible.Heading : Accessible.StaticText
+    Accessible.role: {
+        if (root.isTask)
+            return Accessible.ListItem;
+        return root.isFold ? Accessible.Button : root.kind === TaskListModel.Header ? Accessible.Heading : Accessible.StaticText;
+    }
     Accessible.name: root.text
     Accessible.description: root.description
-    Accessible.focusable: root.isTask
+    Accessible.focusable: root.enabled
     Accessible.selectable: root.isTask
     Accessible.selected: root.isSelected
     Accessible.onPressAction: root.tapped()
@@ -47,6 +58,17 @@ RowOfKind {
             width: root.width
             text: root.text
             Accessible.ignored: true
+        }
+    }
+
+    Component {
+        id: fold
+
+        SectionFold {
+            width: root.width
+            row: root
+            isUnfolded: root.isUnfolded
+            text: root.text
         }
     }
 

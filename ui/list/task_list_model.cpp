@@ -2,7 +2,7 @@
 #include "ui/list/task_list_model.h"
 
 #include <algorithm>
-#include <numeric>
+#include <functional>
 #include <utility>
 
 #include "ui/state/run_action.h"
@@ -15,7 +15,7 @@ namespace {
 
 using presentation::TaskListViewState;
 
-enum class Section { running, nonRunning };
+enum class Section { running, nonRunning, done };
 
 TaskListRow textRow(TaskListRow::Kind kind, Section section, const QString& text) {
     TaskListRow row;
@@ -54,58 +54,44 @@ std::vector<IntervalRow> lines(
     return rows;
 }
 
-// What stands in place of a section's tasks where none is shown.
-QString hintOf(Section section, bool isEmpty) {
-    if (!isEmpty) {
-        return QObject::tr("No matches");
+void appendSection(std::vector<TaskListRow>& rows, Section section, const QString& header,
+                   const QString& hint) {
+    rows.push_back(textRow(TaskListRow::Kind::header, section, header));
+    if (!hint.isEmpty()) {
+        rows.push_back(textRow(TaskListRow::Kind::hint, section, hint));
     }
-    return section == Section::running
-               ? QObject::tr("No tasks in progress.")
-               : QObject::tr("Add your first task by pressing the button below 👇");
 }
 
-// Answers how many of the items are shown.
-template <class Items, class IsShown, class Fill>
-int appendSection(std::vector<TaskListRow>& rows, Section section, const QString& header,
-                  const Items& items, RowKeys& keys, const IsShown& isShown, const Fill& fill) {
-    rows.push_back(textRow(TaskListRow::Kind::header, section, header));
-    const std::size_t first = rows.size();
-    for (const auto& item : items) {
-        if (isShown(item)) {
-            fill(rows.emplace_back(taskRow(item, keys)), item);
+// Whatever is searched for.
+std::vector<TaskListRow> runningRows(const std::vector<TaskListViewState::RunningItem>& items,
+                                     RowKeys& keys) {
+    std::vector<TaskListRow> rows;
+    appendSection(rows, Section::running, QObject::tr("Running"),
+                  items.empty() ? QObject::tr("No tasks in progress.") : QString());
+    for (const TaskListViewState::RunningItem& item : items) {
+        TaskListRow& row = rows.emplace_back(taskRow(item, keys));
+        row.lines = lines(item.intervalViewStates);
+        // A running task is deleted by way of its newest running interval.
+        if (!item.intervalViewStates.empty()) {
+            row.onDelete = item.intervalViewStates.front().onDeleteCommand;
         }
     }
-    const std::size_t count = rows.size() - first;
-    if (count == 0) {
-        rows.push_back(textRow(TaskListRow::Kind::hint, section, hintOf(section, items.empty())));
+    return rows;
+}
+
+using NonRunningItems = std::vector<const TaskListViewState::NonRunningItem*>;
+
+void appendRows(std::vector<TaskListRow>& rows, const NonRunningItems& items, RowKeys& keys) {
+    for (const TaskListViewState::NonRunningItem* item : items) {
+        rows.emplace_back(taskRow(*item, keys)).onDelete = item->onDeleteCommand;
     }
-    return static_cast<int>(count);
 }
 
-int appendRunning(std::vector<TaskListRow>& rows,
-                  const std::vector<TaskListViewState::RunningItem>& items, RowKeys& keys) {
-    return appendSection(
-        rows, Section::running, QObject::tr("Running"), items, keys,
-        // Whatever is searched for.
-        [](const auto& /*item*/) { return true; },
-        [](TaskListRow& row, const TaskListViewState::RunningItem& item) {
-            row.lines = lines(item.intervalViewStates);
-            // A running task is deleted by way of its newest running interval.
-            if (!item.intervalViewStates.empty()) {
-                row.onDelete = item.intervalViewStates.front().onDeleteCommand;
-            }
-        });
-}
-
-int appendNonRunning(std::vector<TaskListRow>& rows, const TaskListViewState::View& state,
-                     RowKeys& keys) {
-    rows.reserve(rows.size() + state.nonRunningItems.size() + 2);
-    return appendSection(
-        rows, Section::nonRunning, QObject::tr("Not running"), state.nonRunningItems, keys,
-        [isAll = !state.matchCount](const auto& item) { return isAll || item.match; },
-        [](TaskListRow& row, const TaskListViewState::NonRunningItem& item) {
-            row.onDelete = item.onDeleteCommand;
-        });
+QString hintOf(const TaskListViewState::View& state) {
+    if (state.nonRunningItems.empty()) {
+        return QObject::tr("Add your first task by pressing the button below 👇");
+    }
+    return state.matchCount == 0U ? QObject::tr("No matches") : QString();
 }
 
 QVariant markedName(const TaskListRow& row) {
@@ -124,12 +110,14 @@ const std::vector<RowRole<TaskListRow>>& TaskListRow::roles() {
     static const std::vector<RowRole<TaskListRow>> kRoles{
         {"description", &RowField<&TaskListRow::timeSpent>::value,
          [](const TaskListRow& a, const TaskListRow& b) {
-             return a.timeSpent != b.timeSpent || a.found != b.found;
+             return a.timeSpent != b.timeSpent || a.isUnfolded != b.isUnfolded ||
+                    a.found != b.found;
          }},
         kindRole<TaskListRow>(),
         role<&TaskListRow::text>("text"),
         role<&TaskListRow::timeSpent>("timeSpent"),
         role<&TaskListRow::isSelected>("isSelected"),
+        role<&TaskListRow::isUnfolded>("isUnfolded"),
         {"intervalViewStates",
          [](const TaskListRow& row) { return QVariant::fromValue(row.intervalViewStates.get()); },
          &RowField<&TaskListRow::intervalViewStates>::differs},
@@ -155,40 +143,72 @@ void TaskListRow::settle(TaskListRow* shown) {
 }
 
 void TaskListModel::show(const TaskListViewState::View& state) {
+    const bool areOthersSame = rowCount() > 0 &&
+                               state.runningItems.size() == shown_.runningItems.size() &&
+                               state.nonRunningItems.isSame(shown_.nonRunningItems);
+    shown_ = state;
+    renew(areOthersSame);
+}
+
+void TaskListModel::renew(bool areOthersSame) {
     RowKeys keys;
-    std::vector<TaskListRow> next;
-    auto& [runningCount, nonRunningCount] = taskCounts_;
-    const int shownRunning =
-        std::exchange(runningCount, appendRunning(next, state.runningItems, keys));
+    std::vector<TaskListRow> next = runningRows(shown_.runningItems, keys);
     std::size_t end = next.size();
-    if (rowCount() == 0 || runningCount != shownRunning ||
-        !state.nonRunningItems.isSame(shownNonRunning_)) {
-        nonRunningCount = appendNonRunning(next, state, keys);
+    if (!areOthersSame) {
+        appendOthers(next, keys);
         end = rows().size();
     }
-    shownNonRunning_ = state.nonRunningItems;
     if (update(0, end, std::move(next))) {
         emit dataChanged(index(0), index(rowCount() - 1), {kDescriptionRole});
     }
 }
 
-QString TaskListModel::description(int row) const {
-    int position = row;
-    int tasksAbove = 0;
-    for (const int count : taskCounts_) {
-        // Each with its header, and its hint where there are no tasks.
-        const int rowsOfSection = 1 + std::max(count, 1);
-        if (position < rowsOfSection) {
-            break;
+void TaskListModel::appendOthers(std::vector<TaskListRow>& rows, RowKeys& keys) {
+    rows.reserve(rows.size() + shown_.nonRunningItems.size() + 3);
+    const bool isSearch = shown_.matchCount.has_value();
+    NonRunningItems toDo;
+    NonRunningItems done;
+    for (const TaskListViewState::NonRunningItem& item : shown_.nonRunningItems) {
+        if (!isSearch || item.match) {
+            (item.doneDate ? done : toDo).push_back(&item);
         }
-        position -= rowsOfSection;
-        tasksAbove += count;
     }
+    appendSection(rows, Section::nonRunning, tr("Not running"),
+                  toDo.empty() ? hintOf(shown_) : QString());
+    appendRows(rows, toDo, keys);
+    if (done.empty()) {
+        return;
+    }
+    //: The heading of what is done, with how many tasks that are.
+    TaskListRow& fold = rows.emplace_back(
+        textRow(TaskListRow::Kind::fold, Section::done, tr("Done (%L1)").arg(done.size())));
+    fold.isUnfolded = isDoneUnfolded_ || isSearch;
+    if (!isSearch) {
+        fold.onTap = livedata::makeAction([this] {
+            isDoneUnfolded_ = !isDoneUnfolded_;
+            renew(false);
+        });
+    }
+    if (fold.isUnfolded) {
+        // What was done last comes first.
+        std::ranges::stable_sort(done, std::ranges::greater(),
+                                 &TaskListViewState::NonRunningItem::doneDate);
+        appendRows(rows, done, keys);
+    }
+}
+
+QString TaskListModel::description(int row) const {
     const TaskListRow& task = *rowAt(row);
-    const int taskCount = std::accumulate(taskCounts_.begin(), taskCounts_.end(), 0);
+    if (task.kind() == TaskListRow::Kind::fold) {
+        return task.isUnfolded ? tr("unfolded") : tr("folded");
+    }
+    const auto tasksUntil = [this](int end) {
+        return std::ranges::count(rows().begin(), rows().begin() + end, TaskListRow::Kind::task,
+                                  &TaskListRow::kind);
+    };
     //: The time spent on a task, and its place in the list.
     const QString place =
-        tr("%1, %2 of %3").arg(task.timeSpent).arg(tasksAbove + position).arg(taskCount);
+        tr("%1, %2 of %3").arg(task.timeSpent).arg(tasksUntil(row + 1)).arg(tasksUntil(rowCount()));
     const auto& note = task.found ? task.found->match.note : std::nullopt;
     //: The time spent on a task and its place in the list, and the line of a note that matches.
     return note ? tr("%1, in a note: %2").arg(place, toQString(note->text)) : place;
@@ -196,7 +216,7 @@ QString TaskListModel::description(int row) const {
 
 QVariant TaskListModel::data(const QModelIndex& index, int role) const {
     if (role == kDescriptionRole) {
-        return isTask(index.row()) ? description(index.row()) : QString();
+        return isStop(index.row()) ? description(index.row()) : QString();
     }
     return RowListModel::data(index, role);
 }
@@ -235,7 +255,7 @@ int TaskListModel::rowOf(const base::Uuid& taskId) const {
 
 int TaskListModel::taskBefore(int row) const {
     for (int candidate = std::min(row, rowCount()) - 1; candidate >= 0; --candidate) {
-        if (isTask(candidate)) {
+        if (isStop(candidate)) {
             return candidate;
         }
     }
@@ -244,7 +264,7 @@ int TaskListModel::taskBefore(int row) const {
 
 int TaskListModel::taskAfter(int row) const {
     for (int candidate = std::max(row, -1) + 1; candidate < rowCount(); ++candidate) {
-        if (isTask(candidate)) {
+        if (isStop(candidate)) {
             return candidate;
         }
     }
@@ -253,16 +273,17 @@ int TaskListModel::taskAfter(int row) const {
 
 int TaskListModel::taskNearest(int row) const {
     for (const int candidate : {row, taskAfter(row), taskBefore(row)}) {
-        if (isTask(candidate)) {
+        if (isStop(candidate)) {
             return candidate;
         }
     }
     return -1;
 }
 
-bool TaskListModel::isTask(int row) const {
+bool TaskListModel::isStop(int row) const {
     const TaskListRow* found = rowAt(row);
-    return found != nullptr && found->kind() == TaskListRow::Kind::task;
+    return found != nullptr &&
+           (found->kind() == TaskListRow::Kind::task || found->kind() == TaskListRow::Kind::fold);
 }
 
 }  // namespace hearthmark::ui

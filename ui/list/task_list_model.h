@@ -4,7 +4,6 @@
 #include <QtQmlIntegration/qqmlintegration.h>
 
 #include <QString>
-#include <array>
 #include <memory>
 #include <optional>
 #include <string>
@@ -17,9 +16,10 @@
 
 namespace hearthmark::ui {
 
-// One line of the task list: a section's header, the text of an empty section, or a task.
+// One line of the task list: a section's header, the text of an empty section, a task, or the
+// header of a section that folds.
 struct TaskListRow {
-    enum class Kind { header, hint, task };
+    enum class Kind { header, hint, task, fold };
 
     Kind kind() const { return static_cast<Kind>(key.kind); }
     bool isMatch() const { return found.has_value(); }
@@ -32,6 +32,8 @@ struct TaskListRow {
     QString text;  // the header, the hint or the task's name
     QString timeSpent;
     bool isSelected = false;
+    // Of a section that folds.
+    bool isUnfolded = false;
     // What a search found in the task, and its name, of which that tells the parts; absent where it
     // does not match.
     struct Found {
@@ -45,22 +47,23 @@ struct TaskListRow {
     // row is settled.
     std::shared_ptr<IntervalListModel> intervalViewStates;
     std::optional<std::vector<IntervalRow>> lines;
-    // Absent for headers and hints.
+    // Absent for headers and hints; a section that folds can be tapped.
     livedata::Action onTap;
     livedata::Action onDelete;
 };
 
-// Both sections of the task list in one flat model, so that the view makes delegates only for what
-// is visible and a task that starts or finishes moves instead of being made anew.
+// All sections of the task list in one flat model, so that the view makes delegates only for what
+// is visible and a task that starts or finishes moves instead of being made anew. What is done
+// stands folded below the others; what a search finds of it is shown whether it is folded or not.
 class TaskListModel : public HEARTHMARK_ROW_LIST_MODEL(TaskListRow) {
     Q_OBJECT
     QML_ELEMENT
     QML_UNCREATABLE("made by the task list adapter")
 
  public:
-    enum Kind { Header, Hint, Task };
+    enum Kind { Header, Hint, Task, Fold };
     Q_ENUM(Kind)
-    // Of a task, for screen readers: its time, and its place among all.
+    // For screen readers: of a task its time, and its place among all, of what folds whether it is.
     static constexpr int kDescriptionRole = Qt::UserRole;
 
     using RowListModel::RowListModel;
@@ -80,24 +83,25 @@ class TaskListModel : public HEARTHMARK_ROW_LIST_MODEL(TaskListRow) {
     int selectedRow() const;
     int rowOf(const base::Uuid& taskId) const;
 
-    // For the keyboard, which steps over headers and hints: the next task in a direction, or `row`
-    // where there is none; the task at a row or nearest to it, or -1 where there are no tasks.
+    // For the keyboard, which steps over headers and hints, but not over those that fold: the next
+    // such row in a direction, or `row` where there is none; the one at a row or nearest to it, or
+    // -1 where there are none.
     Q_INVOKABLE int taskBefore(int row) const;
     Q_INVOKABLE int taskAfter(int row) const;
     Q_INVOKABLE int taskNearest(int row) const;
 
  private:
-    static constexpr std::size_t kSections = 2;
-
+    // From the state that is to be shown. Told whether what does not run is as it is shown.
+    void renew(bool areOthersSame);
+    void appendOthers(std::vector<TaskListRow>& rows, RowKeys& keys);
     // -1 where there is none.
     template <class Predicate>
     int firstRow(Predicate predicate) const;
-    bool isTask(int row) const;
+    bool isStop(int row) const;
     QString description(int row) const;
 
-    // Those that are shown.
-    std::array<int, kSections> taskCounts_{};
-    livedata::SharedList<presentation::TaskListViewState::NonRunningItem> shownNonRunning_;
+    presentation::TaskListViewState::View shown_;
+    bool isDoneUnfolded_ = false;
 };
 
 }  // namespace hearthmark::ui

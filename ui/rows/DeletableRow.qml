@@ -18,6 +18,8 @@ Item {
     property bool menuOpen: false
     // Else F2 is for what it is in.
     property bool isEditable: false
+    // Else it has no menu either.
+    property bool isDeletable: true
     readonly property bool focusVisible: root.menuOpen || root.activeFocus && !root.clicked
     readonly property alias hovered: area.containsMouse
 
@@ -37,13 +39,18 @@ Item {
     }
 
     function pressDelete() {
-        if (!root.isTextMarked)
+        if (root.isDeletable && !root.isTextMarked)
             root.deletionRequested();
+    }
+
+    function openMenu(position: point) {
+        if (root.isDeletable)
+            root.menuRequested(position);
     }
 
     function requestMenu() {
         const x = root.LayoutMirroring.enabled ? root.width - Theme.menuWidth - Theme.wideSpacing : Theme.wideSpacing;
-        root.menuRequested(Qt.point(x, root.height + Theme.tightSpacing));
+        root.openMenu(Qt.point(x, root.height + Theme.tightSpacing));
     }
 
     function takeFocus() {
@@ -54,7 +61,7 @@ Item {
     function press(mouse) {
         root.takeFocus();
         if (mouse.button === Qt.RightButton)
-            root.menuRequested(Qt.point(mouse.x, mouse.y));
+            root.openMenu(Qt.point(mouse.x, mouse.y));
     }
 
     function click(mouse) {
