@@ -153,6 +153,8 @@ std::size_t endOfAscii(std::string_view text, std::size_t at) {
 class FoldedText {
  public:
     explicit FoldedText(std::string_view text) : size_(text.size()) {
+        fold_.reserve(text.size());
+        origins_.reserve(text.size());
         for (std::size_t at = 0; at < text.size();) {
             const std::size_t begin = at;
             at = foldNext(text, at, fold_);

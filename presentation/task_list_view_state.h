@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstddef>
+#include <memory>
 #include <optional>
 #include <string>
 #include <vector>
@@ -18,20 +19,19 @@ namespace hearthmark::presentation {
 struct TaskListViewState {
     TaskListViewState() = delete;
 
-    // The line of a note in which a search found something, and where.
-    struct FoundLine {
+    // A text in which a search found something, and where.
+    struct FoundText {
         std::string text;
         std::vector<base::TextRange> marked;
 
-        bool operator==(const FoundLine&) const = default;
+        bool operator==(const FoundText&) const = default;
     };
 
     // What a search found in a task.
     struct Match {
-        // Of its name.
-        std::vector<base::TextRange> name;
-        // Where the name does not hold all words.
-        std::optional<FoundLine> note;
+        FoundText name;
+        // A line of a note, where the name does not hold all words.
+        std::optional<FoundText> note;
 
         bool operator==(const Match&) const = default;
     };
@@ -57,8 +57,8 @@ struct TaskListViewState {
         std::string taskName;
         std::string timeSpent;
         livedata::Action onItemTapped;
-        // Absent where it does not match, and without a search.
-        std::optional<Match> match{};
+        // Null where it does not match, and without a search.
+        std::shared_ptr<const Match> match{};
 
         bool operator==(const RunningItem&) const = default;
     };
@@ -74,7 +74,7 @@ struct TaskListViewState {
         livedata::Action onItemTapped;
         // Since when the task is done; absent where it is not.
         std::optional<base::Date> doneDate{};
-        std::optional<Match> match{};
+        std::shared_ptr<const Match> match{};
 
         bool operator==(const NonRunningItem&) const = default;
     };

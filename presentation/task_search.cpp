@@ -6,6 +6,7 @@
 
 #include "base/folding.h"
 #include "base/text.h"
+#include "presentation/texts.h"
 #include "store/note.h"
 
 namespace hearthmark::presentation {
@@ -70,13 +71,19 @@ bool TaskSearch::Texts::isOf(const store::Task& task) const {
 TaskSearch::Texts TaskSearch::textsOf(const store::Task& task) {
     Texts texts{.version = task.intervalSummary(),
                 .notes = task.newestNotes(),
-                .fold = base::folded(task.name().value_or("")),
+                .fold = base::folded(orDash(task.name())),
                 .noteBegins = {},
                 .match = {}};
+    std::size_t size = texts.fold.size();
+    for (const store::Note* note : *texts.notes) {
+        size += 1 + (note->text() ? note->text()->size() : 0);
+    }
+    texts.fold.reserve(size);
+    texts.noteBegins.reserve(texts.notes->size());
     for (const store::Note* note : *texts.notes) {
         texts.fold += '\n';
         texts.noteBegins.push_back(texts.fold.size());
-        texts.fold += base::folded(note->text().value_or(""));
+        texts.fold += note->text() ? base::folded(*note->text()) : "";
     }
     return texts;
 }
@@ -115,14 +122,14 @@ bool TaskSearch::setWords(std::string_view typed) {
     return true;
 }
 
-std::optional<TaskListViewState::Match> TaskSearch::match(const store::Task& task) const {
+std::shared_ptr<const TaskListViewState::Match> TaskSearch::match(const store::Task& task) const {
     const auto found = texts_.find(&task);
-    return found != texts_.end() ? found->second.match : std::nullopt;
+    return found != texts_.end() ? found->second.match : nullptr;
 }
 
 void TaskSearch::count() {
     matchCount_ = static_cast<std::size_t>(std::ranges::count_if(
-        texts_, [](const auto& entry) { return entry.second.match.has_value(); }));
+        texts_, [](const auto& entry) { return entry.second.match != nullptr; }));
 }
 
 void TaskSearch::look(const store::Task& task, Texts& texts) {
@@ -132,12 +139,13 @@ void TaskSearch::look(const store::Task& task, Texts& texts) {
     if (words_.empty() || !task.id() || !std::ranges::all_of(words_, isThere)) {
         return;
     }
-    texts.match = {.name = task.name() ? base::rangesOfWords(*task.name(), words_)
-                                       : std::vector<base::TextRange>(),
-                   .note = foundLine(texts)};
+    const std::string name = orDash(task.name());
+    texts.match = std::make_shared<const TaskListViewState::Match>(TaskListViewState::Match{
+        .name = {.text = name, .marked = base::rangesOfWords(name, words_)},
+        .note = foundLine(texts)});
 }
 
-std::optional<TaskListViewState::FoundLine> TaskSearch::foundLine(const Texts& texts) const {
+std::optional<TaskListViewState::FoundText> TaskSearch::foundLine(const Texts& texts) const {
     if (texts.noteBegins.empty()) {
         return std::nullopt;
     }
@@ -157,7 +165,7 @@ std::optional<TaskListViewState::FoundLine> TaskSearch::foundLine(const Texts& t
     const std::string& text = *(*texts.notes)[note]->text();
     std::string line = lineAround(text, base::originOfFolded(text, found - texts.noteBegins[note]));
     std::vector<base::TextRange> marked = base::rangesOfWords(line, words_);
-    return TaskListViewState::FoundLine{.text = std::move(line), .marked = std::move(marked)};
+    return TaskListViewState::FoundText{.text = std::move(line), .marked = std::move(marked)};
 }
 
 }  // namespace hearthmark::presentation

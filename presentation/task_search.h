@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <unordered_map>
@@ -31,8 +32,8 @@ class TaskSearch {
 
     std::size_t matchCount() const { return matchCount_; }
 
-    // Absent where the task does not match.
-    std::optional<TaskListViewState::Match> match(const store::Task& task) const;
+    // Null where the task does not match.
+    std::shared_ptr<const TaskListViewState::Match> match(const store::Task& task) const;
 
  private:
     struct Texts {
@@ -48,13 +49,13 @@ class TaskSearch {
         std::vector<std::size_t> noteBegins;
         // In which it was among the tasks that were followed.
         int round = 0;
-        std::optional<TaskListViewState::Match> match;
+        std::shared_ptr<const TaskListViewState::Match> match;
     };
 
     static Texts textsOf(const store::Task& task);
     void count();
     void look(const store::Task& task, Texts& texts);
-    std::optional<TaskListViewState::FoundLine> foundLine(const Texts& texts) const;
+    std::optional<TaskListViewState::FoundText> foundLine(const Texts& texts) const;
 
     std::unordered_map<const store::Task*, Texts> texts_;
     std::vector<std::string> words_;

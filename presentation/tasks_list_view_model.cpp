@@ -54,7 +54,7 @@ void TasksListViewModel::openSearch() {
 
 void TasksListViewModel::search(std::string_view typed) {
     if (search_ && search_->setWords(typed)) {
-        makeNonRunningItems();
+        renewMatches();
         rebuild();
     }
 }
@@ -68,7 +68,7 @@ void TasksListViewModel::closeSearch() {
     notesProvider_.reset();
     search_.reset();
     if (isFound) {
-        makeNonRunningItems();
+        renewMatches();
     }
     rebuild();
 }
@@ -101,6 +101,15 @@ void TasksListViewModel::makeNonRunningItems() {
     items.reserve(others_.size());
     for (const store::Task* task : others_) {
         items.push_back(nonRunningItem(*task, *task->id()));
+    }
+    nonRunningItems_ = livedata::SharedList(std::move(items));
+}
+
+void TasksListViewModel::renewMatches() {
+    std::vector<TaskListViewState::NonRunningItem> items(nonRunningItems_.begin(),
+                                                         nonRunningItems_.end());
+    for (std::size_t index = 0; index < items.size(); ++index) {
+        items[index].match = match(*others_[index]);
     }
     nonRunningItems_ = livedata::SharedList(std::move(items));
 }
@@ -163,8 +172,9 @@ TaskListViewState::RunningItemInterval TasksListViewModel::runningItemInterval(
             .progress = store::progress(interval, *clock_)};
 }
 
-std::optional<TaskListViewState::Match> TasksListViewModel::match(const store::Task& task) const {
-    return search_ ? search_->match(task) : std::nullopt;
+std::shared_ptr<const TaskListViewState::Match> TasksListViewModel::match(
+    const store::Task& task) const {
+    return search_ ? search_->match(task) : nullptr;
 }
 
 bool TasksListViewModel::isSelected(const base::Uuid& taskId) const {

@@ -62,6 +62,8 @@ class TasksListViewModel final : public TaskListViewModelProtocol,
  private:
     void follow(const store::Tasks& tasks);
     void makeNonRunningItems();
+    // Of the items that there are, what is found in them alone.
+    void renewMatches();
     // Of the tasks that are followed, at this moment.
     void rebuild();
     TaskListViewState::RunningItem runningItem(const store::Task& task, const base::Uuid& taskId);
@@ -70,7 +72,7 @@ class TasksListViewModel final : public TaskListViewModelProtocol,
     TaskListViewState::RunningItemInterval runningItemInterval(const store::Interval& interval,
                                                                const base::Uuid& intervalId,
                                                                const base::Uuid& taskId);
-    std::optional<TaskListViewState::Match> match(const store::Task& task) const;
+    std::shared_ptr<const TaskListViewState::Match> match(const store::Task& task) const;
     bool isSelected(const base::Uuid& taskId) const;
     std::string taskTimeSpent(const store::Task& task) const;
     livedata::Action selectAction(const base::Uuid& taskId);

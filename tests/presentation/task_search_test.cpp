@@ -51,7 +51,7 @@ class TaskSearchTest : public testing::Test {
         const auto append = [&](const auto& item) {
             if (const auto& match = item.match) {
                 ++count;
-                text += marked(item.taskName, match->name);
+                text += marked(match->name.text, match->name.marked);
                 text += match->note ? ':' + marked(match->note->text, match->note->marked) : "";
                 text += ' ';
             }

@@ -67,6 +67,13 @@ struct Calls {
     }
 };
 
+std::shared_ptr<const TaskListViewState::Match> match(
+    const std::string& name, const std::vector<base::TextRange>& marked,
+    const std::optional<TaskListViewState::FoundText>& note = std::nullopt) {
+    return std::make_shared<const TaskListViewState::Match>(
+        TaskListViewState::Match{.name = {.text = name, .marked = marked}, .note = note});
+}
+
 QVariant fieldOf(const QAbstractItemModel& model, int row, const char* role) {
     return model.index(row, 0).data(model.roleNames().key(role));
 }
@@ -138,12 +145,12 @@ TEST(TaskListModel, MovesOnlyWhatStartsOrFinishesAndCallsItsNewActions) {
 }
 
 TEST(TaskListModel, AnyStateFollowsAnyOther) {
-    // Also with one id several times, as in a damaged store, and with what is done now folded, now
-    // not.
+    // Also with one id several times, as in a damaged store, with what is done folded or not, and
+    // with a search or without.
     Calls calls;
     TaskListModel model;
     const QAbstractItemModelTester tester(&model);
-    std::vector<base::Uuid> ids(8);
+    std::vector<base::Uuid> ids(40);
     std::ranges::generate(ids, &base::Uuid::random);
     std::mt19937 random(7);
     bool isUnfolded = false;
@@ -151,7 +158,11 @@ TEST(TaskListModel, AnyStateFollowsAnyOther) {
     for (int round = 0; round < 300; ++round) {
         TaskListViewState::View state;
         std::vector<TaskListViewState::NonRunningItem> idle;
-        for (int count = static_cast<int>(random() % 8); count > 0; --count) {
+        if (random() % 2 == 0) {
+            state.matchCount = 0;
+        }
+        // Every second state differs in more places than are told one by one.
+        for (auto count = random() % (round % 2 == 0 ? 8 : 160); count > 0; --count) {
             const std::size_t which = random() % ids.size();
             const std::string name = std::to_string(which);
             if (random() % 4 == 0) {
@@ -161,11 +172,15 @@ TEST(TaskListModel, AnyStateFollowsAnyOther) {
                 if (random() % 3 == 0) {
                     idle.back().doneDate = base::Date(base::Seconds(random() % 4));
                 }
+                if (random() % 2 == 0) {
+                    idle.back().match = match(name, {});
+                }
             }
         }
         state.nonRunningItems = livedata::SharedList(idle);
         model.show(state);
         std::vector<TaskListViewState::NonRunningItem> done;
+        std::erase_if(idle, [&](const auto& item) { return state.matchCount && !item.match; });
         std::ranges::copy_if(idle, std::back_inserter(done), isDone);
         std::erase_if(idle, isDone);
         if (random() % 4 == 0 && !done.empty()) {
@@ -173,10 +188,11 @@ TEST(TaskListModel, AnyStateFollowsAnyOther) {
             const auto fold =
                 std::ranges::find(before, QStringLiteral("Done (%1)").arg(done.size()));
             model.tap(static_cast<int>(fold - before.begin()));
-            isUnfolded = !isUnfolded;
+            isUnfolded = isUnfolded != !state.matchCount;  // a search shows it anyway
         }
-        const std::size_t shown = state.runningItems.size() + state.nonRunningItems.size() -
-                                  (isUnfolded ? 0 : done.size());
+        const bool isDoneShown = isUnfolded || state.matchCount;
+        const std::size_t shown =
+            state.runningItems.size() + idle.size() + (isDoneShown ? done.size() : 0);
         QStringList expected;
         int number = 0;
         const auto expect = [&](const auto& items) {
@@ -191,10 +207,10 @@ TEST(TaskListModel, AnyStateFollowsAnyOther) {
         expect(idle);
         if (!done.empty()) {
             expected +=
-                QStringLiteral("Done (%1) %2folded").arg(done.size()).arg(isUnfolded ? "un" : "");
+                QStringLiteral("Done (%1) %2folded").arg(done.size()).arg(isDoneShown ? "un" : "");
             std::ranges::stable_sort(done, std::greater(),
                                      &TaskListViewState::NonRunningItem::doneDate);
-            expect(isUnfolded ? done : std::vector<TaskListViewState::NonRunningItem>());
+            expect(isDoneShown ? done : std::vector<TaskListViewState::NonRunningItem>());
         }
         QStringList rows;
         for (int row = 0; row < model.rowCount(); ++row) {
@@ -205,6 +221,52 @@ TEST(TaskListModel, AnyStateFollowsAnyOther) {
         }
         ASSERT_EQ(rows, expected) << round;
     }
+}
+
+TEST(TaskListModel, ShowsWhatASearchFindsAndWhereAsItIsWritten) {
+    Calls calls;
+    TaskListModel model;
+    const QString onlyHints = "Running|No tasks in progress.|Not running|";
+    const auto shown = [&] {
+        const std::vector<QString> all = texts(model);
+        return QStringList(all.begin(), all.end()).join('|');
+    };
+    TaskListViewState::View state{.runningItems = {}, .nonRunningItems = {}, .matchCount = 0};
+    model.show(state);
+    EXPECT_TRUE(shown().startsWith(onlyHints + "Add your first task")) << "there really is none";
+    auto item = calls.idle(base::Uuid::random(), "a");
+    state.nonRunningItems = {item};
+    model.show(state);
+    EXPECT_EQ(shown(), onlyHints + "No matches");
+    EXPECT_EQ(model.firstMatch(), -1);
+    struct Row {
+        std::string text;
+        std::vector<base::TextRange> ranges;
+        QString marked;
+    };
+    for (const Row& row : std::vector<Row>{
+             {" a  <i> & \n\u00e9 ",
+              {{1, 2}, {11, 13}},
+              "&nbsp;<b>a</b>&nbsp;&nbsp;&lt;i&gt;&nbsp;&amp;&nbsp;<br><b>\u00e9</b>&nbsp;"},
+             {std::string(3999, 'x') + "\u00e9y",
+              {{3999, 4001}, {4001, 4002}},
+              QString(3999, 'x') + "<b>\u00e9</b>"},
+             {"\xff"
+              "a",
+              {{1, 2}},
+              "\ufffd<b>a</b>"}}) {
+        item.match = match(row.text, row.ranges);
+        state.nonRunningItems = {item};
+        model.show(state);
+        EXPECT_EQ(model.firstMatch(), 3);
+        EXPECT_EQ(fieldOf(model, 3, "markedName"), row.marked);
+        EXPECT_EQ(fieldOf(model, 3, "foundLine"), "");
+    }
+    item.match = match("a", {}, TaskListViewState::FoundText{"<line>", {{1, 5}}});
+    state.nonRunningItems = {item};
+    model.show(state);
+    EXPECT_EQ(fieldOf(model, 3, "foundLine"), "&lt;<b>line</b>&gt;");
+    EXPECT_EQ(fieldOf(model, 3, "description"), "0, 1 of 1, in a note: <line>");
 }
 
 TEST(TaskDetailListModel, ShowsTheBeginningOfANoteThatIsTooLong) {

@@ -32,9 +32,7 @@ TaskListRow taskRow(const Item& item, RowKeys& keys) {
     row.timeSpent = toQString(item.timeSpent);
     row.isSelected = item.isSelected;
     row.onTap = item.onItemTapped;
-    if (item.match) {
-        row.found = {.name = item.taskName, .match = *item.match};
-    }
+    row.match = item.match;
     return row;
 }
 
@@ -94,13 +92,21 @@ QString hintOf(const TaskListViewState::View& state) {
     return state.matchCount == 0U ? QObject::tr("No matches") : QString();
 }
 
+const TaskListViewState::FoundText* foundLineOf(const TaskListRow& row) {
+    return row.match && row.match->note ? &*row.match->note : nullptr;
+}
+
 QVariant markedName(const TaskListRow& row) {
-    return row.found ? markedText(row.found->name, row.found->match.name) : QString();
+    return row.match ? markedText(row.match->name.text, row.match->name.marked) : QString();
 }
 
 QVariant foundLine(const TaskListRow& row) {
-    const auto& note = row.found ? row.found->match.note : std::nullopt;
-    return note ? markedText(note->text, note->marked) : QString();
+    const auto* line = foundLineOf(row);
+    return line != nullptr ? markedText(line->text, line->marked) : QString();
+}
+
+bool isFoundOtherwise(const TaskListRow& a, const TaskListRow& b) {
+    return a.match != b.match && (!a.match || !b.match || *a.match != *b.match);
 }
 
 }  // namespace
@@ -111,7 +117,7 @@ const std::vector<RowRole<TaskListRow>>& TaskListRow::roles() {
         {"description", &RowField<&TaskListRow::timeSpent>::value,
          [](const TaskListRow& a, const TaskListRow& b) {
              return a.timeSpent != b.timeSpent || a.isUnfolded != b.isUnfolded ||
-                    a.found != b.found;
+                    isFoundOtherwise(a, b);
          }},
         kindRole<TaskListRow>(),
         role<&TaskListRow::text>("text"),
@@ -122,8 +128,8 @@ const std::vector<RowRole<TaskListRow>>& TaskListRow::roles() {
          [](const TaskListRow& row) { return QVariant::fromValue(row.intervalViewStates.get()); },
          &RowField<&TaskListRow::intervalViewStates>::differs},
         // Made for the few rows that are seen.
-        {"markedName", &markedName, &RowField<&TaskListRow::found>::differs},
-        {"foundLine", &foundLine, &RowField<&TaskListRow::found>::differs}};
+        {"markedName", &markedName, &isFoundOtherwise},
+        {"foundLine", &foundLine, &isFoundOtherwise}};
     return kRoles;
 }
 
@@ -209,9 +215,9 @@ QString TaskListModel::description(int row) const {
     //: The time spent on a task, and its place in the list.
     const QString place =
         tr("%1, %2 of %3").arg(task.timeSpent).arg(tasksUntil(row + 1)).arg(tasksUntil(rowCount()));
-    const auto& note = task.found ? task.found->match.note : std::nullopt;
+    const auto* line = foundLineOf(task);
     //: The time spent on a task and its place in the list, and the line of a note that matches.
-    return note ? tr("%1, in a note: %2").arg(place, toQString(note->text)) : place;
+    return line != nullptr ? tr("%1, in a note: %2").arg(place, toQString(line->text)) : place;
 }
 
 QVariant TaskListModel::data(const QModelIndex& index, int role) const {

@@ -6,7 +6,6 @@
 #include <QString>
 #include <memory>
 #include <optional>
-#include <string>
 #include <vector>
 
 #include "livedata/block.h"
@@ -22,7 +21,7 @@ struct TaskListRow {
     enum class Kind { header, hint, task, fold };
 
     Kind kind() const { return static_cast<Kind>(key.kind); }
-    bool isMatch() const { return found.has_value(); }
+    bool isMatch() const { return match != nullptr; }
     static const std::vector<RowRole<TaskListRow>>& roles();
     // The lines go on in the model that the view has of the task.
     void settle(TaskListRow* shown);
@@ -34,15 +33,8 @@ struct TaskListRow {
     bool isSelected = false;
     // Of a section that folds.
     bool isUnfolded = false;
-    // What a search found in the task, and its name, of which that tells the parts; absent where it
-    // does not match.
-    struct Found {
-        std::string name;
-        presentation::TaskListViewState::Match match;
-
-        bool operator==(const Found&) const = default;
-    };
-    std::optional<Found> found;
+    // Null where a search does not find it, and without one.
+    std::shared_ptr<const presentation::TaskListViewState::Match> match;
     // The running intervals of a running task; another row has none. Made from the lines when the
     // row is settled.
     std::shared_ptr<IntervalListModel> intervalViewStates;
