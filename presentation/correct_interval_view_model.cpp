@@ -18,6 +18,8 @@ namespace {
 using namespace std::chrono_literals;
 
 constexpr base::Seconds kUsualTimeSpent = 30min;
+// What begins earlier is a year of which two digits were typed.
+constexpr std::chrono::year kFirstYear{1970};
 // What sums of dates may be off by.
 constexpr base::Seconds kRounding = 1ms;
 
@@ -125,6 +127,9 @@ base::Seconds CorrectIntervalViewModel::timeSpent(const IntervalForm& form) cons
 std::optional<std::string> CorrectIntervalViewModel::startFault(const IntervalForm& form) const {
     if (!form.start.value) {
         return "This is not a date and a time of day.";
+    }
+    if (form.start.value->day.year() < kFirstYear) {
+        return "This lies before the year 1970.";
     }
     const std::optional<base::Date> begun = start(form);
     if (!begun) {

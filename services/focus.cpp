@@ -30,13 +30,12 @@ std::optional<base::Seconds> restOf(const store::Interval& interval) {
     constexpr base::Seconds kLeastRest{1};
     const base::Seconds rest = interval.maxDuration() - interval.duration();
     // A damaged file may hold times that are less than nothing, or endless.
-    const bool isShort = interval.isFinished() && interval.duration() >= base::Seconds(0) &&
-                         rest >= kLeastRest && store::formattedDuration(rest);
-    return isShort ? std::optional(rest) : std::nullopt;
-}
-
-std::optional<std::string> restText(base::Seconds rest) {
-    return store::formattedDuration(base::Seconds(std::ceil(rest.count())));
+    if (!interval.isFinished() || interval.duration() < base::Seconds(0) || !(rest >= kLeastRest) ||
+        !store::formattedDuration(rest)) {
+        return std::nullopt;
+    }
+    return base::Seconds(std::floor(interval.maxDuration().count()) -
+                         std::floor(interval.duration().count()));
 }
 
 }  // namespace hearthmark::services

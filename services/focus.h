@@ -2,7 +2,6 @@
 #pragma once
 
 #include <optional>
-#include <string>
 
 #include "base/clock.h"
 #include "base/date.h"
@@ -27,10 +26,7 @@ void startFocus(store::DataOperationsServiceProtocol& operations, const base::Cl
                 const base::Uuid& taskId, base::Seconds maxDuration);
 
 // What a finished interval is short of its length; absent where that is less than a second, or it
-// has none.
+// has none. Whole seconds, those between its two times as they are shown.
 std::optional<base::Seconds> restOf(const store::Interval& interval);
-
-// A rest in whole seconds, none too few.
-std::optional<std::string> restText(base::Seconds rest);
 
 }  // namespace hearthmark::services

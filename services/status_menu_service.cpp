@@ -66,7 +66,7 @@ std::vector<StatusMenuEntry> StatusMenuService::entries() const {
         if (const auto rest = restOf(*used.front().newest)) {
             StatusMenuEntry entry = startEntry(*used.front().task, *rest);
             entry.key = "continue " + entry.key;
-            entry.text = "Continue " + restText(*rest).value_or("-");
+            entry.text = "Continue " + store::formattedDuration(*rest).value_or("-");
             entries.push_back(std::move(entry));
         }
     }

@@ -191,9 +191,15 @@ class NotesAndShare(ProgramTest):
         wait_for_stored("Long nam", "B", "Old1\n234")
         program.press("Edit note")
         key("4")
+        program.press("Edit name")  # which saves the note
+        wait_for_stored("Long nam", "B", "Old1\n2344")
+        key("End", "e", "Return")
+        wait_for(lambda: has_focus(program.find("Edit name", "push button")), "what edits it again")
+        program.press("Edit note")
+        key("5")
         program.process.terminate()
         self.assertEqual(program.finished(), (0, ""))
-        wait_for_stored("Long nam", "B", "Old1\n2344")
+        wait_for_stored("Long name", "B", "Old1\n23445")
 
     def test_what_the_keyboard_acts_on_is_brought_on_screen(self):
         def wait_until_visible(name):

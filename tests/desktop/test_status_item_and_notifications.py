@@ -3,6 +3,8 @@
 daemon gets them. Usage: test_status_item_and_notifications.py BINARY [unittest arguments]"""
 
 import os
+import re
+import signal
 import subprocess
 import sys
 import time
@@ -93,6 +95,34 @@ class StatusItem(ProgramTest):
             wait_for(lambda: panel.item, "the item")
             self.assertEqual(panel.get("TextDirection", MENU), direction)
             program.end()
+
+    def test_a_rest_is_counted_alike_everywhere_after_a_crash_and_a_quit(self):
+        self.make_store(*self.task_with_interval(state=2, duration=720.5))
+        program, panel = self.launch()
+
+        def count():
+            press(program.find("Planted", "list item"))
+            for second in ("1/18:00", "2/18:00"):
+                wait_for(lambda: panel.get("XAyatanaLabel") == second and len(program.find_all(second)) == 2,
+                         f"{second} in panel, list and pane")
+
+        def go_on(number):
+            press(program.find("Planted", "list item"))
+            wait_for(lambda: len(program.find_all("Continue 18:00", "push button")) == number, "the rest")
+            program.press("Continue 18:00")
+            count()
+
+        go_on(1)
+        for end, number in ((signal.SIGKILL, 2), (signal.SIGTERM, None)):
+            program.end(end)
+            panel.item = None
+            self.launch()
+            if number:
+                go_on(number)  # the crash took what no stamp had seen
+        press(program.find("Planted", "list item"))
+        wait_for(lambda: re.fullmatch("[3-9]/18:00", panel.get("XAyatanaLabel"))
+                 and len(program.find_all(panel.get("XAyatanaLabel"))) == 2, "it to go on")
+        self.assertEqual(program.rows("SELECT count(*), max(maxDuration) FROM Interval WHERE pk > 1"), [(2, 1080)])
 
     def test_the_menu_starts_goes_on_finishes_and_adds_with_the_window_hidden(self):
         tasks = (("Old", 100, 1800), ("&_" + "n" * 50 + "\nx", 300, 1800), ("Left", 400, 720),

@@ -82,6 +82,12 @@ TEST_F(CorrectIntervalTest, SaysWhatIsWrongWithWhatWasChanged) {
              {finished, start(3, 29, 2h + 30min), "start: The clocks skip this time of day."},
              {finished, [](auto& form) { form.start.isChanged = true; },
               "start: This is not a date and a time of day."},
+             {finished,
+              [](auto& form) {
+                  form.start = typed<base::LocalTime>(
+                      base::LocalTime{.day = std::chrono::year(26) / 11 / 23, .sinceMidnight = 12h});
+              },
+              "start: This lies before the year 1970."},
              {finished, spent(7200s), ""},
              {finished, spent(7201s), "time: There was not so much time since the start."},
              {finished, spent(-1s),

@@ -159,7 +159,7 @@ TEST_F(ViewModelTest, TheDetailContinuesWithTheRestAndExtendsByFiveMinutes) {
         store.addInterval(task, IntervalState::finished(), duration, length);
     }
     const auto model = makeDetail(task);
-    EXPECT_EQ(text(*model), "+a 4:25 | 5/0 1:40/1:40 1:39/1:40 1:00/1:40>39");
+    EXPECT_EQ(text(*model), "+a 4:25 | 5/0 1:40/1:40 1:39/1:40 1:00/1:40>40");
     const auto& view = model->viewState().value();
     call(view->onDoneTap);
     EXPECT_TRUE(view->isDone);
@@ -168,10 +168,10 @@ TEST_F(ViewModelTest, TheDetailContinuesWithTheRestAndExtendsByFiveMinutes) {
     call(view->onDoneTap);
     (*std::shared_ptr(view->onStartFocus))(*view->nonRunningIntervals[3].rest);
     EXPECT_TRUE(!view->isDone && !view->onDoneTap) << "as long as it runs";
-    EXPECT_EQ(text(*model), "a 4:25 0/39+ | 5/0 1:40/1:40 1:39/1:40 1:00/1:40>39");
+    EXPECT_EQ(text(*model), "a 4:25 0/40+ | 5/0 1:40/1:40 1:39/1:40 1:00/1:40>40");
     call(view->runningIntervals[0].onExtend);
     EXPECT_EQ(store.sql("SELECT duration, maxDuration FROM Interval WHERE pk IN (1, 5)"),
-              "60.5|100.0 0.0|339.5");
+              "60.5|100.0 0.0|340.0");
     store.addInterval(task, IntervalState::running(at(1000)), 0s, 0s);
     EXPECT_FALSE(view->runningIntervals[1].onExtend) << "without a limit there is none to move";
 }

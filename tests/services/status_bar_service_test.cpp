@@ -112,9 +112,9 @@ TEST_F(StatusBarServiceTest, OffersWhatCanBeDoneAtOnce) {
     double created = 300;
     for (const auto& [spent, maximum, goOn] :
          {Case{720s, 1800s, "Continue 18:00 Letters; "},
-          Case{1s, 1800.5s, "Continue 30:00 Letters; "}, Case{1799s, 1800s, "Continue 1 Letters; "},
-          Case{1799.5s, 1800s, ""}, Case{1800s, 1800s, ""}, Case{5s, 0s, ""},
-          Case{-5s, 1800s, ""}}) {
+          Case{1.9s, 1800.5s, "Continue 29:59 Letters; "},
+          Case{1799s, 1800s, "Continue 1 Letters; "}, Case{1799.5s, 1800s, ""},
+          Case{1800s, 1800s, ""}, Case{5s, 0s, ""}, Case{-5s, 1800s, ""}}) {
         work(task, spent, maximum, at(created++));
         EXPECT_EQ(menu(), goOn + letters);
     }

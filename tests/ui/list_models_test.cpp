@@ -311,14 +311,14 @@ TEST(TaskDetailListModel, SaysWhenARowBeganAsOfToday) {
                              .onDeleteCommand = nullptr,
                              .totalTimeSpent = {},
                              .creationDate = began,
-                             .rest = base::Seconds(59.1)});
+                             .rest = base::Seconds(60)});
     }
     model.showIntervals(livedata::SharedList(std::move(intervals)));
     model.showNotes({{.id = base::Uuid::random(),
                       .noteText = {},
                       .onDeleteCommand = nullptr,
                       .creationDate = at("2026-11-19T23:59:00")}});
-    EXPECT_EQ(fieldOf(model, 0, "continueText"), "Continue 1:00") << "rounded up";
+    EXPECT_EQ(fieldOf(model, 0, "continueText"), "Continue 1:00");
     EXPECT_EQ(fieldOf(model, 5, "continueText"), "");
     const auto shown = [&model] {
         QStringList texts;

@@ -108,41 +108,11 @@ FocusScope {
                 framed: list
             }
 
-            delegate: Item {
+            delegate: ChoiceLine {
                 id: choice
 
-                required property int index
-                required property string modelData
-
                 width: list.width
-                height: Theme.controlHeight
-                Accessible.role: Accessible.ListItem
-                Accessible.name: choice.modelData
-                Accessible.focusable: true
-                Accessible.onPressAction: root.choose(choice.index)
-
-                Rectangle {
-                    anchors.fill: parent
-                    anchors.margins: Theme.focusWidth
-                    radius: Theme.controlRadius
-                    visible: choice.ListView.isCurrentItem
-                    color: Theme.colors.selectedContent
-                }
-
-                ElidedLabel {
-                    anchors.fill: parent
-                    anchors.leftMargin: Theme.spacing
-                    anchors.rightMargin: Theme.spacing
-                    verticalAlignment: Text.AlignVCenter
-                    text: choice.modelData
-                    color: choice.ListView.isCurrentItem ? Theme.colors.selectedText : Theme.colors.text
-                    Accessible.ignored: true
-                }
-
-                MouseArea {
-                    anchors.fill: parent
-                    onClicked: root.choose(choice.index)
-                }
+                onChosen: root.choose(choice.index)
             }
 
             ScrollBar {

@@ -58,13 +58,6 @@ HeadedListView {
             header.focusFirst();
     }
 
-    function editRow(row: TaskDetailRow) {
-        if (row.kind === TaskDetailListModel.Interval)
-            root.adapter.correctInterval(row.index);
-        else
-            edited.edit(row.index);
-    }
-
     onRowsChanged: root.showAnew()
     onFocusDisplaced: root.revealFocus()
     head: header
@@ -84,10 +77,8 @@ HeadedListView {
             editorHeight: edited.height
             stop: row.index < root.notesRow ? intervalsStop : notesStop
             onFocused: root.showRow(row.index)
-            onCopied: root.rows.copyRow(row.index)
-            onDeletionRequested: root.rows.deleteRow(row.index)
             onMenuRequested: position => root.menuRequested(row, position)
-            onEditRequested: root.editRow(row)
+            onNoteEditRequested: edited.edit(row.index)
             onEditorReached: edited.enterSoon()
             onEditorPlaceMade: edited.place = row
             onPlaceMade: notes.place = row

@@ -32,9 +32,7 @@ FocusScope {
     }
 
     function editName() {
-        editor.rememberFocus();
-        root.adapter.edit.editName();
-        editor.enter();
+        name.edit();
     }
 
     function pressKey(event) {
@@ -62,19 +60,9 @@ FocusScope {
         spacing: Theme.spacing
 
         TaskName {
+            id: name
+
             adapter: root.adapter
-            onEditRequested: root.editName()
-        }
-
-        TextInPlace {
-            id: editor
-
-            width: parent.width
-            adapter: root.adapter.edit
-            isOpen: root.adapter.edit.isName
-            accessibleName: qsTr("Name of the task")
-            savesByEnter: true
-            pointSize: Theme.titleSize
             onFocusLost: root.focusFirst()
         }
 

@@ -28,8 +28,7 @@ RowOfKind {
     // Where the Tab key leaves the rows.
     required property RowsStop stop
 
-    // The whole text is to be copied, of which this may show a part.
-    signal copied
+    signal noteEditRequested
     signal placeMade
     signal editorPlaceMade
     // The keyboard has come to what the editor lies over.
@@ -46,6 +45,13 @@ RowOfKind {
     function tellSize() {
         if ((root.isPlace || root.isEdited) && root.isComplete)
             root.placeResized();
+    }
+
+    function edit() {
+        if (root.kind === TaskDetailListModel.Interval)
+            root.adapter.correctInterval(root.index);
+        else
+            root.noteEditRequested();
     }
 
     function passFocusOn() {
@@ -93,6 +99,8 @@ RowOfKind {
     onHeightChanged: root.tellSize()
     onIsCompleteChanged: root.tellMade()
     isEditable: !root.isPlace
+    onEditRequested: root.edit()
+    onDeletionRequested: root.adapter.rows.deleteRow(root.index)
     onIsEditedChanged: root.tellMade()
     onActiveFocusChanged: root.passFocusOn()
     Accessible.role: Accessible.ListItem
@@ -129,7 +137,7 @@ RowOfKind {
             isCut: root.isCut
             began: root.began
             editorHeight: root.isEdited ? root.editorHeight : 0
-            onCopied: root.copied()
+            onCopied: root.adapter.rows.copyRow(root.index)
             onButtonReached: root.showEnd()
             onWholeRequested: root.adapter.displayWholeNote(root.index)
         }

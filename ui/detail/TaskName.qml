@@ -3,17 +3,30 @@ import QtQuick
 import Hearthmark.Controls
 import Hearthmark.Ui
 
-// The name of the selected task, with what edits it and what marks it done; nothing while it is being edited.
+// The name of the selected task, with a button that edits it in its place, and one that marks it done.
 Item {
     id: root
 
     required property TaskDetailAdapter adapter
 
-    signal editRequested
+    // What had the keyboard before is gone, and the task, too.
+    signal focusLost
+
+    function edit() {
+        editor.rememberFocus();
+        root.adapter.edit.editName();
+        editor.enter();
+    }
+
+    function giveFocusBack() {
+        if (root.adapter.edit.canEdit)
+            button.forceActiveFocus(Qt.OtherFocusReason);
+        else
+            root.focusLost();
+    }
 
     width: parent.width
-    height: heading.height
-    visible: !root.adapter.edit.isName
+    height: root.adapter.edit.isName ? editor.height : heading.height
 
     HoverHandler {
         id: pointer
@@ -24,6 +37,7 @@ Item {
 
         anchors.left: parent.left
         width: parent.width - button.width - done.width - 2 * Theme.spacing
+        visible: !root.adapter.edit.isName
         text: root.adapter.taskName
         font.pointSize: Theme.titleSize
         maximumLineCount: Theme.nameMaximumLineCount
@@ -38,10 +52,23 @@ Item {
         anchors.left: parent.left
         anchors.leftMargin: Math.min(heading.contentWidth, heading.width) + Theme.spacing
         y: (heading.height / heading.lineCount - button.height) / 2
-        visible: root.adapter.edit.canEdit
+        visible: heading.visible && root.adapter.edit.canEdit
         isOffered: pointer.hovered
         text: qsTr("Edit name")
-        onClicked: root.editRequested()
+        onClicked: root.edit()
+    }
+
+    TextInPlace {
+        id: editor
+
+        width: parent.width
+        height: editor.implicitHeight
+        adapter: root.adapter.edit
+        isOpen: root.adapter.edit.isName
+        accessibleName: qsTr("Name of the task")
+        savesByEnter: true
+        pointSize: Theme.titleSize
+        onFocusLost: root.giveFocusBack()
     }
 
     CheckButton {
@@ -50,6 +77,7 @@ Item {
         anchors.right: parent.right
         y: button.y
         height: button.height
+        visible: heading.visible
         enabled: root.adapter.canBeDone
         isChecked: root.adapter.isDone
         text: qsTr("Done")

@@ -6,10 +6,10 @@
 #include <algorithm>
 #include <utility>
 
-#include "services/focus.h"
 #include "ui/state/run_action.h"
 #include "ui/state/state_adapter.h"
 #include "ui/text/began_text.h"
+#include "ui/text/duration_text.h"
 #include "ui/text/text_conversion.h"
 
 namespace hearthmark::ui {
@@ -39,8 +39,8 @@ qsizetype shownLength(const QString& note) {
 }
 
 QVariant continueText(const TaskDetailRow& row) {
-    const auto rest = row.rest ? services::restText(*row.rest) : std::nullopt;
-    return rest ? TaskDetailListModel::tr("Continue %1").arg(toQString(*rest)) : QString();
+    return row.rest ? TaskDetailListModel::tr("Continue %1").arg(durationText(*row.rest))
+                    : QString();
 }
 
 QVariant beganOf(const TaskDetailRow& row) {
