@@ -7,7 +7,7 @@ BasicButton {
 
     required property bool isChecked
 
-    implicitWidth: Math.ceil(label.x + label.implicitWidth) + Theme.spacing
+    implicitWidth: box.width + Math.ceil(label.implicitWidth) + 3 * Theme.spacing
     implicitHeight: Theme.controlHeight
     Accessible.role: Accessible.CheckBox
     Accessible.checkable: true
@@ -27,7 +27,8 @@ BasicButton {
     Rectangle {
         id: box
 
-        x: Theme.spacing
+        anchors.left: parent.left
+        anchors.leftMargin: Theme.spacing
         anchors.verticalCenter: parent.verticalCenter
         width: Theme.symbolSize
         height: Theme.symbolSize
@@ -48,7 +49,8 @@ BasicButton {
     Label {
         id: label
 
-        x: box.x + box.width + Theme.spacing
+        anchors.left: box.right
+        anchors.leftMargin: Theme.spacing
         anchors.verticalCenter: parent.verticalCenter
         text: root.text
         color: root.enabled ? Theme.colors.text : Theme.colors.disabledText

@@ -8,6 +8,8 @@ Item {
     id: root
 
     required property TaskDetailAdapter adapter
+    // Too narrow for both side by side.
+    readonly property bool isStacked: done.width > root.width / 3
 
     // What had the keyboard before is gone, and the task, too.
     signal focusLost
@@ -26,7 +28,7 @@ Item {
     }
 
     width: parent.width
-    height: root.adapter.edit.isName ? editor.height : heading.height
+    height: root.adapter.edit.isName ? editor.height : root.isStacked ? done.y + done.height : heading.height
 
     HoverHandler {
         id: pointer
@@ -36,7 +38,7 @@ Item {
         id: heading
 
         anchors.left: parent.left
-        width: parent.width - button.width - done.width - 2 * Theme.spacing
+        width: parent.width - button.width - Theme.spacing - (root.isStacked ? 0 : done.width + Theme.spacing)
         visible: !root.adapter.edit.isName
         text: root.adapter.taskName
         font.pointSize: Theme.titleSize
@@ -74,8 +76,8 @@ Item {
     CheckButton {
         id: done
 
-        anchors.right: parent.right
-        y: button.y
+        x: root.isStacked === root.LayoutMirroring.enabled ? root.width - done.width : 0
+        y: root.isStacked ? heading.height : button.y
         height: button.height
         visible: heading.visible
         enabled: root.adapter.canBeDone

@@ -16,8 +16,10 @@ Item {
         id: header
 
         anchors.left: parent.left
-        width: Math.min(header.implicitWidth, root.width - mark.width - Theme.wideSpacing)
-        rightPadding: Theme.spacing
+        anchors.leftMargin: Theme.wideSpacing
+        width: Math.min(header.implicitWidth, root.width - mark.width - 2 * Theme.wideSpacing - Theme.spacing)
+        leftPadding: 0
+        rightPadding: 0
         Accessible.ignored: true
     }
 
@@ -25,6 +27,7 @@ Item {
         id: mark
 
         anchors.left: header.right
+        anchors.leftMargin: Theme.spacing
         y: header.topPadding + (header.height - header.topPadding - header.bottomPadding - mark.height) / 2
         mirror: LayoutMirroring.enabled
         name: root.isUnfolded ? "chevron.down" : "chevron.right"
