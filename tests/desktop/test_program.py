@@ -255,7 +255,7 @@ class Use(ProgramTest):
         key("Tab", "space")
         wait_for(lambda: program.section_of("Letters") == "Running" and has_focus(row), "its continuation")
         (old, length), (_, rest) = program.rows("SELECT duration, maxDuration FROM Interval")[2:]
-        self.assertEqual(rest, length - old)
+        self.assertEqual(rest, length - int(old))
 
     def test_keys_that_go_far_or_the_way_they_point(self):
         numbers = range(1, 31)

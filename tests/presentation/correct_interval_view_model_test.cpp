@@ -84,8 +84,8 @@ TEST_F(CorrectIntervalTest, SaysWhatIsWrongWithWhatWasChanged) {
               "start: This is not a date and a time of day."},
              {finished,
               [](auto& form) {
-                  form.start = typed<base::LocalTime>(
-                      base::LocalTime{.day = std::chrono::year(26) / 11 / 23, .sinceMidnight = 12h});
+                  form.start = typed<base::LocalTime>(base::LocalTime{
+                      .day = std::chrono::year(26) / 11 / 23, .sinceMidnight = 12h});
               },
               "start: This lies before the year 1970."},
              {finished, spent(7200s), ""},
