@@ -94,8 +94,8 @@ void appendFolded(std::string& text, UChar32 character) {
         }
         Units units;
         UErrorCode error = U_ZERO_ERROR;
-        const int32_t length = u_strFoldCase(units.data(), kMostUnits, &parts[begin], at - begin,
-                                             U_FOLD_CASE_DEFAULT, &error);
+        const int32_t length = u_strFoldCase(units.data(), kMostUnits, parts.data() + begin,
+                                             at - begin, U_FOLD_CASE_DEFAULT, &error);
         require(error);
         for (int32_t unit = 0; unit < length;) {
             UChar32 each = 0;

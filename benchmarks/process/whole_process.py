@@ -15,8 +15,9 @@ from driver import Desktop
 from measuring import Subject, Windows, print_steady
 from one_task import add_task, hide, make_subject, print_extremes, print_one_task, start_focus
 from peers import make_peers, states as peers_states
+from searching import print_search
 
-PARTS = ["starts", "steady", "peers", "one-task"]
+PARTS = ["starts", "steady", "peers", "one-task", "search"]
 EXTREMES = "extremes"
 
 
@@ -82,6 +83,8 @@ def measure(given, windows):
             print_steady({peer: peers_states(peer) for peer in peers}, windows, timer.pid, given.seconds / 2)
         if is_asked_for("one-task"):
             print_one_task(given.hearthmark, ten_year_store, windows, timer.pid, given.seconds, given.starts)
+        if is_asked_for("search"):
+            print_search(given.hearthmark, ten_year_store, windows, timer.pid, given.seconds, given.starts)
         if is_asked_for(EXTREMES):
             print_extremes(given.hearthmark, ten_year_store, windows)
     finally:

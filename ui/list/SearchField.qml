@@ -29,7 +29,9 @@ FocusScope {
         input.text = "";
     }
 
+    // Selected, it goes in a step of its own, which can be taken back.
     function clear() {
+        input.selectAll();
         input.clear();
         input.forceActiveFocus(Qt.OtherFocusReason);
     }

@@ -25,11 +25,13 @@ FocusScope {
 
     // With the key that was pressed in the list, if any.
     function openSearch(typed: string) {
+        root.reachCurrent();
         root.adapter.openSearch();
         (search.part() as SearchField).takeFocus(typed);
     }
 
     function closeSearch() {
+        root.reachCurrent();
         root.adapter.closeSearch();
         (search.item as SearchField).empty();
         list.forceLayout();

@@ -44,9 +44,10 @@ void TaskListAdapter::closeSearch() {
 }
 
 bool TaskListAdapter::isTyping(const QString& text, int modifiers) {
-    const int others =
-        modifiers & ~(Qt::ShiftModifier | Qt::KeypadModifier | Qt::GroupSwitchModifier);
-    return others == 0 && !text.isEmpty() && text[0].isPrint() && !text[0].isSpace();
+    const Qt::KeyboardModifiers others =
+        Qt::KeyboardModifiers(modifiers) &
+        ~(Qt::ShiftModifier | Qt::KeypadModifier | Qt::GroupSwitchModifier);
+    return !others && !text.isEmpty() && text[0].isPrint() && !text[0].isSpace();
 }
 
 int TaskListAdapter::reachedRow() const {
