@@ -9,7 +9,6 @@
 
 #include <algorithm>
 #include <array>
-#include <limits>
 #include <stdexcept>
 
 namespace hearthmark::base {
@@ -42,38 +41,27 @@ void appendUtf8(std::string& text, UChar32 character) {
     text.append(bytes.data(), static_cast<std::size_t>(length));
 }
 
-struct Character {
-    // Negative where the bytes are none.
-    UChar32 value = 0;
-    std::size_t end = 0;
-};
-
-// What begins at `at`.
-Character characterAt(std::string_view text, std::size_t at) {
+// Steps over the character at `at`; negative where the bytes are none.
+UChar32 nextCharacter(std::string_view text, std::size_t& at) {
     // The macro counts in signed numbers.
     const std::string_view rest = text.substr(at, U8_MAX_LENGTH);
     int32_t length = 0;
-    UChar32 value = 0;
+    UChar32 character = 0;
     // It puts differences of bytes into bytes.
 #pragma GCC diagnostic push
 #pragma GCC diagnostic ignored "-Wconversion"
-    U8_NEXT(rest.data(), length, static_cast<int32_t>(rest.size()), value);
+    U8_NEXT(rest.data(), length, static_cast<int32_t>(rest.size()), character);
 #pragma GCC diagnostic pop
-    return {.value = value, .end = at + static_cast<std::size_t>(length)};
+    at += static_cast<std::size_t>(length);
+    return character;
 }
 
 using Units = std::array<UChar, kMostUnits>;
 
 int32_t decomposed(UChar32 character, Units& units) {
-    static const UNormalizer2* const kNormalizer = [] {
-        UErrorCode error = U_ZERO_ERROR;
-        const UNormalizer2* normalizer = unorm2_getNFDInstance(&error);
-        require(error);
-        return normalizer;
-    }();
     UErrorCode error = U_ZERO_ERROR;
-    int32_t length =
-        unorm2_getDecomposition(kNormalizer, character, units.data(), kMostUnits, &error);
+    int32_t length = unorm2_getDecomposition(unorm2_getNFDInstance(&error), character, units.data(),
+                                             kMostUnits, &error);
     require(error);
     if (length < 0) {
         length = 0;
@@ -130,18 +118,18 @@ std::string_view foldOfTwoBytes(UChar32 character) {
 
 // Appends the fold of the character at `at`, and answers where it ends.
 std::size_t foldNext(std::string_view text, std::size_t at, std::string& fold) {
-    const Character next = characterAt(text, at);
-    const std::size_t length = next.end - at;
-    if (next.value < 0) {
+    std::size_t end = at;
+    const UChar32 character = nextCharacter(text, end);
+    if (character < 0) {
         appendUtf8(fold, kReplacement);
-    } else if (length == 1) {
+    } else if (character < 0x80) {
         fold += foldedAscii(text[at]);
-    } else if (length == 2) {
-        fold += foldOfTwoBytes(next.value);
+    } else if (character < 0x800) {
+        fold += foldOfTwoBytes(character);
     } else {
-        appendFolded(fold, next.value);
+        appendFolded(fold, character);
     }
-    return next.end;
+    return end;
 }
 
 std::size_t endOfAscii(std::string_view text, std::size_t at) {
@@ -211,13 +199,12 @@ std::vector<std::string> foldedWords(std::string_view text) {
     const std::string fold = folded(text);
     std::vector<std::string> words(1);
     for (std::size_t at = 0; at < fold.size();) {
-        const Character next = characterAt(fold, at);
-        if (u_isUWhiteSpace(next.value) != 0) {
+        const std::size_t begin = at;
+        if (u_isUWhiteSpace(nextCharacter(fold, at)) != 0) {
             words.emplace_back();
         } else {
-            words.back().append(fold, at, next.end - at);
+            words.back().append(fold, begin, at - begin);
         }
-        at = next.end;
     }
     std::erase(words, std::string());
     return words;
