@@ -15,7 +15,9 @@ namespace hearthmark::base {
 
 namespace {
 
-constexpr UChar32 kReplacement = 0xFFFD;
+// They have neither case nor marks.
+constexpr UChar32 kFirstIdeograph = 0x3400;
+constexpr UChar32 kEndOfIdeographs = 0xA000;
 constexpr UChar32 kDotlessI = 0x131;
 // More than any character has in its decomposition, or in the fold of a part of that.
 constexpr int32_t kMostUnits = 32;
@@ -94,38 +96,44 @@ void appendFolded(std::string& text, UChar32 character) {
 }
 
 // Those of two bytes, which are most letters of many languages, are folded once.
-std::string_view foldOfTwoBytes(UChar32 character) {
+std::string_view foldOfTwoBytes(std::uint32_t character) {
     struct Fold {
         std::array<char, 7> bytes;
         unsigned char length;
     };
-    constexpr UChar32 kFirst = 0x80;
-    constexpr UChar32 kEnd = 0x800;
+    constexpr std::uint32_t kFirst = 0x80;
+    constexpr std::uint32_t kEnd = 0x800;
     using Folds = std::array<Fold, kEnd - kFirst>;
     static const Folds kFolds = [] {
         Folds folds{};
-        for (UChar32 each = kFirst; each < kEnd; ++each) {
+        for (std::uint32_t each = kFirst; each < kEnd; ++each) {
             std::string text;
-            appendFolded(text, each);
-            Fold& fold = folds[static_cast<std::size_t>(each - kFirst)];
+            appendFolded(text, static_cast<UChar32>(each));
+            Fold& fold = folds[each - kFirst];
             fold.length = static_cast<unsigned char>(text.copy(fold.bytes.data(), 7));
         }
         return folds;
     }();
-    const Fold& fold = kFolds[static_cast<std::size_t>(character - kFirst)];
+    const Fold& fold = kFolds[character - kFirst];
     return {fold.bytes.data(), fold.length};
 }
 
 // Appends the fold of the character at `at`, and answers where it ends.
 std::size_t foldNext(std::string_view text, std::size_t at, std::string& fold) {
+    const std::uint32_t lead = static_cast<unsigned char>(text[at]);
+    const std::uint32_t next = at + 1 < text.size() ? static_cast<unsigned char>(text[at + 1]) : 0;
+    if (lead >= 0xC2 && lead < 0xE0 && (next & 0xC0U) == 0x80) {
+        fold += foldOfTwoBytes((lead & 0x1FU) << 6U | (next & 0x3FU));
+        return at + 2;
+    }
     std::size_t end = at;
     const UChar32 character = nextCharacter(text, end);
     if (character < 0) {
-        appendUtf8(fold, kReplacement);
+        fold += "\ufffd";
     } else if (character < 0x80) {
         fold += foldedAscii(text[at]);
-    } else if (character < 0x800) {
-        fold += foldOfTwoBytes(character);
+    } else if (character >= kFirstIdeograph && character < kEndOfIdeographs) {
+        fold.append(text, at, end - at);
     } else {
         appendFolded(fold, character);
     }
