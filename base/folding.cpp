@@ -9,14 +9,15 @@
 
 #include <algorithm>
 #include <array>
-#include <limits>
 #include <stdexcept>
 
 namespace hearthmark::base {
 
 namespace {
 
-constexpr UChar32 kReplacement = 0xFFFD;
+// They have neither case nor marks.
+constexpr UChar32 kFirstIdeograph = 0x3400;
+constexpr UChar32 kEndOfIdeographs = 0xA000;
 constexpr UChar32 kDotlessI = 0x131;
 // More than any character has in its decomposition, or in the fold of a part of that.
 constexpr int32_t kMostUnits = 32;
@@ -42,38 +43,27 @@ void appendUtf8(std::string& text, UChar32 character) {
     text.append(bytes.data(), static_cast<std::size_t>(length));
 }
 
-struct Character {
-    // Negative where the bytes are none.
-    UChar32 value = 0;
-    std::size_t end = 0;
-};
-
-// What begins at `at`.
-Character characterAt(std::string_view text, std::size_t at) {
+// Steps over the character at `at`; negative where the bytes are none.
+UChar32 nextCharacter(std::string_view text, std::size_t& at) {
     // The macro counts in signed numbers.
     const std::string_view rest = text.substr(at, U8_MAX_LENGTH);
     int32_t length = 0;
-    UChar32 value = 0;
+    UChar32 character = 0;
     // It puts differences of bytes into bytes.
 #pragma GCC diagnostic push
 #pragma GCC diagnostic ignored "-Wconversion"
-    U8_NEXT(rest.data(), length, static_cast<int32_t>(rest.size()), value);
+    U8_NEXT(rest.data(), length, static_cast<int32_t>(rest.size()), character);
 #pragma GCC diagnostic pop
-    return {.value = value, .end = at + static_cast<std::size_t>(length)};
+    at += static_cast<std::size_t>(length);
+    return character;
 }
 
 using Units = std::array<UChar, kMostUnits>;
 
 int32_t decomposed(UChar32 character, Units& units) {
-    static const UNormalizer2* const kNormalizer = [] {
-        UErrorCode error = U_ZERO_ERROR;
-        const UNormalizer2* normalizer = unorm2_getNFDInstance(&error);
-        require(error);
-        return normalizer;
-    }();
     UErrorCode error = U_ZERO_ERROR;
-    int32_t length =
-        unorm2_getDecomposition(kNormalizer, character, units.data(), kMostUnits, &error);
+    int32_t length = unorm2_getDecomposition(unorm2_getNFDInstance(&error), character, units.data(),
+                                             kMostUnits, &error);
     require(error);
     if (length < 0) {
         length = 0;
@@ -106,42 +96,48 @@ void appendFolded(std::string& text, UChar32 character) {
 }
 
 // Those of two bytes, which are most letters of many languages, are folded once.
-std::string_view foldOfTwoBytes(UChar32 character) {
+std::string_view foldOfTwoBytes(std::uint32_t character) {
     struct Fold {
         std::array<char, 7> bytes;
         unsigned char length;
     };
-    constexpr UChar32 kFirst = 0x80;
-    constexpr UChar32 kEnd = 0x800;
+    constexpr std::uint32_t kFirst = 0x80;
+    constexpr std::uint32_t kEnd = 0x800;
     using Folds = std::array<Fold, kEnd - kFirst>;
     static const Folds kFolds = [] {
         Folds folds{};
-        for (UChar32 each = kFirst; each < kEnd; ++each) {
+        for (std::uint32_t each = kFirst; each < kEnd; ++each) {
             std::string text;
-            appendFolded(text, each);
-            Fold& fold = folds[static_cast<std::size_t>(each - kFirst)];
+            appendFolded(text, static_cast<UChar32>(each));
+            Fold& fold = folds[each - kFirst];
             fold.length = static_cast<unsigned char>(text.copy(fold.bytes.data(), 7));
         }
         return folds;
     }();
-    const Fold& fold = kFolds[static_cast<std::size_t>(character - kFirst)];
+    const Fold& fold = kFolds[character - kFirst];
     return {fold.bytes.data(), fold.length};
 }
 
 // Appends the fold of the character at `at`, and answers where it ends.
 std::size_t foldNext(std::string_view text, std::size_t at, std::string& fold) {
-    const Character next = characterAt(text, at);
-    const std::size_t length = next.end - at;
-    if (next.value < 0) {
-        appendUtf8(fold, kReplacement);
-    } else if (length == 1) {
-        fold += foldedAscii(text[at]);
-    } else if (length == 2) {
-        fold += foldOfTwoBytes(next.value);
-    } else {
-        appendFolded(fold, next.value);
+    const std::uint32_t lead = static_cast<unsigned char>(text[at]);
+    const std::uint32_t next = at + 1 < text.size() ? static_cast<unsigned char>(text[at + 1]) : 0;
+    if (lead >= 0xC2 && lead < 0xE0 && (next & 0xC0U) == 0x80) {
+        fold += foldOfTwoBytes((lead & 0x1FU) << 6U | (next & 0x3FU));
+        return at + 2;
     }
-    return next.end;
+    std::size_t end = at;
+    const UChar32 character = nextCharacter(text, end);
+    if (character < 0) {
+        fold += "\ufffd";
+    } else if (character < 0x80) {
+        fold += foldedAscii(text[at]);
+    } else if (character >= kFirstIdeograph && character < kEndOfIdeographs) {
+        fold.append(text, at, end - at);
+    } else {
+        appendFolded(fold, character);
+    }
+    return end;
 }
 
 std::size_t endOfAscii(std::string_view text, std::size_t at) {
@@ -211,13 +207,12 @@ std::vector<std::string> foldedWords(std::string_view text) {
     const std::string fold = folded(text);
     std::vector<std::string> words(1);
     for (std::size_t at = 0; at < fold.size();) {
-        const Character next = characterAt(fold, at);
-        if (u_isUWhiteSpace(next.value) != 0) {
+        const std::size_t begin = at;
+        if (u_isUWhiteSpace(nextCharacter(fold, at)) != 0) {
             words.emplace_back();
         } else {
-            words.back().append(fold, at, next.end - at);
+            words.back().append(fold, begin, at - begin);
         }
-        at = next.end;
     }
     std::erase(words, std::string());
     return words;
