@@ -11,8 +11,11 @@ namespace hearthmark::tests {
 std::string contentOf(const std::filesystem::path& directory) {
     return sql(directory / "Hearthmark.sqlite",
                "SELECT pk, name, creationDate, doneDate FROM Task ORDER BY pk;"
-               "SELECT pk, creationDate, duration, maxDuration, task FROM Interval ORDER BY pk;"
-               "SELECT pk, state, started, visited, interval FROM RawIntervalState ORDER BY pk;"
+               "SELECT pk, creationDate, iif(task, duration, 0), maxDuration, task FROM Interval "
+               "ORDER BY pk;"
+               "SELECT r.pk, interval, iif(task, state, 0), iif(task, started, 0), "
+               "iif(task, visited, 0) FROM RawIntervalState r LEFT JOIN Interval i "
+               "ON i.pk = interval ORDER BY r.pk;"
                "SELECT pk, creationDate, text, task FROM Note ORDER BY pk");
 }
 

@@ -12,7 +12,8 @@
 
 namespace hearthmark::tests {
 
-// All that is in the store of a directory, as another program reads it, but for the identifiers.
+// All that is in the store of a directory, as another program reads it, but for the identifiers,
+// and for the time of an interval without a task: one that comes back finished is finished before.
 std::string contentOf(const std::filesystem::path& directory);
 
 // Does to a store what its users do, at random, through the service: the same to the same store for
