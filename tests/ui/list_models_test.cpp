@@ -120,9 +120,9 @@ TEST(TaskListModel, MovesOnlyWhatStartsOrFinishesAndCallsItsNewActions) {
     model.show({{}, {a, b, c}});
     EXPECT_EQ(texts(model), (std::vector<QString>{"Running", "No tasks in progress.", "Not running",
                                                   "A", "B", "C"}));
-    EXPECT_EQ(model.taskAfter(0), 3);
-    EXPECT_EQ(model.taskBefore(3), 3);
-    EXPECT_EQ(model.taskNearest(9), 5);
+    EXPECT_EQ(model.stopAfter(0), 3);
+    EXPECT_EQ(model.stopBefore(3), 3);
+    EXPECT_EQ(model.stopNearest(9), 5);
     QSignalSpy moved(&model, &QAbstractItemModel::rowsMoved);
     auto running = calls.running(a.taskId, "A", "0", base::Uuid::random());
     // An action may take away the row that called it.

@@ -29,7 +29,7 @@ ListView {
     // The first task with what stands above it.
     function showTask(task: int) {
         root.showRow(task);
-        if (root.rows.taskBefore(task) === task)
+        if (root.rows.stopBefore(task) === task)
             root.contentY = root.originY;
     }
 
@@ -39,13 +39,13 @@ ListView {
 
     // By the keyboard.
     function walkTo(row: int) {
-        root.showTask(root.rows.taskNearest(row));
+        root.showTask(root.rows.stopNearest(row));
         if (root.currentItem)
             (root.currentItem as TaskListRow).isWalkedTo = true;
     }
 
     function walkUp() {
-        const row = root.rows.taskBefore(root.currentIndex);
+        const row = root.rows.stopBefore(root.currentIndex);
         const isFirst = row === root.currentIndex;
         root.walkTo(row);
         if (isFirst)
@@ -55,7 +55,7 @@ ListView {
     // The current row follows its task when that changes sections, but not before the layout.
     function keepTaskCurrent() {
         root.forceLayout();
-        root.currentIndex = root.rows.taskNearest(root.currentIndex);
+        root.currentIndex = root.rows.stopNearest(root.currentIndex);
         if (root.isMoved)
             root.showTask(root.currentIndex);
         root.isMoved = false;
@@ -99,11 +99,11 @@ ListView {
 
         list: root
         onUpPressed: root.walkUp()
-        onDownPressed: root.walkTo(root.rows.taskAfter(root.currentIndex))
-        onHomePressed: root.walkTo(root.rows.taskAfter(-1))
-        onEndPressed: root.walkTo(root.rows.taskBefore(root.count))
-        onPageUpPressed: row => root.walkTo(Math.min(root.rows.taskAfter(row - 1), root.rows.taskBefore(root.currentIndex)))
-        onPageDownPressed: row => root.walkTo(Math.max(root.rows.taskBefore(row + 1), root.rows.taskAfter(root.currentIndex)))
+        onDownPressed: root.walkTo(root.rows.stopAfter(root.currentIndex))
+        onHomePressed: root.walkTo(root.rows.stopAfter(-1))
+        onEndPressed: root.walkTo(root.rows.stopBefore(root.count))
+        onPageUpPressed: row => root.walkTo(Math.min(root.rows.stopAfter(row - 1), root.rows.stopBefore(root.currentIndex)))
+        onPageDownPressed: row => root.walkTo(Math.max(root.rows.stopBefore(row + 1), root.rows.stopAfter(root.currentIndex)))
     }
 
     ScrollBar {

@@ -20,7 +20,7 @@ FocusScope {
     function showNewest() {
         const row = root.adapter.newestRow();
         if (row >= 0)
-            list.showTask(root.adapter.rows.taskNearest(row));
+            list.showTask(root.adapter.rows.stopNearest(row));
     }
 
     // With the key that was pressed in the list, if any.
@@ -35,14 +35,14 @@ FocusScope {
         root.adapter.closeSearch();
         (search.item as SearchField).empty();
         list.forceLayout();
-        list.showTask(root.adapter.rows.taskNearest(Math.max(0, root.adapter.reachedRow())));
+        list.showTask(root.adapter.rows.stopNearest(Math.max(0, root.adapter.reachedRow())));
         list.takeFocus();
     }
 
     // From the top, where its first row would else be out of sight.
     function showMatches() {
         const match = root.adapter.rows.firstMatch();
-        const row = match < 0 ? root.adapter.rows.taskNearest(Math.max(0, root.adapter.reachedRow())) : match;
+        const row = match < 0 ? root.adapter.rows.stopNearest(Math.max(0, root.adapter.reachedRow())) : match;
         list.positionViewAtBeginning();
         if (row >= 0)
             list.showRow(row);

@@ -259,7 +259,7 @@ int TaskListModel::rowOf(const base::Uuid& taskId) const {
     });
 }
 
-int TaskListModel::taskBefore(int row) const {
+int TaskListModel::stopBefore(int row) const {
     for (int candidate = std::min(row, rowCount()) - 1; candidate >= 0; --candidate) {
         if (isStop(candidate)) {
             return candidate;
@@ -268,7 +268,7 @@ int TaskListModel::taskBefore(int row) const {
     return row;
 }
 
-int TaskListModel::taskAfter(int row) const {
+int TaskListModel::stopAfter(int row) const {
     for (int candidate = std::max(row, -1) + 1; candidate < rowCount(); ++candidate) {
         if (isStop(candidate)) {
             return candidate;
@@ -277,8 +277,8 @@ int TaskListModel::taskAfter(int row) const {
     return row;
 }
 
-int TaskListModel::taskNearest(int row) const {
-    for (const int candidate : {row, taskAfter(row), taskBefore(row)}) {
+int TaskListModel::stopNearest(int row) const {
+    for (const int candidate : {row, stopAfter(row), stopBefore(row)}) {
         if (isStop(candidate)) {
             return candidate;
         }

@@ -78,9 +78,9 @@ class TaskListModel : public HEARTHMARK_ROW_LIST_MODEL(TaskListRow) {
     // For the keyboard, which steps over headers and hints, but not over those that fold: the next
     // such row in a direction, or `row` where there is none; the one at a row or nearest to it, or
     // -1 where there are none.
-    Q_INVOKABLE int taskBefore(int row) const;
-    Q_INVOKABLE int taskAfter(int row) const;
-    Q_INVOKABLE int taskNearest(int row) const;
+    Q_INVOKABLE int stopBefore(int row) const;
+    Q_INVOKABLE int stopAfter(int row) const;
+    Q_INVOKABLE int stopNearest(int row) const;
 
  private:
     // From the state that is to be shown. Told whether what does not run is as it is shown.
