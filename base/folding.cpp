@@ -72,6 +72,16 @@ int32_t decomposed(UChar32 character, Units& units) {
     return length;
 }
 
+// Marks that do not make another letter of it, by their combining class: the points of Hebrew and
+// Arabic, and those above, below and across. The others are vowels and voiced sounds.
+bool isLeftOut(UChar32 character) {
+    constexpr std::uint8_t kFirstPoint = 10;
+    constexpr std::uint8_t kLastPoint = 36;
+    constexpr std::uint8_t kFirstOfPlaces = 200;
+    const std::uint8_t kind = u_getCombiningClass(character);
+    return kind >= kFirstOfPlaces || (kind >= kFirstPoint && kind <= kLastPoint);
+}
+
 void appendFolded(std::string& text, UChar32 character) {
     Units parts;
     const int32_t partsLength = decomposed(character, parts);
@@ -79,7 +89,7 @@ void appendFolded(std::string& text, UChar32 character) {
         const int32_t begin = at;
         UChar32 part = 0;
         U16_NEXT(parts.data(), at, partsLength, part);
-        if (u_charType(part) == U_NON_SPACING_MARK) {
+        if (isLeftOut(part)) {
             continue;
         }
         Units units;
@@ -97,8 +107,9 @@ void appendFolded(std::string& text, UChar32 character) {
 
 // Those of two bytes, which are most letters of many languages, are folded once.
 std::string_view foldOfTwoBytes(std::uint32_t character) {
+    constexpr std::size_t kMostBytes = 7;
     struct Fold {
-        std::array<char, 7> bytes;
+        std::array<char, kMostBytes> bytes;
         unsigned char length;
     };
     constexpr std::uint32_t kFirst = 0x80;
@@ -110,7 +121,7 @@ std::string_view foldOfTwoBytes(std::uint32_t character) {
             std::string text;
             appendFolded(text, static_cast<UChar32>(each));
             Fold& fold = folds[each - kFirst];
-            fold.length = static_cast<unsigned char>(text.copy(fold.bytes.data(), 7));
+            fold.length = static_cast<unsigned char>(text.copy(fold.bytes.data(), kMostBytes));
         }
         return folds;
     }();
@@ -118,7 +129,13 @@ std::string_view foldOfTwoBytes(std::uint32_t character) {
     return {fold.bytes.data(), fold.length};
 }
 
-// Appends the fold of the character at `at`, and answers where it ends.
+std::size_t endOfAscii(std::string_view text, std::size_t at) {
+    const auto end = std::ranges::find_if_not(text.substr(at), isAscii);
+    return at + static_cast<std::size_t>(end - text.substr(at).begin());
+}
+
+}  // namespace
+
 std::size_t foldNext(std::string_view text, std::size_t at, std::string& fold) {
     const std::uint32_t lead = static_cast<unsigned char>(text[at]);
     const std::uint32_t next = at + 1 < text.size() ? static_cast<unsigned char>(text[at + 1]) : 0;
@@ -139,55 +156,6 @@ std::size_t foldNext(std::string_view text, std::size_t at, std::string& fold) {
     }
     return end;
 }
-
-std::size_t endOfAscii(std::string_view text, std::size_t at) {
-    const auto end = std::ranges::find_if_not(text.substr(at), isAscii);
-    return at + static_cast<std::size_t>(end - text.substr(at).begin());
-}
-
-// A text's fold with the way back.
-class FoldedText {
- public:
-    explicit FoldedText(std::string_view text) : size_(text.size()) {
-        fold_.reserve(text.size());
-        origins_.reserve(text.size());
-        for (std::size_t at = 0; at < text.size();) {
-            const std::size_t begin = at;
-            at = foldNext(text, at, fold_);
-            origins_.resize(fold_.size(), static_cast<std::uint32_t>(begin));
-        }
-    }
-
-    const std::string& fold() const { return fold_; }
-
-    // Of a part of the fold that is not empty.
-    TextRange original(std::size_t begin, std::size_t end) const {
-        const auto next = std::upper_bound(origins_.begin() + static_cast<std::ptrdiff_t>(end - 1),
-                                           origins_.end(), origins_[end - 1]);
-        return {.begin = origins_[begin], .end = next == origins_.end() ? size_ : *next};
-    }
-
- private:
-    std::size_t size_;
-    std::string fold_;
-    // Where the character begins of which each byte of the fold is.
-    std::vector<std::uint32_t> origins_;
-};
-
-std::vector<TextRange> merged(std::vector<TextRange> ranges) {
-    std::ranges::sort(ranges, {}, &TextRange::begin);
-    std::vector<TextRange> result;
-    for (const TextRange& range : ranges) {
-        if (!result.empty() && range.begin <= result.back().end) {
-            result.back().end = std::max(result.back().end, range.end);
-        } else {
-            result.push_back(range);
-        }
-    }
-    return result;
-}
-
-}  // namespace
 
 std::string folded(std::string_view text) {
     std::string fold;
@@ -237,18 +205,6 @@ std::size_t originOfFolded(std::string_view text, std::size_t offset) {
         offset -= fold.size();
     }
     return text.size();
-}
-
-std::vector<TextRange> rangesOfWords(std::string_view text, const std::vector<std::string>& words) {
-    const FoldedText folded(text);
-    std::vector<TextRange> ranges;
-    for (const std::string& word : words) {
-        for (std::size_t found = folded.fold().find(word); found != std::string::npos;
-             found = folded.fold().find(word, found + 1)) {
-            ranges.push_back(folded.original(found, found + word.size()));
-        }
-    }
-    return merged(std::move(ranges));
 }
 
 }  // namespace hearthmark::base

@@ -8,7 +8,7 @@
 #include <vector>
 
 #include "base/date.h"
-#include "base/folding.h"
+#include "base/found_ranges.h"
 #include "base/uuid.h"
 #include "livedata/block.h"
 #include "livedata/shared_list.h"

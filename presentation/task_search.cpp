@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "base/folding.h"
+#include "base/found_ranges.h"
 #include "base/text.h"
 #include "presentation/texts.h"
 #include "store/note.h"
@@ -65,11 +66,12 @@ bool haveGrown(const Words& old, const Words& words) {
 }  // namespace
 
 bool TaskSearch::Texts::isOf(const store::Task& task) const {
-    return version == task.intervalSummary() && notes == task.newestNotes();
+    return id == task.id() && name == task.name() && notes == task.newestNotes();
 }
 
 TaskSearch::Texts TaskSearch::textsOf(const store::Task& task) {
-    Texts texts{.version = task.intervalSummary(),
+    Texts texts{.id = task.id(),
+                .name = task.name(),
                 .notes = task.newestNotes(),
                 .fold = base::folded(orDash(task.name())),
                 .noteBegins = {},

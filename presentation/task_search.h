@@ -39,8 +39,9 @@ class TaskSearch {
     struct Texts {
         bool isOf(const store::Task& task) const;
 
-        // Held, so that no address comes back.
-        std::shared_ptr<const store::Task::IntervalSummary> version;
+        std::optional<base::Uuid> id;
+        std::optional<std::string> name;
+        // Held, so that its address does not come back.
         std::shared_ptr<const std::vector<const store::Note*>> notes;
         // The name and the notes, newest first, each on lines of its own. No word goes on in the
         // next line.

@@ -101,7 +101,7 @@ class Application {
             close(*edit.interval, *edit.timeSpent);
             context_.save();
         }
-        task->addIntervalsObject(*edit.interval);
+        putInto(*task, *edit.interval);
         return Take<Interval>{.id = edit.interval->id().value(), .taskId = edit.taskId};
     }
 
@@ -199,8 +199,12 @@ class Application {
             }
         }
         if (newTask != nullptr && newTask != interval->task()) {
+            Task& left = *interval->task();
             inverse.newTaskId = edit.taskId;
-            interval->setTask(newTask);
+            inverse.doneDate = putInto(*newTask, *interval);
+            if (edit.doneDate && !left.isRunning()) {
+                left.setDoneDate(edit.doneDate);
+            }
         }
         const bool isChanged =
             inverse.creationDate || inverse.maxDuration || inverse.time || inverse.newTaskId;
@@ -213,6 +217,17 @@ class Application {
     template <class Entity>
     using RecordOf =
         std::conditional_t<std::is_same_v<Entity, Interval>, IntervalRecord, NoteRecord>;
+
+    // Returns since when the task was done, where it is no longer.
+    static std::optional<base::Date> putInto(Task& task, Interval& interval) {
+        interval.setTask(&task);
+        const std::optional<base::Date> doneDate = task.doneDate();
+        if (!doneDate || !interval.isRunning()) {
+            return std::nullopt;
+        }
+        task.setDoneDate(std::nullopt);
+        return doneDate;
+    }
 
     // Null where there is none.
     template <class Entity>

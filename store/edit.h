@@ -67,7 +67,7 @@ struct RenameTask {
     base::Uuid taskId;
     std::optional<std::string> name;
 };
-// Nothing is marked done while it runs.
+// Nothing is done while it runs: there a mark is refused, and what comes in running takes it away.
 struct MarkDone {
     base::Uuid taskId;
     // Absent where it is to be done no longer.
@@ -98,6 +98,8 @@ struct CorrectInterval {
     std::optional<Time> time;
     std::optional<base::Seconds> maxDuration;
     std::optional<base::Uuid> newTaskId;
+    // For the task that it leaves: since when that was done before it came in.
+    std::optional<base::Date> doneDate = std::nullopt;
 };
 
 using Edit = std::variant<AddTask, RemoveTask, Add<IntervalRecord>, Remove<Interval>,

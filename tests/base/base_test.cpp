@@ -9,6 +9,7 @@
 #include "base/calendar.h"
 #include "base/clock.h"
 #include "base/folding.h"
+#include "base/found_ranges.h"
 #include "base/text.h"
 #include "base/uuid.h"
 
@@ -58,6 +59,8 @@ TEST(Folding, MakesTextsEqualThatSearchesTakeForEqual) {
         {"R\u00e9sum\u00e9 re\u0301sume\u0301", "resume resume"},
         // Hebrew with points and without.
         {"\u05e9\u05c1\u05b8\u05dc\u05d5\u05b9\u05dd", "\u05e9\u05dc\u05d5\u05dd"},
+        // Thai vowels and voiced kana make other words of it.
+        {"\u0e01\u0e34\u0e19 \u304c", "\u0e01\u0e34\u0e19 \u304b\u3099"},
         // A ligature, two marks on one letter, a letter beyond 16 bits, a mark without a letter.
         {"\ufb01 \u1ead \U00010400 \u0301", "fi a \U00010428 "},
         {"a\0B"sv, "a\0b"sv},

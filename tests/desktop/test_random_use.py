@@ -21,7 +21,7 @@ MOST_TASKS = 60
 LEFT_ALONE = "Restore and Restart"  # after which nobody answers to the old name
 KEYS = """Tab shift+Tab Up Down Left Right Home End Page_Up Page_Down Return KP_Enter space Escape Delete
     BackSpace F1 F10 Menu shift+F10 shift+Up shift+Down shift+End shift+Return ctrl+Return ctrl+a ctrl+c ctrl+x
-    ctrl+v ctrl+z ctrl+n ctrl+shift+n ctrl+1 ctrl+2 ctrl+f ctrl+shift+f ctrl+e ctrl+question ctrl+Home ctrl+End""".split()
+    ctrl+v ctrl+z ctrl+n ctrl+shift+n ctrl+1 ctrl+2 ctrl+f ctrl+shift+d ctrl+shift+f ctrl+e ctrl+question ctrl+Home ctrl+End""".split()
 TEXTS = ["a", "Write the report", "ß–字", "שלום", " ", "<b>&amp;</b>", "%1 %2", "long " * 60]
 
 

@@ -82,8 +82,8 @@ TEST(SqliteStore, LeavesAFileThatItRefusesByteForByteAsItWas) {
          },
          20, StoreError::Cause::newerVersion},
         {"unknown", change("PRAGMA user_version = 0"), 20, StoreError::Cause::unknownVersion},
-        {"a column that is missing", change("ALTER TABLE Note RENAME COLUMN text TO t"), 1,
-         StoreError::Cause::damaged, "no such column"},
+        {"a column that is missing", change("ALTER TABLE Note RENAME COLUMN text TO gone"), 1,
+         StoreError::Cause::damaged, "text"},
         {"a key that is missing",
          change("ALTER TABLE Task RENAME TO t; CREATE VIEW Task AS "
                 "SELECT NULL AS pk, id, creationDate, name, doneDate FROM t"),

@@ -163,7 +163,20 @@ TEST_F(TaskSearchTest, FindsByEachKeyWhatASearchFromNothingFinds) {
         for (const std::string& part : typed) {
             query += part;
         }
+        const store::Tasks all = store.context().objects<Task>();
+        const Task& any = *std::next(all.begin(), static_cast<int>(dice() % all.size()));
+        if (key % 5 == 0) {
+            store.service->renameTask(*any.id(), word(6));
+        } else if (key % 5 == 1) {
+            store.service->editNote(*any.notes().front()->id(), *any.id(), word(8));
+        } else if (key % 5 == 2) {
+            store.service->deleteTask(*any.id());
+            addTask(word(6), {word(8)});
+        }
         const std::string byKeys = found(query);
+        model->closeSearch();
+        model->openSearch();
+        ASSERT_EQ(found(query), byKeys) << query;
         std::size_t expected = 0;
         const auto words = base::foldedWords(query);
         for (const Task& task : store.context().objects<Task>()) {

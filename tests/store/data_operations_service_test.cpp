@@ -94,7 +94,6 @@ TEST_F(DataOperationsServiceTest, BringsBackWhatWasDeletedAsItWas) {
     Interval& strange = store.addInterval(task, IntervalState::paused());
     strange.rawState()->setState(std::int16_t{77});
     strange.setId(std::nullopt);
-    task.setDoneDate(at(800));
     store.context().save();
     store.service->addNote({at(5), id, "text"}, *task.id());
     const base::Uuid taskId = *task.id();
@@ -246,6 +245,17 @@ TEST_F(DataOperationsServiceTest, MarksATaskDoneWhileNothingOfItRunsAndUntilItIs
             store.service->addInterval({at(1), 0s, base::Uuid::random(), 1800s, state}, taskId);
         };
     };
+    Task& other = store.addTask("other");
+    const base::Uuid moved = *store.addInterval(other, IntervalState::running(at(1))).id();
+    const auto moveIn = [&] {
+        store.service->correctInterval(moved, *other.id(), {.taskId = taskId});
+    };
+    std::shared_ptr<const Change> deletion;
+    const auto takeOut = [&] {
+        store.service->deleteInterval(*task.intervalSummary()->running.front()->id(), taskId);
+        deletion = store.service->latestChange().value();
+    };
+    const auto bringBack = [&] { store.service->undo(*deletion); };
     countSaves();
     struct Row {
         const char* what;
@@ -254,22 +264,32 @@ TEST_F(DataOperationsServiceTest, MarksATaskDoneWhileNothingOfItRunsAndUntilItIs
         int saves;
     };
     for (const auto& [what, act, doneDate, expected] :
-         std::vector<Row>{{"mark", mark, "2001.0", 1},
-                          {"mark again", mark, "2001.0", 0},
-                          {"past interval", add(IntervalState::finished()), "2001.0", 1},
+         std::vector<Row>{{"mark", mark, "1001.0", 1},
+                          {"mark again", mark, "1001.0", 0},
+                          {"past interval", add(IntervalState::finished()), "1001.0", 1},
                           {"reopen", reopen, "NULL", 1},
                           {"reopen again", reopen, "NULL", 0},
-                          {"undo of that", undo, "2001.0", 1},
+                          {"undo of that", undo, "1001.0", 1},
+                          {"what runs comes in", moveIn, "NULL", 1},
+                          {"undo of that", undo, "1001.0", 1},
                           {"start", add(IntervalState::running(at(2))), "NULL", 1},
                           {"undo while it runs", undo, "NULL", 0},
-                          {"mark while it runs", mark, "NULL", 0}}) {
-        store.clock->time = store.clock->time + 1001s;
+                          {"mark while it runs", mark, "NULL", 0},
+                          {"taken out", takeOut, "NULL", 1},
+                          {"mark", mark, "1013.0", 1},
+                          {"what runs comes back", bringBack, "NULL", 1}}) {
+        store.clock->time = store.clock->time + 1s;
         saves = 0;
         act();
-        EXPECT_EQ(store.sql("SELECT doneDate FROM Task"), doneDate) << what;
+        EXPECT_EQ(store.sql("SELECT doneDate FROM Task WHERE pk = 1"), doneDate) << what;
         EXPECT_EQ(saves, expected) << what;
-        store.clock->time = at(1000);
     }
+    const base::Uuid gone = *store.addTask("gone").id();
+    store.service->markTaskDone(gone);
+    store.service->deleteTask(gone);
+    undo();
+    EXPECT_EQ(store.sql("SELECT name, doneDate FROM Task WHERE id = '" + gone.text() + "'"),
+              "gone|1014.0");
 }
 
 TEST_F(DataOperationsServiceTest, TouchesNothingForAnIdThatMatchesNothing) {

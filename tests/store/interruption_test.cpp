@@ -449,6 +449,8 @@ TEST(Upgrade, LeavesOneVersionOrTheOtherWholeWhateverFails) {
         SCOPED_TRACE(cut);
         ASSERT_NO_FATAL_FAILURE(older.expectWhole(after.path, false));
     }
+    EXPECT_GT(ends, 100);
+    EXPECT_GT(events, 10);
     std::cout << ends << " faults ended the program, " << kills << " kills, " << events
               << " cuts\n";
 }

@@ -9,8 +9,9 @@ FocusScope {
 
     required property TaskListAdapter adapter
 
-    // To the first match, the second time as Enter chooses it.
+    // To the first match.
     signal leftDownwards
+    // It, by Enter.
     signal chosen
     signal closed
 

@@ -12,7 +12,7 @@ namespace {
 QString matchesText(std::size_t count) {
     return count == 0   ? QObject::tr("No matches")
            : count == 1 ? QObject::tr("1 match")
-                        : QObject::tr("%1 matches").arg(count);
+                        : QObject::tr("%L1 matches").arg(count);
 }
 
 }  // namespace
@@ -22,6 +22,8 @@ TaskListAdapter::TaskListAdapter(std::shared_ptr<presentation::TaskListViewModel
     follow(viewModel_->viewState());
     connect(&rows_, &TaskListModel::rowsInserted, this,
             [this](const QModelIndex& /*parent*/, int first) { insertedRow_ = first; });
+    connect(&rows_, &TaskListModel::foldToggled, this, &TaskListAdapter::stateShown,
+            Qt::QueuedConnection);
     connect(this, &TaskListAdapter::stateShown, this, [this] { insertedRow_ = -1; });
     viewModel_->startObserving();
 }
@@ -47,7 +49,8 @@ bool TaskListAdapter::isTyping(const QString& text, int modifiers) {
     const Qt::KeyboardModifiers others =
         Qt::KeyboardModifiers(modifiers) &
         ~(Qt::ShiftModifier | Qt::KeypadModifier | Qt::GroupSwitchModifier);
-    return !others && !text.isEmpty() && text[0].isPrint() && !text[0].isSpace();
+    const char32_t first = text.isEmpty() ? 0 : text.toUcs4().front();
+    return !others && QChar::isPrint(first) && !QChar::isSpace(first);
 }
 
 int TaskListAdapter::reachedRow() const {

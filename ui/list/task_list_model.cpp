@@ -2,153 +2,14 @@
 #include "ui/list/task_list_model.h"
 
 #include <algorithm>
-#include <functional>
 #include <utility>
 
 #include "ui/state/run_action.h"
-#include "ui/text/marked_text.h"
 #include "ui/text/text_conversion.h"
 
 namespace hearthmark::ui {
 
-namespace {
-
-using presentation::TaskListViewState;
-
-enum class Section { running, nonRunning, done };
-
-TaskListRow textRow(TaskListRow::Kind kind, Section section, const QString& text) {
-    TaskListRow row;
-    row.key = {.kind = static_cast<int>(kind), .id = {}, .ordinal = static_cast<int>(section)};
-    row.text = text;
-    return row;
-}
-
-template <class Item>
-TaskListRow taskRow(const Item& item, RowKeys& keys) {
-    TaskListRow row;
-    row.key = keys.next(item.taskId, static_cast<int>(TaskListRow::Kind::task));
-    row.text = toQString(item.taskName);
-    row.timeSpent = toQString(item.timeSpent);
-    row.isSelected = item.isSelected;
-    row.onTap = item.onItemTapped;
-    row.match = item.match;
-    return row;
-}
-
-std::vector<IntervalRow> lines(
-    const std::vector<TaskListViewState::RunningItemInterval>& intervals) {
-    std::vector<IntervalRow> rows;
-    rows.reserve(intervals.size());
-    RowKeys keys;
-    for (const TaskListViewState::RunningItemInterval& interval : intervals) {
-        rows.push_back({.key = keys.next(interval.intervalId),
-                        .timeSpent = toQString(interval.timeSpent),
-                        .button = toQString(interval.button),
-                        .progress = interval.progress,
-                        .onButtonTap = interval.onButtonTap,
-                        .onDelete = interval.onDeleteCommand});
-    }
-    return rows;
-}
-
-void appendSection(std::vector<TaskListRow>& rows, Section section, const QString& header,
-                   const QString& hint) {
-    rows.push_back(textRow(TaskListRow::Kind::header, section, header));
-    if (!hint.isEmpty()) {
-        rows.push_back(textRow(TaskListRow::Kind::hint, section, hint));
-    }
-}
-
-// Whatever is searched for.
-std::vector<TaskListRow> runningRows(const std::vector<TaskListViewState::RunningItem>& items,
-                                     RowKeys& keys) {
-    std::vector<TaskListRow> rows;
-    appendSection(rows, Section::running, QObject::tr("Running"),
-                  items.empty() ? QObject::tr("No tasks in progress.") : QString());
-    for (const TaskListViewState::RunningItem& item : items) {
-        TaskListRow& row = rows.emplace_back(taskRow(item, keys));
-        row.lines = lines(item.intervalViewStates);
-        // A running task is deleted by way of its newest running interval.
-        if (!item.intervalViewStates.empty()) {
-            row.onDelete = item.intervalViewStates.front().onDeleteCommand;
-        }
-    }
-    return rows;
-}
-
-using NonRunningItems = std::vector<const TaskListViewState::NonRunningItem*>;
-
-void appendRows(std::vector<TaskListRow>& rows, const NonRunningItems& items, RowKeys& keys) {
-    for (const TaskListViewState::NonRunningItem* item : items) {
-        rows.emplace_back(taskRow(*item, keys)).onDelete = item->onDeleteCommand;
-    }
-}
-
-QString hintOf(const TaskListViewState::View& state) {
-    if (state.nonRunningItems.empty()) {
-        return QObject::tr("Add your first task by pressing the button below 👇");
-    }
-    return state.matchCount == 0U ? QObject::tr("No matches") : QString();
-}
-
-const TaskListViewState::FoundText* foundLineOf(const TaskListRow& row) {
-    return row.match && row.match->note ? &*row.match->note : nullptr;
-}
-
-QVariant markedName(const TaskListRow& row) {
-    return row.match ? markedText(row.match->name.text, row.match->name.marked) : QString();
-}
-
-QVariant foundLine(const TaskListRow& row) {
-    const auto* line = foundLineOf(row);
-    return line != nullptr ? markedText(line->text, line->marked) : QString();
-}
-
-bool isFoundOtherwise(const TaskListRow& a, const TaskListRow& b) {
-    return a.match != b.match && (!a.match || !b.match || *a.match != *b.match);
-}
-
-}  // namespace
-
-const std::vector<RowRole<TaskListRow>>& TaskListRow::roles() {
-    // The description, which the model makes, changes with the time and with what is found.
-    static const std::vector<RowRole<TaskListRow>> kRoles{
-        {"description", &RowField<&TaskListRow::timeSpent>::value,
-         [](const TaskListRow& a, const TaskListRow& b) {
-             return a.timeSpent != b.timeSpent || a.isUnfolded != b.isUnfolded ||
-                    isFoundOtherwise(a, b);
-         }},
-        kindRole<TaskListRow>(),
-        role<&TaskListRow::text>("text"),
-        role<&TaskListRow::timeSpent>("timeSpent"),
-        role<&TaskListRow::isSelected>("isSelected"),
-        role<&TaskListRow::isUnfolded>("isUnfolded"),
-        {"intervalViewStates",
-         [](const TaskListRow& row) { return QVariant::fromValue(row.intervalViewStates.get()); },
-         &RowField<&TaskListRow::intervalViewStates>::differs},
-        // Made for the few rows that are seen.
-        {"markedName", &markedName, &isFoundOtherwise},
-        {"foundLine", &foundLine, &isFoundOtherwise}};
-    return kRoles;
-}
-
-void TaskListRow::settle(TaskListRow* shown) {
-    if (!lines) {
-        return;
-    }
-    if (shown != nullptr && shown->intervalViewStates) {
-        intervalViewStates = shown->intervalViewStates;
-    } else {
-        // Deleted later, since it may go while one of its own actions runs.
-        intervalViewStates = {new IntervalListModel,
-                              [](IntervalListModel* model) { model->deleteLater(); }};
-    }
-    intervalViewStates->update(std::move(*lines));
-    lines.reset();
-}
-
-void TaskListModel::show(const TaskListViewState::View& state) {
+void TaskListModel::show(const presentation::TaskListViewState::View& state) {
     const bool areOthersSame = rowCount() > 0 &&
                                state.runningItems.size() == shown_.runningItems.size() &&
                                state.nonRunningItems.isSame(shown_.nonRunningItems);
@@ -158,48 +19,19 @@ void TaskListModel::show(const TaskListViewState::View& state) {
 
 void TaskListModel::renew(bool areOthersSame) {
     RowKeys keys;
-    std::vector<TaskListRow> next = runningRows(shown_.runningItems, keys);
+    std::vector<TaskListRow> next = runningRows(shown_, keys);
     std::size_t end = next.size();
     if (!areOthersSame) {
-        appendOthers(next, keys);
+        appendOtherRows(next, shown_, isDoneUnfolded_, keys);
         end = rows().size();
+        tasksUntil_.clear();
+        for (int count = 0; const TaskListRow& row : next) {
+            count += row.kind() == TaskListRow::Kind::task ? 1 : 0;
+            tasksUntil_.push_back(count);
+        }
     }
     if (update(0, end, std::move(next))) {
         emit dataChanged(index(0), index(rowCount() - 1), {kDescriptionRole});
-    }
-}
-
-void TaskListModel::appendOthers(std::vector<TaskListRow>& rows, RowKeys& keys) {
-    rows.reserve(rows.size() + shown_.nonRunningItems.size() + 3);
-    const bool isSearch = shown_.matchCount.has_value();
-    NonRunningItems toDo;
-    NonRunningItems done;
-    for (const TaskListViewState::NonRunningItem& item : shown_.nonRunningItems) {
-        if (!isSearch || item.match) {
-            (item.doneDate ? done : toDo).push_back(&item);
-        }
-    }
-    appendSection(rows, Section::nonRunning, tr("Not running"),
-                  toDo.empty() ? hintOf(shown_) : QString());
-    appendRows(rows, toDo, keys);
-    if (done.empty()) {
-        return;
-    }
-    //: The heading of what is done, with how many tasks that are.
-    TaskListRow& fold = rows.emplace_back(
-        textRow(TaskListRow::Kind::fold, Section::done, tr("Done (%L1)").arg(done.size())));
-    fold.isUnfolded = isDoneUnfolded_ || isSearch;
-    if (!isSearch) {
-        fold.onTap = livedata::makeAction([this] {
-            isDoneUnfolded_ = !isDoneUnfolded_;
-            renew(false);
-        });
-    }
-    if (fold.isUnfolded) {
-        // What was done last comes first.
-        std::ranges::stable_sort(done, std::ranges::greater(),
-                                 &TaskListViewState::NonRunningItem::doneDate);
-        appendRows(rows, done, keys);
     }
 }
 
@@ -208,16 +40,13 @@ QString TaskListModel::description(int row) const {
     if (task.kind() == TaskListRow::Kind::fold) {
         return task.isUnfolded ? tr("unfolded") : tr("folded");
     }
-    const auto tasksUntil = [this](int end) {
-        return std::ranges::count(rows().begin(), rows().begin() + end, TaskListRow::Kind::task,
-                                  &TaskListRow::kind);
-    };
+    // A view may ask while rows come and go, and is told of all places after that.
+    const int place = tasksUntil_[std::min(static_cast<std::size_t>(row), tasksUntil_.size() - 1)];
     //: The time spent on a task, and its place in the list.
-    const QString place =
-        tr("%1, %2 of %3").arg(task.timeSpent).arg(tasksUntil(row + 1)).arg(tasksUntil(rowCount()));
+    const QString text = tr("%1, %2 of %3").arg(task.timeSpent).arg(place).arg(tasksUntil_.back());
     const auto* line = foundLineOf(task);
     //: The time spent on a task and its place in the list, and the line of a note that matches.
-    return line != nullptr ? tr("%1, in a note: %2").arg(place, toQString(line->text)) : place;
+    return line != nullptr ? tr("%1, in a note: %2").arg(text, toQString(line->text)) : text;
 }
 
 QVariant TaskListModel::data(const QModelIndex& index, int role) const {
@@ -227,9 +56,20 @@ QVariant TaskListModel::data(const QModelIndex& index, int role) const {
     return RowListModel::data(index, role);
 }
 
-void TaskListModel::tap(int row) const {
-    if (const TaskListRow* tapped = rowAt(row)) {
+void TaskListModel::tap(int row) {
+    const TaskListRow* tapped = rowAt(row);
+    if (tapped != nullptr && tapped->kind() == TaskListRow::Kind::fold) {
+        toggleFold();
+    } else if (tapped != nullptr) {
         run(tapped->onTap);
+    }
+}
+
+void TaskListModel::toggleFold() {
+    if (!shown_.matchCount) {
+        isDoneUnfolded_ = !isDoneUnfolded_;
+        renew(false);
+        emit foldToggled();
     }
 }
 

@@ -3,46 +3,12 @@
 
 #include <QtQmlIntegration/qqmlintegration.h>
 
-#include <QString>
-#include <memory>
-#include <optional>
 #include <vector>
 
-#include "livedata/block.h"
 #include "presentation/task_list_view_state.h"
-#include "ui/rows/interval_list_model.h"
-#include "ui/rows/row_list_model.h"
+#include "ui/list/task_list_row.h"
 
 namespace hearthmark::ui {
-
-// One line of the task list: a section's header, the text of an empty section, a task, or the
-// header of a section that folds.
-struct TaskListRow {
-    enum class Kind { header, hint, task, fold };
-
-    Kind kind() const { return static_cast<Kind>(key.kind); }
-    bool isMatch() const { return match != nullptr; }
-    static const std::vector<RowRole<TaskListRow>>& roles();
-    // The lines go on in the model that the view has of the task.
-    void settle(TaskListRow* shown);
-
-    // The id is a task's; the others have none, and are numbered by their section.
-    RowKey key;
-    QString text;  // the header, the hint or the task's name
-    QString timeSpent;
-    bool isSelected = false;
-    // Of a section that folds.
-    bool isUnfolded = false;
-    // Null where a search does not find it, and without one.
-    std::shared_ptr<const presentation::TaskListViewState::Match> match;
-    // The running intervals of a running task; another row has none. Made from the lines when the
-    // row is settled.
-    std::shared_ptr<IntervalListModel> intervalViewStates;
-    std::optional<std::vector<IntervalRow>> lines;
-    // Absent for headers and hints; a section that folds can be tapped.
-    livedata::Action onTap;
-    livedata::Action onDelete;
-};
 
 // All sections of the task list in one flat model, so that the view makes delegates only for what
 // is visible and a task that starts or finishes moves instead of being made anew. What is done
@@ -64,8 +30,8 @@ class TaskListModel : public HEARTHMARK_ROW_LIST_MODEL(TaskListRow) {
 
     QVariant data(const QModelIndex& index, int role) const override;
 
-    // What the row's task can do; headers and hints do nothing.
-    Q_INVOKABLE void tap(int row) const;
+    // What the row's task can do; headers and hints do nothing, and what folds folds.
+    Q_INVOKABLE void tap(int row);
     Q_INVOKABLE void deleteRow(int row) const;
 
     // The first task that matches a search, or -1.
@@ -82,10 +48,13 @@ class TaskListModel : public HEARTHMARK_ROW_LIST_MODEL(TaskListRow) {
     Q_INVOKABLE int stopAfter(int row) const;
     Q_INVOKABLE int stopNearest(int row) const;
 
+ signals:
+    void foldToggled();
+
  private:
     // From the state that is to be shown. Told whether what does not run is as it is shown.
     void renew(bool areOthersSame);
-    void appendOthers(std::vector<TaskListRow>& rows, RowKeys& keys);
+    void toggleFold();
     // -1 where there is none.
     template <class Predicate>
     int firstRow(Predicate predicate) const;
@@ -94,6 +63,8 @@ class TaskListModel : public HEARTHMARK_ROW_LIST_MODEL(TaskListRow) {
 
     presentation::TaskListViewState::View shown_;
     bool isDoneUnfolded_ = false;
+    // Up to each row and with it.
+    std::vector<int> tasksUntil_;
 };
 
 }  // namespace hearthmark::ui

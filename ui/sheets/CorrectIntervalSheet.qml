@@ -44,7 +44,7 @@ Sheet {
         label: qsTr("Task")
         names: root.adapter?.taskNames ?? []
         current: root.adapter?.task ?? -1
-        find: (index, text) => root.adapter.stopAfter(index, text)
+        find: (index, text) => root.adapter.taskAfter(index, text)
         onChosen: index => root.adapter.task = index
     }
 

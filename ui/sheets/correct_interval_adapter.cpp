@@ -85,7 +85,7 @@ QString CorrectIntervalAdapter::steppedStart(int cursor, int steps) const {
     return format_.stepped(start_, cursor, steps);
 }
 
-int CorrectIntervalAdapter::stopAfter(int index, const QString& beginning) const {
+int CorrectIntervalAdapter::taskAfter(int index, const QString& beginning) const {
     const int count = static_cast<int>(taskNames_.size());
     for (int step = 0; step < count; ++step) {
         const int candidate = (index + step) % count;

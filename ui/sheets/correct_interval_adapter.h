@@ -54,7 +54,7 @@ class CorrectIntervalAdapter final : public QObject {
     Q_INVOKABLE QString steppedStart(int cursor, int steps) const;
     // The next of the tasks, after the one with that index, whose name begins so, around the end;
     // -1 where there is none.
-    Q_INVOKABLE int stopAfter(int index, const QString& beginning) const;
+    Q_INVOKABLE int taskAfter(int index, const QString& beginning) const;
     // Answers whether it could.
     Q_INVOKABLE bool save();
 

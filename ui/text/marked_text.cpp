@@ -13,11 +13,20 @@ namespace {
 constexpr std::size_t kMostBytes = 4000;
 
 QString escaped(const std::string& text, std::size_t begin, std::size_t end) {
-    return toQString(text.substr(begin, end - begin))
-        .toHtmlEscaped()
-        .replace(u'\n', QStringLiteral("<br>"))
-        // Else one is shown of several, and none at an end.
-        .replace(u' ', QStringLiteral("&nbsp;"));
+    QString escaped;
+    for (const QChar each : toQString(text.substr(begin, end - begin)).toHtmlEscaped()) {
+        if (each == u'\n') {
+            escaped += QStringLiteral("<br>");
+        } else if (each.isNull()) {
+            escaped += QChar(QChar::ReplacementCharacter);  // at which the text would end
+        } else if (each.isSpace()) {
+            escaped +=
+                QStringLiteral("&nbsp;");  // else one is shown of several, and none at an end
+        } else {
+            escaped += each;
+        }
+    }
+    return escaped;
 }
 
 }  // namespace

@@ -8,6 +8,8 @@ FocusScope {
     id: root
 
     required property HomeAdapter home
+    // On which the key acts that is told here.
+    required property FocusScope screen
 
     signal menuRequested(button: Item)
 
@@ -26,10 +28,9 @@ FocusScope {
         list.showNewest();
     }
 
-    // From anywhere on the screen.
     Shortcut {
         sequences: Shortcuts.search
-        enabled: root.parent.activeFocus
+        enabled: root.screen.activeFocus
         onActivated: list.openSearch("")
     }
 

@@ -65,6 +65,7 @@ FocusScope {
         width: border.position
         focus: true
         home: root.home
+        screen: root
         onMenuRequested: button => (popups.part() as HomePopups).openMenu(button)
     }
 
