@@ -9,7 +9,7 @@ Item {
 
     required property TaskDetailAdapter adapter
     // Too narrow for both side by side.
-    readonly property bool isStacked: done.width > root.width / 3
+    readonly property bool isStacked: done.width > root.width / 4
 
     // What had the keyboard before is gone, and the task, too.
     signal focusLost

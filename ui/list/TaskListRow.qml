@@ -22,7 +22,7 @@ RowOfKind {
     required property IntervalListModel intervalViewStates
 
     readonly property bool ticks: root.intervalViewStates !== null
-    readonly property bool isTask: root.kind === TaskListModel.Task
+    readonly property bool isTask: root.kind === TaskListModel.Task || root.kind === TaskListModel.DoneTask
     readonly property bool isFold: root.kind === TaskListModel.Fold
     // The list cuts off what is outside of its rows.
     readonly property int ringRoom: Theme.tightSpacing

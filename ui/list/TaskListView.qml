@@ -48,6 +48,14 @@ FocusScope {
             list.showRow(row);
     }
 
+    // A done task that starts comes from elsewhere, but is what the keyboard was on.
+    function followStart() {
+        const row = list.activeFocus ? root.adapter.reachedRunningRow() : -1;
+        list.keepTaskCurrent();
+        if (row >= 0 && row !== list.currentIndex)
+            list.showTask(row);
+    }
+
     function goToFirstMatch() {
         const row = root.adapter.rows.firstMatch();
         if (row < 0)
@@ -135,7 +143,7 @@ FocusScope {
     Connections {
         target: root.adapter
         function onStateShown() {
-            list.keepTaskCurrent();
+            root.followStart();
         }
         function onMatchesShown() {
             root.showMatches();

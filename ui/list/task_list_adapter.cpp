@@ -53,6 +53,11 @@ bool TaskListAdapter::isTyping(const QString& text, int modifiers) {
     return !others && QChar::isPrint(first) && !QChar::isSpace(first);
 }
 
+int TaskListAdapter::reachedRunningRow() const {
+    const int row = reachedId_ ? rows_.rowOf(*reachedId_) : -1;
+    return rows_.isRunning(row) ? row : -1;
+}
+
 int TaskListAdapter::reachedRow() const {
     const int row = reachedId_ ? rows_.rowOf(*reachedId_) : -1;
     return row >= 0 ? row : rows_.selectedRow();

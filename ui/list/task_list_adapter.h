@@ -45,6 +45,8 @@ class TaskListAdapter final : public hearthmark::ui::StateAdapter {
     // The task that the keyboard has reached, and its row of now; the selected one's where it is
     // gone, or -1.
     Q_INVOKABLE void reach(int row) { reachedId_ = rows_.idAt(row); }
+    // The same while it runs, or -1.
+    Q_INVOKABLE int reachedRunningRow() const;
     Q_INVOKABLE int reachedRow() const;
 
  signals:

@@ -26,7 +26,7 @@ void TaskListModel::renew(bool areOthersSame) {
         end = rows().size();
         tasksUntil_.clear();
         for (int count = 0; const TaskListRow& row : next) {
-            count += row.kind() == TaskListRow::Kind::task ? 1 : 0;
+            count += row.isTask() ? 1 : 0;
             tasksUntil_.push_back(count);
         }
     }
@@ -43,10 +43,15 @@ QString TaskListModel::description(int row) const {
     // A view may ask while rows come and go, and is told of all places after that.
     const int place = tasksUntil_[std::min(static_cast<std::size_t>(row), tasksUntil_.size() - 1)];
     //: The time spent on a task, and its place in the list.
-    const QString text = tr("%1, %2 of %3").arg(task.timeSpent).arg(place).arg(tasksUntil_.back());
-    const auto* line = foundLineOf(task);
-    //: The time spent on a task and its place in the list, and the line of a note that matches.
-    return line != nullptr ? tr("%1, in a note: %2").arg(text, toQString(line->text)) : text;
+    QString text = tr("%1, %2 of %3").arg(task.timeSpent).arg(place).arg(tasksUntil_.back());
+    if (task.kind() == TaskListRow::Kind::doneTask) {
+        text = tr("%1, done").arg(text);
+    }
+    if (const auto* line = foundLineOf(task)) {
+        //: The time spent on a task and its place in the list, and the line of a note that matches.
+        return tr("%1, in a note: %2").arg(text, toQString(line->text));
+    }
+    return task.isMatch() ? tr("%1, matches").arg(text) : text;
 }
 
 QVariant TaskListModel::data(const QModelIndex& index, int role) const {
@@ -66,11 +71,9 @@ void TaskListModel::tap(int row) {
 }
 
 void TaskListModel::toggleFold() {
-    if (!shown_.matchCount) {
-        isDoneUnfolded_ = !isDoneUnfolded_;
-        renew(false);
-        emit foldToggled();
-    }
+    isDoneUnfolded_ = !isDoneUnfolded_;
+    renew(false);
+    emit foldToggled();
 }
 
 void TaskListModel::deleteRow(int row) const {
@@ -94,9 +97,13 @@ int TaskListModel::selectedRow() const {
 }
 
 int TaskListModel::rowOf(const base::Uuid& taskId) const {
-    return firstRow([&taskId](const TaskListRow& row) {
-        return row.kind() == TaskListRow::Kind::task && row.key.id == taskId;
-    });
+    return firstRow(
+        [&taskId](const TaskListRow& row) { return row.isTask() && row.key.id == taskId; });
+}
+
+bool TaskListModel::isRunning(int row) const {
+    const TaskListRow* found = rowAt(row);
+    return found != nullptr && found->intervalViewStates != nullptr;
 }
 
 int TaskListModel::stopBefore(int row) const {
@@ -128,8 +135,7 @@ int TaskListModel::stopNearest(int row) const {
 
 bool TaskListModel::isStop(int row) const {
     const TaskListRow* found = rowAt(row);
-    return found != nullptr &&
-           (found->kind() == TaskListRow::Kind::task || found->kind() == TaskListRow::Kind::fold);
+    return found != nullptr && (found->isTask() || found->kind() == TaskListRow::Kind::fold);
 }
 
 }  // namespace hearthmark::ui

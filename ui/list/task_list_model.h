@@ -19,9 +19,10 @@ class TaskListModel : public HEARTHMARK_ROW_LIST_MODEL(TaskListRow) {
     QML_UNCREATABLE("made by the task list adapter")
 
  public:
-    enum Kind { Header, Hint, Task, Fold };
+    enum Kind { Header, Hint, Task, Fold, DoneTask };
     Q_ENUM(Kind)
-    // For screen readers: of a task its time, and its place among all, of what folds whether it is.
+    // For screen readers: of a task its time, its place among all, and whether it is done and
+    // found; of what folds whether it is.
     static constexpr int kDescriptionRole = Qt::UserRole;
 
     using RowListModel::RowListModel;
@@ -40,6 +41,7 @@ class TaskListModel : public HEARTHMARK_ROW_LIST_MODEL(TaskListRow) {
     // -1 where no task is selected, and where the task is not shown.
     int selectedRow() const;
     int rowOf(const base::Uuid& taskId) const;
+    bool isRunning(int row) const;
 
     // For the keyboard, which steps over headers and hints, but not over those that fold: the next
     // such row in a direction, or `row` where there is none; the one at a row or nearest to it, or

@@ -24,9 +24,9 @@ TaskListRow textRow(TaskListRow::Kind kind, Section section, const QString& text
 }
 
 template <class Item>
-TaskListRow taskRow(const Item& item, RowKeys& keys) {
+TaskListRow taskRow(const Item& item, TaskListRow::Kind kind, RowKeys& keys) {
     TaskListRow row;
-    row.key = keys.next(item.taskId, static_cast<int>(TaskListRow::Kind::task));
+    row.key = keys.next(item.taskId, static_cast<int>(kind));
     row.text = toQString(item.taskName);
     row.timeSpent = toQString(item.timeSpent);
     row.isSelected = item.isSelected;
@@ -63,7 +63,8 @@ using NonRunningItems = std::vector<const TaskListViewState::NonRunningItem*>;
 
 void appendRows(std::vector<TaskListRow>& rows, const NonRunningItems& items, RowKeys& keys) {
     for (const TaskListViewState::NonRunningItem* item : items) {
-        rows.emplace_back(taskRow(*item, keys)).onDelete = item->onDeleteCommand;
+        const auto kind = item->doneDate ? TaskListRow::Kind::doneTask : TaskListRow::Kind::task;
+        rows.emplace_back(taskRow(*item, kind, keys)).onDelete = item->onDeleteCommand;
     }
 }
 
@@ -137,7 +138,7 @@ std::vector<TaskListRow> runningRows(const TaskListViewState::View& state, RowKe
     appendSection(rows, Section::running, QObject::tr("Running"),
                   items.empty() ? QObject::tr("No tasks in progress.") : QString());
     for (const TaskListViewState::RunningItem& item : items) {
-        TaskListRow& row = rows.emplace_back(taskRow(item, keys));
+        TaskListRow& row = rows.emplace_back(taskRow(item, TaskListRow::Kind::task, keys));
         row.lines = lines(item.intervalViewStates);
         // A running task is deleted by way of its newest running interval.
         if (!item.intervalViewStates.empty()) {
@@ -165,8 +166,9 @@ void appendOtherRows(std::vector<TaskListRow>& rows, const TaskListViewState::Vi
         return;
     }
     //: The heading of what is done, with how many tasks that are.
-    TaskListRow& fold = rows.emplace_back(textRow(TaskListRow::Kind::fold, Section::done,
-                                                  QObject::tr("Done (%L1)").arg(done.size())));
+    TaskListRow& fold =
+        rows.emplace_back(textRow(isSearch ? TaskListRow::Kind::header : TaskListRow::Kind::fold,
+                                  Section::done, QObject::tr("Done (%L1)").arg(done.size())));
     fold.isUnfolded = isDoneUnfolded || isSearch;
     if (fold.isUnfolded) {
         // What was done last comes first.

@@ -16,9 +16,11 @@ namespace hearthmark::ui {
 // One line of the task list: a section's header, the text of an empty section, a task, or the
 // header of a section that folds.
 struct TaskListRow {
-    enum class Kind { header, hint, task, fold };
+    // A task that is done is another row than before, so that the keyboard stays where it was.
+    enum class Kind { header, hint, task, fold, doneTask };
 
     Kind kind() const { return static_cast<Kind>(key.kind); }
+    bool isTask() const { return kind() == Kind::task || kind() == Kind::doneTask; }
     bool isMatch() const { return match != nullptr; }
     static const std::vector<RowRole<TaskListRow>>& roles();
     // The lines go on in the model that the view has of the task.

@@ -51,6 +51,12 @@ Item {
         }
 
         ContextMenuItem {
+            text: qsTr("Search")
+            shortcutText: Shortcuts.search[0]
+            onTriggered: root.home.searchRequested()
+        }
+
+        ContextMenuItem {
             text: root.home.undoMenu.undoText || qsTr("Undo")
             shortcutText: Shortcuts.undo[0]
             enabled: root.home.undoMenu.undoText !== ""

@@ -21,11 +21,25 @@ FocusScope {
             to.focus = true;
     }
 
+    // A search would hide the new one.
+    function addTask() {
+        if (root.home.taskList.isSearchOpen)
+            list.closeSearch();
+        root.home.displayAddSheet();
+    }
+
     // The keyboard's home where what had it is gone.
     function takeFocus() {
         (list.isEmpty ? addButton : list).focus = true;
         root.focus = true;
         list.showNewest();
+    }
+
+    Connections {
+        target: root.home
+        function onSearchRequested() {
+            list.openSearch("");
+        }
     }
 
     Shortcut {
@@ -109,7 +123,7 @@ FocusScope {
             width: parent.width - 2 * Theme.spacing
             symbol: "plus"
             text: qsTr("Add Task")
-            onClicked: root.home.displayAddSheet()
+            onClicked: root.addTask()
         }
     }
 }

@@ -21,7 +21,7 @@ FocusScope {
     Shortcut {
         sequences: Shortcuts.addTask
         enabled: root.activeFocus
-        onActivated: root.home.displayAddSheet()
+        onActivated: sidebar.addTask()
     }
 
     Shortcut {

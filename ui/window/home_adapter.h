@@ -115,6 +115,8 @@ class HomeAdapter final : public QObject, private HomeParts {
     void isAddSheetDisplayedChanged();
     // From the list, which has selected the task: its pane is to edit the name.
     void renameRequested();
+    // By the application menu.
+    void searchRequested();
 
  private:
     void showSelectedTask();
