@@ -109,7 +109,11 @@ class Program {
     void use(int seconds) {
         select(0);
         for (int each = 1; each <= seconds; ++each) {
-            press(each % 2 == 1 ? Qt::Key_1 : Qt::Key_F);
+            if (each % 2 == 1) {
+                press(Qt::Key_1);
+            } else {
+                press(Qt::Key_F, Qt::ControlModifier | Qt::ShiftModifier);
+            }
             if (each % 10 == 0) {
                 press(Qt::Key_N, Qt::ControlModifier | Qt::ShiftModifier);
                 type("A note");
@@ -181,7 +185,11 @@ class Program {
 
     // Requires that nothing runs.
     void act(int secondOfMinute) {
-        if (secondOfMinute == 12) {
+        if (secondOfMinute == 2) {
+            press(Qt::Key_F);
+            type("note");
+            press(Qt::Key_Escape, Qt::NoModifier);
+        } else if (secondOfMinute == 12) {
             press(Qt::Key_E);
             home_->taskDetail()->share()->copy(ui::ShareContainerAdapter::Csv);
             press(Qt::Key_Escape, Qt::NoModifier);
