@@ -9,18 +9,26 @@ set -euo pipefail
 cd "$(dirname "$0")/.."
 directory="${1:-build/desktops}"
 
+# Desktops refuse root.
+person=()
+if [ "$(id -u)" -eq 0 ]; then
+    person=(setpriv --reuid=nobody --regid=nogroup --clear-groups)
+    if ! "${person[@]}" test -r packaging/try_desktops.py; then
+        echo "Nobody but root may read this folder, and desktops refuse root." >&2
+        exit 1
+    fi
+fi
+
 packaging/install-packages.sh build run screen test desktops
 cmake --preset release
 cmake --build --preset release --target hearthmark
 mkdir -p "$directory"
 rm -f "$directory"/*.png
 
-person=()
 if [ "$(id -u)" -eq 0 ]; then
-    # Desktops refuse root. What raises the compositor's priority cannot be had in most containers.
+    # What raises the compositor's priority cannot be had in most containers.
     setcap -r "$(command -v kwin_wayland)" 2>/dev/null || true
     chown nobody "$directory"
-    person=(setpriv --reuid=nobody --regid=nogroup --clear-groups)
 fi
 "${person[@]}" python3 -B packaging/try_desktops.py build/release/hearthmark "$directory"
 montage -label '%t' "$directory"/*.png -geometry 640x400+4+4 -tile 4x "$directory/sheet.png"
