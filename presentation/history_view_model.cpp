@@ -156,10 +156,12 @@ void HistoryViewModel::renewRows(const HistorySums& running, base::Seconds total
     for (Entry& entry : entries_) {
         base::Seconds spent = entry.settled.spent;
         std::size_t focuses = entry.settled.focuses;
+        bool isRunning = false;
         for (const auto& time : running.tasks) {
             if (time.task == entry.settled.task) {
                 spent += time.spent;
                 focuses += time.focuses;
+                isRunning = true;
             }
         }
         const auto share = permille(spent, total);
@@ -171,7 +173,8 @@ void HistoryViewModel::renewRows(const HistorySums& running, base::Seconds total
                                       .taskName = orDash(task.name()),
                                       .timeSpent = orDash(store::formattedDuration(spent)),
                                       .permille = share,
-                                      .focuses = focuses});
+                                      .focuses = focuses,
+                                      .isRunning = isRunning});
         }
     }
 }

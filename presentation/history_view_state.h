@@ -35,6 +35,7 @@ struct HistoryViewState {
         // Of the total, in tenths of a percent; absent where that is nothing or has no text.
         std::optional<int> permille;
         std::size_t focuses = 0;
+        bool isRunning = false;
 
         bool operator==(const Row&) const = default;
     };

@@ -51,6 +51,12 @@ Item {
         }
 
         ContextMenuItem {
+            text: qsTr("History")
+            shortcutText: Shortcuts.history[0]
+            onTriggered: root.home.openHistory()
+        }
+
+        ContextMenuItem {
             text: root.home.undoMenu.undoText || qsTr("Undo")
             shortcutText: Shortcuts.undo[0]
             enabled: root.home.undoMenu.undoText !== ""
