@@ -21,6 +21,7 @@ FocusScope {
             root.home.closeHistory();
     }
 
+    focus: true
     Keys.onEscapePressed: root.leave()
     Accessible.role: Accessible.Pane
     Accessible.name: qsTr("History")

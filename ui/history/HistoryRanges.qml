@@ -114,6 +114,7 @@ Column {
         }
 
         PushButton {
+            height: tabs.height
             text: qsTr("Today")
             enabled: !(root.adapter?.holdsToday ?? true)
             onClicked: root.adapter.goToToday()
