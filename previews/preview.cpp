@@ -139,7 +139,7 @@ std::vector<Preview> previewsOfUsualTexts() {
          .direction = Qt::RightToLeft},
         {.name = "history-week", .selection = kRunning, .keys = {"Ctrl+H"}},
         {.name = "history-day-dark",
-         .keys = {"Ctrl+H", "Home", "Return", "Shift+Tab", "Shift+Tab", "Left"},
+         .keys = {"Ctrl+H", "Home", "Shift+Tab", "Left"},
          .palette = Palette::dark},
         {.name = "history-month-right-to-left",
          .keys = {"Ctrl+H", "Shift+Tab", "Left"},

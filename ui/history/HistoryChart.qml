@@ -145,6 +145,7 @@ FocusScope {
             id: labels
 
             anchors.top: bars.bottom
+            anchors.topMargin: Theme.focusWidth + 1 // below the ring
             width: parent.width
             barWidth: root.barWidth
             spacing: root.barSpacing

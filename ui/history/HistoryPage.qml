@@ -14,7 +14,7 @@ FocusScope {
     readonly property HistoryAdapter adapter: root.home.history
     readonly property real margin: Math.min(Theme.pageMargin, root.width / 20)
     // Where there is no room for more, the rows get it.
-    readonly property bool isLow: root.height < 40 * Theme.bodySize
+    readonly property bool isLow: root.height < 50 * Theme.bodySize
 
     function leave() {
         if (!root.adapter.takeChoiceBack())

@@ -53,7 +53,7 @@ Column {
             anchors.leftMargin: Theme.spacing
             anchors.verticalCenter: parent.verticalCenter
             text: root.adapter?.title ?? ""
-            font.pointSize: root.isNarrow ? Theme.title3Size : Theme.title2Size
+            font.pointSize: root.isNarrow ? Theme.bodySize : Theme.title2Size
             font.weight: Font.DemiBold
             Accessible.role: Accessible.Heading
         }
