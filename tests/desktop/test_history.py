@@ -6,7 +6,7 @@ import subprocess
 import sys
 import unittest
 
-from driver import EPOCH, Desktop, ProgramTest, has_focus, key, new_id, now, press, wait_for
+from driver import EPOCH, Desktop, ProgramTest, extents, has_focus, is_showing, key, new_id, now, press, wait_for
 
 
 def setUpModule():
@@ -15,7 +15,8 @@ def setUpModule():
 
 class History(ProgramTest):
     def cells(self):
-        return [(name, description) for _, name, description in self.program.listed("Tasks of the range")]
+        rows = [row for row in self.program.find_all("Tasks of the range", "list")[0] if is_showing(row)]
+        return [(row.name, row.description) for row in sorted(rows, key=lambda row: extents(row).y)]
 
     def wait_for_page(self, title, *rows):
         self.program.find(title, "heading")
