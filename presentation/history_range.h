@@ -15,7 +15,7 @@ enum class HistoryUnit { day, week, month, year };
 // A stretch of the history, by the calendar alone.
 struct HistoryRange {
     HistoryUnit unit = HistoryUnit::day;
-    std::chrono::year_month_day first;
+    std::chrono::year_month_day first{};
 
     bool operator==(const HistoryRange&) const = default;
 };

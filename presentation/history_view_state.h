@@ -22,7 +22,7 @@ struct HistoryViewState {
 
     struct Bar {
         // Of the part that it stands for.
-        base::LocalTime start;
+        base::LocalTime start{};
         TimeBar bar;
 
         bool operator==(const Bar&) const = default;

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+pragma ComponentBehavior: Bound
 import QtQuick
 import Hearthmark.Controls
 
@@ -54,12 +55,14 @@ Item {
             model: [root.timeSpent, root.share, root.focuses]
 
             Label {
+                id: number
+
                 required property string modelData
 
                 width: root.numberWidth
-                rightPadding: LayoutMirroring.enabled ? 0 : Theme.tightSpacing
-                leftPadding: LayoutMirroring.enabled ? Theme.tightSpacing : 0
-                text: modelData
+                rightPadding: number.LayoutMirroring.enabled ? 0 : Theme.tightSpacing
+                leftPadding: number.LayoutMirroring.enabled ? Theme.tightSpacing : 0
+                text: number.modelData
                 horizontalAlignment: Text.AlignRight
                 color: root.isStacked ? Theme.colors.secondaryText : Theme.colors.text
                 Accessible.ignored: true
