@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "app/home_view_factory.h"
 
+#include <QLocale>
+#include <chrono>
 #include <utility>
 
 #include "platform/desktop/window_activation.h"
@@ -31,7 +33,9 @@ std::unique_ptr<services::HomeViewProtocol> HomeViewFactory::makeHomeView() {
         .makeTimeKeepingProvider =
             [beat] { return std::make_shared<services::InStepTimeKeepingProvider>(*beat); },
         .clipboard = ports.clipboard,
-        .calendar = ports.calendar};
+        .calendar = ports.calendar,
+        // Both count from Monday, and the one says 7 for Sunday, which the other takes for 0.
+        .firstDayOfWeek = std::chrono::weekday(static_cast<unsigned>(QLocale().firstDayOfWeek()))};
     const auto focusAnnouncement =
         std::make_shared<presentation::FocusAnnouncementViewModel>(timeKeepingProvider);
     focusAnnouncement->startObserving(*liveDataFactory);

@@ -19,7 +19,7 @@ bool isBefore(const std::tm& a, const std::tm& b) {
 }
 
 // The first moment of the day that lies so many days after the given one.
-std::optional<std::time_t> dayStart(const std::tm& day, int daysAfter) {
+std::optional<std::time_t> startOf(const std::tm& day, int daysAfter) {
     std::tm noon = day;
     noon.tm_mday += daysAfter;
     noon.tm_hour = 12;
@@ -54,6 +54,21 @@ std::optional<std::time_t> dayStart(const std::tm& day, int daysAfter) {
     return start;
 }
 
+Date toDate(std::time_t time) {
+    return Date(Seconds(static_cast<double>(time)) - kUnixTimeOfReferenceDate);
+}
+
+// Noon, of which the calendar functions make the time that there is.
+std::tm noonOf(std::chrono::year_month_day day) {
+    std::tm noon{};
+    noon.tm_year = int(day.year()) - kFirstYear;
+    noon.tm_mon = int(unsigned(day.month())) - 1;
+    noon.tm_mday = int(unsigned(day.day()));
+    noon.tm_hour = 12;
+    noon.tm_isdst = -1;
+    return noon;
+}
+
 // By the machine's time zone as it is now.
 std::optional<std::tm> brokenDown(Date date) {
     tzset();
@@ -84,16 +99,13 @@ std::optional<LocalTime> LocalCalendar::localTime(Date date) const {
 
 std::vector<Date> LocalCalendar::moments(const LocalTime& time) const {
     tzset();
-    std::tm wanted{};
-    wanted.tm_year = int(time.day.year()) - kFirstYear;
-    wanted.tm_mon = int(unsigned(time.day.month())) - 1;
-    wanted.tm_mday = int(unsigned(time.day.day()));
+    std::tm wanted = noonOf(time.day);
+    wanted.tm_hour = 0;
     wanted.tm_sec = int(time.sinceMidnight.count());
-    wanted.tm_isdst = -1;
     const std::time_t near = std::mktime(&wanted);
     std::vector<Date> found;
     for (std::time_t off = -kLongestGap; near != -1 && off <= kLongestGap; off += kGapStep) {
-        const Date moment(Seconds(static_cast<double>(near + off)) - kUnixTimeOfReferenceDate);
+        const Date moment = toDate(near + off);
         if (localTime(moment) == time) {
             found.push_back(moment);
         }
@@ -108,13 +120,25 @@ std::vector<Date> LocalCalendar::dayStarts(Date now, int count) const {
     }
     std::vector<Date> starts;
     for (int day = 1 - count; day <= 1; ++day) {
-        const auto start = dayStart(*today, day);
+        const auto start = startOf(*today, day);
         if (!start) {
             return {};
         }
-        starts.emplace_back(Seconds(static_cast<double>(*start)) - kUnixTimeOfReferenceDate);
+        starts.push_back(toDate(*start));
     }
     return starts;
+}
+
+std::optional<Date> LocalCalendar::dayStart(std::chrono::year_month_day day) const {
+    tzset();
+    const std::tm wanted = noonOf(day);
+    std::tm noon = wanted;
+    if (std::mktime(&noon) == -1) {
+        return std::nullopt;
+    }
+    // A day that a country left out, to be on the other side of the date line, is the one before.
+    const auto start = startOf(wanted, noon.tm_mday == wanted.tm_mday ? 0 : 1);
+    return start ? std::optional(toDate(*start)) : std::nullopt;
 }
 
 }  // namespace hearthmark::base

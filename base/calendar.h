@@ -27,6 +27,10 @@ class Calendar {
     // range.
     virtual std::vector<Date> dayStarts(Date now, int count) const = 0;
 
+    // When that day begins; where the calendar leaves it out, the next one. Absent where it is out
+    // of the calendar's range.
+    virtual std::optional<Date> dayStart(std::chrono::year_month_day day) const = 0;
+
     // Absent where `date` is out of the calendar's range.
     virtual std::optional<LocalTime> localTime(Date date) const = 0;
 
@@ -40,6 +44,7 @@ class Calendar {
 class LocalCalendar final : public Calendar {
  public:
     std::vector<Date> dayStarts(Date now, int count) const override;
+    std::optional<Date> dayStart(std::chrono::year_month_day day) const override;
     std::optional<LocalTime> localTime(Date date) const override;
     std::vector<Date> moments(const LocalTime& time) const override;
 };

@@ -1,22 +1,18 @@
 // SPDX-License-Identifier: MIT
 #include "presentation/focus_overview_view_model.h"
 
-#include <algorithm>
 #include <utility>
 
 #include "base/weakly.h"
 #include "presentation/texts.h"
+#include "presentation/time_bars.h"
 #include "store/interval.h"
-#include "store/time_texts.h"
 
 namespace hearthmark::presentation {
 
 namespace {
 
 constexpr base::Seconds kCalendarTick{60};
-// A few seconds are no full bar, even where they are all there is.
-constexpr base::Seconds kLeastScale{3600};
-
 }  // namespace
 
 FocusOverviewViewModel::FocusOverviewViewModel(
@@ -51,11 +47,8 @@ void FocusOverviewViewModel::renewDays() {
 
 void FocusOverviewViewModel::add(const store::Interval& interval,
                                  std::vector<base::Seconds>& spent) const {
-    const auto& created = interval.creationDate();
-    if (created && *created >= starts_.front() && *created < starts_.back()) {
-        const auto next = std::ranges::upper_bound(starts_, *created, std::ranges::less());
-        spent[static_cast<std::size_t>(next - starts_.begin()) - 1] +=
-            interval.totalDuration(clock_->now());
+    if (const auto day = partAt(starts_, interval.creationDate())) {
+        spent[*day] += interval.totalDuration(clock_->now());
     }
 }
 
@@ -96,19 +89,10 @@ void FocusOverviewViewModel::rebuild() {
             add(*interval, spent);
         }
     }
-    // What has no text, since a file may hold any number, has no bar either.
-    base::Seconds longest = kLeastScale;
-    for (const base::Seconds each : spent) {
-        if (store::formattedDuration(each)) {
-            longest = std::max(longest, each);
-        }
-    }
     FocusOverviewViewState::View view;
-    for (std::size_t day = 0; day < spent.size(); ++day) {
-        const auto text = store::formattedDuration(spent[day]);
-        view.days.push_back({.start = starts_[day],
-                             .timeSpent = orDash(text),
-                             .share = text ? spent[day] / longest : 0});
+    for (const TimeBar& bar : timeBars(spent)) {
+        view.days.push_back(
+            {.start = starts_[view.days.size()], .timeSpent = bar.timeSpent, .share = bar.share});
     }
     view.today = view.days.back().timeSpent;
     viewState_.setValue(std::move(view));

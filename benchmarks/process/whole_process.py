@@ -12,12 +12,13 @@ import os
 import subprocess
 
 from driver import Desktop
+from looking_back import print_history
 from measuring import Subject, Windows, print_steady
 from one_task import add_task, hide, make_subject, print_extremes, print_one_task, start_focus
 from peers import make_peers, states as peers_states
 from searching import print_search
 
-PARTS = ["starts", "steady", "peers", "one-task", "search"]
+PARTS = ["starts", "steady", "peers", "one-task", "search", "history"]
 EXTREMES = "extremes"
 
 
@@ -85,6 +86,8 @@ def measure(given, windows):
             print_one_task(given.hearthmark, ten_year_store, windows, timer.pid, given.seconds, given.starts)
         if is_asked_for("search"):
             print_search(given.hearthmark, ten_year_store, windows, timer.pid, given.seconds, given.starts)
+        if is_asked_for("history"):
+            print_history(given.hearthmark, ten_year_store, windows, timer.pid, given.seconds, given.starts)
         if is_asked_for(EXTREMES):
             print_extremes(given.hearthmark, ten_year_store, windows)
     finally:

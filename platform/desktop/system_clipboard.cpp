@@ -3,6 +3,7 @@
 
 #include <QClipboard>
 #include <QGuiApplication>
+#include <QImage>
 #include <QMimeData>
 #include <memory>
 
@@ -15,9 +16,17 @@ SystemClipboard::SystemClipboard() {
 }
 
 void SystemClipboard::setString(const std::string& text) {
+    setStringAndPicture(text, {});
+}
+
+void SystemClipboard::setStringAndPicture(const std::string& text, const std::string& png) {
     auto data = std::make_unique<QMimeData>();
     // As bytes, since a detour through the toolkit's text would mend what is not UTF-8.
     data->setData(QStringLiteral("text/plain"), QByteArray::fromStdString(text));
+    if (const QImage picture = QImage::fromData(QByteArray::fromStdString(png));
+        !picture.isNull()) {
+        data->setImageData(picture);
+    }
     QGuiApplication::clipboard()->setMimeData(data.release());
 }
 

@@ -12,6 +12,7 @@ class SystemClipboard final : public services::Clipboard {
     SystemClipboard();
 
     void setString(const std::string& text) override;
+    void setStringAndPicture(const std::string& text, const std::string& png) override;
 };
 
 }  // namespace hearthmark::platform

@@ -156,6 +156,12 @@ TEST(LocalCalendar, BeginsDaysWhereTheClocksBeginThem) {
     // In Ponta Delgada they go back from one o'clock to midnight on 2024-10-27.
     EXPECT_EQ(starts("Atlantic/Azores", 1730030400, 1), "1729987200 1730077200 ");
     EXPECT_EQ(starts("UTC", 1e300, 1), "");
+    // Apia left out 2011-12-30.
+    setenv("TZ", "Pacific/Apia", 1);
+    for (const unsigned day : {30U, 31U}) {
+        EXPECT_EQ(LocalCalendar().dayStart(std::chrono::year(2011) / 12 / day),
+                  Date(Seconds(1325239200) - kUnixTimeOfReferenceDate));
+    }
     setenv("TZ", "Asia/Kolkata", 1);
     const auto time = LocalCalendar().localTime(Date(Seconds(86400 * 31 - 1.5)));
     EXPECT_EQ(time, (LocalTime{std::chrono::year(2001) / 2 / 1, std::chrono::seconds(19798)}));

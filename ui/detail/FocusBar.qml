@@ -2,33 +2,40 @@
 import QtQuick
 import Hearthmark.Controls
 
-// A day of the chart.
+// A part of a chart: a day, or what else it shows. Pressing it asks for more of it.
 Item {
     id: root
 
     required property string text
     required property double share
-    required property bool isToday
-    readonly property bool ticks: root.isToday
+    // It stands out from the others.
+    required property bool isLit
+    property bool ticks: root.isLit
     readonly property alias hovered: area.containsMouse
+
+    signal tapped
 
     Accessible.role: Accessible.ListItem
     Accessible.name: root.text
     Accessible.focusable: true
+    Accessible.onPressAction: root.tapped()
+    Keys.onReturnPressed: root.tapped()
+    Keys.onEnterPressed: root.tapped()
+    Keys.onSpacePressed: root.tapped()
 
     Rectangle {
         anchors.bottom: parent.bottom
         width: parent.width
         height: Math.max(Theme.focusWidth, Math.round(root.share * root.height))
         radius: Theme.focusWidth
-        color: root.hovered || root.activeFocus || root.isToday ? Theme.colors.accent : Theme.colors.scrollBar
+        color: root.hovered || root.activeFocus || root.isLit ? Theme.colors.accent : Theme.colors.scrollBar
     }
 
     MouseArea {
         id: area
 
         anchors.fill: parent
-        acceptedButtons: Qt.NoButton
         hoverEnabled: true
+        onClicked: root.tapped()
     }
 }

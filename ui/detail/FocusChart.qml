@@ -5,7 +5,7 @@ import Hearthmark.Controls
 import Hearthmark.Ui
 
 // The focus of each of the last days as a bar; above them today's in words, beside the day that is
-// pointed at. The Tab key comes to one bar, from which the arrow keys go on.
+// pointed at. The Tab key comes to one bar, from which the arrow keys go on. Pressing a bar opens the history of its day.
 Column {
     id: root
 
@@ -105,10 +105,11 @@ Column {
 
                     width: (row.width - (days.count - 1) * row.spacing) / days.count
                     height: row.height
-                    isToday: bar.index === days.count - 1
+                    isLit: bar.index === days.count - 1
                     focus: bar.index === root.walkedTo
                     activeFocusOnTab: bar.focus
                     onHoveredChanged: root.point(bar)
+                    onTapped: root.overview.openDay(bar.index)
                 }
             }
         }

@@ -13,6 +13,13 @@ OverviewAdapter::OverviewAdapter(std::shared_ptr<presentation::FocusOverviewView
     viewModel_->startObserving();
 }
 
+std::optional<base::Date> OverviewAdapter::dayStart(int day) const {
+    const auto& state = viewModel_->viewState().value();
+    const auto place = static_cast<std::size_t>(day);
+    return state && day >= 0 && place < state->days.size() ? std::optional(state->days[place].start)
+                                                           : std::nullopt;
+}
+
 void OverviewAdapter::show() {
     const auto& state = viewModel_->viewState().value();
     if (!state) {

@@ -26,13 +26,18 @@ class OverviewAdapter final : public hearthmark::ui::StateAdapter {
 
     QString today() const { return today_; }
     OverviewDayModel* days() { return &days_; }
+    // The history of the day with that bar is wanted.
+    Q_INVOKABLE void openDay(int day) { emit dayOpened(day); }
     // When today began; absent where the clock is out of all calendars.
     std::optional<base::Date> todayStart() const { return todayStart_; }
+    // Absent where a view asks with an index of an older state.
+    std::optional<base::Date> dayStart(int day) const;
 
  signals:
     void todayChanged();
     // Another day has come, or the time zone is another.
     void todayStartChanged();
+    void dayOpened(int day);
 
  private:
     void show() override;

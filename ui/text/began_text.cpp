@@ -5,6 +5,8 @@
 #include <QRegularExpression>
 #include <cmath>
 
+#include "ui/text/local_time_text.h"
+
 namespace hearthmark::ui {
 
 namespace {
@@ -42,10 +44,7 @@ QDateTime localDateTime(base::Date date) {
 }  // namespace
 
 QString dayAndTime(const QDateTime& moment, const QDate& today, const QLocale& locale) {
-    // The short format of no language in particular has seconds.
-    const bool isC = locale.language() == QLocale::C;
-    QString time = isC ? moment.toString(QStringLiteral("HH:mm"))
-                       : locale.toString(moment.time(), QLocale::ShortFormat);
+    QString time = shortTime(moment.time(), locale);
     if (moment.date() == today) {
         return time;
     }

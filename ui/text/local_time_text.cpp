@@ -63,6 +63,20 @@ QDateTime onTheWall(QDateTime time) {
 
 }  // namespace
 
+QDate toQDate(std::chrono::year_month_day day) {
+    return QDate(int(day.year()), int(unsigned(day.month())), int(unsigned(day.day())));
+}
+
+QTime toQTime(const base::LocalTime& time) {
+    return QTime(0, 0).addSecs(int(time.sinceMidnight.count()));
+}
+
+QString shortTime(const QTime& time, const QLocale& locale) {
+    // The short format of no language in particular has seconds.
+    return locale.language() == QLocale::C ? time.toString(QStringLiteral("HH:mm"))
+                                           : locale.toString(time, QLocale::ShortFormat);
+}
+
 LocalTimeText::LocalTimeText(const QLocale& locale) : locale_(locale) {
     QString date = locale.dateFormat(QLocale::ShortFormat);
     if (!date.contains(QLatin1String("yyyy"))) {
@@ -76,10 +90,7 @@ LocalTimeText::LocalTimeText(const QLocale& locale) : locale_(locale) {
 }
 
 QString LocalTimeText::text(const base::LocalTime& time) const {
-    const QDate day(int(time.day.year()), int(unsigned(time.day.month())),
-                    int(unsigned(time.day.day())));
-    const QTime sinceMidnight = QTime(0, 0).addSecs(int(time.sinceMidnight.count()));
-    return locale_.toString(QDateTime(day, sinceMidnight, Qt::UTC), format_);
+    return locale_.toString(QDateTime(toQDate(time.day), toQTime(time), Qt::UTC), format_);
 }
 
 std::optional<base::LocalTime> LocalTimeText::read(const QString& text) const {

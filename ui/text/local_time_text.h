@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <QDateTime>
 #include <QLocale>
 #include <QString>
 #include <optional>
@@ -8,6 +9,13 @@
 #include "base/calendar.h"
 
 namespace hearthmark::ui {
+
+QDate toQDate(std::chrono::year_month_day day);
+// Of that day.
+QTime toQTime(const base::LocalTime& time);
+
+// "14:05", without seconds.
+QString shortTime(const QTime& time, const QLocale& locale);
 
 // A day and a time of day as a locale writes them in its short form, but with all digits of the
 // year and with seconds.

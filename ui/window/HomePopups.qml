@@ -54,6 +54,9 @@ Item {
             text: qsTr("Search")
             shortcutText: Shortcuts.search[0]
             onTriggered: root.home.searchRequested()
+            text: qsTr("History")
+            shortcutText: Shortcuts.history[0]
+            onTriggered: root.home.openHistory()
         }
 
         ContextMenuItem {

@@ -17,6 +17,21 @@ FocusScope {
             sidebar.takeFocus();
     }
 
+    function toggleHistory() {
+        if (root.home.history)
+            root.home.closeHistory();
+        else
+            root.home.openHistory();
+    }
+
+    // Called when the page has come or is going.
+    function moveFocus() {
+        if (root.home.history)
+            history.forceActiveFocus(Qt.OtherFocusReason);
+        else if (history.focus)
+            sidebar.takeFocus();
+    }
+
     // While a sheet or a menu has the keyboard, no key is for what lies behind it.
     Shortcut {
         sequences: Shortcuts.addTask
@@ -46,6 +61,12 @@ FocusScope {
         sequences: Shortcuts.redo
         enabled: root.activeFocus
         onActivated: root.home.undoMenu.redo()
+    }
+
+    Shortcut {
+        sequences: Shortcuts.history
+        enabled: root.activeFocus
+        onActivated: root.toggleHistory()
     }
 
     FinishBanner {
@@ -96,7 +117,7 @@ FocusScope {
             anchors.centerIn: parent
             width: pane.width - 2 * Theme.pageMargin
             spacing: Theme.pageMargin
-            visible: root.home.taskDetail === null
+            visible: root.home.taskDetail === null && root.home.history === null
 
             Paragraph {
                 text: qsTr("Select or create a task to see more.")
@@ -117,12 +138,27 @@ FocusScope {
             anchors.fill: parent
             anchors.leftMargin: 1
             anchors.bottomMargin: undoBar.visible ? undoBar.height + 2 * Theme.wideSpacing : 0
-            active: root.home.taskDetail !== null
+            active: root.home.taskDetail !== null && root.home.history === null
             Component.onCompleted: setSource(Qt.resolvedUrl("TaskDetailView.qml"), {
                 home: root.home,
                 screen: root
             })
         }
+    }
+
+    // In the place of the task. It takes the keyboard when it comes, and gives it back to the list.
+    Loader {
+        id: history
+
+        anchors.fill: pane
+        anchors.leftMargin: 1
+        anchors.bottomMargin: undoBar.visible ? undoBar.height + 2 * Theme.wideSpacing : 0
+        active: root.home.history !== null
+        onActiveChanged: root.moveFocus()
+        Component.onCompleted: setSource(Qt.resolvedUrl("HistoryPage.qml"), {
+            home: root.home,
+            screen: root
+        })
     }
 
     UndoBar {

@@ -13,6 +13,9 @@ QtObject {
     readonly property var startOwnFocus: ["Ctrl+3"]
     readonly property var finishNewest: ["Ctrl+Shift+F"]
     readonly property var search: ["Ctrl+F"]
+    readonly property var history: ["Ctrl+H"]
+    readonly property var historyBack: ["Alt+Left"]
+    readonly property var historyForward: ["Alt+Right"]
     readonly property var addNote: ["Ctrl+Shift+N"]
     readonly property var addInterval: ["Ctrl+Shift+I"]
     readonly property var markDone: ["Ctrl+Shift+D"]
@@ -26,6 +29,8 @@ QtObject {
     readonly property var all: [
         [qsTr("Add a task"), root.addTask[0]],
         [qsTr("Search tasks and notes"), root.search[0]],
+        [qsTr("Show the history, or leave it"), root.history[0]],
+        [qsTr("Go back or forward in it"), qsTr("Alt+Left, Alt+Right")],
         [qsTr("Start a focus of 30 minutes"), root.startShortFocus[0]],
         [qsTr("Start a focus of an hour"), root.startLongFocus[0]],
         [qsTr("Start a focus of your own length"), root.startOwnFocus[0]],

@@ -39,6 +39,31 @@ void HomeAdapter::dismissAddSheet() {
     }
 }
 
+void HomeAdapter::openHistory() {
+    if (!history_) {
+        history_ = subviewsFactory_.makeHistoryView();
+        history_->setShown(isShown_);
+        emit historyChanged();
+    }
+}
+
+void HomeAdapter::closeHistory() {
+    if (history_) {
+        replaceAdapter<HistoryAdapter>(history_, nullptr, [this] { emit historyChanged(); });
+    }
+}
+
+void HomeAdapter::openHistoryOf(int dayOfOverview) {
+    const auto start = overview_->dayStart(dayOfOverview);
+    const auto day = start ? subviewsFactory_.calendar->localTime(*start) : std::nullopt;
+    if (day) {
+        closeHistory();
+        subviewsFactory_.historyChoice->unit = presentation::HistoryUnit::day;
+        subviewsFactory_.historyChoice->day = day->day;
+        openHistory();
+    }
+}
+
 void HomeAdapter::startShortFocus() {
     if (taskDetail_) {
         taskDetail_->startShortFocus();
@@ -57,6 +82,8 @@ void HomeAdapter::setShown(bool isShown) {
 }
 
 void HomeAdapter::showSelectedTask() {
+    // Whoever chooses a task wants to see it, the one that was selected before, too.
+    closeHistory();
     const std::optional<base::Uuid>& selected = viewModel_->selectedTaskId().value();
     if (selected == shownTaskId_) {
         return;
@@ -81,6 +108,7 @@ void HomeAdapter::showSelectedTask() {
 void HomeAdapter::showOverview() {
     replaceAdapter(overview_, subviewsFactory_.makeOverviewView(shownTaskId_),
                    [this] { emit overviewChanged(); });
+    connect(overview_.get(), &OverviewAdapter::dayOpened, this, &HomeAdapter::openHistoryOf);
     overview_->setShown(isShown_);
 }
 

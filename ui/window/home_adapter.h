@@ -15,6 +15,7 @@
 #include "services/in_step_time_keeping_provider.h"
 #include "services/newest_focus.h"
 #include "ui/detail/task_detail_adapter.h"
+#include "ui/history/history_adapter.h"
 #include "ui/list/task_list_adapter.h"
 #include "ui/sheets/about_adapter.h"
 #include "ui/sheets/add_task_adapter.h"
@@ -68,6 +69,7 @@ class HomeAdapter final : public QObject, private HomeParts {
     Q_PROPERTY(hearthmark::ui::TaskDetailAdapter* taskDetail READ taskDetail NOTIFY
                    taskDetailChanged FINAL)
     Q_PROPERTY(hearthmark::ui::OverviewAdapter* overview READ overview NOTIFY overviewChanged FINAL)
+    Q_PROPERTY(hearthmark::ui::HistoryAdapter* history READ history NOTIFY historyChanged FINAL)
     Q_PROPERTY(
         bool isAddSheetDisplayed READ isAddSheetDisplayed NOTIFY isAddSheetDisplayedChanged FINAL)
     Q_PROPERTY(hearthmark::ui::AddTaskAdapter* addTask READ addTask NOTIFY
@@ -97,12 +99,17 @@ class HomeAdapter final : public QObject, private HomeParts {
     TaskDetailAdapter* taskDetail() const { return taskDetail_.get(); }
     // Of the selected task; of all tasks while none is.
     OverviewAdapter* overview() const { return overview_.get(); }
+    // Present while its page is open.
+    HistoryAdapter* history() const { return history_.get(); }
     bool isAddSheetDisplayed() const { return addTask_ != nullptr; }
     // Present while its sheet is displayed.
     AddTaskAdapter* addTask() const { return addTask_.get(); }
 
     Q_INVOKABLE void displayAddSheet();
     Q_INVOKABLE void dismissAddSheet();
+    // Of the range that was last looked at.
+    Q_INVOKABLE void openHistory();
+    Q_INVOKABLE void closeHistory();
     // On the selected task; where none is selected or no focus can start, nothing.
     void startShortFocus();
     // Of all tasks' running intervals; where none runs, nothing.
@@ -112,6 +119,7 @@ class HomeAdapter final : public QObject, private HomeParts {
  signals:
     void taskDetailChanged();
     void overviewChanged();
+    void historyChanged();
     void isAddSheetDisplayedChanged();
     // From the list, which has selected the task: its pane is to edit the name.
     void renameRequested();
@@ -121,6 +129,7 @@ class HomeAdapter final : public QObject, private HomeParts {
  private:
     void showSelectedTask();
     void showOverview();
+    void openHistoryOf(int dayOfOverview);
 
     std::shared_ptr<presentation::HomeViewModelProtocol> viewModel_;
     HomeViewSubviewsFactory subviewsFactory_;
@@ -128,6 +137,7 @@ class HomeAdapter final : public QObject, private HomeParts {
     std::unique_ptr<TaskListAdapter> taskList_;
     std::unique_ptr<TaskDetailAdapter> taskDetail_;
     std::unique_ptr<OverviewAdapter> overview_;
+    std::unique_ptr<HistoryAdapter> history_;
     std::unique_ptr<AddTaskAdapter> addTask_;
     std::optional<base::Uuid> shownTaskId_;
     bool isShown_ = true;

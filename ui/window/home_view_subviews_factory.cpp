@@ -41,6 +41,18 @@ std::unique_ptr<OverviewAdapter> HomeViewSubviewsFactory::makeOverviewView(
         liveDataFactory, makeTimeKeepingProvider(), clock, calendar, taskId));
 }
 
+std::unique_ptr<HistoryAdapter> HomeViewSubviewsFactory::makeHistoryView() const {
+    return std::make_unique<HistoryAdapter>(
+        std::make_shared<presentation::HistoryViewModel>(
+            presentation::HistoryViewModel::Parts{.liveDataFactory = liveDataFactory,
+                                                  .timeKeepingProvider = makeTimeKeepingProvider(),
+                                                  .clock = clock,
+                                                  .calendar = calendar,
+                                                  .firstDayOfWeek = firstDayOfWeek,
+                                                  .choice = historyChoice}),
+        mutableSelectedTaskId, clipboard);
+}
+
 std::unique_ptr<AddTaskAdapter> HomeViewSubviewsFactory::makeAddTaskView() const {
     const presentation::AddTaskVMFactory factory(dataOperationsService);
     return std::make_unique<AddTaskAdapter>(factory.makeViewModel());

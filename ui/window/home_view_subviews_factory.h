@@ -15,6 +15,7 @@
 #include "store/live_data.h"
 #include "ui/detail/overview_adapter.h"
 #include "ui/detail/task_detail_adapter.h"
+#include "ui/history/history_adapter.h"
 #include "ui/list/task_list_adapter.h"
 #include "ui/sheets/add_task_adapter.h"
 
@@ -29,6 +30,9 @@ struct HomeViewSubviewsFactory {
     // Of one task, or of all.
     std::unique_ptr<OverviewAdapter> makeOverviewView(std::optional<base::Uuid> taskId) const;
 
+    // Of the range that was last looked at.
+    std::unique_ptr<HistoryAdapter> makeHistoryView() const;
+
     std::shared_ptr<store::DataOperationsServiceProtocol> dataOperationsService;
     std::shared_ptr<const store::LiveDataProvidingFactoryProtocol> liveDataFactory;
     std::shared_ptr<const base::Clock> clock;
@@ -38,6 +42,10 @@ struct HomeViewSubviewsFactory {
     services::TimeKeepingProviderMaker makeTimeKeepingProvider;
     std::shared_ptr<services::Clipboard> clipboard;
     std::shared_ptr<const base::Calendar> calendar;
+    // As the locale has it.
+    std::chrono::weekday firstDayOfWeek;
+    std::shared_ptr<presentation::HistoryChoice> historyChoice =
+        std::make_shared<presentation::HistoryChoice>();
 };
 
 }  // namespace hearthmark::ui

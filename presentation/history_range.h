@@ -1,0 +1,36 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <chrono>
+#include <vector>
+
+#include "base/calendar.h"
+#include "base/date.h"
+
+namespace hearthmark::presentation {
+
+// How long a stretch of the history is.
+enum class HistoryUnit { day, week, month, year };
+
+// A stretch of the history, by the calendar alone.
+struct HistoryRange {
+    HistoryUnit unit = HistoryUnit::day;
+    std::chrono::year_month_day first{};
+
+    bool operator==(const HistoryRange&) const = default;
+};
+
+// The one that holds the day.
+HistoryRange rangeAround(HistoryUnit unit, std::chrono::year_month_day day,
+                         std::chrono::weekday firstDayOfWeek);
+
+// That many further on, or back.
+HistoryRange shifted(const HistoryRange& range, int count);
+
+// When its parts begin, and at the end when the range after it begins: the months of a year, the
+// days of a month or a week, the hours of a day. Those are the hours on the wall: a part begins
+// whenever the clock comes to another hour or is put back, so that an hour that comes twice has two
+// parts and one that is left out none. Empty where that is out of the calendar's range.
+std::vector<base::Date> partStarts(const HistoryRange& range, const base::Calendar& calendar);
+
+}  // namespace hearthmark::presentation
