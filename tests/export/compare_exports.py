@@ -41,7 +41,7 @@ def plant(database, dice):
     texts = [*("".join(dice.choices(PIECES, k=size % 8)) for size in range(1000)), *[None] * 100]
     tasks = [*range(1, TASKS + 1), *[None, TASKS + 1] * 50]  # the last is not there
     for table, count, *columns in [
-            ("Task", TASKS, ids, dates, texts),
+            ("Task", TASKS, ids, dates, texts, [*dates, *[None] * 1000]),
             ("Interval", 3 * TASKS, ids, dates, numbers, numbers, tasks),
             ("RawIntervalState", 3 * TASKS, [0, 1, 2, 9, -1, 32767, -32768], dates, dates, [None]),
             ("Note", 3 * TASKS, ids, dates, texts, tasks)]:

@@ -19,7 +19,8 @@ struct SerializersTest : testing::Test {
 
 TEST_F(SerializersTest, WriteEveryFieldInItsPlace) {
     store.reopen(
-        "INSERT INTO Task VALUES (1, 'a0000000-0000-4000-8000-00000000000f', 725760000.125, 'T/1');"
+        "INSERT INTO Task VALUES (1, 'a0000000-0000-4000-8000-00000000000f', 725760000.125, 'T/1', "
+        "NULL);"
         "INSERT INTO Interval VALUES (1, 'B0000000-0000-4000-8000-000000000000', 0, 5, 1800.5, 1);"
         "INSERT INTO RawIntervalState VALUES (1, 1, 725760061.75, 725760090, 1);");
     EXPECT_EQ(json(), R"({
