@@ -10,9 +10,9 @@
 #include <utility>
 
 #include "base/uuid.h"
+#include "export/file_fault.h"
 #include "objectstore/file_descriptor.h"
 #include "objectstore/store_error.h"
-#include "store/store_fault.h"
 
 namespace hearthmark::exporting {
 
@@ -125,14 +125,6 @@ void flushFolder(const FileDescriptor& folder) {
     }
 }
 
-std::string reasonOf(const StoreError& error, const std::filesystem::path& folder) {
-    if (error.cause() == StoreError::Cause::notAFile) {
-        return "A folder, or something else that is not a file, has that name.";
-    }
-    const std::string_view reason = store::faultOf(error, folder).reason;
-    return reason.empty() ? std::string(error.what()) + '.' : std::string(reason);
-}
-
 }  // namespace
 
 FileExport writeFile(const std::filesystem::path& file, TextParts& text, const FileWork& work) {
@@ -153,8 +145,7 @@ FileExport writeFile(const std::filesystem::path& file, TextParts& text, const F
         flushFolder(folder);
         return {};
     } catch (const StoreError& error) {
-        return {.outcome = FileExport::Outcome::failed,
-                .reason = reasonOf(error, file.parent_path())};
+        return {.outcome = FileExport::Outcome::failed, .reason = reasonOf(error, file)};
     }
 }
 

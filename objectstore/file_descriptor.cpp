@@ -29,6 +29,18 @@ FileDescriptor::~FileDescriptor() {
     ::close(descriptor_);
 }
 
+std::size_t FileDescriptor::read(char* bytes, std::size_t most) const {
+    for (;;) {
+        const ssize_t count = ::read(descriptor_, bytes, most);
+        if (count >= 0) {
+            return static_cast<std::size_t>(count);
+        }
+        if (errno != EINTR) {
+            fail("read");
+        }
+    }
+}
+
 void FileDescriptor::write(std::string_view bytes) const {
     while (!bytes.empty()) {
         const ssize_t written = ::write(descriptor_, bytes.data(), bytes.size());

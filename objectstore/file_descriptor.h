@@ -3,6 +3,7 @@
 
 #include <sys/types.h>
 
+#include <cstddef>
 #include <filesystem>
 #include <string_view>
 
@@ -17,6 +18,8 @@ class FileDescriptor {
     FileDescriptor& operator=(const FileDescriptor&) = delete;
     ~FileDescriptor();
 
+    // As many bytes as there are, up to so many; 0 at the end.
+    std::size_t read(char* bytes, std::size_t most) const;
     void write(std::string_view bytes) const;
     void setMode(mode_t mode) const;
 
