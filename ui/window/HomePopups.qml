@@ -51,6 +51,16 @@ Item {
         }
 
         ContextMenuItem {
+            text: qsTr("Export Everything…")
+            onTriggered: root.home.fileTransfer.exportEverything()
+        }
+
+        ContextMenuItem {
+            text: qsTr("Import…")
+            onTriggered: root.home.fileTransfer.importEverything()
+        }
+
+        ContextMenuItem {
             text: root.home.undoMenu.undoText || qsTr("Undo")
             shortcutText: Shortcuts.undo[0]
             enabled: root.home.undoMenu.undoText !== ""
@@ -102,6 +112,10 @@ Item {
         id: restore
 
         adapter: root.home.restore
+    }
+
+    FileTransferSheet {
+        transfer: root.home.fileTransfer
     }
 
     ShortcutsSheet {
