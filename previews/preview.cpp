@@ -175,7 +175,7 @@ std::vector<Preview> previewsOfUsualTexts() {
          .direction = Qt::RightToLeft},
         {.name = "export-replace-dark",
          .menuItem = kExport,
-         .typed = "/etc/passwd\r",
+         .typed = "/etc/hosts\r",
          .palette = Palette::dark},
         {.name = "import-path", .menuItem = kImport},
         {.name = "export-writing", .transfer = transfer(Phase::working)},

@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cstdlib>
 #include <fstream>
 
 #include "store/undo_history.h"
@@ -51,6 +52,7 @@ struct FakeWork final : services::BackgroundWork {
 // A store with a task, and beside it the home folder.
 struct FileTransfer : testing::Test {
     FileTransfer() {
+        ::setenv("TZ", "UTC", 1);
         std::filesystem::create_directory(home);
         store.addTask("Read");
         write("not.json", "{\n\n]");
