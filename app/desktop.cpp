@@ -155,9 +155,10 @@ void Desktop::perform(platform::ApplicationAction action, const QString& activat
 
 void Desktop::terminate() {
     QGuiApplication::inputMethod()->commit();  // what is being composed in a note belongs to it
-    workerThread_->stopAndWait();
+    workerThread_->stop();
     tasksApp_.terminate();
     notificationCenter_->postWaiting();
+    workerThread_->stopAndWait();  // last, since a disk may not answer
 }
 
 void Desktop::showStatusMenu(const std::vector<platform::StatusMenu::Line>& lines,

@@ -91,8 +91,10 @@ void FileTransferViewModel::exportShown(base::Date from, base::Date to, FileKind
                                 [] { return LeftOut{}; }};
             }
             auto calendar = std::make_unique<IntervalCalendar>(std::move(rows));
-            const LeftOut leftOut{.names = {}, .intervals = calendar->leftOut()};
-            return Document{std::move(calendar), [leftOut] { return leftOut; }};
+            auto leftOut = [intervals = calendar->leftOut()] {
+                return LeftOut{.names = {}, .intervals = intervals};
+            };
+            return Document{std::move(calendar), std::move(leftOut)};
         };
     }
     const std::string first = dayOf(from);

@@ -112,19 +112,20 @@ void PortalFileChooser::ask(const QString& method, const std::string& title, QVa
     }();
     close();
     answer_ = std::move(answer);
-    const auto bus = QDBusConnection::sessionBus();
+    auto bus = QDBusConnection::sessionBus();
     const QString token = QStringLiteral("hearthmark%1").arg(++questions_);
     request_ = QStringLiteral("%1/request/%2/%3")
                    .arg(kPath, bus.baseService().mid(1).replace('.', '_'), token);
-    const QString asked = request_;
-    const auto none = [this, asked] {
+    const auto none = [this, asked = request_] {
         if (request_ == asked) {
-            end({.outcome = FileChoice::Outcome::noDialog, .file = {}});
+            close();
+            std::exchange(answer_, nullptr)({.outcome = FileChoice::Outcome::noDialog, .file = {}});
         }
     };
     // Before it is asked, so that no answer comes too early.
-    if (!bus.isConnected() || !listen(request_)) {
-        QTimer::singleShot(0, this, none);
+    if (!bus.connect(kService, request_, kRequest, QStringLiteral("Response"), this,
+                     SLOT(takeResponse(QDBusMessage)))) {
+        QTimer::singleShot(0, this, none);  // as where there is no bus
         return;
     }
     options.insert(QStringLiteral("handle_token"), token);
@@ -135,21 +136,11 @@ void PortalFileChooser::ask(const QString& method, const std::string& title, QVa
     call.setArguments({focusedWindow(), QString::fromStdString(title), options});
     using Reply = QDBusPendingReply<QDBusObjectPath>;
     whenAnswered<Reply>(bus.asyncCall(call, kTakenWithinMilliseconds), this,
-                        [this, asked, none](const Reply& reply) {
+                        [none](const Reply& reply) {
                             if (reply.isError()) {
                                 none();
-                            } else if (request_ == asked && reply.value().path() != asked) {
-                                // Of a portal that is older than the tokens.
-                                request_ = reply.value().path();
-                                listen(request_);
                             }
                         });
-}
-
-bool PortalFileChooser::listen(const QString& request) {
-    return QDBusConnection::sessionBus().connect(kService, request, kRequest,
-                                                 QStringLiteral("Response"), this,
-                                                 SLOT(takeResponse(QDBusMessage)));
 }
 
 void PortalFileChooser::takeResponse(const QDBusMessage& response) {
@@ -157,40 +148,39 @@ void PortalFileChooser::takeResponse(const QDBusMessage& response) {
     if (response.path() != request_ || arguments.size() != 2) {
         return;
     }
+    forget();
     const uint code = arguments[0].toUInt();
-    if (code == kCancelled) {
-        end({});
-        return;
-    }
     const auto results = qdbus_cast<QVariantMap>(arguments[1]);
-    const QStringList uris = qdbus_cast<QStringList>(results.value(QStringLiteral("uris")));
-    std::filesystem::path file = uris.isEmpty() ? "" : fileOf(uris.constFirst());
-    if (code != kChosen || file.empty()) {
-        end({.outcome = FileChoice::Outcome::noDialog, .file = {}});
-    } else {
-        end({.outcome = FileChoice::Outcome::chosen, .file = std::move(file)});
+    const auto uris = qdbus_cast<QStringList>(results.value(QStringLiteral("uris")));
+    FileChoice choice{.outcome = FileChoice::Outcome::noDialog, .file = {}};
+    if (code == kCancelled) {
+        choice.outcome = FileChoice::Outcome::cancelled;
+    } else if (code == kChosen && !uris.isEmpty()) {
+        choice.file = fileOf(uris.constFirst());
     }
+    if (!choice.file.empty()) {
+        choice.outcome = FileChoice::Outcome::chosen;
+    }
+    std::exchange(answer_, nullptr)(choice);  // which may ask anew
 }
 
-// The dialog, where one stands open, too: nobody waits for it any more.
+// Its dialog, where one stands open or is still to come, too: nobody waits for it any more.
 void PortalFileChooser::close() {
     if (request_.isEmpty()) {
         return;
     }
-    auto bus = QDBusConnection::sessionBus();
-    bus.disconnect(kService, request_, kRequest, QStringLiteral("Response"), this,
-                   SLOT(takeResponse(QDBusMessage)));
     auto call =
         QDBusMessage::createMethodCall(kService, request_, kRequest, QStringLiteral("Close"));
     call.setAutoStartService(false);
-    bus.call(call, QDBus::NoBlock);
-    request_.clear();
+    QDBusConnection::sessionBus().call(call, QDBus::NoBlock);
+    forget();
 }
 
-void PortalFileChooser::end(const FileChoice& choice) {
-    close();
-    const Answer answer = std::exchange(answer_, nullptr);
-    answer(choice);
+void PortalFileChooser::forget() {
+    QDBusConnection::sessionBus().disconnect(kService, request_, kRequest,
+                                             QStringLiteral("Response"), this,
+                                             SLOT(takeResponse(QDBusMessage)));
+    request_.clear();
 }
 
 }  // namespace hearthmark::platform

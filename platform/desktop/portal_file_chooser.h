@@ -27,9 +27,8 @@ class PortalFileChooser final : public QObject, public services::FileChooser {
  private:
     void ask(const QString& method, const std::string& title, QVariantMap options,
              services::FileKind kind, Answer answer);
-    bool listen(const QString& request);
     void close();
-    void end(const services::FileChoice& choice);
+    void forget();
 
     // Empty while nothing is asked.
     QString request_;

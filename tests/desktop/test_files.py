@@ -10,7 +10,7 @@ import unittest
 import urllib.parse
 from pathlib import Path
 
-from gi.repository import Gio, GLib
+from gi.repository import GLib
 
 from driver import Desktop, Program, ProgramTest, has_focus, key, new_id, serve, type_text, wait_for
 
@@ -31,7 +31,8 @@ def setUpModule():
 
 
 class Portal:
-    """Answers what it is told to: a path, None for a person who cancels, or nothing at all."""
+    """Answers what it is told to: a path, None for a person who cancels, "waits" for one who does not
+    come, or nothing at all."""
 
     def __init__(self, test):
         self.asked, self.answers = [], []
@@ -47,6 +48,7 @@ class Portal:
         answer = self.answers.pop(0)
         if answer != "never":
             invocation.return_value(GLib.Variant("(o)", (request,)))
+        if answer not in ("never", "waits"):
             uris = {} if answer is None else {"uris": GLib.Variant(
                 "as", ["file://" + urllib.parse.quote(os.fsencode(answer))])}
             self.bus.emit_signal(sender, request, "org.freedesktop.portal.Request", "Response",
@@ -115,9 +117,11 @@ class Files(ProgramTest):
     def test_the_desktops_dialog_is_asked_first(self):
         portal = Portal(self)
         odd = os.path.join(os.fsencode(self.home), b"50% \xfc.json")
-        portal.answers = [odd, None, odd, "never"]
+        portal.answers = ["waits", odd, None, odd, "never"]
         self.make_store(*FINISHED)
         self.program.launch(HOME=self.home)
+        self.choose("Export Everything…")
+        wait_for(lambda: portal.asked, "the dialog")
         self.choose("Export Everything…")
         self.said("The file is written: ~/50% ")
         key("Return")
@@ -131,7 +135,7 @@ class Files(ProgramTest):
         self.choose("Import…")  # cancelled
         self.choose("Import…")
         self.said("Nothing in it is new.")
-        self.assertEqual([method for method, *_ in portal.asked], ["SaveFile", "OpenFile", "OpenFile"])
+        self.assertEqual([method for method, *_ in portal.asked], ["SaveFile", "SaveFile", "OpenFile", "OpenFile"])
         key("Escape")
         self.choose("Export Everything…")
         self.said("Where the file is to be.", seconds=20)
