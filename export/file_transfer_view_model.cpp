@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "export/file_transfer_view_model.h"
 
-#include <exception>
+#include <string_view>
 #include <utility>
 
 #include "base/weakly.h"

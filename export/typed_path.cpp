@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "export/typed_path.h"
 
+#include <algorithm>
+#include <system_error>
+
 namespace hearthmark::exporting {
 
 namespace fs = std::filesystem;

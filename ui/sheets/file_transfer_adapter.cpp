@@ -2,6 +2,8 @@
 #include "ui/sheets/file_transfer_adapter.h"
 
 #include <QStringList>
+#include <algorithm>
+#include <cstdint>
 #include <utility>
 
 #include "presentation/texts.h"
