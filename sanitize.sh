@@ -8,7 +8,7 @@ set -euo pipefail
 cd "$(dirname "$0")"
 
 suites=(base objectstore livedata store services presentation export ui platform)
-fuzzers=(store_file_fuzzer update_feed_fuzzer)
+fuzzers=(store_file_fuzzer everything_fuzzer update_feed_fuzzer)
 
 packaging/install-packages.sh build run sanitize
 cmake --preset asan

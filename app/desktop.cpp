@@ -2,6 +2,7 @@
 #include "app/desktop.h"
 
 #include <QCoreApplication>
+#include <QDir>
 #include <QGuiApplication>
 #include <QInputMethod>
 #include <QTimer>
@@ -9,6 +10,7 @@
 #include <chrono>
 #include <utility>
 
+#include "platform/desktop/portal_file_chooser.h"
 #include "platform/desktop/program_windows.h"
 #include "platform/desktop/system_clipboard.h"
 #include "platform/desktop/time_keeping_provider.h"
@@ -62,6 +64,7 @@ Desktop::Desktop(const std::shared_ptr<const store::StoreBackups>& backups,
       dailyBackups_(std::make_shared<services::DailyBackupService>(
           backups, std::make_shared<platform::TimeKeepingProvider>(), notificationCenter_)),
       appearance_(std::make_shared<services::AppearancePreference>()),
+      workerThread_(std::make_shared<platform::WorkerThread>()),
       desktopAppearance_(appearance_),
       desktopSession_(&QCoreApplication::quit),
       tasksApp_(environment(backups, std::move(clock), std::move(uptime), firstWindow, fatal)),
@@ -105,7 +108,10 @@ TasksApp::Environment Desktop::environment(
                           .unseenFinishes = unseenFinishes_,
                           .appearance = appearance_,
                           .calendar = std::make_shared<base::LocalCalendar>(),
-                          .backups = backups},
+                          .backups = backups,
+                          .files = {.fileChooser = std::make_shared<platform::PortalFileChooser>(),
+                                    .backgroundWork = workerThread_,
+                                    .home = QDir::homePath().toStdString()}},
         .program = {.version = QCoreApplication::applicationVersion(),
                     .storeFolder = storeFolder,
                     .openStoreFolder =
@@ -149,8 +155,10 @@ void Desktop::perform(platform::ApplicationAction action, const QString& activat
 
 void Desktop::terminate() {
     QGuiApplication::inputMethod()->commit();  // what is being composed in a note belongs to it
+    workerThread_->stop();
     tasksApp_.terminate();
     notificationCenter_->postWaiting();
+    workerThread_->stopAndWait();  // last, since a disk may not answer
 }
 
 void Desktop::showStatusMenu(const std::vector<platform::StatusMenu::Line>& lines,

@@ -11,6 +11,7 @@
 #include "base/fatal_error.h"
 #include "livedata/subscription.h"
 #include "platform/desktop/desktop_appearance.h"
+#include "platform/desktop/worker_thread.h"
 #include "platform/notifications/desktop_notification_center.h"
 #include "platform/session/application_object.h"
 #include "platform/session/desktop_session.h"
@@ -65,6 +66,7 @@ class Desktop final : public QObject {
     std::shared_ptr<platform::DesktopNotificationCenter> notificationCenter_;
     std::shared_ptr<services::DailyBackupService> dailyBackups_;
     std::shared_ptr<services::AppearancePreference> appearance_;
+    std::shared_ptr<platform::WorkerThread> workerThread_;
     platform::DesktopAppearance desktopAppearance_;
     platform::DesktopSession desktopSession_;
     TasksApp tasksApp_;

@@ -42,6 +42,15 @@ std::unique_ptr<services::HomeViewProtocol> HomeViewFactory::makeHomeView() {
     ui::HomeParts parts{
         .about = std::make_unique<ui::AboutAdapter>(program),
         .appearance = std::make_unique<ui::AppearanceAdapter>(ports.appearance),
+        .fileTransfer = std::make_unique<ui::FileTransferAdapter>(
+            std::make_shared<exporting::FileTransferViewModel>(
+                exporting::FileTransferViewModel::Parts{.dataOperationsService = service,
+                                                        .liveDataFactory = liveDataFactory,
+                                                        .backups = ports.backups,
+                                                        .clock = clock,
+                                                        .calendar = ports.calendar,
+                                                        .timeKeepingProvider = timeKeepingProvider,
+                                                        .ports = ports.files})),
         .focusAnnouncement = std::make_unique<ui::FocusAnnouncementAdapter>(focusAnnouncement),
         .restore = std::make_unique<ui::RestoreAdapter>(
             std::make_shared<presentation::RestoreBackupViewModel>(ports.backups, service, drafts,

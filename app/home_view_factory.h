@@ -7,6 +7,7 @@
 
 #include "base/calendar.h"
 #include "base/clock.h"
+#include "export/file_transfer_view_model.h"
 #include "presentation/note_drafts.h"
 #include "presentation/selected_task_id.h"
 #include "services/home_view_factory_protocol.h"
@@ -39,6 +40,7 @@ class HomeViewFactory final : public services::HomeViewFactoryProtocol {
         std::shared_ptr<services::AppearancePreference> appearance;
         std::shared_ptr<const base::Calendar> calendar;
         std::shared_ptr<const store::StoreBackups> backups;
+        exporting::FileTransferViewModel::Ports files;
     };
     // What the views need of the application.
     struct Actions {

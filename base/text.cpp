@@ -12,6 +12,8 @@ namespace hearthmark::base {
 
 namespace {
 
+constexpr UChar32 kReplacement = 0xFFFD;
+
 // A cursor over the characters of a UTF-8 text; what is not valid reads as U+FFFD.
 class Cursor {
  public:
@@ -66,6 +68,28 @@ bool isValidUtf8(std::string_view text) {
     UErrorCode error = U_ZERO_ERROR;
     u_strFromUTF8(nullptr, 0, &length, text.data(), static_cast<int32_t>(text.size()), &error);
     return U_SUCCESS(error) != 0 || error == U_BUFFER_OVERFLOW_ERROR;
+}
+
+std::string withValidUtf8(std::string_view text) {
+    std::string valid(text);
+    if (isValidUtf8(text)) {
+        return valid;
+    }
+    UErrorCode error = U_ZERO_ERROR;
+    std::u16string units(text.size(), u'\0');
+    int32_t length = 0;
+    u_strFromUTF8WithSub(units.data(), static_cast<int32_t>(units.size()), &length, text.data(),
+                         static_cast<int32_t>(text.size()), kReplacement, nullptr, &error);
+    // Three bytes at most for each unit.
+    valid.resize(static_cast<std::size_t>(length) * 3);
+    int32_t size = 0;
+    u_strToUTF8(valid.data(), static_cast<int32_t>(valid.size()), &size, units.data(), length,
+                &error);
+    if (U_FAILURE(error) != 0) {
+        throw std::runtime_error(u_errorName(error));
+    }
+    valid.resize(static_cast<std::size_t>(size));
+    return valid;
 }
 
 }  // namespace hearthmark::base

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <string>
 #include <string_view>
 
 namespace hearthmark::base {
@@ -11,5 +12,11 @@ std::string_view trimmed(std::string_view text);
 
 // Whether the bytes are well-formed UTF-8: no overlong forms, no surrogates, nothing cut short.
 bool isValidUtf8(std::string_view text);
+
+// U+FFFD, which stands for what cannot be shown.
+constexpr std::string_view kReplacementCharacter = "\uFFFD";
+
+// The text with replacement characters for the bytes that are not UTF-8.
+std::string withValidUtf8(std::string_view text);
 
 }  // namespace hearthmark::base

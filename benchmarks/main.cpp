@@ -145,4 +145,5 @@ int main(int argc, char** argv) {
     table.printComparison("load", "bare SQLite read");
     table.printComparison("JSON of a task", "json.dumps");
     table.printComparison("JSON of a task", "json.dumps, indented");
+    table.printComparison("everything to a file", "json.dumps of everything");
 }

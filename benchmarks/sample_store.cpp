@@ -4,6 +4,7 @@
 #include "store/note.h"
 #include "store/persistent_container_factory.h"
 
+#include <cstdio>
 #include <cstdlib>
 #include <functional>
 #include <random>
@@ -128,6 +129,20 @@ OpenedStore::OpenedStore(const std::filesystem::path& directory)
       liveDataFactory(std::make_shared<store::LiveDataProvidingFactory>(container)),
       service(std::make_shared<store::DataOperationsService>(*liveDataFactory, container, clock,
                                                              base::FatalErrorHandler())) {}
+
+void dumpByPython(benchmark::State& state, const std::filesystem::path& file, int indentation) {
+    const auto command =
+        HEARTHMARK_JSON_DUMPS " " + file.string() + " " + std::to_string(indentation);
+    for (auto _ : state) {
+        std::FILE* output = ::popen(command.c_str(), "r");
+        double seconds = 0;
+        if (std::fscanf(output, "%lf", &seconds) != 1) {
+            state.SkipWithError("Python did not answer.");
+        }
+        ::pclose(output);
+        state.SetIterationTime(seconds);
+    }
+}
 
 const store::Task& newestTask(const OpenedStore& opened) {
     const auto tasks = opened.container->viewContext().objects<store::Task>();

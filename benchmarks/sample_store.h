@@ -50,6 +50,10 @@ struct OpenedStore {
     std::shared_ptr<store::DataOperationsService> service;
 };
 
+// Has the JSON module of Python's standard library write the document in the file as often as it
+// takes, and sets the time of it.
+void dumpByPython(benchmark::State& state, const std::filesystem::path& file, int indentation);
+
 const store::Task& newestTask(const OpenedStore& opened);
 
 }  // namespace hearthmark::benchmarks

@@ -20,6 +20,7 @@ constexpr double kBeyondCalendar = 1e18;
 constexpr std::int64_t kYearsOfCycle = 400;
 constexpr std::int64_t kDaysOfCycle = 146'097;
 constexpr std::int64_t kSecondsOfDay = 86'400;
+constexpr std::int64_t kSecondsOfMinute = 60;
 
 struct Division {
     std::int64_t quotient;
@@ -40,6 +41,24 @@ void appendPadded(std::string& text, std::int64_t number, int width) {
         text += '0';
     }
     text += std::string_view(digits.data(), end);
+}
+
+// The year apart, since it may be beyond what the calendar's type holds.
+void appendDay(std::string& text, std::int64_t year, const std::chrono::year_month_day& day) {
+    text += year < 0 ? "-" : "";
+    appendPadded(text, std::abs(year), 4);
+    text += '-';
+    appendPadded(text, static_cast<unsigned>(day.month()), 2);
+    text += '-';
+    appendPadded(text, static_cast<unsigned>(day.day()), 2);
+}
+
+void appendTimeOfDay(std::string& text, std::int64_t second) {
+    appendPadded(text, second / 3600, 2);
+    text += ':';
+    appendPadded(text, second / 60 % 60, 2);
+    text += ':';
+    appendPadded(text, second % 60, 2);
 }
 
 }  // namespace
@@ -71,21 +90,34 @@ void appendDateTime(std::string& text, base::Date date) {
         divideFlooring(static_cast<std::int64_t>(sinceReference), kSecondsOfDay);
     const auto [cycles, dayOfCycle] = divideFlooring(days, kDaysOfCycle);
     const std::chrono::year_month_day day(base::kReferenceDay + std::chrono::days(dayOfCycle));
-    const std::int64_t year = static_cast<int>(day.year()) + cycles * kYearsOfCycle;
-
-    text += year < 0 ? "-" : "";
-    appendPadded(text, std::abs(year), 4);
-    text += '-';
-    appendPadded(text, static_cast<unsigned>(day.month()), 2);
-    text += '-';
-    appendPadded(text, static_cast<unsigned>(day.day()), 2);
+    appendDay(text, static_cast<int>(day.year()) + cycles * kYearsOfCycle, day);
     text += 'T';
-    appendPadded(text, secondOfDay / 3600, 2);
-    text += ':';
-    appendPadded(text, secondOfDay / 60 % 60, 2);
-    text += ':';
-    appendPadded(text, secondOfDay % 60, 2);
+    appendTimeOfDay(text, secondOfDay);
     text += 'Z';
+}
+
+void appendLocalDateTime(std::string& text, base::Date date, const base::Calendar& calendar) {
+    const base::Date second(base::Seconds(std::floor(date.sinceReferenceDate().count())));
+    const auto local = calendar.localTime(second);
+    if (!local) {
+        return;
+    }
+    const auto shown = std::chrono::sys_days(local->day) - base::kReferenceDay +
+                       std::chrono::seconds(local->sinceMidnight);
+    const std::int64_t offset =
+        shown.count() - static_cast<std::int64_t>(second.sinceReferenceDate().count());
+    if (offset % kSecondsOfMinute != 0) {
+        appendDateTime(text, date);
+        return;
+    }
+    appendDay(text, static_cast<int>(local->day.year()), local->day);
+    text += 'T';
+    appendTimeOfDay(text, local->sinceMidnight.count());
+    text += offset < 0 ? '-' : '+';
+    const std::int64_t minutes = std::abs(offset) / kSecondsOfMinute;
+    appendPadded(text, minutes / 60, 2);
+    text += ':';
+    appendPadded(text, minutes % 60, 2);
 }
 
 }  // namespace hearthmark::exporting

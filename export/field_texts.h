@@ -3,6 +3,7 @@
 
 #include <string>
 
+#include "base/calendar.h"
 #include "base/date.h"
 
 namespace hearthmark::exporting {
@@ -18,5 +19,10 @@ void appendNumber(std::string& text, double number, WholeNumber wholeNumber);
 // a second is cut off; the calendar is the Gregorian one throughout; a year takes four digits at
 // least. A date beyond any calendar, 1e18 seconds and more away or not finite, appends nothing.
 void appendDateTime(std::string& text, base::Date date);
+
+// The same by the clock on the wall, with what that was ahead of UTC: 2024-01-01T10:30:00+01:00. In
+// UTC where that is no whole number of minutes, as in old times, and nothing where the calendar
+// knows no such date.
+void appendLocalDateTime(std::string& text, base::Date date, const base::Calendar& calendar);
 
 }  // namespace hearthmark::exporting

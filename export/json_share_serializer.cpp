@@ -19,15 +19,16 @@ constexpr std::size_t kIndentation = 2;
 // Room for one interval or note, as a guess.
 constexpr std::size_t kElementSize = 288;
 
-// Caught where it all began and told to nobody.
+// Caught where it all began.
 struct EncodingError {};
 
 // By hand: the JSON library writes 1500.0 where the document says 1500, and sets neither the space
 // before a colon nor the escape of a slash. Throws EncodingError.
 class Encoder {
  public:
+    Encoder(std::string& text, std::size_t depth) : text_(text), depth_(depth) {}
+
     void write(const TaskForJSON& task) {
-        text_.reserve((task.intervals.size() + task.notes.size() + 1) * kElementSize);
         open('{');
         member("id", task.id);
         member("creationDate", task.creationDate);
@@ -36,8 +37,6 @@ class Encoder {
         member("notes", task.notes);
         close('}');
     }
-
-    std::string text() && { return std::move(text_); }
 
  private:
     void write(const IntervalForJSON& interval) {
@@ -179,22 +178,31 @@ class Encoder {
         text_.append(depth_ * kIndentation, ' ');
     }
 
-    std::string text_;
-    std::size_t depth_ = 0;
+    std::string& text_;
+    std::size_t depth_;
     // Whether nothing was written yet since the last bracket was opened.
     bool isEmpty_ = true;
 };
 
 }  // namespace
 
-std::string JSONShareSerializer::serialize(const store::Task& task) const {
+bool appendJSON(std::string& text, const TaskForJSON& task, std::size_t depth) {
+    const std::size_t sizeBefore = text.size();
     try {
-        Encoder encoder;
-        encoder.write(taskForJSON(task));
-        return std::move(encoder).text();
+        Encoder(text, depth).write(task);
+        return true;
     } catch (const EncodingError&) {
-        return {};  // told to nobody: the sheet shows an empty text
+        text.resize(sizeBefore);
+        return false;
     }
+}
+
+std::string JSONShareSerializer::serialize(const store::Task& task) const {
+    const TaskForJSON values = taskForJSON(task);
+    std::string text;
+    text.reserve((values.intervals.size() + values.notes.size() + 1) * kElementSize);
+    appendJSON(text, values, 0);  // told to nobody where it cannot: the sheet shows an empty text
+    return text;
 }
 
 }  // namespace hearthmark::exporting

@@ -1,8 +1,10 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <cstddef>
 #include <string>
 
+#include "export/task_for_json.h"
 #include "export/task_share_serializer.h"
 
 namespace hearthmark::exporting {
@@ -14,5 +16,9 @@ class JSONShareSerializer final : public TaskShareSerializerProtocol {
  public:
     std::string serialize(const store::Task& task) const override;
 };
+
+// Appends that text as it stands in a larger document, so many brackets deep. Appends nothing and
+// returns false where it cannot be written.
+bool appendJSON(std::string& text, const TaskForJSON& task, std::size_t depth);
 
 }  // namespace hearthmark::exporting

@@ -11,6 +11,7 @@
 #include <string>
 #include <system_error>
 
+#include "objectstore/file_descriptor.h"
 #include "objectstore/store_error.h"
 
 namespace hearthmark::objectstore {
@@ -39,28 +40,6 @@ std::optional<struct stat> statusOf(const std::filesystem::path& path) {
     return std::nullopt;
 }
 
-class Descriptor {
- public:
-    Descriptor(const std::filesystem::path& path, int flags)
-        : descriptor_(::open(path.c_str(), flags | O_CLOEXEC, kFileMode)) {
-        if (descriptor_ < 0) {
-            fail("open", path);
-        }
-    }
-    Descriptor(const Descriptor&) = delete;
-    Descriptor& operator=(const Descriptor&) = delete;
-    ~Descriptor() { ::close(descriptor_); }
-
-    void flush(const std::filesystem::path& path) const {
-        if (::fsync(descriptor_) != 0) {
-            fail("fsync", path);
-        }
-    }
-
- private:
-    int descriptor_;
-};
-
 std::filesystem::path sibling(const std::filesystem::path& file, const std::string& suffix) {
     return file.string() + suffix;
 }
@@ -88,7 +67,7 @@ void moveFile(const std::filesystem::path& from, const std::filesystem::path& to
 }
 
 void flushDirectory(const std::filesystem::path& directory) {
-    Descriptor(directory, O_RDONLY | O_DIRECTORY).flush(directory);
+    FileDescriptor(directory, O_RDONLY | O_DIRECTORY).flush();
 }
 
 }  // namespace
@@ -150,10 +129,10 @@ void createStoreFile(const std::filesystem::path& file,
     setAsideJournals(file);
     const std::filesystem::path draft = sibling(file, ".new");
     removeStoreFile(draft);
-    { const Descriptor made(draft, O_CREAT | O_EXCL | O_WRONLY); }
+    { const FileDescriptor made(draft, O_CREAT | O_EXCL | O_WRONLY, kFileMode); }
     try {
         fill(draft);
-        Descriptor(draft, O_RDONLY).flush(draft);
+        FileDescriptor(draft, O_RDONLY).flush();
         moveStoreFile(draft, file);
     } catch (...) {
         // On a full disk they take what others need.

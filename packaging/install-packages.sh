@@ -20,7 +20,7 @@ if ! command -v apt-get >/dev/null; then
     system=$(sed -n 's/^PRETTY_NAME=//p' /etc/os-release 2>/dev/null | tr -d '"') || true
     echo "${system:-This system} has no apt-get, so nothing is installed: Hearthmark needs CMake, Ninja," \
         "a C++20 compiler, Qt 6.4 or newer with its private headers, SQLiteCpp, Boost, ICU, libsodium," \
-        "libcanberra, XCB, nlohmann-json, GoogleTest and Google Benchmark, of which $list has Debian's names." >&2
+        "libcanberra, XCB, nlohmann-json, RapidJSON, GoogleTest and Google Benchmark, of which $list has Debian's names." >&2
     for tool in cmake ninja c++; do
         command -v "$tool" >/dev/null || exit 1
     done

@@ -21,6 +21,9 @@ std::string textOf(const store::Change& change) {
     if (std::holds_alternative<store::ReturnInterval>(change.inverse)) {
         return "Interval deleted";
     }
+    if (std::holds_alternative<store::AddMany>(change.inverse)) {
+        return "Imported tasks removed";
+    }
     return std::holds_alternative<store::ReturnNote>(change.inverse) ? "Note deleted" : "";
 }
 

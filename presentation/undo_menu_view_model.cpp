@@ -40,6 +40,8 @@ std::string textOf(const store::Change& change) {
             return "Edit Note";
         case Kind::moveNote:
             return "Move Note";
+        case Kind::importTasks:
+            return "Import";
     }
     return {};
 }

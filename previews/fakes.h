@@ -9,6 +9,8 @@
 
 #include "base/clock.h"
 #include "presentation/tasks_list_view_model.h"
+#include "services/ports/background_work.h"
+#include "services/ports/file_chooser.h"
 #include "services/ports/start_at_login.h"
 #include "services/ports/time_keeping.h"
 #include "services/ports/updater.h"
@@ -69,6 +71,26 @@ class FakeStartAtLogin final : public services::StartAtLogin {
 
  private:
     livedata::Published<services::StartAtLoginState> state_{{.isOn = true}};
+};
+
+// A desktop without a dialog for files.
+class FakeFileChooser final : public services::FileChooser {
+ public:
+    void chooseFileToWrite(const std::string& /*title*/, const std::string& /*suggestedName*/,
+                           services::FileKind /*kind*/, Answer answer) override {
+        answer({.outcome = services::FileChoice::Outcome::noDialog, .file = {}});
+    }
+    void chooseFileToRead(const std::string& /*title*/, services::FileKind /*kind*/,
+                          Answer answer) override {
+        answer({.outcome = services::FileChoice::Outcome::noDialog, .file = {}});
+    }
+};
+
+// Work that never ends.
+class FakeBackgroundWork final : public services::BackgroundWork {
+ public:
+    void run(Work /*work*/, std::function<void()> /*whenDone*/) override {}
+    void stop() override {}
 };
 
 // Tasks that never come.

@@ -8,11 +8,14 @@ namespace hearthmark::previews {
 
 namespace {
 
+using Phase = exporting::FileTransferViewState::Phase;
 using services::UpdatePhase;
 
 constexpr auto kRunning = "Prepare the talk on bird migration";
 constexpr auto kIdle = "Tax papers";
 constexpr auto kRestore = "Restore from a backup…";
+constexpr auto kExport = "Export Everything…";
+constexpr auto kImport = "Import…";
 constexpr auto kSentences =
     "Find out when the swallows left, and from where; then ask again in the autumn. The data of "
     "last year are with the reserve, the weather with the observatory.";
@@ -37,6 +40,19 @@ services::UpdateState update(UpdatePhase phase, std::int64_t received = 0,
         .received = received,
         .message = message,
         .package = package};
+}
+
+exporting::FileTransferViewState transfer(Phase phase) {
+    exporting::FileTransferViewState state;
+    state.phase = phase;
+    state.isImport = phase == Phase::deciding || phase == Phase::failed;
+    state.isPresented = true;
+    state.path = "~/Documents/Hearthmark 2026-05-14.json";
+    state.share = 0.4;
+    state.counts = {.tasks = 3, .intervals = 120, .notes = 14, .withoutId = 2};
+    state.leftOut.names = {"Sums", std::nullopt};
+    state.reason = "Line 214: a task has two names.";
+    return state;
 }
 
 }  // namespace
@@ -181,6 +197,24 @@ std::vector<Preview> previewsOfUsualTexts() {
          .hasBackups = true,
          .direction = Qt::RightToLeft},
         {.name = "restore-empty", .menuItem = kRestore},
+        {.name = "export-path", .menuItem = kExport},
+        {.name = "export-path-fault-right-to-left",
+         .menuItem = kExport,
+         .typed = "/nowhere/x.json\r",
+         .direction = Qt::RightToLeft},
+        {.name = "export-replace-dark",
+         .menuItem = kExport,
+         .typed = "/etc/hosts\r",
+         .palette = Palette::dark},
+        {.name = "import-path", .menuItem = kImport},
+        {.name = "export-writing", .transfer = transfer(Phase::working)},
+        {.name = "export-written", .transfer = transfer(Phase::done)},
+        {.name = "import-deciding-dark",
+         .transfer = transfer(Phase::deciding),
+         .palette = Palette::dark},
+        {.name = "import-refused-right-to-left",
+         .transfer = transfer(Phase::failed),
+         .direction = Qt::RightToLeft},
         {.name = "shortcuts", .keys = {"F1"}},
         {.name = "shortcuts-smallest", .keys = {"F1"}, .size = {640, 420}},
         {.name = "shortcuts-right-to-left", .keys = {"F1"}, .direction = Qt::RightToLeft},
@@ -246,6 +280,9 @@ std::vector<Preview> previewsOfLargeTexts(const std::vector<Preview>& usual) {
                              "own-length-offers",
                              "restore",
                              "restore-damaged-right-to-left",
+                             "export-replace-dark",
+                             "export-written",
+                             "import-deciding-dark",
                              "shortcuts",
                              "shortcuts-right-to-left",
                              "update-available",

@@ -7,6 +7,7 @@
 #include <string>
 #include <vector>
 
+#include "export/file_transfer_view_model.h"
 #include "services/ports/updater.h"
 
 namespace hearthmark::previews {
@@ -41,7 +42,8 @@ struct Preview {
     // Pressed one after another, and what is typed then.
     QStringList keys{};
     QString typed{};
-    // How far an update is, and the tasks whose finish the desktop did not show.
+    // How far a file and an update are, and the tasks whose finish the desktop did not show.
+    exporting::FileTransferViewState transfer{};
     services::UpdateState update{};
     std::vector<std::string> unseenFinishes{};
     bool hasBackups = false;

@@ -213,7 +213,10 @@ QImage Stage::pictureOfHome(const Preview& preview) {
               .unseenFinishes = unseenFinishes,
               .appearance = appearance,
               .calendar = std::make_shared<base::LocalCalendar>(),
-              .backups = backups},
+              .backups = backups,
+              .files = {.fileChooser = std::make_shared<FakeFileChooser>(),
+                        .backgroundWork = std::make_shared<FakeBackgroundWork>(),
+                        .home = "/home/you"}},
              {.version = "0.1.0",
               .storeFolder = "/home/you/.local/share/Hearthmark",
               .openStoreFolder = [] { return true; }},
@@ -227,6 +230,15 @@ QImage Stage::pictureOfHome(const Preview& preview) {
     }
     show(window, preview);
     updater->state().setValue(preview.update);
+    if (preview.transfer.isPresented) {
+        window.property("home")
+            .value<ui::HomeAdapter*>()
+            ->property("fileTransfer")
+            .value<ui::FileTransferAdapter*>()
+            ->viewModel()
+            .viewState()
+            .setValue(preview.transfer);
+    }
     settle();
     return window.grabWindow();
 }

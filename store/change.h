@@ -25,10 +25,11 @@ struct Change {
         deleteNote,
         editNote,
         moveNote,
+        importTasks,
     };
 
     Kind kind;
-    // Of the task that it was done to, as it was called afterwards.
+    // Of the task that it was done to, as it was called afterwards; absent where it was to many.
     std::optional<std::string> taskName;
     Edit inverse;
 };

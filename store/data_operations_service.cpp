@@ -129,6 +129,17 @@ void DataOperationsService::moveNote(const base::Uuid& noteId, const base::Uuid&
            MoveNote{.noteId = noteId, .taskId = taskId, .newTaskId = newTaskId});
 }
 
+ImportCounts DataOperationsService::importable(const std::vector<TaskRecord>& tasks) const {
+    return planImport(tasks, context()).counts;
+}
+
+void DataOperationsService::importTasks(const std::vector<TaskRecord>& tasks) {
+    if (std::optional<Edit> inverse = applyAndSave(planImport(tasks, context()).edit)) {
+        latestChange_.setValue(std::make_shared<const Change>(
+            Change{Change::Kind::importTasks, std::nullopt, *std::move(inverse)}));
+    }
+}
+
 std::shared_ptr<const Change> DataOperationsService::undo(const Change& change) {
     std::optional<Edit> inverse = applyAndSave(change.inverse);
     return inverse ? std::make_shared<const Change>(

@@ -40,6 +40,8 @@ class DataOperationsService final : public DataOperationsServiceProtocol {
                   const std::string& text) override;
     void moveNote(const base::Uuid& noteId, const base::Uuid& taskId,
                   const base::Uuid& newTaskId) override;
+    ImportCounts importable(const std::vector<TaskRecord>& tasks) const override;
+    void importTasks(const std::vector<TaskRecord>& tasks) override;
     livedata::Published<std::shared_ptr<const Change>>& latestChange() override {
         return latestChange_;
     }
@@ -52,7 +54,9 @@ class DataOperationsService final : public DataOperationsServiceProtocol {
     void pauseRunningIntervals() override;
 
  private:
-    objectstore::ManagedObjectContext& context() { return persistentContainer_->viewContext(); }
+    objectstore::ManagedObjectContext& context() const {
+        return persistentContainer_->viewContext();
+    }
     // Null where there is none.
     Task* task(const base::Uuid& taskId) const;
     Interval* interval(const base::Uuid& intervalId, const base::Uuid& taskId) const;

@@ -3,11 +3,13 @@
 
 #include <memory>
 #include <string>
+#include <vector>
 
 #include "base/date.h"
 #include "base/uuid.h"
 #include "livedata/published.h"
 #include "store/change.h"
+#include "store/import_plan.h"
 #include "store/interval_correction.h"
 #include "store/interval_data.h"
 #include "store/interval_finishing.h"
@@ -63,6 +65,15 @@ class DataOperationsServiceProtocol : public IntervalFinishing {
     // Ignored where one of the tasks is not there.
     virtual void moveNote(const base::Uuid& noteId, const base::Uuid& taskId,
                           const base::Uuid& newTaskId) = 0;
+
+    // What importTasks() would add at this moment. For both, no id stands twice in the records.
+    virtual ImportCounts importable(const std::vector<TaskRecord>& tasks) const = 0;
+
+    // Adds the tasks that are not there, and to those that are the intervals and notes that are
+    // nowhere in the store. Changes nothing that is there; what ran or was paused comes finished,
+    // with the time that its record says. What has no id is passed over: it would come again with
+    // each import.
+    virtual void importTasks(const std::vector<TaskRecord>& tasks) = 0;
 
     // The latest change that can be taken back; told when it is on the disk.
     virtual livedata::Published<std::shared_ptr<const Change>>& latestChange() = 0;

@@ -4,6 +4,8 @@
 #include <type_traits>
 
 #include "objectstore/managed_object_context.h"
+#include "store/bringing_back.h"
+#include "store/edit_many.h"
 #include "store/interval.h"
 #include "store/note.h"
 #include "store/raw_interval_state.h"
@@ -17,16 +19,6 @@ std::shared_ptr<Entity> handle(Entity& entity) {
     return std::static_pointer_cast<Entity>(entity.shared_from_this());
 }
 
-// A clock that was set back tells nothing of how long ago it was.
-bool goesOnRunning(base::Date removedAt, base::Date now) {
-    return removedAt <= now && now <= removedAt + kUndoTime;
-}
-
-void close(Interval& interval, base::Seconds timeSpent) {
-    interval.setDuration(timeSpent);
-    interval.rawState()->close();
-}
-
 class Application {
  public:
     Application(const Tasks& tasks, objectstore::ManagedObjectContext& context,
@@ -34,14 +26,11 @@ class Application {
         : tasks_(tasks), context_(context), clock_(clock) {}
 
     std::optional<Edit> operator()(const AddTask& edit) const {
-        const Task& task = insert(edit.task, context_);
-        if (edit.removedAt && !goesOnRunning(*edit.removedAt, clock_.now())) {
-            for (Interval* interval : task.intervals()) {
-                if (interval->isRunning()) {
-                    close(*interval, interval->totalDuration(*edit.removedAt));
-                }
-            }
+        // It may have come back another way, as by an import.
+        if (taskWithId(tasks_, edit.task.id.value()) != nullptr) {
+            return std::nullopt;
         }
+        bringBack(edit.task, edit.removedAt, context_, clock_.now());
         return RemoveTask{edit.task.id.value()};
     }
 
@@ -209,6 +198,14 @@ class Application {
         const bool isChanged =
             inverse.creationDate || inverse.maxDuration || inverse.time || inverse.newTaskId;
         return isChanged ? std::optional<Edit>(inverse) : std::nullopt;
+    }
+
+    std::optional<Edit> operator()(const AddMany& edit) const {
+        return addMany(edit, tasks_, context_, clock_.now());
+    }
+
+    std::optional<Edit> operator()(const RemoveMany& edit) const {
+        return removeMany(edit, tasks_, context_, clock_.now());
     }
 
  private:

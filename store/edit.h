@@ -4,7 +4,9 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <unordered_set>
 #include <variant>
+#include <vector>
 
 #include "base/clock.h"
 #include "base/date.h"
@@ -102,9 +104,34 @@ struct CorrectInterval {
     std::optional<base::Date> doneDate = std::nullopt;
 };
 
-using Edit = std::variant<AddTask, RemoveTask, Add<IntervalRecord>, Remove<Interval>,
-                          Add<NoteRecord>, Remove<Note>, Take<Interval>, ReturnInterval, Take<Note>,
-                          ReturnNote, RenameTask, MarkDone, EditNote, MoveNote, CorrectInterval>;
+// Many rows at once: whole tasks, and intervals and notes for tasks that are there.
+struct AddMany {
+    std::vector<TaskRecord> tasks;
+    // What such a task is to get; its other fields do not count.
+    std::vector<TaskRecord> additions;
+    // When it was removed; absent where it is new.
+    std::optional<base::Date> removedAt;
+    // Whether more was removed than had been added.
+    bool hasGrown = false;
+};
+// What is not there any more is passed over.
+struct RemoveMany {
+    struct Rows {
+        base::Uuid taskId;
+        std::unordered_set<base::Uuid> intervalIds;
+        std::unordered_set<base::Uuid> noteIds;
+    };
+
+    // Together with all their intervals and notes; those named are what is known of.
+    std::vector<Rows> tasks;
+    // Out of these only what is named.
+    std::vector<Rows> additions;
+};
+
+using Edit =
+    std::variant<AddTask, RemoveTask, Add<IntervalRecord>, Remove<Interval>, Add<NoteRecord>,
+                 Remove<Note>, Take<Interval>, ReturnInterval, Take<Note>, ReturnNote, RenameTask,
+                 MarkDone, EditNote, MoveNote, CorrectInterval, AddMany, RemoveMany>;
 
 // Changes the objects; the caller saves. Returns what takes it back; absent where an id matches
 // nothing or all is so already, and then nothing is touched. Throws StoreError, since an interval

@@ -94,6 +94,17 @@ void StoreBackups::keepBeforeUpgrade() const {
                            hearthmarkModel());
 }
 
+std::optional<StoreNotice> StoreBackups::keepBeforeImport() const {
+    try {
+        if (objectstore::countRows(store_, Task::entity()) > 0) {
+            objectstore::copyStore(store_, newTimedPath(), hearthmarkModel());
+        }
+        return std::nullopt;
+    } catch (const objectstore::StoreError& error) {
+        return failure("Nothing was imported, since the data could not be backed up", error);
+    }
+}
+
 std::vector<StoreBackup> StoreBackups::newestFirst() const {
     std::vector<StoreBackup> backups;
     std::error_code error;

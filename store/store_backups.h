@@ -54,6 +54,10 @@ class StoreBackups {
     // kept today. Throws StoreError; nothing is to be changed then.
     void keepBeforeUpgrade() const;
 
+    // Keeps the store as it is before an import, if there is a task in it, whatever was kept today.
+    // What fails is returned for the person to see; nothing is to be imported then.
+    std::optional<StoreNotice> keepBeforeImport() const;
+
     // Newest first; after them those of days that are still to come, which a wrong clock made.
     // Throws StoreError where they cannot be listed.
     std::vector<StoreBackup> all() const;

@@ -21,7 +21,10 @@ void keep(const UndoHistory::Step& step, Steps& steps) {
     steps.push_back(step);
 }
 
-bool bringsBackMoreThanATask(const Change& change) {
+bool bringsBackMore(const Change& change) {
+    if (const auto* many = std::get_if<AddMany>(&change.inverse)) {
+        return many->hasGrown;
+    }
     const auto* added = std::get_if<AddTask>(&change.inverse);
     return added != nullptr && !(added->task.intervals.empty() && added->task.notes.empty());
 }
@@ -74,7 +77,7 @@ void UndoHistory::apply(const Step& step, std::vector<Step>& opposite) {
     if (inverse) {
         keep(inverse, opposite);
     }
-    const bool hasTaken = inverse && bringsBackMoreThanATask(*inverse);
+    const bool hasTaken = inverse && bringsBackMore(*inverse);
     if (hasTaken) {
         keep(inverse, takenAway_);
     }

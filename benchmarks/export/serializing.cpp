@@ -3,7 +3,6 @@
 #include "export/csv_task_share_serializer.h"
 #include "export/json_share_serializer.h"
 
-#include <cstdio>
 #include <fstream>
 
 namespace hearthmark::benchmarks {
@@ -28,16 +27,7 @@ void dumpByPython(benchmark::State& state) {
     const std::string file = directory / "task.json";
     const OpenedStore opened(directory);
     std::ofstream(file) << exporting::JSONShareSerializer().serialize(newestTask(opened));
-    const auto command = HEARTHMARK_JSON_DUMPS " " + file + " " + std::to_string(Indentation);
-    for (auto _ : state) {
-        std::FILE* output = ::popen(command.c_str(), "r");
-        double seconds = 0;
-        if (std::fscanf(output, "%lf", &seconds) != 1) {
-            state.SkipWithError("Python did not answer.");
-        }
-        ::pclose(output);
-        state.SetIterationTime(seconds);
-    }
+    benchmarks::dumpByPython(state, file, Indentation);
 }
 
 void medians(benchmark::internal::Benchmark* benchmark) {

@@ -120,7 +120,8 @@ void measure(std::int64_t intervals, const std::string& name) {
               .unseenFinishes = std::make_shared<services::UnseenFinishes>(),
               .appearance = std::make_shared<services::AppearancePreference>(),
               .calendar = std::make_shared<base::LocalCalendar>(),
-              .backups = nullptr},
+              .backups = nullptr,
+              .files = {}},
              {},
              {.windowShouldClose = [] { return true; }, .quit = [] {}, .restartRestored = [] {}}})
             .makeHomeView();

@@ -44,6 +44,7 @@ class RandomUse(ProgramTest):
             file.write("#!/bin/sh\n")
         os.environ["PATH"] = f"{self.program.data}:{os.environ['PATH']}"
         os.environ["XDG_CONFIG_HOME"] = self.program.data
+        os.environ["HOME"] = self.program.data  # where files are exported to
 
     # Acts: each says what it does, and then does it.
 

@@ -50,11 +50,14 @@ T.Menu {
 
     delegate: ContextMenuItem {}
 
-    contentItem: ListView {
+    contentItem: ListView { // what is higher than the window scrolls
         implicitHeight: contentHeight
         model: root.contentModel
         currentIndex: root.currentIndex
-        interactive: false
+        interactive: contentHeight > height
+        boundsBehavior: Flickable.StopAtBounds
+        clip: interactive
+        onCurrentIndexChanged: positionViewAtIndex(currentIndex, ListView.Contain)
         Keys.onPressed: event => root.pressKey(event)
     }
 

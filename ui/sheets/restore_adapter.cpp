@@ -14,10 +14,6 @@ QString countText(std::int64_t count, const QString& one, const QString& several
     return count == 1 ? one : several.arg(count);
 }
 
-QString notesText(std::int64_t count) {
-    return countText(count, RestoreAdapter::tr("1 note"), RestoreAdapter::tr("%1 notes"));
-}
-
 // Of one kind of change; empty where there is none.
 QString lineOf(const QString& line, const store::RestoreChanges& changes,
                std::int64_t objectstore::RowDifference::*count) {
@@ -41,6 +37,10 @@ QString tasksText(std::int64_t count) {
 
 QString intervalsText(std::int64_t count) {
     return countText(count, RestoreAdapter::tr("1 interval"), RestoreAdapter::tr("%1 intervals"));
+}
+
+QString notesText(std::int64_t count) {
+    return countText(count, RestoreAdapter::tr("1 note"), RestoreAdapter::tr("%1 notes"));
 }
 
 RestoreAdapter::RestoreAdapter(std::shared_ptr<presentation::RestoreBackupViewModel> viewModel)

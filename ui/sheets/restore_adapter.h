@@ -16,6 +16,7 @@ namespace hearthmark::ui {
 // "1 task", "12 tasks", and so on.
 QString tasksText(std::int64_t count);
 QString intervalsText(std::int64_t count);
+QString notesText(std::int64_t count);
 
 // Hands the restore sheet's state to RestoreSheet.qml. Owns its view model.
 class RestoreAdapter final : public hearthmark::ui::StateAdapter {

@@ -51,9 +51,22 @@ Item {
         }
 
         ContextMenuItem {
+            text: qsTr("Export Everything…")
+            onTriggered: root.home.fileTransfer.exportEverything()
+        }
+
+        ContextMenuItem {
+            text: qsTr("Import…")
+            onTriggered: root.home.fileTransfer.importEverything()
+        }
+
+        ContextMenuItem {
             text: qsTr("Search")
             shortcutText: Shortcuts.search[0]
             onTriggered: root.home.searchRequested()
+        }
+
+        ContextMenuItem {
             text: qsTr("History")
             shortcutText: Shortcuts.history[0]
             onTriggered: root.home.openHistory()
@@ -111,6 +124,10 @@ Item {
         id: restore
 
         adapter: root.home.restore
+    }
+
+    FileTransferSheet {
+        transfer: root.home.fileTransfer
     }
 
     ShortcutsSheet {

@@ -183,6 +183,6 @@ FocusScope {
         given: ({
                 home: root.home
             })
-        wanted: root.home.isAddSheetDisplayed || root.home.updates.presented
+        wanted: root.home.isAddSheetDisplayed || root.home.updates.presented || root.home.fileTransfer.presented
     }
 }

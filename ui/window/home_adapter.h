@@ -19,6 +19,7 @@
 #include "ui/list/task_list_adapter.h"
 #include "ui/sheets/about_adapter.h"
 #include "ui/sheets/add_task_adapter.h"
+#include "ui/sheets/file_transfer_adapter.h"
 #include "ui/sheets/restore_adapter.h"
 #include "ui/sheets/update_adapter.h"
 #include "ui/window/appearance_adapter.h"
@@ -46,6 +47,7 @@ struct HomeParts {
 
     Owned<AboutAdapter> about;
     Owned<AppearanceAdapter> appearance;
+    Owned<FileTransferAdapter> fileTransfer;
     Owned<FocusAnnouncementAdapter> focusAnnouncement;
     Owned<RestoreAdapter> restore;
     Owned<StartAtLoginAdapter> startAtLogin;
@@ -78,6 +80,7 @@ class HomeAdapter final : public QObject, private HomeParts {
     Q_PROPERTY(
         hearthmark::ui::UnseenFinishesAdapter* unseenFinishes MEMBER unseenFinishes CONSTANT FINAL)
     Q_PROPERTY(hearthmark::ui::AppearanceAdapter* appearance MEMBER appearance CONSTANT FINAL)
+    Q_PROPERTY(hearthmark::ui::FileTransferAdapter* fileTransfer MEMBER fileTransfer CONSTANT FINAL)
     Q_PROPERTY(hearthmark::ui::FocusAnnouncementAdapter* focusAnnouncement MEMBER focusAnnouncement
                    CONSTANT FINAL)
     Q_PROPERTY(hearthmark::ui::RestoreAdapter* restore MEMBER restore CONSTANT FINAL)
