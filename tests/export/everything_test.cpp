@@ -77,6 +77,7 @@ TEST(EverythingDocument, NamesWhatCannotBeEncodedAndLeavesTheRestWhole) {
     EXPECT_EQ(read.tasks[0].doneDate, tests::at(7.5));
 }
 
+// NOLINTBEGIN(modernize-raw-string-literal): the lines count
 TEST(EverythingReader, RefusesEveryFaultWithItsLine) {
     const std::string task = std::string("\n{\"id\":\"") + kId + "\",\n\"intervals\":[";
     const std::string interval = task + R"({"duration":1,"maxDuration":0)";
@@ -133,6 +134,7 @@ TEST(EverythingReader, RefusesEveryFaultWithItsLine) {
         EXPECT_EQ(readEverything(std::string_view(document)).reason, fault) << document;
     }
 }
+// NOLINTEND(modernize-raw-string-literal)
 
 TEST(EverythingReader, LooksAtAFileBeforeItReadsIt) {
     const tests::TemporaryDirectory directory;
@@ -209,7 +211,8 @@ TEST_F(FileExportTest, WritesAllOrLeavesWhatWasThereWithoutLitter) {
         Bytes bytes(kSize);
         const FileExport result =
             writeFile(path / target, bytes,
-                      {.tellProgress = {}, .isCancelled = [&] { return asked++ == cancelAfter; }});
+                      {.tellProgress = {},
+                       .isCancelled = [&asked, after = cancelAfter] { return asked++ == after; }});
         ::setrlimit(RLIMIT_FSIZE, &usual);
         const std::string found =
             result.outcome == FileExport::Outcome::cancelled ? "cancelled" : result.reason;
@@ -237,18 +240,21 @@ TEST(Import, AddsWhatIsMissingOnceAndIsTakenBackAtOnce) {
         const EverythingRead read = readEverything(std::string_view(document));
         ASSERT_EQ(read.outcome, EverythingRead::Outcome::read) << read.reason;
 
-        // A copy in which a random part is missing; what is there has another name.
+        // A copy in which a random part is missing.
         tests::TestStore copy;
         copy.close();
         store.close();
         std::filesystem::copy_file(store.file, copy.file,
                                    std::filesystem::copy_options::overwrite_existing);
         const std::string chance = " pk * 7919 % 5 < " + std::to_string(seed % 5);
-        const std::string rest =
-            "DELETE FROM Interval WHERE task NOT IN (SELECT pk FROM Task) OR" + chance +
-            "; DELETE FROM Note WHERE task NOT IN (SELECT pk FROM Task) OR" + chance +
-            "; DELETE FROM RawIntervalState WHERE interval NOT IN (SELECT pk FROM Interval)";
-        copy.reopen("DELETE FROM Task WHERE" + chance + ';' + rest);
+        std::string statements = "DELETE FROM Task WHERE" + chance;
+        for (const std::string table : {"Interval", "Note"}) {
+            statements.append("; DELETE FROM ").append(table);
+            statements.append(" WHERE task NOT IN (SELECT pk FROM Task) OR").append(chance);
+        }
+        copy.reopen(statements +
+                    "; DELETE FROM RawIntervalState"
+                    " WHERE interval NOT IN (SELECT pk FROM Interval)");
         const std::string before = rowsOf(copy, false);
         store::UndoHistory history(copy.service);
 
