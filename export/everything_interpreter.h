@@ -70,7 +70,7 @@ class EverythingInterpreter {
 
     // What was begun and not ended yet.
     struct Frame {
-        Place place;
+        Place place = Place::document;
         // Of an object: a bit for each member, and the one whose value comes.
         std::uint32_t seen = 0;
         const Member* member = nullptr;

@@ -25,7 +25,7 @@ namespace {
 using objectstore::StoreError;
 using Outcome = EverythingRead::Outcome;
 
-constexpr std::size_t kBlock = 64 * 1024;
+constexpr std::size_t kBlock = 65536;
 constexpr auto kTooLarge = "The file is larger than 512 MiB. That is more than can be imported.";
 
 EverythingRead refusal(std::string reason) {

@@ -21,7 +21,7 @@ namespace {
 using objectstore::FileDescriptor;
 using objectstore::StoreError;
 
-constexpr std::size_t kBlock = 256 * 1024;
+constexpr std::size_t kBlock = 262'144;
 constexpr mode_t kNewFileMode = 0666;
 constexpr mode_t kModeBits = 07777;
 // As many as the kernel follows.

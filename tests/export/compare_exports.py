@@ -128,6 +128,7 @@ with tempfile.TemporaryDirectory() as root:
     for _ in range(2):  # the second adds nothing
         subprocess.run([sys.argv[1], other, other, document], check=True)
         imported = sqlite3.connect(Path(other, "Hearthmark.sqlite"))
+        assert not imported.execute("SELECT * FROM RawIntervalState WHERE state IN (0, 1)").fetchall()
         for query in interval_files.IMPORTED:
             expected = database.execute(query).fetchall()
             assert imported.execute(query).fetchall() == expected and len(expected) > 800, query
