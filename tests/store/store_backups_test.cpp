@@ -18,6 +18,7 @@
 #include "objectstore/store_error.h"
 #include "store/hearthmark_model.h"
 #include "store/persistent_container_factory.h"
+#include "store/task_import.h"
 #include "support/fault_vfs.h"
 #include "support/test_store.h"
 
@@ -106,6 +107,28 @@ bool isKept(const BackedUpStore& store, const std::string& bytes) {
     return std::ranges::any_of(files, [&](const auto& entry) {
         return entry.is_regular_file() && bytesOf(entry.path()) == bytes;
     });
+}
+
+TEST(TaskImport, BacksUpWhatIsThereAndAddsNothingWhereItCannot) {
+    BackedUpStore store;
+    const TaskImport import(store.service, store.backups);
+    const auto tasks = [](int count) {
+        std::vector<TaskRecord> records(static_cast<std::size_t>(count));
+        for (TaskRecord& record : records) {
+            record.id = base::Uuid::random();
+        }
+        return records;
+    };
+    const auto first = tasks(2);
+    EXPECT_FALSE(import.import(first) || import.import(first));
+    EXPECT_EQ(store.names(), "");  // nothing was there, and then nothing was added
+    EXPECT_FALSE(import.import(tasks(1)));
+    ASSERT_EQ(store.backups->all().size(), 1U);
+    EXPECT_EQ(StoreBackups::counts(store.backups->all()[0]).tasks, 2);
+    std::filesystem::remove_all(store.directory.path / "Backups");
+    std::ofstream(store.directory.path / "Backups") << "no folder";
+    EXPECT_TRUE(import.import(tasks(1)));
+    EXPECT_EQ(store.sql("SELECT count(*) FROM Task"), "3");
 }
 
 }  // namespace
