@@ -30,8 +30,8 @@ class UndoHistory {
 
     livedata::Published<State>& state() { return state_; }
 
-    // The latest that an undo or a redo took away with more than was known to go: a focus is
-    // started without a step of its own, so a task may have intervals when its addition is undone.
+    // The latest task that an undo or a redo took away together with intervals or notes: a focus is
+    // started without a step of its own, so a task may have some when its addition is undone.
     livedata::Published<Step>& latestTakenAway() { return latestTakenAway_; }
 
     // Whether it can still be undone.

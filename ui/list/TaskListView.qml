@@ -23,6 +23,10 @@ FocusScope {
             list.showTask(root.adapter.rows.stopNearest(row));
     }
 
+    function reachedStop(): int {
+        return root.adapter.rows.stopNearest(Math.max(0, root.adapter.reachedRow()));
+    }
+
     // With the key that was pressed in the list, if any.
     function openSearch(typed: string) {
         root.reachCurrent();
@@ -35,14 +39,14 @@ FocusScope {
         root.adapter.closeSearch();
         (search.item as SearchField).empty();
         list.forceLayout();
-        list.showTask(root.adapter.rows.stopNearest(Math.max(0, root.adapter.reachedRow())));
+        list.showTask(root.reachedStop());
         list.takeFocus();
     }
 
     // From the top, where its first row would else be out of sight.
     function showMatches() {
         const match = root.adapter.rows.firstMatch();
-        const row = match < 0 ? root.adapter.rows.stopNearest(Math.max(0, root.adapter.reachedRow())) : match;
+        const row = match < 0 ? root.reachedStop() : match;
         list.positionViewAtBeginning();
         if (row >= 0)
             list.showRow(row);

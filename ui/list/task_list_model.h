@@ -38,8 +38,10 @@ class TaskListModel : public HEARTHMARK_ROW_LIST_MODEL(TaskListRow) {
     // The first task that matches a search, or -1.
     Q_INVOKABLE int firstMatch() const;
 
-    // -1 where no task is selected, and where the task is not shown.
+    // Of the selected task, or of the heading that it is folded under; -1 where none is selected,
+    // or a search hides it.
     int selectedRow() const;
+    // -1 where it is not shown.
     int rowOf(const base::Uuid& taskId) const;
     bool isRunning(int row) const;
 
