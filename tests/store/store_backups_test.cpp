@@ -34,6 +34,7 @@ constexpr auto kBackup = "Backups/Hearthmark-2001-01-02.sqlite";
 // The days since the reference date, whatever the time zone.
 struct UtcCalendar final : base::Calendar {
     std::vector<base::Date> dayStarts(base::Date, int) const override { return {}; }
+    std::optional<base::Date> dayStart(std::chrono::year_month_day) const override { return {}; }
     std::vector<base::Date> moments(const base::LocalTime&) const override { return {}; }
     std::optional<base::LocalTime> localTime(base::Date date) const override {
         const auto seconds =
