@@ -60,19 +60,23 @@ void rethrowAsStoreError(std::string_view statement, Cause unsuited) {
 }
 
 std::string uriForReading(const std::filesystem::path& file) {
+    return uri(file, modeFor(file));
+}
+
+std::string uri(const std::filesystem::path& file, std::string_view parameters) {
     static constexpr std::string_view kHexDigits = "0123456789ABCDEF";
     // An authority that is empty: else a path that begins with two slashes would name one.
-    std::string uri = file.is_absolute() ? "file://" : "file:";
+    std::string name = file.is_absolute() ? "file://" : "file:";
     for (const char c : file.string()) {
         if (c == '%' || c == '?' || c == '#') {
-            uri += '%';
-            uri += kHexDigits[static_cast<unsigned char>(c) >> 4U];
-            uri += kHexDigits[static_cast<unsigned char>(c) & 0xFU];
+            name += '%';
+            name += kHexDigits[static_cast<unsigned char>(c) >> 4U];
+            name += kHexDigits[static_cast<unsigned char>(c) & 0xFU];
         } else {
-            uri += c;
+            name += c;
         }
     }
-    return uri.append(modeFor(file));
+    return name.append(parameters);
 }
 
 bool hasColumn(SQLite::Database& database, const std::string& schema, const std::string& table,

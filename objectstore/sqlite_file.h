@@ -43,6 +43,8 @@ auto translatingErrors(std::string_view statement, const Work& work,
 // belong to the content. What a rollback journal undoes does not: then SQLite has to be let write,
 // or a good file reads as a damaged one.
 std::string uriForReading(const std::filesystem::path& file);
+// Any other such name, by parameters of SQLite's: "?mode=ro".
+std::string uri(const std::filesystem::path& file, std::string_view parameters);
 SQLite::Database openForReading(const std::filesystem::path& file);
 
 // Whether a table has a column. `schema` is "main", or the name that another file was attached by.

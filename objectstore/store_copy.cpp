@@ -129,6 +129,11 @@ void checkIntegrity(const std::filesystem::path& file) {
 
 std::int32_t checkMarks(const std::filesystem::path& file, const Model& model) {
     SQLite::Database database = openForReading(file);
+    return checkMarks(database, file, model);
+}
+
+std::int32_t checkMarks(SQLite::Database& database, const std::filesystem::path& file,
+                        const Model& model) {
     const auto number = [&database](const std::string& name) {
         const std::string statement = "PRAGMA " + name;
         return translatingErrors(statement,

@@ -6,6 +6,11 @@
 
 #include "objectstore/model.h"
 
+// NOLINTNEXTLINE(readability-identifier-naming): the library's
+namespace SQLite {
+class Database;
+}
+
 namespace hearthmark::objectstore {
 
 class EntityDescription;
@@ -32,6 +37,8 @@ std::int32_t checkStore(const std::filesystem::path& file, const Model& model);
 
 // Its two halves: the quick look at what the file says that it is, and the one at every page.
 std::int32_t checkMarks(const std::filesystem::path& file, const Model& model);
+std::int32_t checkMarks(SQLite::Database& database, const std::filesystem::path& file,
+                        const Model& model);
 void checkIntegrity(const std::filesystem::path& file);
 
 std::int64_t countRows(const std::filesystem::path& file, const EntityDescription& entity);

@@ -117,6 +117,10 @@ bool hasWriteAheadLog(const std::filesystem::path& file) {
     return statusOf(journalOf(file, "-wal")).has_value();
 }
 
+bool hasLogIndex(const std::filesystem::path& file) {
+    return statusOf(journalOf(file, "-shm")).has_value();
+}
+
 bool hasRollbackJournal(const std::filesystem::path& file) {
     const auto status = statusOf(journalOf(file, "-journal"));
     return status && status->st_size > 0;

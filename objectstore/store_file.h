@@ -48,6 +48,9 @@ void removeJournals(const std::filesystem::path& file);
 // Whether a write-ahead log lies beside the file, as after a crash or while others read it.
 bool hasWriteAheadLog(const std::filesystem::path& file);
 
+// Whether that log has its index, as while others have the file open.
+bool hasLogIndex(const std::filesystem::path& file);
+
 // Whether a journal lies beside the file by which a write of another program is to be undone that
 // was interrupted.
 bool hasRollbackJournal(const std::filesystem::path& file);

@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "store/interval.h"
 
-#include <cmath>
-
 #include "objectstore/entity_description.h"
 #include "store/raw_interval_state.h"
 #include "store/task.h"
@@ -79,16 +77,7 @@ void Interval::willChange() {
 }
 
 base::Seconds Interval::totalDuration(base::Date at) const {
-    const std::optional<IntervalState> state = intervalState();
-    const IntervalState::Running* running = state ? state->asRunning() : nullptr;
-    if (running == nullptr) {
-        return duration_;
-    }
-    const base::Seconds elapsed = at - running->started;
-    // Written so that what is not a number counts as nothing too, and so that none comes out: a
-    // damaged file may hold endless times, and the store cannot hold their difference.
-    const base::Seconds total = elapsed > base::Seconds(0) ? duration_ + elapsed : duration_;
-    return std::isnan(total.count()) ? duration_ : total;
+    return store::totalDuration(duration_, intervalState(), at);
 }
 
 }  // namespace hearthmark::store

@@ -59,6 +59,15 @@ class IntervalState {
 // The codes of the states in the store and in exports. Any other code is no state.
 enum class StateCode : std::int16_t { paused = 0, running = 1, finished = 2 };
 
+// What they mean. Absent where the code is unknown, or says running without a start.
+std::optional<IntervalState> intervalState(std::int16_t code, std::optional<base::Date> started,
+                                           std::optional<base::Date> visited);
+
+// Time spent up to a moment: the duration, and while it runs the stretch since its start, which is
+// never less than nothing.
+base::Seconds totalDuration(base::Seconds duration, const std::optional<IntervalState>& state,
+                            base::Date at);
+
 }  // namespace hearthmark::store
 
 template <>

@@ -154,4 +154,8 @@ std::filesystem::path storeDirectory() {
     return data / kContainerName;
 }
 
+std::filesystem::path storeFile(const std::filesystem::path& directory) {
+    return directory / (std::string(kContainerName) + ".sqlite");
+}
+
 }  // namespace hearthmark::store

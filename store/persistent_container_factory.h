@@ -56,4 +56,7 @@ std::string loadFailure(const objectstore::StoreError& error,
 // the XDG base directory standard, version 0.8.
 std::filesystem::path storeDirectory();
 
+// The store in such a directory.
+std::filesystem::path storeFile(const std::filesystem::path& directory);
+
 }  // namespace hearthmark::store

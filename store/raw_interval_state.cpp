@@ -60,16 +60,7 @@ void RawIntervalState::close() {
 }
 
 std::optional<IntervalState> RawIntervalState::intervalState() const {
-    switch (static_cast<StateCode>(state_)) {
-        case StateCode::running:
-            return isRunning() ? std::optional(IntervalState::running(*started(), visited()))
-                               : std::nullopt;
-        case StateCode::paused:
-            return IntervalState::paused();
-        case StateCode::finished:
-            return IntervalState::finished();
-    }
-    return std::nullopt;
+    return store::intervalState(state_, started(), visited());
 }
 
 }  // namespace hearthmark::store

@@ -1,0 +1,125 @@
+// SPDX-License-Identifier: MIT
+#include "ctl/status_text.h"
+
+#include <algorithm>
+#include <cmath>
+#include <nlohmann/json.hpp>
+
+#include "base/text.h"
+#include "export/field_texts.h"
+#include "presentation/texts.h"
+#include "store/time_texts.h"
+
+namespace hearthmark::ctl {
+
+namespace {
+
+using Json = nlohmann::ordered_json;
+
+constexpr auto kNothingRuns = "Nothing runs.";
+constexpr auto kInterrupted = "Interrupted: ";
+constexpr double kPercent = 100;
+
+// 12:05/30:00, and without a limit 12:05.
+std::string times(const FocusStatus& focus, base::Seconds spent) {
+    std::string text = presentation::orDash(store::formattedDuration(spent));
+    if (focus.length > base::Seconds(0)) {
+        text += '/' + presentation::orDash(store::formattedDuration(focus.length));
+    }
+    return text;
+}
+
+std::string nameOf(const FocusStatus& focus) {
+    return focus.taskName.empty() ? "-" : onOneLine(focus.taskName);
+}
+
+std::string plain(const FocusStatus& focus, base::Seconds spent) {
+    return (focus.isInterrupted ? kInterrupted : "") + times(focus, spent) + ' ' + nameOf(focus);
+}
+
+std::string_view stateOf(const FocusStatus& focus) {
+    return focus.isInterrupted ? "interrupted" : "running";
+}
+
+Json json(const FocusStatus& focus, base::Seconds spent) {
+    std::string start;
+    exporting::appendDateTime(start, focus.start);
+    Json made{{"state", stateOf(focus)},
+              {"taskId", focus.taskId},
+              {"taskName", base::withValidUtf8(focus.taskName)},
+              {"intervalId", focus.intervalId},
+              {"start", start},
+              {"spent", std::floor(spent.count())},
+              {"length", focus.length.count()}};
+    if (focus.length > base::Seconds(0)) {
+        made["rest"] = (focus.length - base::Seconds(std::floor(spent.count()))).count();
+    }
+    return made;
+}
+
+// The bar takes its texts for markup.
+std::string escaped(const std::string& text) {
+    std::string made;
+    for (const char c : text) {
+        switch (c) {
+            case '&':
+                made += "&amp;";
+                break;
+            case '<':
+                made += "&lt;";
+                break;
+            case '>':
+                made += "&gt;";
+                break;
+            default:
+                made += c;
+        }
+    }
+    return made;
+}
+
+Json waybar(const FocusStatus& focus, base::Seconds spent) {
+    const double share = spent / focus.length;
+    return {{"text", escaped(times(focus, spent))},
+            {"tooltip", escaped((focus.isInterrupted ? kInterrupted : "") + nameOf(focus))},
+            {"class", stateOf(focus)},
+            {"percentage",
+             std::isfinite(share) ? std::lround(std::clamp(share, 0.0, 1.0) * kPercent) : 0}};
+}
+
+}  // namespace
+
+std::string statusLine(const std::optional<FocusStatus>& focus, base::Date now, StatusForm form) {
+    const base::Seconds spent = focus ? timeSpent(*focus, now) : base::Seconds(0);
+    switch (form) {
+        case StatusForm::plain:
+            return (focus ? plain(*focus, spent) : kNothingRuns) + '\n';
+        case StatusForm::json:
+            return (focus ? json(*focus, spent) : Json{{"state", "idle"}}).dump() + '\n';
+        case StatusForm::waybar:
+            break;
+    }
+    const Json idle{{"text", ""}, {"tooltip", kNothingRuns}, {"class", "idle"}, {"percentage", 0}};
+    return (focus ? waybar(*focus, spent) : idle).dump() + '\n';
+}
+
+std::string onOneLine(const std::string& text) {
+    // Of the second set of control characters, the separators of lines and paragraphs.
+    constexpr std::string_view kSeparators[]{"\u0085", "\u2028", "\u2029"};
+    std::string line = base::withValidUtf8(text);
+    for (const std::string_view separator : kSeparators) {
+        for (std::size_t at = 0; (at = line.find(separator, at)) != std::string::npos;) {
+            line.replace(at, separator.size(), " ");
+        }
+    }
+    std::ranges::replace_if(
+        line,
+        [](char c) {
+            constexpr char kDelete = 0x7f;
+            return (c >= 0 && c < ' ') || c == kDelete;
+        },
+        ' ');
+    return line;
+}
+
+}  // namespace hearthmark::ctl
