@@ -78,7 +78,7 @@ TEST(StatusLine, SaysTheSameInEachForm) {
         EXPECT_EQ(line(StatusForm::json), row.json);
         EXPECT_EQ(line(StatusForm::waybar), row.waybar);
     }
-    EXPECT_EQ(onOneLine("a\u2028b\u0085c\td"), "a b c d");
+    EXPECT_EQ(onOneLine("a\u2028b\u0085c\td\u009B\u00A0ä\u202Ae"), "a b c d \u00A0ä\u202Ae");
 }
 
 TEST(TaskChoice, FindsTheOneThatIsMeant) {
