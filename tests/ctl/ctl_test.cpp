@@ -28,9 +28,9 @@ using tests::at;
 TEST(StatusLine, SaysTheSameInEachForm) {
     struct Row {
         std::optional<FocusStatus> focus;
-        const char* plain;
-        const char* json;
-        const char* waybar;
+        const char* plain = nullptr;
+        const char* json = nullptr;
+        const char* waybar = nullptr;
     };
     const FocusStatus running{.taskId = "T",
                               .taskName = "Write\n\"<a & b>\"\x7f\xff",
