@@ -34,6 +34,23 @@ void appendHours(std::vector<base::Date>& starts, base::Date from, base::Date to
     }
 }
 
+// Of its days or months, and of what comes after them.
+std::vector<base::Date> startsOf(year_month_day first, year_month_day end, bool isByMonth,
+                                 const base::Calendar& calendar) {
+    std::vector<base::Date> starts;
+    for (year_month_day day = first;;) {
+        const auto start = calendar.dayStart(day);
+        if (!start) {
+            return {};
+        }
+        starts.push_back(*start);
+        if (day >= end) {
+            return starts;
+        }
+        day = isByMonth ? day + months(1) : year_month_day(sys_days(day) + days(1));
+    }
+}
+
 }  // namespace
 
 HistoryRange rangeAround(HistoryUnit unit, year_month_day day, weekday firstDayOfWeek) {
@@ -72,24 +89,24 @@ HistoryRange shifted(const HistoryRange& range, int count) {
     return {.unit = range.unit, .first = first};
 }
 
+HistoryRange partOf(const HistoryRange& range, std::size_t part) {
+    HistoryRange narrowed{.unit = HistoryUnit::day, .first = range.first};
+    if (range.unit == HistoryUnit::year) {
+        narrowed = {.unit = HistoryUnit::month, .first = range.first + months(part)};
+    } else if (range.unit != HistoryUnit::day) {
+        narrowed.first = sys_days(range.first) + days(part);
+    }
+    return narrowed;
+}
+
+std::vector<base::Date> dayStarts(const HistoryRange& range, const base::Calendar& calendar) {
+    return startsOf(range.first, shifted(range, 1).first, false, calendar);
+}
+
 std::vector<base::Date> partStarts(const HistoryRange& range, const base::Calendar& calendar) {
-    const year_month_day end = shifted(range, 1).first;
-    std::vector<year_month_day> firsts;
-    for (year_month_day day = range.first; day < end;) {
-        firsts.push_back(day);
-        day = range.unit == HistoryUnit::year ? day + months(1)
-                                              : year_month_day(sys_days(day) + days(1));
-    }
-    firsts.push_back(end);
-    std::vector<base::Date> starts;
-    for (const year_month_day& first : firsts) {
-        const auto start = calendar.dayStart(first);
-        if (!start) {
-            return {};
-        }
-        starts.push_back(*start);
-    }
-    if (range.unit == HistoryUnit::day) {
+    std::vector<base::Date> starts =
+        startsOf(range.first, shifted(range, 1).first, range.unit == HistoryUnit::year, calendar);
+    if (range.unit == HistoryUnit::day && !starts.empty()) {
         std::vector<base::Date> hours;
         appendHours(hours, starts.front(), starts.back(), calendar);
         hours.push_back(starts.back());

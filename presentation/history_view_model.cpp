@@ -49,9 +49,7 @@ void HistoryViewModel::setUnit(HistoryUnit unit) {
     }
     auto day = parts_.choice->day;
     if (chosen_) {
-        if (const auto start = parts_.calendar->localTime(starts_[*chosen_])) {
-            day = start->day;
-        }
+        day = partOf(range_, *chosen_).first;
     }
     parts_.choice->unit = unit;
     show(day);
@@ -136,6 +134,7 @@ void HistoryViewModel::follow(const store::Tasks& tasks) {
 void HistoryViewModel::sumAnew() {
     const HistorySums settled = settledSums(tasks_, starts_, chosen_);
     settledParts_ = settled.parts;
+    weekdayMeans_.sumAnew(tasks_, chosen_ ? partOf(range_, *chosen_) : range_, *parts_.calendar);
     entries_.clear();
     for (const auto& time : settled.tasks) {
         entries_.push_back({.settled = time});
@@ -215,7 +214,8 @@ void HistoryViewModel::rebuild() {
     if (!isSummed_) {
         sumAnew();
     }
-    const HistorySums running = runningSums(running_, starts_, chosen_, parts_.clock->now());
+    const base::Date now = parts_.clock->now();
+    const HistorySums running = runningSums(running_, starts_, chosen_, now);
     std::vector<base::Seconds> spent = settledParts_;
     std::ranges::transform(spent, running.parts, spent.begin(), std::plus());
     const base::Seconds total =
@@ -228,11 +228,16 @@ void HistoryViewModel::rebuild() {
         .range = range_,
         .canGoForward = today_ && !holdsToday,
         .holdsToday = holdsToday && range_.first <= *today_,
-        .current = partAt(starts_, parts_.clock->now()),
+        .current = partAt(starts_, now),
         .chosen = chosen_,
         .total = starts_.empty() ? orDash({}) : orDash(store::formattedDuration(total)),
         .sortedBy = choice.sortedBy,
         .isAscending = choice.isAscending};
+    if (!starts_.empty()) {
+        view.span = chosen_ ? HistoryViewState::Span{starts_[*chosen_], starts_[*chosen_ + 1]}
+                            : HistoryViewState::Span{starts_.front(), starts_.back()};
+        view.weekdayMeans = weekdayMeans_.means(running_, now, parts_.firstDayOfWeek);
+    }
     const std::vector<TimeBar> bars = timeBars(spent);
     for (std::size_t part = 0; part < bars.size(); ++part) {
         if (const auto start = parts_.calendar->localTime(starts_[part])) {

@@ -14,6 +14,7 @@
 #include "presentation/history_view_state.h"
 #include "presentation/live_tasks.h"
 #include "presentation/task_versions.h"
+#include "presentation/weekday_means.h"
 #include "services/owned_timer.h"
 #include "services/ports/time_keeping.h"
 #include "store/live_data.h"
@@ -91,6 +92,7 @@ class HistoryViewModel final : public std::enable_shared_from_this<HistoryViewMo
     TaskVersions versions_;
     bool isSummed_ = false;
     std::vector<base::Seconds> settledParts_;
+    WeekdayMeans weekdayMeans_;
     std::vector<Entry> entries_;
     // Places in `entries_`.
     std::vector<std::size_t> order_;

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "base/calendar.h"
+#include "base/date.h"
 #include "base/uuid.h"
 #include "presentation/history_range.h"
 #include "presentation/time_bars.h"
@@ -26,6 +27,18 @@ struct HistoryViewState {
         TimeBar bar;
 
         bool operator==(const Bar&) const = default;
+    };
+
+    // [begin, end).
+    struct Span {
+        base::Date begin;
+        base::Date end;
+    };
+
+    // How long such days are, of those on which a focus was begun.
+    struct WeekdayMean {
+        std::chrono::weekday weekday;
+        std::string timeSpent;
     };
 
     struct Row {
@@ -50,6 +63,11 @@ struct HistoryViewState {
         bool holdsToday = false;
         // Oldest first. Empty where the clock is out of all calendars.
         std::vector<Bar> bars = {};
+        // What the total and the rows are of: the chosen part, or all of the range. Absent where
+        // there are no bars.
+        std::optional<Span> span = {};
+        // Of a month and a year, from the first day of the week on; else none.
+        std::vector<WeekdayMean> weekdayMeans = {};
         // The one of now.
         std::optional<std::size_t> current;
         // To which the total and the rows are narrowed.

@@ -97,6 +97,32 @@ TEST_F(HistoryViewModelTest, GoesThroughRangesAndNarrowsThemToABar) {
     EXPECT_EQ(shown(open()), shown(model)) << "the same year and order";
 }
 
+TEST_F(HistoryViewModelTest, TellsHowLongTheDaysOfEachWeekdayAreOfThoseWithAFocus) {
+    const auto model = open();
+    store.addInterval(*a, IntervalState::running(on(20.5)), 0s, 0s, on(20.5));
+    const auto means = [&model] {
+        std::string text;
+        for (const auto& mean : model->viewState().value()->weekdayMeans) {
+            text += mean.timeSpent + ' ';
+        }
+        return text;
+    };
+    using Model = HistoryViewModel;
+    const std::vector<std::pair<std::function<void(Model&)>, std::string>> steps{
+        {[](Model&) {}, ""},
+        {[](Model& m) { m.setUnit(HistoryUnit::month); }, "30 - - - - 1:00 56 "},
+        {[](Model& m) { m.choose(13); }, ""},
+        {[](Model& m) { m.setUnit(HistoryUnit::year); }, "30 - - 1:00:00 - 1:00 56 "},
+        {[](Model& m) { m.choose(1); }, "- - - 1:00:00 - - - "},
+    };
+    store.clock->time = on(20.5) + 3s;
+    timers->fire();
+    for (std::size_t step = 0; step < steps.size(); ++step) {
+        steps[step].first(*model);
+        EXPECT_EQ(means(), steps[step].second) << "after step " << step;
+    }
+}
+
 TEST_F(HistoryViewModelTest, CountsWhatRunsAndMakesOnlyItsRowAnew) {
     const auto model = open();
     store.addInterval(*a, IntervalState::running(on(20.5)), 0s, 0s, on(20.5));

@@ -8,6 +8,7 @@ Column {
     id: root
 
     required property HistoryAdapter adapter
+    required property FileTransferAdapter transfer
     readonly property bool isNarrow: root.width < Theme.chartTextsWidth
 
     signal closeRequested
@@ -118,6 +119,12 @@ Column {
             text: qsTr("Today")
             enabled: !(root.adapter?.holdsToday ?? true)
             onClicked: root.adapter.goToToday()
+        }
+
+        HistoryExport {
+            height: tabs.height
+            history: root.adapter
+            transfer: root.transfer
         }
     }
 }
