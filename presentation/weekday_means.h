@@ -28,7 +28,7 @@ class WeekdayMeans {
                                                      std::chrono::weekday firstDayOfWeek) const;
 
  private:
-    std::chrono::weekday first_;
+    std::chrono::weekday first_{};
     // When the days begin, and at the end that after them.
     std::vector<base::Date> starts_;
     std::vector<base::Seconds> settled_;
