@@ -51,7 +51,7 @@ bool EverythingInterpreter::takeKey(std::string_view key) {
 
 bool EverythingInterpreter::isExpected(Kind kind) {
     if (frames_.empty()) {
-        return kind == Kind::object || fail("This is not a file of everything.");
+        return kind == Kind::object || fail(kNotOfEverything);
     }
     const Frame& frame = frames_.back();
     if (frame.place == Place::done) {
@@ -131,6 +131,7 @@ bool EverythingInterpreter::begin(Kind kind) {
             break;
     }
     frames_.push_back({.place = place});
+    hasBegun_ = true;
     return true;
 }
 

@@ -36,6 +36,8 @@ class EverythingInterpreter {
     // After the last piece: gives the tasks their dates of being done.
     bool finish();
 
+    // The document; what is before it is none.
+    bool hasBegun() const { return hasBegun_; }
     std::vector<store::TaskRecord>& tasks() { return records_.tasks(); }
     // Empty where there is none.
     const std::string& fault() const { return fault_; }
@@ -68,6 +70,7 @@ class EverythingInterpreter {
     const std::size_t& line_;
     std::string fault_;
     std::vector<Frame> frames_;
+    bool hasBegun_ = false;
 
     EverythingRecords records_;
     base::Uuid doneId_;

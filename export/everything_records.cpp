@@ -25,7 +25,7 @@ std::string quotedStart(std::string_view text) {
 void EverythingRecords::setFormat(const Value& value) {
     if (value.text != kEverythingFormat) {
         reason_ =
-            "This is not a file of everything: \"format\" is " + quotedStart(value.text) + '.';
+            std::string(kNotOfEverything) + " Its \"format\" is " + quotedStart(value.text) + '.';
     }
 }
 

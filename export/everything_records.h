@@ -21,6 +21,8 @@ struct EverythingValue {
     base::Uuid id{};
 };
 
+constexpr auto kNotOfEverything = "This is not a file that Export Everything wrote.";
+
 // The text in quotes, cut where it is long, for a message.
 std::string quotedStart(std::string_view text);
 

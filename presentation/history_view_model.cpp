@@ -20,6 +20,12 @@ constexpr int kPermille = 1000;
 
 using Column = HistoryViewState::Column;
 
+std::optional<std::chrono::year_month_day> dayOf(std::optional<base::Date> date,
+                                                 const base::Calendar& calendar) {
+    const auto time = date ? calendar.localTime(*date) : std::nullopt;
+    return time ? std::optional(time->day) : std::nullopt;
+}
+
 std::optional<int> permille(base::Seconds spent, base::Seconds total) {
     const double share = spent / total;
     return total > base::Seconds(0) && share >= 0 && share <= 1
@@ -34,7 +40,6 @@ void HistoryViewModel::startObserving() {
     liveTasks_ = std::make_shared<LiveTasks>(parts_.timeKeepingProvider,
                                              base::weakly(weak, &HistoryViewModel::follow),
                                              base::weakly(weak, &HistoryViewModel::rebuild));
-    renewRange();
     liveTasks_->startObserving(*parts_.liveDataFactory);
     timer_ = parts_.timeKeepingProvider->makeTimer(kCalendarTick, services::Repeats::yes,
                                                    base::weakly(weak, [](auto& self) {
@@ -57,7 +62,8 @@ void HistoryViewModel::setUnit(HistoryUnit unit) {
 
 void HistoryViewModel::go(int count) {
     const HistoryRange next = shifted(range_, count);
-    if (today_ && next.first <= std::max(*today_, range_.first)) {
+    const bool isWithin = count < 0 ? canGoBack() : today_ && next.first <= *today_;
+    if (isWithin) {
         show(next.first);
     }
 }
@@ -96,15 +102,22 @@ void HistoryViewModel::show(std::optional<std::chrono::year_month_day> day) {
     rebuild();
 }
 
+bool HistoryViewModel::canGoBack() const {
+    return range_.unit != HistoryUnit::all && earliest_ && *earliest_ < range_.first;
+}
+
 void HistoryViewModel::renewRange() {
-    const auto now = parts_.calendar->localTime(parts_.clock->now());
     HistoryChoice& choice = *parts_.choice;
-    today_ = now ? std::optional(now->day) : std::nullopt;
+    today_ = dayOf(parts_.clock->now(), *parts_.calendar);
+    earliest_ = dayOf(firstFocus(tasks_), *parts_.calendar);
     const auto before = std::exchange(starts_, {});
     if (today_) {
         const HistoryRange current = rangeAround(choice.unit, *today_, parts_.firstDayOfWeek);
         range_ = rangeAround(choice.unit, choice.day.value_or(*today_), parts_.firstDayOfWeek);
-        if (range_ == current) {
+        if (choice.unit == HistoryUnit::all) {
+            const auto first = std::min(earliest_.value_or(*today_), *today_);
+            range_ = rangeOfYears(first.year(), today_->year());
+        } else if (range_ == current) {
             choice.day.reset();
         }
         starts_ = partStarts(range_, *parts_.calendar);
@@ -125,6 +138,7 @@ void HistoryViewModel::follow(const store::Tasks& tasks) {
         }
     }
     tasks_ = tasks;
+    renewRange();
     if (versions_.renew(all)) {
         isSummed_ = false;
     }
@@ -226,6 +240,7 @@ void HistoryViewModel::rebuild() {
     const bool holdsToday = today_ && shifted(range_, 1).first > *today_;
     HistoryViewState::View view{
         .range = range_,
+        .canGoBack = canGoBack(),
         .canGoForward = today_ && !holdsToday,
         .holdsToday = holdsToday && range_.first <= *today_,
         .current = partAt(starts_, now),

@@ -71,6 +71,7 @@ class HistoryViewModel final : public std::enable_shared_from_this<HistoryViewMo
     void follow(const store::Tasks& tasks);
     // At this moment.
     void rebuild();
+    bool canGoBack() const;
     void renewRange();
     void show(std::optional<std::chrono::year_month_day> day);
     void sumAnew();
@@ -81,6 +82,8 @@ class HistoryViewModel final : public std::enable_shared_from_this<HistoryViewMo
     livedata::Published<std::optional<HistoryViewState::View>> viewState_;
     std::shared_ptr<LiveTasks> liveTasks_;
     std::optional<std::chrono::year_month_day> today_;
+    // Of the first focus.
+    std::optional<std::chrono::year_month_day> earliest_;
     HistoryRange range_;
     // When the parts begin, and the range after this one. Empty where the clock is out of all
     // calendars.

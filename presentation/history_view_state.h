@@ -58,6 +58,8 @@ struct HistoryViewState {
 
     struct View {
         HistoryRange range;
+        // Not beyond the range that holds the first focus.
+        bool canGoBack = false;
         // Not beyond the range that holds today.
         bool canGoForward = false;
         bool holdsToday = false;
@@ -66,7 +68,7 @@ struct HistoryViewState {
         // What the total and the rows are of: the chosen part, or all of the range. Absent where
         // there are no bars.
         std::optional<Span> span = {};
-        // Of a month and a year, from the first day of the week on; else none.
+        // Of a month and what is longer, from the first day of the week on; else none.
         std::vector<WeekdayMean> weekdayMeans = {};
         // The one of now.
         std::optional<std::size_t> current;

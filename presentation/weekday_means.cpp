@@ -19,7 +19,7 @@ constexpr std::size_t kDaysOfWeek = 7;
 void WeekdayMeans::sumAnew(const store::Tasks& tasks, const HistoryRange& range,
                            const base::Calendar& calendar) {
     starts_.clear();
-    if (range.unit == HistoryUnit::month || range.unit == HistoryUnit::year) {
+    if (range.unit != HistoryUnit::day && range.unit != HistoryUnit::week) {
         first_ = std::chrono::weekday(std::chrono::sys_days(range.first));
         starts_ = dayStarts(range, calendar);
     }

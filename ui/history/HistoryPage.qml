@@ -28,7 +28,7 @@ FocusScope {
 
     Shortcut {
         sequences: Shortcuts.historyBack
-        enabled: root.screen.activeFocus
+        enabled: root.screen.activeFocus && root.adapter.canGoBack
         onActivated: root.adapter.goBack()
     }
 

@@ -32,6 +32,7 @@ Column {
             anchors.verticalCenter: parent.verticalCenter
             symbol: back.LayoutMirroring.enabled ? "chevron.right" : "chevron.left"
             text: qsTr("Back")
+            enabled: root.adapter?.canGoBack ?? false
             onClicked: root.adapter.goBack()
         }
 
@@ -110,6 +111,12 @@ Column {
             TabButton {
                 symbol: ""
                 text: qsTr("Year")
+                horizontalPadding: tabs.tabPadding
+            }
+
+            TabButton {
+                symbol: ""
+                text: qsTr("All")
                 horizontalPadding: tabs.tabPadding
             }
         }

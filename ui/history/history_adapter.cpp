@@ -34,6 +34,12 @@ QString titleOf(const presentation::HistoryRange& range) {
                    locale.toString(first, QStringLiteral("yyyy"));
         case HistoryUnit::year:
             return locale.toString(first, QStringLiteral("yyyy"));
+        case HistoryUnit::all:
+            return range.years == 1
+                       ? locale.toString(first, QStringLiteral("yyyy"))
+                       : locale.toString(first, QStringLiteral("yyyy")) + QStringLiteral(" – ") +
+                             locale.toString(first.addYears(range.years - 1),
+                                             QStringLiteral("yyyy"));
     }
     return {};
 }
@@ -76,6 +82,7 @@ void HistoryAdapter::show() {
     if (replace(shown_, {.title = titleOf(state->range),
                          .total = totalOf.arg(toQString(state->total)),
                          .unit = static_cast<int>(state->range.unit),
+                         .canGoBack = state->canGoBack,
                          .canGoForward = state->canGoForward,
                          .holdsToday = state->holdsToday,
                          .chosen = chosen,

@@ -26,6 +26,7 @@ class HistoryAdapter final : public hearthmark::ui::StateAdapter {
     // "Total: 1:05:00", or that of the chosen bar.
     Q_PROPERTY(QString total READ total NOTIFY changed FINAL)
     Q_PROPERTY(int unit READ unit NOTIFY changed FINAL)
+    Q_PROPERTY(bool canGoBack READ canGoBack NOTIFY changed FINAL)
     Q_PROPERTY(bool canGoForward READ canGoForward NOTIFY changed FINAL)
     Q_PROPERTY(bool holdsToday READ holdsToday NOTIFY changed FINAL)
     // -1 where none is.
@@ -45,7 +46,7 @@ class HistoryAdapter final : public hearthmark::ui::StateAdapter {
 
  public:
     // In the order of the tabs, and of the columns.
-    enum Unit { Day, Week, Month, Year };
+    enum Unit { Day, Week, Month, Year, All };
     Q_ENUM(Unit)
     enum Column { Task, TimeSpent, Share, Focuses };
     Q_ENUM(Column)
@@ -57,6 +58,7 @@ class HistoryAdapter final : public hearthmark::ui::StateAdapter {
     QString title() const { return shown_.title; }
     QString total() const { return shown_.total; }
     int unit() const { return shown_.unit; }
+    bool canGoBack() const { return shown_.canGoBack; }
     bool canGoForward() const { return shown_.canGoForward; }
     bool holdsToday() const { return shown_.holdsToday; }
     int chosen() const { return shown_.chosen; }
@@ -90,6 +92,7 @@ class HistoryAdapter final : public hearthmark::ui::StateAdapter {
         QString title;
         QString total;
         int unit = 0;
+        bool canGoBack = false;
         bool canGoForward = false;
         bool holdsToday = false;
         int chosen = -1;
