@@ -126,11 +126,15 @@ void FileTransferViewModel::accept() {
 }
 
 void FileTransferViewModel::dismiss() {
+    // The sheet says so once more when it has closed.
+    if (!viewState_.value().isPresented) {
+        return;
+    }
     if (isWorking()) {
         parts_.ports.backgroundWork->stop();
         looks_ = kLooksUntilShown;
         change([](auto& state) { state.isPresented = false; });
-    } else if (viewState_.value().phase != Phase::choosing) {
+    } else {
         tasksRead_.clear();
         viewState_.setValue({});
     }
