@@ -9,7 +9,7 @@ Column {
 
     required property HistoryAdapter adapter
     required property FileTransferAdapter transfer
-    readonly property bool isNarrow: root.width < Theme.chartTextsWidth
+    readonly property bool isNarrow: root.width < 1.1 * Theme.chartTextsWidth
 
     signal closeRequested
 
@@ -79,7 +79,8 @@ Column {
         TabBar {
             id: tabs
 
-            readonly property real tabPadding: root.isNarrow ? Theme.tightSpacing : Theme.wideSpacing
+            // What their texts leave of the width, as far as they need it.
+            readonly property real tabPadding: Math.max(Theme.tightSpacing, Math.min(Theme.wideSpacing, (root.width - 18 * Theme.bodySize) / (2 * tabs.count)))
             property bool isComplete: false
 
             currentIndex: root.adapter?.unit ?? 0

@@ -34,6 +34,7 @@ Column {
                 Accessible.name: weekday.modelData + ": " + weekday.mean
 
                 Label {
+                    width: parent.width
                     text: weekday.modelData
                     font.pointSize: Theme.bodySize * 0.85
                     color: Theme.colors.secondaryText
