@@ -3,15 +3,13 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <optional>
-#include <span>
 #include <string>
 #include <string_view>
-#include <unordered_map>
-#include <unordered_set>
 #include <vector>
 
 #include "base/uuid.h"
+#include "export/everything_form.h"
+#include "export/everything_records.h"
 #include "store/records.h"
 
 namespace hearthmark::exporting {
@@ -38,35 +36,17 @@ class EverythingInterpreter {
     // After the last piece: gives the tasks their dates of being done.
     bool finish();
 
-    std::vector<store::TaskRecord>& tasks() { return tasks_; }
+    // The document; what is before it is none.
+    bool hasBegun() const { return hasBegun_; }
+    std::vector<store::TaskRecord>& tasks() { return records_.tasks(); }
     // Empty where there is none.
     const std::string& fault() const { return fault_; }
 
  private:
-    enum class Kind { text, id, number, wholeNumber, array, object };
-    enum class Place { document, tasks, task, intervals, interval, state, notes, note, done };
-
-    struct Value {
-        std::string_view text;
-        double number = 0;
-        base::Uuid id{};
-    };
-
-    // A key of an object.
-    struct Member {
-        std::string_view key;
-        Kind kind;
-        bool isRequired;
-        // What an array or an object is.
-        Place inside;
-        void (EverythingInterpreter::*set)(const Value& value);
-    };
-
-    // What an object is called, and its keys.
-    struct Form {
-        std::string_view name;
-        std::span<const Member> members;
-    };
+    using Kind = EverythingForm::Kind;
+    using Place = EverythingForm::Place;
+    using Member = EverythingForm::Member;
+    using Value = EverythingValue;
 
     // What was begun and not ended yet.
     struct Frame {
@@ -76,14 +56,6 @@ class EverythingInterpreter {
         const Member* member = nullptr;
     };
 
-    struct Done {
-        base::Date date;
-        std::size_t line;
-    };
-
-    static const Form& formOf(Place place);
-    static const char* nameOf(Kind kind);
-
     bool take(Kind kind, const Value& value);
     bool begin(Kind kind);
     // What an object or a list is that begins here. Requires: it is expected.
@@ -92,38 +64,16 @@ class EverythingInterpreter {
     bool fail(const std::string& reason);
     bool failAt(std::size_t line, const std::string& reason);
     void endOf(Place place);
-    bool isNewId(const std::optional<base::Uuid>& id, std::unordered_set<base::Uuid>& ids);
-
-    void setFormat(const Value& value);
-    void setVersion(const Value& value);
-    void setTaskId(const Value& value);
-    void setTaskDate(const Value& value);
-    void setTaskName(const Value& value);
-    void setIntervalId(const Value& value);
-    void setIntervalDate(const Value& value);
-    void setDuration(const Value& value);
-    void setMaxDuration(const Value& value);
-    void setStarted(const Value& value);
-    void setState(const Value& value);
-    void setNoteId(const Value& value);
-    void setNoteDate(const Value& value);
-    void setNoteText(const Value& value);
+    // Whether the records say so, too.
+    bool isPossible();
 
     const std::size_t& line_;
     std::string fault_;
     std::vector<Frame> frames_;
+    bool hasBegun_ = false;
 
-    store::TaskRecord task_;
-    store::IntervalRecord interval_;
-    store::IntervalRecord::RawState state_;
-    store::NoteRecord note_;
+    EverythingRecords records_;
     base::Uuid doneId_;
-
-    std::vector<store::TaskRecord> tasks_;
-    std::unordered_map<base::Uuid, Done> done_;
-    std::unordered_set<base::Uuid> taskIds_;
-    std::unordered_set<base::Uuid> intervalIds_;
-    std::unordered_set<base::Uuid> noteIds_;
 };
 
 }  // namespace hearthmark::exporting

@@ -120,6 +120,9 @@ EverythingRead interpret(Source& source) {
         return refusal(interpreter.fault());
     }
     const std::string line = "Line " + std::to_string(source.line()) + ": ";
+    if (result.IsError() && !interpreter.hasBegun()) {
+        return refusal(line + kNotOfEverything);
+    }
     if (result.IsError()) {
         return refusal(line + (source.isAtEnd() ? "The file ends too early."
                                                 : rapidjson::GetParseError_En(result.Code())));

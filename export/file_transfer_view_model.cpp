@@ -1,13 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "export/file_transfer_view_model.h"
 
-#include <string_view>
 #include <utility>
 
 #include "base/weakly.h"
-#include "export/everything_document.h"
-#include "export/interval_calendar.h"
-#include "export/interval_table.h"
 
 namespace hearthmark::exporting {
 
@@ -21,22 +17,12 @@ constexpr base::Seconds kLook{0.1};
 // Work that is done within half a second shows nothing.
 constexpr int kLooksUntilShown = 5;
 
-std::string_view endingOf(FileKind kind) {
-    switch (kind) {
-        case FileKind::everything:
-            return ".json";
-        case FileKind::table:
-            return ".csv";
-        case FileKind::calendar:
-            return ".ics";
-    }
-    return {};
-}
-
 }  // namespace
 
 FileTransferViewModel::FileTransferViewModel(Parts parts)
-    : parts_(std::move(parts)), taskImport_(parts_.dataOperationsService, parts_.backups) {}
+    : parts_(std::move(parts)),
+      documents_(parts_.liveDataFactory, parts_.clock, parts_.calendar),
+      taskImport_(parts_.dataOperationsService, parts_.backups) {}
 
 bool FileTransferViewModel::isWorking() const {
     return viewState_.value().phase == Phase::working;
@@ -48,70 +34,34 @@ void FileTransferViewModel::change(const std::function<void(FileTransferViewStat
     viewState_.setValue(std::move(state));
 }
 
-store::Tasks FileTransferViewModel::tasks() const {
-    const auto provider = parts_.liveDataFactory->makeProvider<store::Task>(
-        {.key = "creationDate", .ascending = true});
-    provider->startObserving();
-    return provider->currentItems()->value();
-}
-
-// " 2026-11-23"; empty where the calendar has no such day.
-std::string FileTransferViewModel::dayOf(base::Date date) const {
-    const auto time = parts_.calendar->localTime(date);
-    if (!time) {
-        return {};
-    }
-    const auto twoDigits = [](unsigned number) {
-        return (number < 10 ? "-0" : "-") + std::to_string(number);
-    };
-    return ' ' + std::to_string(static_cast<int>(time->day.year())) +
-           twoDigits(static_cast<unsigned>(time->day.month())) +
-           twoDigits(static_cast<unsigned>(time->day.day()));
-}
-
 void FileTransferViewModel::exportEverything() {
     if (!isWorking()) {
-        makeDocument_ = [this] {
-            auto document = std::make_unique<EverythingDocument>(tasks());
-            auto leftOut = [written = document.get()] {
-                return LeftOut{.names = written->leftOut()};
-            };
-            return Document{std::move(document), std::move(leftOut)};
-        };
+        makeDocument_ = [this] { return documents_.everything(); };
+        suggestedName_ = documents_.nameOfEverything();
     }
-    begin(false, FileKind::everything, dayOf(parts_.clock->now()));
+    begin(false, FileKind::everything);
 }
 
 void FileTransferViewModel::exportShown(base::Date from, base::Date to, FileKind kind) {
     if (!isWorking()) {
-        makeDocument_ = [this, from, to, kind] {
-            auto rows = intervalRows(tasks(), from, to, parts_.clock->now());
-            if (kind == FileKind::table) {
-                return Document{std::make_unique<IntervalTable>(std::move(rows), parts_.calendar),
-                                [] { return LeftOut{}; }};
-            }
-            auto calendar = std::make_unique<IntervalCalendar>(std::move(rows));
-            auto leftOut = [intervals = calendar->leftOut()] {
-                return LeftOut{.names = {}, .intervals = intervals};
-            };
-            return Document{std::move(calendar), std::move(leftOut)};
-        };
+        makeDocument_ = [this, from, to, kind] { return documents_.shown(from, to, kind); };
+        suggestedName_ = documents_.nameOfShown(from, to, kind);
     }
-    const std::string first = dayOf(from);
-    const std::string last = dayOf(to + base::Seconds(-1));
-    begin(false, kind, first == last ? first : first + " to" + last);
+    begin(false, kind);
 }
 
 void FileTransferViewModel::import() {
-    begin(true, FileKind::everything, {});
+    if (!isWorking()) {
+        suggestedName_.clear();
+    }
+    begin(true, FileKind::everything);
 }
 
-void FileTransferViewModel::begin(bool isImport, FileKind kind, const std::string& days) {
+void FileTransferViewModel::begin(bool isImport, FileKind kind) {
     if (isWorking()) {
         change([](auto& state) { state.isPresented = true; });
         return;
     }
-    suggestedName_ = isImport ? "" : "Hearthmark" + days + std::string(endingOf(kind));
     FileTransferViewState state;
     state.phase = Phase::choosing;
     state.isImport = isImport;
@@ -176,11 +126,15 @@ void FileTransferViewModel::accept() {
 }
 
 void FileTransferViewModel::dismiss() {
+    // The sheet says so once more when it has closed.
+    if (!viewState_.value().isPresented) {
+        return;
+    }
     if (isWorking()) {
         parts_.ports.backgroundWork->stop();
         looks_ = kLooksUntilShown;
         change([](auto& state) { state.isPresented = false; });
-    } else if (viewState_.value().phase != Phase::choosing) {
+    } else {
         tasksRead_.clear();
         viewState_.setValue({});
     }
@@ -202,7 +156,8 @@ void FileTransferViewModel::use(const std::filesystem::path& file) {
     }
 }
 
-void FileTransferViewModel::work(const std::filesystem::path& file, Document document, Work work,
+void FileTransferViewModel::work(const std::filesystem::path& file,
+                                 FileDocuments::Document document, Work work,
                                  void (FileTransferViewModel::*whenDone)(const Job&)) {
     change([&](auto& state) {
         state.phase = Phase::working;

@@ -2,19 +2,17 @@
 #pragma once
 
 #include <atomic>
-#include <cstddef>
 #include <filesystem>
 #include <functional>
 #include <memory>
-#include <optional>
 #include <string>
 #include <vector>
 
 #include "base/calendar.h"
 #include "base/clock.h"
 #include "export/everything_reader.h"
+#include "export/file_documents.h"
 #include "export/file_export.h"
-#include "export/text_parts.h"
 #include "export/typed_path.h"
 #include "livedata/published.h"
 #include "services/ports/background_work.h"
@@ -24,13 +22,6 @@
 #include "store/task_import.h"
 
 namespace hearthmark::exporting {
-
-// What was left out of a file.
-struct LeftOut {
-    // Of tasks.
-    std::vector<std::optional<std::string>> names;
-    std::size_t intervals = 0;
-};
 
 // What the sheet of exports and imports shows.
 struct FileTransferViewState {
@@ -92,15 +83,10 @@ class FileTransferViewModel final : public std::enable_shared_from_this<FileTran
     void dismiss();
 
  private:
-    // What is written, and what it has left out, once it was.
-    struct Document {
-        std::unique_ptr<TextParts> text;
-        std::function<LeftOut()> leftOut;
-    };
     // What both threads have of the work.
     struct Job {
         std::atomic<double> share = 0;
-        Document document;
+        FileDocuments::Document document;
         FileExport written;
         EverythingRead read;
     };
@@ -108,26 +94,24 @@ class FileTransferViewModel final : public std::enable_shared_from_this<FileTran
 
     bool isWorking() const;
     void change(const std::function<void(FileTransferViewState&)>& change);
-    void begin(bool isImport, services::FileKind kind, const std::string& days);
+    void begin(bool isImport, services::FileKind kind);
     void take(const services::FileChoice& choice);
     void use(const std::filesystem::path& file);
-    void work(const std::filesystem::path& file, Document document, Work work,
+    void work(const std::filesystem::path& file, FileDocuments::Document document, Work work,
               void (FileTransferViewModel::*whenDone)(const Job&));
     void look();
     void endExport(const Job& job);
     void endReading(const Job& job);
     void fail(const std::string& reason);
     void importRead();
-    store::Tasks tasks() const;
-    std::string dayOf(base::Date date) const;
 
     Parts parts_;
+    FileDocuments documents_;
     store::TaskImport taskImport_;
     livedata::Published<FileTransferViewState> viewState_;
     std::string suggestedName_;
     // Made when it is written, from what the store holds then.
-    std::function<Document()> makeDocument_;
-    std::filesystem::path file_;
+    std::function<FileDocuments::Document()> makeDocument_;
     std::shared_ptr<Job> job_;
     std::vector<store::TaskRecord> tasksRead_;
     std::shared_ptr<services::TimeKeeping> progressKeeper_;

@@ -62,8 +62,11 @@ void foldJournals(const std::filesystem::path& file) {
 }
 
 // The check reports a page that the disk does not give back as one more finding, with SQLite's
-// code.
+// code, or without it where the page holds nothing.
 StoreError::Cause causeOfFinding(const std::string& finding) {
+    if (finding.find("failed to get page") != std::string::npos) {
+        return causeOfCode(SQLITE_IOERR, StoreError::Cause::damaged);
+    }
     const std::string mark = "error code=";
     const std::size_t place = finding.find(mark);
     const int code =

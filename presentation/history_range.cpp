@@ -14,6 +14,7 @@ using std::chrono::weekday;
 using std::chrono::year_month_day;
 
 constexpr days kWeek{7};
+constexpr int kMonthsOfYear = 12;
 // All clocks of the world are put forward and back by so much or several times that.
 constexpr base::Seconds kClockStep{900};
 
@@ -34,6 +35,23 @@ void appendHours(std::vector<base::Date>& starts, base::Date from, base::Date to
     }
 }
 
+// Of its days, or what is of that many months, and of what comes after them.
+std::vector<base::Date> startsOf(year_month_day first, year_month_day end, months step,
+                                 const base::Calendar& calendar) {
+    std::vector<base::Date> starts;
+    for (year_month_day day = first;;) {
+        const auto start = calendar.dayStart(day);
+        if (!start) {
+            return {};
+        }
+        starts.push_back(*start);
+        if (day >= end) {
+            return starts;
+        }
+        day = step > months(0) ? day + step : year_month_day(sys_days(day) + days(1));
+    }
+}
+
 }  // namespace
 
 HistoryRange rangeAround(HistoryUnit unit, year_month_day day, weekday firstDayOfWeek) {
@@ -47,10 +65,17 @@ HistoryRange rangeAround(HistoryUnit unit, year_month_day day, weekday firstDayO
             day = day.year() / day.month() / 1;
             break;
         case HistoryUnit::year:
+        case HistoryUnit::all:
             day = day.year() / std::chrono::January / 1;
             break;
     }
     return {.unit = unit, .first = day};
+}
+
+HistoryRange rangeOfYears(std::chrono::year first, std::chrono::year last) {
+    return {.unit = HistoryUnit::all,
+            .first = first / std::chrono::January / 1,
+            .years = static_cast<int>((last - first).count()) + 1};
 }
 
 HistoryRange shifted(const HistoryRange& range, int count) {
@@ -66,30 +91,39 @@ HistoryRange shifted(const HistoryRange& range, int count) {
             first += months(count);
             break;
         case HistoryUnit::year:
-            first += std::chrono::years(count);
+        case HistoryUnit::all:
+            first += std::chrono::years(count * range.years);
             break;
     }
-    return {.unit = range.unit, .first = first};
+    return {.unit = range.unit, .first = first, .years = range.years};
+}
+
+HistoryRange partOf(const HistoryRange& range, std::size_t part) {
+    HistoryRange narrowed{.unit = HistoryUnit::day, .first = range.first};
+    if (range.unit == HistoryUnit::all) {
+        narrowed = {.unit = HistoryUnit::year,
+                    .first = range.first + std::chrono::years(static_cast<int>(part))};
+    } else if (range.unit == HistoryUnit::year) {
+        narrowed = {.unit = HistoryUnit::month, .first = range.first + months(part)};
+    } else if (range.unit != HistoryUnit::day) {
+        narrowed.first = sys_days(range.first) + days(part);
+    }
+    return narrowed;
+}
+
+std::vector<base::Date> dayStarts(const HistoryRange& range, const base::Calendar& calendar) {
+    return startsOf(range.first, shifted(range, 1).first, months(0), calendar);
 }
 
 std::vector<base::Date> partStarts(const HistoryRange& range, const base::Calendar& calendar) {
-    const year_month_day end = shifted(range, 1).first;
-    std::vector<year_month_day> firsts;
-    for (year_month_day day = range.first; day < end;) {
-        firsts.push_back(day);
-        day = range.unit == HistoryUnit::year ? day + months(1)
-                                              : year_month_day(sys_days(day) + days(1));
+    months step(0);
+    if (range.unit == HistoryUnit::all) {
+        step = months(kMonthsOfYear);
+    } else if (range.unit == HistoryUnit::year) {
+        step = months(1);
     }
-    firsts.push_back(end);
-    std::vector<base::Date> starts;
-    for (const year_month_day& first : firsts) {
-        const auto start = calendar.dayStart(first);
-        if (!start) {
-            return {};
-        }
-        starts.push_back(*start);
-    }
-    if (range.unit == HistoryUnit::day) {
+    std::vector<base::Date> starts = startsOf(range.first, shifted(range, 1).first, step, calendar);
+    if (range.unit == HistoryUnit::day && !starts.empty()) {
         std::vector<base::Date> hours;
         appendHours(hours, starts.front(), starts.back(), calendar);
         hours.push_back(starts.back());

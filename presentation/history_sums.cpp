@@ -47,6 +47,22 @@ class Sum {
 
 }  // namespace
 
+std::optional<base::Date> firstFocus(const store::Tasks& tasks) {
+    std::optional<base::Date> first;
+    const auto look = [&first](const auto& intervals) {
+        // Newest first; what has no date comes before all.
+        const auto created = intervals.empty() ? std::nullopt : intervals.back()->creationDate();
+        if (created && (!first || *created < *first)) {
+            first = created;
+        }
+    };
+    for (const store::Task& task : tasks) {
+        look(task.intervalSummary()->settled->intervals);
+        look(task.intervalSummary()->running);
+    }
+    return first;
+}
+
 HistorySums settledSums(const store::Tasks& tasks, const std::vector<base::Date>& starts,
                         ChosenPart chosen) {
     Sum sum(starts, chosen);

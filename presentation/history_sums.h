@@ -30,6 +30,9 @@ struct HistorySums {
 // The part alone, or where there is none all of them.
 using ChosenPart = std::optional<std::size_t>;
 
+// When the first interval of the tasks was created; absent where there is none with a date.
+std::optional<base::Date> firstFocus(const store::Tasks& tasks);
+
 // Of what does not run. It looks a range up in the sorted intervals of each task, so it costs the
 // number of tasks and what lies in the range: with ten years 2 ms.
 HistorySums settledSums(const store::Tasks& tasks, const std::vector<base::Date>& starts,

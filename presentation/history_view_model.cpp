@@ -20,6 +20,12 @@ constexpr int kPermille = 1000;
 
 using Column = HistoryViewState::Column;
 
+std::optional<std::chrono::year_month_day> dayOf(std::optional<base::Date> date,
+                                                 const base::Calendar& calendar) {
+    const auto time = date ? calendar.localTime(*date) : std::nullopt;
+    return time ? std::optional(time->day) : std::nullopt;
+}
+
 std::optional<int> permille(base::Seconds spent, base::Seconds total) {
     const double share = spent / total;
     return total > base::Seconds(0) && share >= 0 && share <= 1
@@ -34,7 +40,6 @@ void HistoryViewModel::startObserving() {
     liveTasks_ = std::make_shared<LiveTasks>(parts_.timeKeepingProvider,
                                              base::weakly(weak, &HistoryViewModel::follow),
                                              base::weakly(weak, &HistoryViewModel::rebuild));
-    renewRange();
     liveTasks_->startObserving(*parts_.liveDataFactory);
     timer_ = parts_.timeKeepingProvider->makeTimer(kCalendarTick, services::Repeats::yes,
                                                    base::weakly(weak, [](auto& self) {
@@ -49,9 +54,7 @@ void HistoryViewModel::setUnit(HistoryUnit unit) {
     }
     auto day = parts_.choice->day;
     if (chosen_) {
-        if (const auto start = parts_.calendar->localTime(starts_[*chosen_])) {
-            day = start->day;
-        }
+        day = partOf(range_, *chosen_).first;
     }
     parts_.choice->unit = unit;
     show(day);
@@ -59,7 +62,8 @@ void HistoryViewModel::setUnit(HistoryUnit unit) {
 
 void HistoryViewModel::go(int count) {
     const HistoryRange next = shifted(range_, count);
-    if (today_ && next.first <= std::max(*today_, range_.first)) {
+    const bool isWithin = count < 0 ? canGoBack() : today_ && next.first <= *today_;
+    if (isWithin) {
         show(next.first);
     }
 }
@@ -98,15 +102,22 @@ void HistoryViewModel::show(std::optional<std::chrono::year_month_day> day) {
     rebuild();
 }
 
+bool HistoryViewModel::canGoBack() const {
+    return range_.unit != HistoryUnit::all && earliest_ && *earliest_ < range_.first;
+}
+
 void HistoryViewModel::renewRange() {
-    const auto now = parts_.calendar->localTime(parts_.clock->now());
     HistoryChoice& choice = *parts_.choice;
-    today_ = now ? std::optional(now->day) : std::nullopt;
+    today_ = dayOf(parts_.clock->now(), *parts_.calendar);
+    earliest_ = dayOf(firstFocus(tasks_), *parts_.calendar);
     const auto before = std::exchange(starts_, {});
     if (today_) {
         const HistoryRange current = rangeAround(choice.unit, *today_, parts_.firstDayOfWeek);
         range_ = rangeAround(choice.unit, choice.day.value_or(*today_), parts_.firstDayOfWeek);
-        if (range_ == current) {
+        if (choice.unit == HistoryUnit::all) {
+            const auto first = std::min(earliest_.value_or(*today_), *today_);
+            range_ = rangeOfYears(first.year(), today_->year());
+        } else if (range_ == current) {
             choice.day.reset();
         }
         starts_ = partStarts(range_, *parts_.calendar);
@@ -127,6 +138,7 @@ void HistoryViewModel::follow(const store::Tasks& tasks) {
         }
     }
     tasks_ = tasks;
+    renewRange();
     if (versions_.renew(all)) {
         isSummed_ = false;
     }
@@ -136,6 +148,7 @@ void HistoryViewModel::follow(const store::Tasks& tasks) {
 void HistoryViewModel::sumAnew() {
     const HistorySums settled = settledSums(tasks_, starts_, chosen_);
     settledParts_ = settled.parts;
+    weekdayMeans_.sumAnew(tasks_, chosen_ ? partOf(range_, *chosen_) : range_, *parts_.calendar);
     entries_.clear();
     for (const auto& time : settled.tasks) {
         entries_.push_back({.settled = time});
@@ -215,7 +228,8 @@ void HistoryViewModel::rebuild() {
     if (!isSummed_) {
         sumAnew();
     }
-    const HistorySums running = runningSums(running_, starts_, chosen_, parts_.clock->now());
+    const base::Date now = parts_.clock->now();
+    const HistorySums running = runningSums(running_, starts_, chosen_, now);
     std::vector<base::Seconds> spent = settledParts_;
     std::ranges::transform(spent, running.parts, spent.begin(), std::plus());
     const base::Seconds total =
@@ -226,13 +240,19 @@ void HistoryViewModel::rebuild() {
     const bool holdsToday = today_ && shifted(range_, 1).first > *today_;
     HistoryViewState::View view{
         .range = range_,
+        .canGoBack = canGoBack(),
         .canGoForward = today_ && !holdsToday,
         .holdsToday = holdsToday && range_.first <= *today_,
-        .current = partAt(starts_, parts_.clock->now()),
+        .current = partAt(starts_, now),
         .chosen = chosen_,
         .total = starts_.empty() ? orDash({}) : orDash(store::formattedDuration(total)),
         .sortedBy = choice.sortedBy,
         .isAscending = choice.isAscending};
+    if (!starts_.empty()) {
+        view.span = chosen_ ? HistoryViewState::Span{starts_[*chosen_], starts_[*chosen_ + 1]}
+                            : HistoryViewState::Span{starts_.front(), starts_.back()};
+        view.weekdayMeans = weekdayMeans_.means(running_, now, parts_.firstDayOfWeek);
+    }
     const std::vector<TimeBar> bars = timeBars(spent);
     for (std::size_t part = 0; part < bars.size(); ++part) {
         if (const auto start = parts_.calendar->localTime(starts_[part])) {

@@ -14,6 +14,7 @@
 #include "presentation/history_view_state.h"
 #include "presentation/live_tasks.h"
 #include "presentation/task_versions.h"
+#include "presentation/weekday_means.h"
 #include "services/owned_timer.h"
 #include "services/ports/time_keeping.h"
 #include "store/live_data.h"
@@ -70,6 +71,7 @@ class HistoryViewModel final : public std::enable_shared_from_this<HistoryViewMo
     void follow(const store::Tasks& tasks);
     // At this moment.
     void rebuild();
+    bool canGoBack() const;
     void renewRange();
     void show(std::optional<std::chrono::year_month_day> day);
     void sumAnew();
@@ -80,6 +82,8 @@ class HistoryViewModel final : public std::enable_shared_from_this<HistoryViewMo
     livedata::Published<std::optional<HistoryViewState::View>> viewState_;
     std::shared_ptr<LiveTasks> liveTasks_;
     std::optional<std::chrono::year_month_day> today_;
+    // Of the first focus.
+    std::optional<std::chrono::year_month_day> earliest_;
     HistoryRange range_;
     // When the parts begin, and the range after this one. Empty where the clock is out of all
     // calendars.
@@ -91,6 +95,7 @@ class HistoryViewModel final : public std::enable_shared_from_this<HistoryViewMo
     TaskVersions versions_;
     bool isSummed_ = false;
     std::vector<base::Seconds> settledParts_;
+    WeekdayMeans weekdayMeans_;
     std::vector<Entry> entries_;
     // Places in `entries_`.
     std::vector<std::size_t> order_;

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "base/calendar.h"
+#include "base/date.h"
 #include "base/uuid.h"
 #include "presentation/history_range.h"
 #include "presentation/time_bars.h"
@@ -28,6 +29,18 @@ struct HistoryViewState {
         bool operator==(const Bar&) const = default;
     };
 
+    // [begin, end).
+    struct Span {
+        base::Date begin;
+        base::Date end;
+    };
+
+    // How long such days are, of those on which a focus was begun.
+    struct WeekdayMean {
+        std::chrono::weekday weekday;
+        std::string timeSpent;
+    };
+
     struct Row {
         std::optional<base::Uuid> taskId;
         std::string taskName;
@@ -45,11 +58,18 @@ struct HistoryViewState {
 
     struct View {
         HistoryRange range;
+        // Not beyond the range that holds the first focus.
+        bool canGoBack = false;
         // Not beyond the range that holds today.
         bool canGoForward = false;
         bool holdsToday = false;
         // Oldest first. Empty where the clock is out of all calendars.
         std::vector<Bar> bars = {};
+        // What the total and the rows are of: the chosen part, or all of the range. Absent where
+        // there are no bars.
+        std::optional<Span> span = {};
+        // Of a month and what is longer, from the first day of the week on; else none.
+        std::vector<WeekdayMean> weekdayMeans = {};
         // The one of now.
         std::optional<std::size_t> current;
         // To which the total and the rows are narrowed.

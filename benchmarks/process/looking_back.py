@@ -11,7 +11,7 @@ from one_task import make_subject, select_task, start_focus
 
 # The page opens with the week; the tabs before the chart are walked to the month, the year, back to the day. Of each
 # the range before is shown, too.
-STEPS = [("open", ["ctrl+h"]), ("week before", ["alt+Left"]), ("to the tabs", ["shift+Tab", "shift+Tab"]),
+STEPS = [("open", ["ctrl+h"]), ("week before", ["alt+Left"]), ("to the tabs", ["shift+Tab"] * 3),
          ("month", ["Right"]), ("month before", ["alt+Left"]), ("year", ["Right"]), ("year before", ["alt+Left"]),
          ("month", ["Left"]), ("week", ["Left"]), ("day", ["Left"]), ("day before", ["alt+Left"]),
          ("leave", ["ctrl+h"]), ("open again", ["ctrl+h"])]

@@ -307,6 +307,13 @@ class Program:
                 return header
         return None
 
+    def enter_path(self, path):
+        """Into the sheet that asks for a file, where the desktop has no dialog."""
+        wait_for(lambda: has_focus(self.find_all("File", "text")[0]), "the field")
+        key("ctrl+a")
+        type_text(path)
+        key("Return")
+
     def add_task(self, name):
         self.press("Add Task")
         self.find("Task name")

@@ -12,7 +12,7 @@ from pathlib import Path
 
 from gi.repository import GLib
 
-from driver import Desktop, Program, ProgramTest, has_focus, key, new_id, serve, type_text, wait_for
+from driver import Desktop, Program, ProgramTest, key, new_id, serve, wait_for
 
 CHOOSER = """<node><interface name="org.freedesktop.portal.FileChooser">
     <method name="SaveFile"><arg type="s" direction="in"/><arg type="s" direction="in"/>
@@ -69,12 +69,6 @@ class Files(ProgramTest):
     def said(self, text, seconds=10):
         wait_for(lambda: any(text in node.name for node in self.program.find_all()), text, seconds)
 
-    def enter_path(self, path):
-        wait_for(lambda: has_focus(self.program.find_all("File", "text")[0]), "the field")
-        key("ctrl+a")
-        type_text(path)
-        key("Return")
-
     def test_by_paths_everything_comes_into_another_store_and_goes_by_one_undo(self):
         self.make_store(*FINISHED)
         Path(self.home, "there.json").write_text("x", encoding="utf-8")
@@ -82,7 +76,7 @@ class Files(ProgramTest):
         self.choose("Export Everything…")
         for path, said in (("nowhere/x.json", "There is no such folder."), ("~", "This is a folder."),
                            ("~/there.json", "There is such a file already.")):
-            self.enter_path(path)
+            self.program.enter_path(path)
             self.said(said)
         self.assertEqual(Path(self.home, "there.json").read_text(encoding="utf-8"), "x")
         self.program.press("Replace")
@@ -96,7 +90,7 @@ class Files(ProgramTest):
         self.program = Program(self.binary, other).launch(HOME=self.home)
         for expected in ("1 task, 1 interval and 1 note would be added.", "Nothing in it is new."):
             self.choose("Import…")
-            self.enter_path("there.json")
+            self.program.enter_path("there.json")
             self.said(expected)
             if self.program.find_all("Import", "push button"):
                 self.program.press("Import")
@@ -109,7 +103,7 @@ class Files(ProgramTest):
         document.write_text(document.read_text(encoding="utf-8").replace('"tasks"', '"tusks"'),
                             encoding="utf-8")
         self.choose("Import…")
-        self.enter_path("there.json")
+        self.program.enter_path("there.json")
         self.said("Line ")
         key("Return")
         self.assertEqual(self.program.end(), 0)

@@ -1,10 +1,12 @@
 # SPDX-License-Identifier: MIT
 """Looking back in the running program. Usage: test_history.py BINARY [unittest arguments]"""
 
+import csv
 import datetime
 import subprocess
 import sys
 import unittest
+from pathlib import Path
 
 from driver import EPOCH, Desktop, ProgramTest, extents, has_focus, is_showing, key, new_id, now, press, wait_for
 
@@ -47,6 +49,15 @@ class History(ProgramTest):
         program.press("Task", "table column header")
         self.wait_for_page(f"{before:%B %Y}", ("Alpha", "1:40, 25.0%, 1 focus"), ("Bravo", "5:00, 75.0%, 1 focus"))
         self.assertEqual(program.find("Task", "table column header").description, "sorted, least first")
+        file = Path(self.program.data, "shown.csv")
+        program.press("Export…")
+        program.press("As a table (CSV)…", "menu item")
+        program.enter_path(file)
+        program.find(f"The file is written: {file}")
+        key("Return")
+        with open(file, encoding="utf-8", newline="") as lines:
+            self.assertEqual(sorted((row["task.name"], row["seconds"]) for row in csv.DictReader(lines)),
+                             [("Alpha", "100"), ("Bravo", "300")])
         key("ctrl+h", "ctrl+h")  # it comes back as it was, but for the choice, with the keyboard on the chart
         self.wait_for_page(f"{before:%B %Y}", ("Alpha", "5:00, 50.0%, 2 focuses"), ("Bravo", "5:00, 50.0%, 1 focus"))
         key("End")

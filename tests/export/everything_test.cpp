@@ -112,9 +112,10 @@ TEST(EverythingReader, RefusesEveryFaultWithItsLine) {
     const std::string good = kStart + task + "],\"notes\":[]}],\n\"done\":{\"";
     const auto documents = std::to_array<std::pair<std::string, std::string>>(
         {{"", "The file is empty."},
-         {"\n[]", "Line 2: This is not a file of everything."},
+         {"\n[]", "Line 2: This is not a file that Export Everything wrote."},
          {"{}", "Line 1: \"format\" is missing in the document."},
-         {"{\"format\":\"x\"", "Line 1: This is not a file of everything: \"format\" is \"x\"."},
+         {"{\"format\":\"x\"",
+          "Line 1: This is not a file that Export Everything wrote. Its \"format\" is \"x\"."},
          {R"({"format":"org.hearthmark.everything","version":2,"new":[])",
           "Line 1: A newer version of Hearthmark wrote the file."},
          {"{\"id\":\"" + std::string(kId) + "\"}",

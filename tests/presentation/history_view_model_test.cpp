@@ -76,6 +76,9 @@ TEST_F(HistoryViewModelTest, GoesThroughRangesAndNarrowsThemToABar) {
     const std::vector<std::pair<std::function<void(Model&)>, std::string>> steps{
         {[](Model&) {}, "0=30 5=1:00 6=10 (1:40) Z 1:10 700/2 a 30 300/1"},
         {[](Model& m) { m.go(1); }, "0=30 5=1:00 6=10 (1:40) Z 1:10 700/2 a 30 300/1"},
+        {[](Model& m) { m.go(-1); }, "6=1:40 > (1:40) a 1:40 1000/1"},
+        {[](Model& m) { m.go(-1); }, "6=1:40 > (1:40) a 1:40 1000/1"},  // nothing is earlier
+        {[](Model& m) { m.go(1); }, "0=30 5=1:00 6=10 (1:40) Z 1:10 700/2 a 30 300/1"},
         {[](Model& m) { m.choose(5); }, "0=30 5=1:00 6=10 (1:00) Z 1:00 1000/1"},
         {[](Model& m) { m.choose(7); }, "0=30 5=1:00 6=10 (1:00) Z 1:00 1000/1"},  // none such
         {[](Model& m) { m.setUnit(HistoryUnit::day); }, "0=1:00 > (1:00) Z 1:00 1000/1"},
@@ -85,8 +88,10 @@ TEST_F(HistoryViewModelTest, GoesThroughRangesAndNarrowsThemToABar) {
          "13=1:40 14=30 19=1:00 20=10 (3:20) a 2:10 650/2 Z 1:10 350/2"},
         {[](Model& m) { m.sortBy(Column::task); },
          "13=1:40 14=30 19=1:00 20=10 (3:20) Z 1:10 350/2 a 2:10 650/2"},
-        {[](Model& m) { m.go(-1); }, "> (0)"},
-        {[](Model& m) { m.setUnit(HistoryUnit::year); }, "> (0)"},
+        {[](Model& m) { m.setUnit(HistoryUnit::all); },
+         "0=1:03:20 (1:03:20) Z 1:10 18/2 a 1:02:10 982/3"},
+        {[](Model& m) { m.setUnit(HistoryUnit::year); },
+         "0=3:20 1=1:00:00 (1:03:20) Z 1:10 18/2 a 1:02:10 982/3"},
         {[](Model& m) { m.goToToday(); }, "0=3:20 1=1:00:00 (1:03:20) Z 1:10 18/2 a 1:02:10 982/3"},
     };
     for (std::size_t step = 0; step < steps.size(); ++step) {
@@ -95,6 +100,32 @@ TEST_F(HistoryViewModelTest, GoesThroughRangesAndNarrowsThemToABar) {
     }
     choice->day = std::chrono::sys_days(base::kReferenceDay);
     EXPECT_EQ(shown(open()), shown(model)) << "the same year and order";
+}
+
+TEST_F(HistoryViewModelTest, TellsHowLongTheDaysOfEachWeekdayAreOfThoseWithAFocus) {
+    const auto model = open();
+    store.addInterval(*a, IntervalState::running(on(20.5)), 0s, 0s, on(20.5));
+    const auto means = [&model] {
+        std::string text;
+        for (const auto& mean : model->viewState().value()->weekdayMeans) {
+            text += mean.timeSpent + ' ';
+        }
+        return text;
+    };
+    using Model = HistoryViewModel;
+    const std::vector<std::pair<std::function<void(Model&)>, std::string>> steps{
+        {[](Model&) {}, ""},
+        {[](Model& m) { m.setUnit(HistoryUnit::month); }, "30 - - - - 1:00 56 "},
+        {[](Model& m) { m.choose(13); }, ""},
+        {[](Model& m) { m.setUnit(HistoryUnit::year); }, "30 - - 1:00:00 - 1:00 56 "},
+        {[](Model& m) { m.choose(1); }, "- - - 1:00:00 - - - "},
+    };
+    store.clock->time = on(20.5) + 3s;
+    timers->fire();
+    for (std::size_t step = 0; step < steps.size(); ++step) {
+        steps[step].first(*model);
+        EXPECT_EQ(means(), steps[step].second) << "after step " << step;
+    }
 }
 
 TEST_F(HistoryViewModelTest, CountsWhatRunsAndMakesOnlyItsRowAnew) {

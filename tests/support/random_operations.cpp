@@ -50,7 +50,9 @@ void RandomOperations::doOne() {
         service_->resumePausedIntervals();
     } else if (choice < 92) {
         service_->pauseRunningIntervals();
-    } else if (choice < 97) {
+    } else if (choice < 94) {
+        importTasks(now);
+    } else if (choice < 98) {
         history_.undo();
     } else {
         history_.redo();
@@ -97,6 +99,27 @@ void RandomOperations::changeTask(const store::Task& task, int choice, base::Dat
     } else {
         changeNote(task, choice);
     }
+}
+
+// One task that is new and one of which some is there.
+void RandomOperations::importTasks(base::Date now) {
+    std::vector<store::TaskRecord> tasks(2);
+    tasks[0].id = base::Uuid::random();
+    tasks[1].id = anyTask();
+    for (store::TaskRecord& task : tasks) {
+        task.creationDate = now;
+        task.name = "Task " + std::to_string(++made_);
+        for (int count = below(20); count > 0; --count) {
+            task.intervals.push_back({.id = base::Uuid::random(),
+                                      .creationDate = now + -base::Seconds(below(4000)),
+                                      .duration = base::Seconds(below(3000)),
+                                      .rawState = {{.state = std::int16_t(below(3))}}});
+            task.notes.push_back({.id = base::Uuid::random(),
+                                  .creationDate = now,
+                                  .text = std::string(std::size_t(below(3000)), 'i')});
+        }
+    }
+    service_->importTasks(tasks);
 }
 
 void RandomOperations::changeInterval(const store::Task& task, int choice, base::Date now) {

@@ -32,6 +32,7 @@ class RandomOperations {
     void changeTask(const store::Task& task, int choice, base::Date now);
     void changeInterval(const store::Task& task, int choice, base::Date now);
     void changeNote(const store::Task& task, int choice);
+    void importTasks(base::Date now);
     base::Uuid anyTask();
     store::IntervalCorrection anyCorrection(base::Date now);
 

@@ -40,7 +40,7 @@ T.TabButton {
         border.color: Theme.colors.buttonBorder
 
         FocusRing {
-            visible: root.visualFocus
+            visible: root.activeFocus
         }
     }
 }

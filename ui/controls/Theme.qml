@@ -118,7 +118,7 @@ QtObject {
     readonly property int chartWidth: 360 * root.textScale
     readonly property int chartTextsWidth: 30 * root.bodySize
     readonly property int chartHeight: 64
-    readonly property int historyNumberWidth: 7.5 * root.bodySize
+    readonly property int historyNumberWidth: 8.5 * root.bodySize
     readonly property int smallChartHeight: 36
     readonly property int menuWidth: 240 * root.textScale
     readonly property int toolTipWidth: 400 * root.textScale

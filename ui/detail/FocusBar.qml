@@ -28,7 +28,7 @@ Item {
         width: parent.width
         height: Math.max(Theme.focusWidth, Math.round(root.share * root.height))
         radius: Theme.focusWidth
-        color: root.hovered || root.activeFocus || root.isLit ? Theme.colors.accent : Theme.colors.scrollBar
+        color: root.hovered || root.isLit ? Theme.colors.accent : Theme.colors.scrollBar
     }
 
     MouseArea {

@@ -26,10 +26,11 @@ BasicButton {
     Row {
         id: content
 
-        readonly property real labelRoom: root.width - Theme.tightSpacing - (arrow.visible ? arrow.width : 0)
+        readonly property real labelRoom: root.width - Theme.spacing - (arrow.visible ? arrow.width : 0)
 
         anchors.left: root.isAtEnd ? undefined : parent.left
         anchors.right: root.isAtEnd ? parent.right : undefined
+        anchors.rightMargin: Theme.spacing // beside the scroll bar, as the numbers
         anchors.verticalCenter: parent.verticalCenter
 
         ElidedLabel {

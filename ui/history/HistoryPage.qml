@@ -28,7 +28,7 @@ FocusScope {
 
     Shortcut {
         sequences: Shortcuts.historyBack
-        enabled: root.screen.activeFocus
+        enabled: root.screen.activeFocus && root.adapter.canGoBack
         onActivated: root.adapter.goBack()
     }
 
@@ -45,6 +45,7 @@ FocusScope {
         y: Theme.spacing
         width: root.width - 2 * root.margin
         adapter: root.adapter
+        transfer: root.home.fileTransfer
         onCloseRequested: root.home.closeHistory()
     }
 
@@ -60,8 +61,20 @@ FocusScope {
         adapter: root.adapter
     }
 
-    HistoryTable {
+    HistoryWeekdays {
+        id: weekdays
+
         anchors.top: chart.bottom
+        anchors.topMargin: visible ? Theme.spacing : 0
+        x: root.margin
+        width: ranges.width
+        height: visible ? implicitHeight : 0
+        visible: !root.isLow && root.adapter?.canExport && root.adapter.weekdays.length > 0
+        adapter: root.adapter
+    }
+
+    HistoryTable {
+        anchors.top: weekdays.bottom
         anchors.topMargin: root.isLow ? 0 : Theme.spacing
         anchors.bottom: parent.bottom
         x: root.margin

@@ -8,7 +8,8 @@ Column {
     id: root
 
     required property HistoryAdapter adapter
-    readonly property bool isNarrow: root.width < Theme.chartTextsWidth
+    required property FileTransferAdapter transfer
+    readonly property bool isNarrow: root.width < 1.1 * Theme.chartTextsWidth
 
     signal closeRequested
 
@@ -31,6 +32,7 @@ Column {
             anchors.verticalCenter: parent.verticalCenter
             symbol: back.LayoutMirroring.enabled ? "chevron.right" : "chevron.left"
             text: qsTr("Back")
+            enabled: root.adapter?.canGoBack ?? false
             onClicked: root.adapter.goBack()
         }
 
@@ -77,7 +79,8 @@ Column {
         TabBar {
             id: tabs
 
-            readonly property real tabPadding: root.isNarrow ? Theme.tightSpacing : Theme.wideSpacing
+            // What their texts leave of the width, as far as they need it.
+            readonly property real tabPadding: Math.max(Theme.tightSpacing, Math.min(Theme.wideSpacing, (root.width - 18 * Theme.bodySize) / (2 * tabs.count)))
             property bool isComplete: false
 
             currentIndex: root.adapter?.unit ?? 0
@@ -111,6 +114,12 @@ Column {
                 text: qsTr("Year")
                 horizontalPadding: tabs.tabPadding
             }
+
+            TabButton {
+                symbol: ""
+                text: qsTr("All")
+                horizontalPadding: tabs.tabPadding
+            }
         }
 
         PushButton {
@@ -118,6 +127,12 @@ Column {
             text: qsTr("Today")
             enabled: !(root.adapter?.holdsToday ?? true)
             onClicked: root.adapter.goToToday()
+        }
+
+        HistoryExport {
+            height: tabs.height
+            history: root.adapter
+            transfer: root.transfer
         }
     }
 }

@@ -60,8 +60,8 @@ Item {
                 required property string modelData
 
                 width: root.numberWidth
-                rightPadding: number.LayoutMirroring.enabled ? 0 : Theme.tightSpacing
-                leftPadding: number.LayoutMirroring.enabled ? Theme.tightSpacing : 0
+                rightPadding: number.LayoutMirroring.enabled ? 0 : Theme.spacing
+                leftPadding: number.LayoutMirroring.enabled ? Theme.spacing : 0
                 text: number.modelData
                 horizontalAlignment: Text.AlignRight
                 color: root.isStacked ? Theme.colors.secondaryText : Theme.colors.text

@@ -13,6 +13,7 @@ namespace hearthmark::ui {
 namespace {
 
 using presentation::HistoryUnit;
+using namespace std::chrono_literals;
 
 QString titleOf(const presentation::HistoryRange& range) {
     const QLocale locale;
@@ -33,6 +34,12 @@ QString titleOf(const presentation::HistoryRange& range) {
                    locale.toString(first, QStringLiteral("yyyy"));
         case HistoryUnit::year:
             return locale.toString(first, QStringLiteral("yyyy"));
+        case HistoryUnit::all:
+            return range.years == 1
+                       ? locale.toString(first, QStringLiteral("yyyy"))
+                       : locale.toString(first, QStringLiteral("yyyy")) + QStringLiteral(" – ") +
+                             locale.toString(first.addYears(range.years - 1),
+                                             QStringLiteral("yyyy"));
     }
     return {};
 }
@@ -62,15 +69,31 @@ void HistoryAdapter::show() {
     rows_.show(state->rows);
     const int chosen = indexOf(state->chosen);
     const QString totalOf = chosen < 0 ? tr("Total: %1") : bars_.partText(chosen) + ": %1";
+    const QLocale locale;
+    QStringList weekdays;
+    QStringList means;
+    for (const auto& mean : state->weekdayMeans) {
+        weekdays += locale.standaloneDayName(static_cast<int>(mean.weekday.iso_encoding()),
+                                             QLocale::ShortFormat);
+        means += toQString(mean.timeSpent);
+    }
+    const base::Seconds begin = state->span ? state->span->begin.sinceReferenceDate() : 0s;
+    const base::Seconds end = state->span ? state->span->end.sinceReferenceDate() : 0s;
     if (replace(shown_, {.title = titleOf(state->range),
                          .total = totalOf.arg(toQString(state->total)),
                          .unit = static_cast<int>(state->range.unit),
+                         .canGoBack = state->canGoBack,
                          .canGoForward = state->canGoForward,
                          .holdsToday = state->holdsToday,
                          .chosen = chosen,
                          .current = indexOf(state->current),
+                         .begin = begin.count(),
+                         .end = end.count(),
                          .sortedBy = static_cast<int>(state->sortedBy),
-                         .isAscending = state->isAscending})) {
+                         .isAscending = state->isAscending,
+                         .canExport = !state->rows.empty(),
+                         .weekdays = weekdays,
+                         .weekdayMeans = means})) {
         emit changed();
     }
 }
@@ -99,7 +122,11 @@ void HistoryAdapter::copy(const QImage& picture) {
     QByteArray png;
     QBuffer buffer(&png);
     picture.save(&buffer, "PNG");
-    const QString text = shown_.title + QLatin1Char('\n') + bars_.copiedText() + shown_.total;
+    QString text = shown_.title + QLatin1Char('\n') + bars_.copiedText() + shown_.total;
+    for (qsizetype day = 0; day < shown_.weekdays.size(); ++day) {
+        text +=
+            QLatin1Char('\n') + shown_.weekdays[day] + QLatin1Char('\t') + shown_.weekdayMeans[day];
+    }
     clipboard_->setStringAndPicture(toUtf8(text), png.toStdString());
 }
 

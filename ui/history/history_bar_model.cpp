@@ -26,6 +26,8 @@ QString partText(HistoryUnit unit, const base::LocalTime& start) {
             return locale.toString(toQDate(start.day), QStringLiteral("ddd d MMM"));
         case HistoryUnit::year:
             return locale.toString(toQDate(start.day), QStringLiteral("MMMM yyyy"));
+        case HistoryUnit::all:
+            return locale.toString(toQDate(start.day), QStringLiteral("yyyy"));
     }
     return {};
 }
@@ -43,6 +45,8 @@ QString label(HistoryUnit unit, const base::LocalTime& start) {
             return unsigned(day.day()) % kDaysOfWeek == 1 ? locale.toString(day.day()) : QString();
         case HistoryUnit::year:
             return locale.standaloneMonthName(day.month(), QLocale::NarrowFormat);
+        case HistoryUnit::all:
+            return locale.toString(day, QStringLiteral("yy"));
     }
     return {};
 }
