@@ -208,7 +208,7 @@ class FocusInterface(ProgramTest):
 
     def random_call(self):
         if self.random.random() < 0.3:
-            method, interface, path = self.random.choice(list(METHODS)), FOCUS, PATH
+            method, interface, path = self.random.choices(list(METHODS), [4, 2, 2, 1, 1, 1])[0], FOCUS, PATH
             kinds = list(METHODS[method].strip("()"))
         else:
             method = self.random.choice([*METHODS, "Get", "GetAll", "Set", "Introspect", "Ping", "finish",
