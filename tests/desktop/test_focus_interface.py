@@ -148,6 +148,28 @@ class FocusInterface(ProgramTest):
         self.assertTrue({"Planted", "from elsewhere"} <= set(program.names()))
         program.find("Planted", "heading")
 
+    def test_what_comes_too_fast_is_turned_away(self):
+        program = self.program.launch()
+        describe = Gio.DBusMessage.new_method_call(NAME, PATH, INTROSPECTABLE, "Introspect")
+        describe.set_flags(Gio.DBusMessageFlags.NO_REPLY_EXPECTED)
+        for _ in range(4000):
+            self.bus.send_message(describe.copy(), 0)
+        self.assertEqual(self.call("Introspect", interface=INTROSPECTABLE), STANDARD + "UnknownObject")
+        time.sleep(1)
+        answers = []
+
+        def note(bus, result):
+            try:
+                answers.append(bus.call_finish(result) and "done")
+            except GLib.Error as error:
+                answers.append(Gio.DBusError.get_remote_error(error))
+        for _ in range(100):
+            self.bus.call(NAME, PATH, FOCUS, "AddTask", GLib.Variant("(s)", ("a",)), None, 0, 20000, None, note)
+        wait_for(lambda: len(answers) == 100, "all answers")
+        self.assertEqual(set(answers), {"done", FOCUS + ".Error.TooManyCalls"})
+        self.assertIn(answers.count("done"), range(20, 30))
+        self.assertEqual(program.rows("SELECT COUNT(*) FROM Task"), [(answers.count("done"),)])
+
     # Random calls, and what they have to do.
 
     def expected(self, method, signature, arguments):
@@ -204,7 +226,8 @@ class FocusInterface(ProgramTest):
                 "ay": lambda: b"\xff" * whole, "v": lambda: GLib.Variant("d", float(number)),
                 "a{sv}": lambda: {self.text()[:50]: GLib.Variant("s", self.text())},
                 "(sd)": lambda: (self.text(), 1.0),
-                "av": lambda: [GLib.Variant("av", [GLib.Variant("s", "deep")])] * (whole % 9)}.get(kind, lambda: whole)()
+                "av": lambda: [GLib.Variant("av", [GLib.Variant("s", "deep")])] * (whole % 9)
+                }.get(kind, lambda: whole)()
 
     def random_call(self):
         if self.random.random() < 0.3:
@@ -268,6 +291,7 @@ class FocusInterface(ProgramTest):
         self.assertEqual(program.finished(), (0, ""))
         for query, right in [("PRAGMA integrity_check", [("ok",)]), ("PRAGMA foreign_key_check", []),
                              ("SELECT id, name FROM Task", list(self.tasks.items())),
+                             ("SELECT COUNT(*) FROM Interval", [(1 + done["StartFocus"],)]),
                              ("SELECT n.id, t.id, text FROM Note n JOIN Task t ON task = t.pk ORDER BY n.pk",
                               [(note, *rest) for note, rest in self.notes.items()])]:
             self.assertEqual(sorted(program.rows(query)), sorted(right))
