@@ -20,6 +20,9 @@ constexpr std::array kActions{
     NamedAction(QLatin1String("start-short-focus"), ApplicationAction::startShortFocus),
     NamedAction(QLatin1String("quit"), ApplicationAction::quit)};
 
+// One that waits for its answers does not get there. To describe the object takes 0.1 ms.
+constexpr CallLimit::Bounds kCalls{.atOnce = 1000, .perSecond = 1000};
+
 // Desktops of X11 may know it under its older name alone.
 QString tokenIn(const QVariantMap& platformData) {
     const QVariant startupId = platformData.value(QStringLiteral("desktop-startup-id"));
@@ -28,12 +31,19 @@ QString tokenIn(const QVariantMap& platformData) {
 
 }  // namespace
 
+ApplicationObject::ApplicationObject() : gate_(kCalls) {}
+
+bool ApplicationObject::event(QEvent* event) {
+    return !gate_.admits(*event) || QObject::event(event);
+}
+
 bool ApplicationObject::registerOnSessionBus() {
     QDBusConnection bus = QDBusConnection::sessionBus();
     if (!bus.isConnected()) {
         return false;
     }
-    return bus.registerObject(kApplicationObjectPath, this, QDBusConnection::ExportAllSlots) &&
+    return bus.registerObject(kApplicationObjectPath, this,
+                              QDBusConnection::ExportAllSlots | QDBusConnection::ExportAdaptors) &&
            bus.interface()->registerService(kApplicationId,
                                             QDBusConnectionInterface::DontQueueService) ==
                QDBusConnectionInterface::ServiceRegistered;
