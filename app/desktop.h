@@ -42,6 +42,8 @@ class Desktop final : public QObject {
 
     // Called once. The token may be empty.
     void launch(const std::string& activationToken);
+    // What other programs may do.
+    const std::shared_ptr<services::FocusService>& focus() const { return tasksApp_.focus(); }
     // Pauses what runs, when the process ends without its event loop since the display has gone.
     // Requires launch() to have been called.
     void displayLost();

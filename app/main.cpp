@@ -29,6 +29,7 @@
 #include "platform/session/activation_socket.h"
 #include "platform/session/activation_token.h"
 #include "platform/session/application_object.h"
+#include "platform/session/focus_interface.h"
 #include "platform/session/instance_lock.h"
 #include "platform/session/running_instance.h"
 #include "platform/session/start_by_bus.h"
@@ -133,6 +134,7 @@ int runApplication(int argc, char** argv, const Process& process) {
     const std::string activationToken = platform::takeActivationToken();
 
     platform::ApplicationObject applicationObject;
+    auto* const focusInterface = new platform::FocusInterface(applicationObject);
     applicationObject.registerOnSessionBus();
 
     const base::FatalErrorHandler fatal([](std::string_view message) {
@@ -154,6 +156,7 @@ int runApplication(int argc, char** argv, const Process& process) {
     QObject::connect(&applicationObject, &platform::ApplicationObject::actionRequested, &desktop,
                      &app::Desktop::perform);
     desktop.launch(activationToken);
+    focusInterface->serve(desktop.focus());
     const platform::SuddenExit suddenExit([&desktop] { desktop.displayLost(); });
     const auto signalNotifier = process.terminationSignals.listen(&QCoreApplication::quit);
     return QGuiApplication::exec();

@@ -62,6 +62,8 @@ TasksApp::TasksApp(const Environment& environment)
         homeViewFactory_, intervalsProvider, timeKeepingProvider, clock_,
         std::make_unique<services::StatusMenuService>(quickFocus, *liveDataFactory),
         environment.statusBarPorts);
+    focusService_ =
+        std::make_shared<services::FocusService>(dataOperationsService_, *liveDataFactory, clock_);
     runningIntervalVisitingService_ = std::make_shared<services::RunningIntervalVisitingService>(
         dataOperationsService_, timeKeepingProvider, clock_);
     addLaunchHook();

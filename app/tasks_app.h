@@ -15,6 +15,7 @@
 #include "presentation/note_drafts.h"
 #include "presentation/selected_task_id.h"
 #include "services/awake_clock.h"
+#include "services/focus_service.h"
 #include "services/home_view_factory_protocol.h"
 #include "services/interval_time_keeper_service.h"
 #include "services/local_notification_service.h"
@@ -66,6 +67,9 @@ class TasksApp {
     // then it is not even made. The token may be empty. Called once.
     void launch(const std::string& activationToken);
 
+    // What other programs may do. It observes nothing yet.
+    const std::shared_ptr<services::FocusService>& focus() const { return focusService_; }
+
     // Saves the half-written notes and runs the quit hook, at the first call: the display may go
     // away while the program quits. When the event loop has ended, or never will.
     void terminate();
@@ -98,6 +102,7 @@ class TasksApp {
     std::shared_ptr<presentation::NoteDrafts> drafts_;
     std::shared_ptr<HomeViewFactory> homeViewFactory_;
     std::shared_ptr<services::StatusBarService> statusBarService_;
+    std::shared_ptr<services::FocusService> focusService_;
     std::shared_ptr<services::RunningIntervalVisitingService> runningIntervalVisitingService_;
     std::shared_ptr<services::SleepService> sleepService_;
     std::shared_ptr<services::Updater> updaterController_;

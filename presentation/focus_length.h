@@ -5,12 +5,13 @@
 #include <vector>
 
 #include "base/date.h"
+#include "services/focus.h"
 #include "store/live_data.h"
 
 namespace hearthmark::presentation {
 
-constexpr base::Seconds kShortestFocus{1};
-constexpr base::Seconds kLongestFocus{86400};
+using services::kLongestFocus;
+using services::kShortestFocus;
 
 // What somebody typed as the length of a focus.
 struct TypedLength {

@@ -14,16 +14,18 @@ bool canStartFocus(const store::Tasks& tasks) {
                         [](const store::Task& task) { return task.isRunning(); });
 }
 
-void startFocus(store::DataOperationsServiceProtocol& operations, const base::Clock& clock,
-                const base::Uuid& taskId, base::Seconds maxDuration) {
+base::Uuid startFocus(store::DataOperationsServiceProtocol& operations, const base::Clock& clock,
+                      const base::Uuid& taskId, base::Seconds maxDuration) {
+    const base::Uuid id = base::Uuid::random();
     const base::Date created = clock.now();
     const base::Date started = clock.now();
     operations.addInterval({.creationDate = created,
                             .duration = base::Seconds(0),
-                            .id = base::Uuid::random(),
+                            .id = id,
                             .maxDuration = maxDuration,
                             .state = store::IntervalState::running(started)},
                            taskId);
+    return id;
 }
 
 std::optional<base::Seconds> restOf(const store::Interval& interval) {

@@ -8,6 +8,12 @@
 
 namespace hearthmark::services {
 
+const store::Interval* newestFocus(const store::Intervals& intervals) {
+    return store::newestRunning(intervals, [](const store::Interval& interval) {
+        return interval.id() && interval.task() != nullptr && interval.task()->id();
+    });
+}
+
 NewestFocus::NewestFocus(
     std::shared_ptr<store::DataOperationsServiceProtocol> dataOperationsService,
     const store::LiveDataProvidingFactoryProtocol& liveDataFactory)
@@ -18,10 +24,7 @@ NewestFocus::NewestFocus(
 }
 
 void NewestFocus::finish() {
-    const store::Interval* newest = store::newestRunning(
-        intervalProvider_->currentItems()->value(), [](const store::Interval& interval) {
-            return interval.id() && interval.task() != nullptr && interval.task()->id();
-        });
+    const store::Interval* newest = newestFocus(intervalProvider_->currentItems()->value());
     if (newest != nullptr) {
         // Copies, since the interval changes.
         const base::Uuid intervalId = *newest->id();

@@ -8,6 +8,9 @@
 
 namespace hearthmark::services {
 
+// Of those that belong to a task; null where none of them runs.
+const store::Interval* newestFocus(const store::Intervals& intervals);
+
 // The running interval that was created last, for the key that finishes it. Main thread.
 class NewestFocus {
  public:

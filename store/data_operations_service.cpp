@@ -21,7 +21,7 @@ DataOperationsService::DataOperationsService(
     tasksProvider_->startObserving();
 }
 
-void DataOperationsService::createTask(const std::string& name) {
+base::Uuid DataOperationsService::createTask(const std::string& name) {
     const base::Uuid id = base::Uuid::random();
     change(Change::Kind::addTask, id,
            AddTask{.task = {.id = id,
@@ -31,6 +31,7 @@ void DataOperationsService::createTask(const std::string& name) {
                             .intervals = {},
                             .notes = {}},
                    .removedAt = std::nullopt});
+    return id;
 }
 
 void DataOperationsService::deleteTask(const base::Uuid& taskId) {

@@ -22,7 +22,7 @@ class DataOperationsService final : public DataOperationsServiceProtocol {
                           std::shared_ptr<objectstore::PersistentContainer> persistentContainer,
                           std::shared_ptr<const base::Clock> clock, base::FatalErrorHandler fatal);
 
-    void createTask(const std::string& name) override;
+    base::Uuid createTask(const std::string& name) override;
     void deleteTask(const base::Uuid& taskId) override;
     void renameTask(const base::Uuid& taskId, const std::string& name) override;
     void markTaskDone(const base::Uuid& taskId) override;

@@ -22,8 +22,8 @@ namespace hearthmark::store {
 // saved. A store that cannot be written ends the program. Main thread only.
 class DataOperationsServiceProtocol : public IntervalFinishing {
  public:
-    // With a new random id, created now.
-    virtual void createTask(const std::string& name) = 0;
+    // With a new random id, which is returned, created now.
+    virtual base::Uuid createTask(const std::string& name) = 0;
 
     // Together with its intervals and notes.
     virtual void deleteTask(const base::Uuid& taskId) = 0;

@@ -33,7 +33,8 @@ bool ApplicationObject::registerOnSessionBus() {
     if (!bus.isConnected()) {
         return false;
     }
-    return bus.registerObject(kApplicationObjectPath, this, QDBusConnection::ExportAllSlots) &&
+    return bus.registerObject(kApplicationObjectPath, this,
+                              QDBusConnection::ExportAllSlots | QDBusConnection::ExportAdaptors) &&
            bus.interface()->registerService(kApplicationId,
                                             QDBusConnectionInterface::DontQueueService) ==
                QDBusConnectionInterface::ServiceRegistered;

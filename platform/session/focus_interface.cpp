@@ -1,0 +1,200 @@
+// SPDX-License-Identifier: MIT
+#include "platform/session/focus_interface.h"
+
+#include <QDBusArgument>
+#include <QDBusConnection>
+#include <QDBusError>
+#include <QDBusMetaType>
+#include <QLatin1String>
+#include <QStringList>
+#include <algorithm>
+#include <chrono>
+#include <optional>
+#include <utility>
+#include <variant>
+#include <vector>
+
+#include "platform/desktop/dbus_structure.h"
+
+namespace hearthmark::platform {
+
+namespace {
+
+using services::FocusControl;
+using services::FocusRefusal;
+
+constexpr auto kInterface = "org.hearthmark.Focus";
+// Enough for a script, and a fifth of what a slow disk can take.
+constexpr CallRate::Limit kOfSender{.atOnce = 20, .perSecond = 10};
+constexpr CallRate::Limit kOfAll{.atOnce = 40, .perSecond = 20};
+
+base::Seconds steadyNow() {
+    return std::chrono::steady_clock::now().time_since_epoch();
+}
+
+// No text on the bus holds a NUL, at which it would end.
+QString shown(const std::string& text) {
+    return QString::fromStdString(text).replace(QChar::Null, QChar::ReplacementCharacter);
+}
+
+QString shown(const base::Uuid& id) {
+    return QString::fromStdString(id.text());
+}
+
+double shown(base::Seconds seconds) {
+    return seconds.count();
+}
+
+QList<BusTask> shown(const std::vector<services::FoundTask>& tasks) {
+    QList<BusTask> all;
+    all.reserve(static_cast<qsizetype>(tasks.size()));
+    for (const services::FoundTask& task : tasks) {
+        all.append({shown(task.id), shown(task.name), task.isDone});
+    }
+    return all;
+}
+
+// What is too long stays so, and is not looked at for as long as it is.
+std::string given(const QString& text) {
+    return text.left(static_cast<qsizetype>(FocusControl::kLongestNote) + 1).toStdString();
+}
+
+QVariantMap valuesOf(const std::optional<services::RunningFocus>& running) {
+    const base::Seconds start =
+        running ? running->start.sinceReferenceDate() + base::kUnixTimeOfReferenceDate
+                : base::Seconds(0);
+    return {{QStringLiteral("TaskId"), running ? shown(running->taskId) : QString()},
+            {QStringLiteral("TaskName"), running ? shown(running->taskName) : QString()},
+            {QStringLiteral("IntervalId"), running ? shown(running->intervalId) : QString()},
+            {QStringLiteral("Start"), shown(start)},
+            {QStringLiteral("SpentBefore"), running ? shown(running->spentBefore) : 0.0},
+            {QStringLiteral("Length"), running ? shown(running->length) : 0.0}};
+}
+
+QLatin1String errorName(FocusRefusal::Reason reason) {
+    switch (reason) {
+        case FocusRefusal::Reason::focusRunning:
+            return QLatin1String("FocusRunning");
+        case FocusRefusal::Reason::nothingRuns:
+            return QLatin1String("NothingRuns");
+        case FocusRefusal::Reason::noSuchTask:
+            return QLatin1String("NoSuchTask");
+        case FocusRefusal::Reason::invalidArgument:
+            return QLatin1String("InvalidArgument");
+        case FocusRefusal::Reason::tooManyCalls:
+            return QLatin1String("TooManyCalls");
+    }
+    return {};
+}
+
+void sendError(const QDBusMessage& call, const QString& name, const QString& text) {
+    call.setDelayedReply(true);
+    QDBusConnection::sessionBus().send(call.createErrorReply(name, text));
+}
+
+void refuse(const QDBusMessage& call, const FocusRefusal& refusal) {
+    sendError(call,
+              QLatin1String(kInterface) + QLatin1String(".Error.") + errorName(refusal.reason),
+              QString::fromStdString(refusal.text));
+}
+
+}  // namespace
+
+QDBusArgument& operator<<(QDBusArgument& argument, const BusTask& task) {
+    return writeStructure(argument, task.id, task.name, task.isDone);
+}
+
+const QDBusArgument& operator>>(const QDBusArgument& argument, BusTask& task) {
+    return readStructure(argument, task.id, task.name, task.isDone);
+}
+
+FocusInterface::FocusInterface(ApplicationObject& applicationObject)
+    : QDBusAbstractAdaptor(&applicationObject), rate_(kOfSender, kOfAll), values_(valuesOf({})) {
+    qDBusRegisterMetaType<BusTask>();
+    qDBusRegisterMetaType<QList<BusTask>>();
+}
+
+void FocusInterface::serve(const std::shared_ptr<FocusControl>& focus) {
+    focus_ = focus;
+    focus->startObserving({.changed = [this] { tellChanges(); },
+                           .started =
+                               [this](const services::RunningFocus& started) {
+                                   emit Started(shown(started.taskId), shown(started.taskName),
+                                                shown(started.intervalId), shown(started.length));
+                               },
+                           .finished =
+                               [this](const services::FinishedFocus& finished) {
+                                   emit Finished(shown(finished.taskId), shown(finished.taskName),
+                                                 shown(finished.intervalId), shown(finished.spent));
+                               }});
+    values_ = valuesOf(focus->running());
+}
+
+void FocusInterface::tellChanges() {
+    const auto focus = focus_.lock();
+    const QVariantMap before = std::exchange(values_, valuesOf(focus->running()));
+    QVariantMap changed;
+    for (auto value = values_.cbegin(); value != values_.cend(); ++value) {
+        if (before.value(value.key()) != value.value()) {
+            changed.insert(value.key(), value.value());
+        }
+    }
+    QDBusMessage signal = QDBusMessage::createSignal(
+        kApplicationObjectPath, QStringLiteral("org.freedesktop.DBus.Properties"),
+        QStringLiteral("PropertiesChanged"));
+    signal << QLatin1String(kInterface) << changed << QStringList();
+    QDBusConnection::sessionBus().send(signal);
+}
+
+template <class Shown, class Ask>
+Shown FocusInterface::answer(const QDBusMessage& call, const Ask& ask) {
+    const auto focus = focus_.lock();
+    if (focus == nullptr) {
+        sendError(call, QDBusError::errorString(QDBusError::Failed),
+                  QStringLiteral("Hearthmark is just starting or ending."));
+        return {};
+    }
+    if (!rate_.admits(call.service().toStdString(), steadyNow())) {
+        refuse(call, {FocusRefusal::Reason::tooManyCalls,
+                      "Too many calls came at once. Wait a moment and try again."});
+        return {};
+    }
+    const auto answer = ask(*focus);
+    if (const auto* const refusal = std::get_if<FocusRefusal>(&answer)) {
+        refuse(call, *refusal);
+        return {};
+    }
+    return shown(std::get<0>(answer));
+}
+
+QString FocusInterface::StartFocus(const QString& taskId, double length, const QDBusMessage& call) {
+    return answer<QString>(call, [&](FocusControl& focus) {
+        return focus.start(given(taskId), base::Seconds(length));
+    });
+}
+
+QString FocusInterface::Finish(const QDBusMessage& call) {
+    return answer<QString>(call, [](FocusControl& focus) { return focus.finish(); });
+}
+
+double FocusInterface::Extend(double seconds, const QDBusMessage& call) {
+    return answer<double>(
+        call, [&](FocusControl& focus) { return focus.extend(base::Seconds(seconds)); });
+}
+
+QString FocusInterface::AddTask(const QString& name, const QDBusMessage& call) {
+    return answer<QString>(call, [&](FocusControl& focus) { return focus.addTask(given(name)); });
+}
+
+QString FocusInterface::AddNote(const QString& taskId, const QString& text,
+                                const QDBusMessage& call) {
+    return answer<QString>(
+        call, [&](FocusControl& focus) { return focus.addNote(given(taskId), given(text)); });
+}
+
+QList<BusTask> FocusInterface::FindTasks(const QString& words, const QDBusMessage& call) {
+    return answer<QList<BusTask>>(
+        call, [&](FocusControl& focus) { return focus.findTasks(given(words)); });
+}
+
+}  // namespace hearthmark::platform
