@@ -45,7 +45,9 @@ int main(int argc, char** argv) {
     line.set_version_flag("--version", "hearthmarkctl " HEARTHMARK_VERSION);
     line.require_subcommand(1);
     ctl::Command command;
-    ctl::addStatus(line, command);
+    for (const auto add : {ctl::addStatus, ctl::addTasks, ctl::addHistory, ctl::addExport}) {
+        add(line, command);
+    }
     try {
         line.parse(argc, argv);
     } catch (const CLI::ParseError& error) {

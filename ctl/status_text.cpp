@@ -3,18 +3,15 @@
 
 #include <algorithm>
 #include <cmath>
-#include <nlohmann/json.hpp>
 
 #include "base/text.h"
-#include "export/field_texts.h"
+#include "ctl/json.h"
 #include "presentation/texts.h"
 #include "store/time_texts.h"
 
 namespace hearthmark::ctl {
 
 namespace {
-
-using Json = nlohmann::ordered_json;
 
 constexpr auto kNothingRuns = "Nothing runs.";
 constexpr auto kInterrupted = "Interrupted: ";
@@ -42,17 +39,16 @@ std::string_view stateOf(const FocusStatus& focus) {
 }
 
 Json json(const FocusStatus& focus, base::Seconds spent) {
-    std::string start;
-    exporting::appendDateTime(start, focus.start);
     Json made{{"state", stateOf(focus)},
-              {"taskId", focus.taskId},
-              {"taskName", base::withValidUtf8(focus.taskName)},
-              {"intervalId", focus.intervalId},
-              {"start", start},
-              {"spent", std::floor(spent.count())},
-              {"length", focus.length.count()}};
+              {"taskId", jsonOf(focus.taskId)},
+              {"taskName", jsonOf(focus.taskName)},
+              {"intervalId", jsonOf(focus.intervalId)},
+              {"start", jsonOf(focus.start)},
+              {"spent", wholeSeconds(spent)},
+              {"length", wholeSeconds(focus.length)}};
     if (focus.length > base::Seconds(0)) {
-        made["rest"] = (focus.length - base::Seconds(std::floor(spent.count()))).count();
+        made["rest"] =
+            wholeSeconds(std::max(focus.length - base::Seconds(std::floor(spent.count())), base::Seconds(0)));
     }
     return made;
 }

@@ -22,6 +22,13 @@ EverythingDocument::EverythingDocument(const store::Tasks& tasks) {
     }
 }
 
+EverythingDocument::EverythingDocument(const std::vector<store::TaskRecord>& tasks) {
+    entries_.reserve(tasks.size());
+    for (const store::TaskRecord& task : tasks) {
+        entries_.push_back({.task = taskForJSON(task), .doneDate = task.doneDate});
+    }
+}
+
 bool EverythingDocument::appendNext(std::string& text) {
     const std::size_t part = parts_;
     if (part > entries_.size() + 1) {

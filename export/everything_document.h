@@ -23,6 +23,8 @@ class EverythingDocument final : public TextParts {
  public:
     // Main thread, as the one place that looks at the store.
     explicit EverythingDocument(const store::Tasks& tasks);
+    // Of a store that was not opened; anywhere.
+    explicit EverythingDocument(const std::vector<store::TaskRecord>& tasks);
 
     bool appendNext(std::string& text) override;
     double shareDone() const override;

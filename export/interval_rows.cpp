@@ -10,8 +10,7 @@ namespace hearthmark::exporting {
 
 namespace {
 
-std::optional<store::StateCode> stateOf(const store::Interval& interval) {
-    const auto state = interval.intervalState();
+std::optional<store::StateCode> codeOf(const std::optional<store::IntervalState>& state) {
     if (!state) {
         return std::nullopt;
     }
@@ -20,17 +19,22 @@ std::optional<store::StateCode> stateOf(const store::Interval& interval) {
                                : store::StateCode::finished;
 }
 
-IntervalRow row(const store::Interval& interval, base::Date start, base::Date now) {
-    const base::Seconds timeSpent = interval.totalDuration(now);
-    const store::Task& task = *interval.task();
-    return {.taskId = task.id(),
-            .taskName = task.name(),
-            .id = interval.id(),
+// Requires: it has a date.
+IntervalRow row(const std::optional<base::Uuid>& taskId, const std::optional<std::string>& taskName,
+                const store::IntervalRecord& interval, base::Date now) {
+    const auto& raw = interval.rawState;
+    const auto state =
+        raw ? store::intervalState(raw->state, raw->started, raw->visited) : std::nullopt;
+    const base::Seconds timeSpent = store::totalDuration(interval.duration, state, now);
+    const base::Date start = interval.creationDate.value();
+    return {.taskId = taskId,
+            .taskName = taskName,
+            .id = interval.id,
             .start = start,
             .end = start + timeSpent,
             .timeSpent = timeSpent,
-            .length = interval.maxDuration(),
-            .state = stateOf(interval)};
+            .length = interval.maxDuration,
+            .state = codeOf(state)};
 }
 
 }  // namespace
@@ -52,7 +56,20 @@ std::vector<IntervalRow> intervalRows(const store::Tasks& tasks, base::Date from
     std::vector<IntervalRow> rows;
     rows.reserve(found.size());
     for (const store::Interval* interval : found) {
-        rows.push_back(row(*interval, *interval->creationDate(), now));
+        const store::Task& task = *interval->task();
+        rows.push_back(row(task.id(), task.name(), store::record(*interval), now));
+    }
+    return rows;
+}
+
+std::vector<IntervalRow> intervalRows(std::vector<store::IntervalEntry> intervals, base::Date now) {
+    std::ranges::sort(intervals, std::ranges::less(), [](const store::IntervalEntry& entry) {
+        return std::tuple(entry.interval.creationDate->sinceReferenceDate().count(), entry.key);
+    });
+    std::vector<IntervalRow> rows;
+    rows.reserve(intervals.size());
+    for (const store::IntervalEntry& entry : intervals) {
+        rows.push_back(row(entry.task.id, entry.task.name, entry.interval, now));
     }
     return rows;
 }

@@ -9,6 +9,7 @@
 #include "base/uuid.h"
 #include "store/interval_state.h"
 #include "store/live_data.h"
+#include "store/store_reader.h"
 
 namespace hearthmark::exporting {
 
@@ -33,5 +34,8 @@ struct IntervalRow {
 // no range. Main thread.
 std::vector<IntervalRow> intervalRows(const store::Tasks& tasks, base::Date from, base::Date to,
                                       base::Date now);
+
+// The same of what a store that was not opened has of such a range; anywhere.
+std::vector<IntervalRow> intervalRows(std::vector<store::IntervalEntry> intervals, base::Date now);
 
 }  // namespace hearthmark::exporting

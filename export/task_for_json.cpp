@@ -41,4 +41,26 @@ TaskForJSON taskForJSON(const store::Task& task) {
     return made;
 }
 
+TaskForJSON taskForJSON(const store::TaskRecord& task) {
+    TaskForJSON made{.id = task.id,
+                     .creationDate = task.creationDate,
+                     .name = task.name,
+                     .intervals = {},
+                     .notes = {}};
+    for (const store::IntervalRecord& interval : task.intervals) {
+        made.intervals.push_back({.id = interval.id,
+                                  .creationDate = interval.creationDate,
+                                  .duration = interval.duration,
+                                  .maxDuration = interval.maxDuration,
+                                  .state = std::nullopt});
+        if (const auto& raw = interval.rawState) {
+            made.intervals.back().state = {.started = raw->started, .state = raw->state};
+        }
+    }
+    for (const store::NoteRecord& note : task.notes) {
+        made.notes.push_back({.id = note.id, .creationDate = note.creationDate, .text = note.text});
+    }
+    return made;
+}
+
 }  // namespace hearthmark::exporting

@@ -8,6 +8,7 @@
 
 #include "base/date.h"
 #include "base/uuid.h"
+#include "store/records.h"
 #include "store/task.h"
 
 // What a JSON document of a task says, taken from the store at one moment. The members are the keys
@@ -43,5 +44,6 @@ struct TaskForJSON {
 };
 
 TaskForJSON taskForJSON(const store::Task& task);
+TaskForJSON taskForJSON(const store::TaskRecord& task);
 
 }  // namespace hearthmark::exporting

@@ -81,19 +81,27 @@ IntervalEntry intervalEntry(const RowReader& row) {
 
 // What the order of the newest looks at.
 struct Age {
-    const IntervalEntry& entry;
+    std::optional<base::Date> created;
+    objectstore::RowKey rowKey;
 
-    std::optional<base::Date> creationDate() const { return entry.interval.creationDate; }
-    objectstore::RowKey key() const { return entry.key; }
+    std::optional<base::Date> creationDate() const { return created; }
+    objectstore::RowKey key() const { return rowKey; }
 };
 
-bool isNewer(const IntervalEntry& entry, const IntervalEntry& other) {
-    const Age age{entry};
-    const Age otherAge{other};
-    return NewestFirst()(&age, &otherAge);
+bool isNewer(const Age& age, const Age& other) {
+    return NewestFirst()(&age, &other);
 }
 
 }  // namespace
+
+bool isNewer(const TaskEntry& task, const TaskEntry& other) {
+    return isNewer(Age{task.creationDate, task.key}, Age{other.creationDate, other.key});
+}
+
+bool isNewer(const IntervalEntry& entry, const IntervalEntry& other) {
+    return isNewer(Age{entry.interval.creationDate, entry.key},
+                   Age{other.interval.creationDate, other.key});
+}
 
 StoreReader::StoreReader(const std::filesystem::path& directory, LeftRunning leftRunning)
     : leftRunning_(leftRunning) {

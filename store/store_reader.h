@@ -32,6 +32,10 @@ struct IntervalEntry {
     IntervalRecord interval;
 };
 
+// The order in which tasks and intervals are shown.
+bool isNewer(const TaskEntry& task, const TaskEntry& other);
+bool isNewer(const IntervalEntry& entry, const IntervalEntry& other);
+
 // What the file of a store says, for a process that is not the program: values, in the same
 // meaning as the program's objects have. What an old version did not have yet is absent, and where
 // there is no file there is nothing. It holds the file open, so it is to be let go soon. Failures
