@@ -4,6 +4,7 @@
 #include <QDBusConnection>
 #include <QDBusConnectionInterface>
 #include <QDBusError>
+#include <QEvent>
 #include <QLatin1String>
 #include <algorithm>
 #include <array>
@@ -20,6 +21,9 @@ constexpr std::array kActions{
     NamedAction(QLatin1String("start-short-focus"), ApplicationAction::startShortFocus),
     NamedAction(QLatin1String("quit"), ApplicationAction::quit)};
 
+// One that waits for its answers does not get there. To describe the object takes 0.1 ms.
+constexpr CallLimit::Bounds kCalls{.atOnce = 1000, .perSecond = 1000};
+
 // Desktops of X11 may know it under its older name alone.
 QString tokenIn(const QVariantMap& platformData) {
     const QVariant startupId = platformData.value(QStringLiteral("desktop-startup-id"));
@@ -27,6 +31,18 @@ QString tokenIn(const QVariantMap& platformData) {
 }
 
 }  // namespace
+
+ApplicationObject::ApplicationObject() : calls_(kCalls, steadyNow()) {}
+
+bool ApplicationObject::event(QEvent* event) {
+    if (event->type() == QEvent::MetaCall) {
+        if (!calls_.isFree(steadyNow())) {
+            return true;  // the toolkit answers what was not delivered with an error
+        }
+        calls_.count();
+    }
+    return QObject::event(event);
+}
 
 bool ApplicationObject::registerOnSessionBus() {
     QDBusConnection bus = QDBusConnection::sessionBus();

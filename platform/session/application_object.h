@@ -7,6 +7,8 @@
 #include <QStringList>
 #include <QVariantMap>
 
+#include "platform/session/call_rate.h"
+
 namespace hearthmark::platform {
 
 // The program's name on the session bus, the id of its desktop entry and its application object.
@@ -24,12 +26,16 @@ class ApplicationObject final : public QObject, protected QDBusContext {
     Q_CLASSINFO("D-Bus Interface", "org.freedesktop.Application")
 
  public:
-    using QObject::QObject;
+    ApplicationObject();
 
     // Takes its place on the bus, the object before the name, so that nobody finds a name without
     // an object. False where there is no bus, or another process has the name; the program then
     // runs without.
     bool registerOnSessionBus();
+
+    // All calls come as events. What comes faster than any desktop or script calls is turned away
+    // before it costs anything, so that the window is not kept from its own events.
+    bool event(QEvent* event) override;
 
  public slots:
     // The names and signatures are those of the interface.
@@ -44,6 +50,9 @@ class ApplicationObject final : public QObject, protected QDBusContext {
     // The token may be empty.
     void activationRequested(const QString& activationToken);
     void actionRequested(ApplicationAction action, const QString& activationToken);
+
+ private:
+    CallLimit calls_;
 };
 
 }  // namespace hearthmark::platform

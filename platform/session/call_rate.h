@@ -8,36 +8,49 @@
 
 namespace hearthmark::platform {
 
-// Lets calls of other programs through as fast as people and scripts need them, and not as fast as
-// a program that runs wild makes them: each one may cost a write to the disk. One that calls too
-// often leaves room for the others. Main thread.
-class CallRate {
+// Of a clock that never goes back.
+base::Seconds steadyNow();
+
+// So many calls at once, and after that so many a second.
+class CallLimit {
  public:
-    // So many at once, and after that so many a second.
-    struct Limit {
+    struct Bounds {
         double atOnce;
         double perSecond;
     };
 
-    CallRate(Limit ofSender, Limit ofAll) : ofSender_(ofSender), ofAll_(ofAll) {}
+    CallLimit(Bounds bounds, base::Seconds now) : bounds_(bounds), left_(bounds.atOnce), at_(now) {}
 
-    // Counts the call where it answers yes. `now` is of a clock that never goes back.
+    bool isFree(base::Seconds now);
+    // Requires isFree().
+    void count() { --left_; }
+    // Whether no call of late counts any more.
+    bool isForgotten(base::Seconds now);
+
+ private:
+    void refill(base::Seconds now);
+
+    Bounds bounds_;
+    double left_;
+    base::Seconds at_;
+};
+
+// Lets calls through as fast as people and scripts need them, and not as fast as a program that
+// runs wild makes them: each may cost a write to the disk. One that calls too often leaves room for
+// the others. Main thread.
+class CallRate {
+ public:
+    CallRate(CallLimit::Bounds ofSender, CallLimit::Bounds ofAll, base::Seconds now)
+        : ofSender_(ofSender), all_(ofAll, now) {}
+
+    // Counts the call where it answers yes.
     bool admits(const std::string& sender, base::Seconds now);
 
  private:
-    // What is left of a limit.
-    struct Rest {
-        double calls;
-        base::Seconds at;
-    };
-
-    static void refill(Rest& rest, Limit limit, base::Seconds now);
-
-    Limit ofSender_;
-    Limit ofAll_;
-    Rest all_{.calls = ofAll_.atOnce, .at = base::Seconds(0)};
-    // Those that called of late: no more than the calls that come through until a limit is full.
-    std::unordered_map<std::string, Rest> senders_;
+    CallLimit::Bounds ofSender_;
+    CallLimit all_;
+    // Those that called of late: no more than calls come through until a limit is full again.
+    std::unordered_map<std::string, CallLimit> senders_;
 };
 
 }  // namespace hearthmark::platform

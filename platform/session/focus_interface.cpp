@@ -8,7 +8,6 @@
 #include <QLatin1String>
 #include <QStringList>
 #include <algorithm>
-#include <chrono>
 #include <optional>
 #include <utility>
 #include <variant>
@@ -25,12 +24,8 @@ using services::FocusRefusal;
 
 constexpr auto kInterface = "org.hearthmark.Focus";
 // Enough for a script, and a fifth of what a slow disk can take.
-constexpr CallRate::Limit kOfSender{.atOnce = 20, .perSecond = 10};
-constexpr CallRate::Limit kOfAll{.atOnce = 40, .perSecond = 20};
-
-base::Seconds steadyNow() {
-    return std::chrono::steady_clock::now().time_since_epoch();
-}
+constexpr CallLimit::Bounds kOfSender{.atOnce = 20, .perSecond = 10};
+constexpr CallLimit::Bounds kOfAll{.atOnce = 40, .perSecond = 20};
 
 // No text on the bus holds a NUL, at which it would end.
 QString shown(const std::string& text) {
@@ -109,7 +104,9 @@ const QDBusArgument& operator>>(const QDBusArgument& argument, BusTask& task) {
 }
 
 FocusInterface::FocusInterface(ApplicationObject& applicationObject)
-    : QDBusAbstractAdaptor(&applicationObject), rate_(kOfSender, kOfAll), values_(valuesOf({})) {
+    : QDBusAbstractAdaptor(&applicationObject),
+      rate_(kOfSender, kOfAll, steadyNow()),
+      values_(valuesOf({})) {
     qDBusRegisterMetaType<BusTask>();
     qDBusRegisterMetaType<QList<BusTask>>();
 }

@@ -11,6 +11,7 @@
 
 #include "platform/desktop/portal_settings.h"
 #include "platform/desktop/time_keeping_provider.h"
+#include "platform/session/call_rate.h"
 #include "platform/session/instance_lock.h"
 #include "platform/status_item/status_icon.h"
 
@@ -18,6 +19,24 @@ namespace hearthmark::platform {
 namespace {
 
 using namespace std::chrono_literals;
+
+TEST(CallRate, LeavesRoomForOthersBesideOneThatCallsTooOften) {
+    CallRate rate({.atOnce = 3, .perSecond = 1}, {.atOnce = 5, .perSecond = 2}, 100s);
+    struct Row {
+        base::Seconds at;
+        std::string callers;
+        std::string expected;  // of each, whether it got through
+    };
+    for (const auto& [now, callers, expected] :
+         {Row{100s, "aaaaab", "111001"}, Row{100s, "bbc", "100"}, Row{100.4s, "ad", "00"},
+          Row{101s, "aad", "101"}, Row{101s, "e", "0"}, Row{200s, "aaaabbb", "1110110"}}) {
+        std::string admitted;
+        for (const char caller : callers) {
+            admitted += rate.admits(std::string(1, caller), now) ? '1' : '0';
+        }
+        EXPECT_EQ(admitted, expected) << callers;
+    }
+}
 
 TEST(TimeKeepingProvider, FiresAfterEachIntervalUntilItIsStoppedAlsoByItsOwnAction) {
     int argc = 0;
