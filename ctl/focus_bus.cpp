@@ -93,6 +93,15 @@ struct MessageRelease {
 };
 using Message = std::unique_ptr<sd_bus_message, MessageRelease>;
 
+struct NamedError {
+    NamedError() = default;
+    NamedError(const NamedError&) = delete;
+    NamedError& operator=(const NamedError&) = delete;
+    ~NamedError() { sd_bus_error_free(&error); }
+
+    sd_bus_error error = SD_BUS_ERROR_NULL;
+};
+
 // A call of the program, built up argument by argument.
 class Call {
  public:
@@ -116,16 +125,14 @@ class Call {
 
     Message answer(Activation activation = Activation::no) {
         checked(sd_bus_message_set_auto_start(message_.get(), activation == Activation::yes));
-        sd_bus_error error = SD_BUS_ERROR_NULL;
+        NamedError error;
         sd_bus_message* answer = nullptr;
         const int result =
             sd_bus_call(bus_, message_.get(),
                         inMicroseconds(activation == Activation::yes ? kLaunchLimit : kAnswerLimit),
-                        &error, &answer);
+                        &error.error, &answer);
         if (result < 0) {
-            const BusError failure = errorOfCall(error, result, activation);
-            sd_bus_error_free(&error);
-            throw failure;
+            throw errorOfCall(error.error, result, activation);
         }
         return Message(answer);
     }
