@@ -6,9 +6,9 @@
 set -euo pipefail
 cd "$(dirname "$0")"
 
-packaging/install-packages.sh build run screen test
+packaging/install-packages.sh build run screen test benchmark
 cmake --preset release
-cmake --build --preset release --target hearthmark hearthmark_benchmarks \
+cmake --build --preset release --target hearthmark hearthmarkctl hearthmark_benchmarks \
     hearthmark_ui_benchmarks bare_timer bare_window ten_year_store
 build/release/benchmarks/hearthmark_benchmarks "$@"
 if [ $# -eq 0 ]; then

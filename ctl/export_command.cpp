@@ -26,28 +26,11 @@ namespace {
 using exporting::TextParts;
 
 struct ExportOptions {
-    // A range, a file, or both in this order.
-    std::vector<std::string> arguments;
+    std::string range;
+    std::string file;
     std::string format;
     bool isJson = false;
 };
-
-struct Destination {
-    std::optional<RangeOfDates> range;
-    std::string file;
-};
-
-// What is no range is a file.
-Destination destinationOf(const ExportOptions& options) {
-    Destination destination;
-    std::vector<std::string> rest = options.arguments;
-    if (rest.size() == 2 || (rest.size() == 1 && isRange(rest.front()))) {
-        destination.range = rangeOfDates(rest.front());
-        rest.erase(rest.begin());
-    }
-    destination.file = rest.empty() ? "" : rest.front();
-    return destination;
-}
 
 void print(TextParts& text) {
     constexpr std::size_t kBlock = 65'536;
@@ -84,27 +67,33 @@ void writeEverything(const std::string& file) {
     }
 }
 
-ExitStatus runExport(const ExportOptions& options) {
-    const Destination destination = destinationOf(options);
+ExitStatus runExport(ExportOptions options) {
+    // What stands alone and is no range is a file.
+    if (options.file.empty() && !isRange(options.range)) {
+        std::swap(options.range, options.file);
+    }
     if (options.format == "json") {
-        if (destination.range) {
+        if (!options.range.empty()) {
             throw UsageError("The JSON form has everything; it takes no range.");
         }
-        writeEverything(destination.file);
+        writeEverything(options.file);
         return ExitStatus::done;
     }
-    constexpr base::Date kEndless{base::Seconds(HUGE_VAL)};
-    const base::Date from =
-        destination.range ? destination.range->starts.front() : base::Date(base::Seconds(-HUGE_VAL));
-    const base::Date to = destination.range ? destination.range->starts.back() : kEndless;
+    base::Date from{base::Seconds(-HUGE_VAL)};
+    base::Date to{base::Seconds(HUGE_VAL)};
+    if (!options.range.empty()) {
+        const RangeOfDates range = rangeOfDates(options.range);
+        from = range.starts.front();
+        to = range.starts.back();
+    }
     auto rows = exporting::intervalRows(openStore().intervals(from, to), base::SystemClock().now());
     if (options.format == "csv") {
         exporting::IntervalTable table(std::move(rows), std::make_shared<base::LocalCalendar>());
-        write(table, destination.file);
+        write(table, options.file);
         return ExitStatus::done;
     }
     exporting::IntervalCalendar calendar(std::move(rows));
-    write(calendar, destination.file);
+    write(calendar, options.file);
     if (calendar.leftOut() > 0) {
         tellLeftOut(std::to_string(calendar.leftOut()) + " intervals");
     }
@@ -116,7 +105,8 @@ ExitStatus runExport(const ExportOptions& options) {
 void addExport(CLI::App& line, Command& chosen) {
     const auto options = std::make_shared<ExportOptions>();
     CLI::App* command = line.add_subcommand("export", "Write what the window exports");
-    command->add_option("RANGE] [FILE", options->arguments, kRangeHelp)->expected(0, 2);
+    command->add_option("RANGE", options->range, kRangeHelp);
+    command->add_option("FILE", options->file, "Standard output where it is not given");
     CLI::Option* format = command->add_option("--format", options->format, "csv, ics or json")
                               ->check(CLI::IsMember({"csv", "ics", "json"}));
     command->add_flag("--json", options->isJson, "As --format json")->excludes(format);

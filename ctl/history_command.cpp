@@ -21,10 +21,9 @@ struct HistoryOptions {
 
 ExitStatus showHistory(const HistoryOptions& options) {
     const RangeOfDates range = rangeOfDates(options.range);
-    const HistoryReport report =
-        historyReport(range.days, range.starts,
-                      openStore().intervals(range.starts.front(), range.starts.back()),
-                      base::SystemClock().now());
+    const HistoryReport report = historyReport(
+        range.days, range.starts, openStore().intervals(range.starts.front(), range.starts.back()),
+        base::SystemClock().now());
     std::cout << (options.isJson ? jsonText(report) : plainText(report));
     return ExitStatus::done;
 }

@@ -100,9 +100,8 @@ HistoryReport historyReport(const presentation::HistoryRange& range, std::vector
     }
     std::ranges::transform(report.parts, runningParts, report.parts.begin(), std::plus());
     report.total = std::accumulate(report.parts.begin(), report.parts.end(), base::Seconds(0));
-    std::ranges::stable_sort(report.tasks, std::ranges::greater(), [](const TaskTime& time) {
-        return forOrder(time.spent);
-    });
+    std::ranges::stable_sort(report.tasks, std::ranges::greater(),
+                             [](const TaskTime& time) { return forOrder(time.spent); });
     return report;
 }
 
@@ -111,9 +110,9 @@ std::string plainText(const HistoryReport& report) {
     const std::string last = dayText(lastDay(report.range));
     std::string text = first == last ? first + '\n' : first + " to " + last + '\n';
     for (const TaskTime& time : report.tasks) {
-        text += lineOf(time.spent, time.focuses,
-                       onOneLine(presentation::orDash(time.name)) +
-                           (time.isRunning ? " (running)" : ""));
+        text += lineOf(
+            time.spent, time.focuses,
+            onOneLine(presentation::orDash(time.name)) + (time.isRunning ? " (running)" : ""));
     }
     return text + lineOf(report.total, report.focuses, "in all");
 }

@@ -34,9 +34,8 @@ constexpr std::string_view kLast = "last-";
 // Of so many digits that the text has at its beginning, which they leave.
 std::optional<int> takeNumber(std::string_view& text, std::size_t digits) {
     const std::string_view number = text.substr(0, digits);
-    const bool isNumber = number.size() == digits && std::ranges::all_of(number, [](char c) {
-                              return c >= '0' && c <= '9';
-                          });
+    const bool isNumber = number.size() == digits &&
+                          std::ranges::all_of(number, [](char c) { return c >= '0' && c <= '9'; });
     if (!isNumber) {
         return std::nullopt;
     }
@@ -54,12 +53,12 @@ bool take(std::string_view& text, std::string_view beginning) {
 
 // The week that holds the fourth of January is the first (ISO 8601).
 std::optional<HistoryRange> weekOf(std::chrono::year year, int week) {
-    const HistoryRange first = rangeAround(HistoryUnit::week, year / std::chrono::January / 4,
-                                           std::chrono::Monday);
+    const HistoryRange first =
+        rangeAround(HistoryUnit::week, year / std::chrono::January / 4, std::chrono::Monday);
     const HistoryRange range = shifted(first, week - 1);
-    const HistoryRange next = rangeAround(
-        HistoryUnit::week, (year + std::chrono::years(1)) / std::chrono::January / 4,
-        std::chrono::Monday);
+    const HistoryRange next =
+        rangeAround(HistoryUnit::week, (year + std::chrono::years(1)) / std::chrono::January / 4,
+                    std::chrono::Monday);
     return week >= 1 && range.first < next.first ? std::optional(range) : std::nullopt;
 }
 
@@ -150,8 +149,7 @@ std::chrono::weekday firstDayOfWeek() {
     // The number of a day, counted from the one that this date is of: a Sunday, or a Monday.
     constexpr std::uintptr_t kMondayDate = 19971201;
     constexpr unsigned kDaysOfWeek = 7;
-    const auto number =
-        static_cast<unsigned>(*::nl_langinfo_l(_NL_TIME_FIRST_WEEKDAY, locale));
+    const auto number = static_cast<unsigned>(*::nl_langinfo_l(_NL_TIME_FIRST_WEEKDAY, locale));
     const auto date =
         reinterpret_cast<std::uintptr_t>(::nl_langinfo_l(_NL_TIME_WEEK_1STDAY, locale));
     ::freelocale(locale);

@@ -47,8 +47,8 @@ Json json(const FocusStatus& focus, base::Seconds spent) {
               {"spent", wholeSeconds(spent)},
               {"length", wholeSeconds(focus.length)}};
     if (focus.length > base::Seconds(0)) {
-        made["rest"] =
-            wholeSeconds(std::max(focus.length - base::Seconds(std::floor(spent.count())), base::Seconds(0)));
+        made["rest"] = wholeSeconds(
+            std::max(focus.length - base::Seconds(std::floor(spent.count())), base::Seconds(0)));
     }
     return made;
 }

@@ -3,8 +3,10 @@
 
 #include <algorithm>
 #include <functional>
+#include <map>
 
 #include "base/folding.h"
+#include "base/text.h"
 #include "ctl/command.h"
 #include "ctl/status_text.h"
 #include "presentation/texts.h"
@@ -16,6 +18,8 @@ namespace {
 using store::TaskEntry;
 
 constexpr std::size_t kMostListed = 20;
+// Bytes.
+constexpr std::size_t kLongestOffered = 200;
 
 std::string nameOf(const TaskEntry& task) {
     return presentation::orDash(task.name);
@@ -87,6 +91,25 @@ TaskEntry chosenTask(const std::vector<TaskEntry>& tasks, const std::string& tex
         refuse(found, text);
     }
     return found.front();
+}
+
+std::vector<std::string> offeredNames(const std::vector<TaskEntry>& tasks) {
+    std::map<std::vector<std::string>, int> counts;
+    const std::vector<TaskEntry> open = selected(tasksWithWords(tasks, ""), isOpen);
+    for (const TaskEntry& task : open) {
+        ++counts[base::foldedWords(nameOf(task))];
+    }
+    std::vector<std::string> offered;
+    for (const TaskEntry& task : open) {
+        const std::string name = onOneLine(std::string(base::trimmed(nameOf(task))));
+        const std::vector<std::string> words = base::foldedWords(nameOf(task));
+        // An option begins with a hyphen, and an id is taken for one.
+        const bool canBeTyped = !words.empty() && name.size() <= kLongestOffered &&
+                                !name.starts_with('-') && !base::Uuid::fromText(name) &&
+                                base::foldedWords(name) == words;
+        offered.push_back(canBeTyped && counts[words] == 1 ? name : task.id->text());
+    }
+    return offered;
 }
 
 std::string taskLine(const TaskEntry& task) {

@@ -21,4 +21,8 @@ store::TaskEntry chosenTask(const std::vector<store::TaskEntry>& tasks, const st
 // As a line of a list: the id, the name on one line, and whether it is done.
 std::string taskLine(const store::TaskEntry& task);
 
+// What a shell offers for those that are not done, newest first: the name on one line where
+// chosenTask() knows the task by it and it can be typed, else the id.
+std::vector<std::string> offeredNames(const std::vector<store::TaskEntry>& tasks);
+
 }  // namespace hearthmark::ctl

@@ -19,6 +19,7 @@ struct TasksOptions {
     bool isDone = false;
     bool isAll = false;
     bool isJson = false;
+    bool isOffered = false;
 };
 
 Json jsonOf(const store::TaskEntry& task) {
@@ -29,6 +30,12 @@ Json jsonOf(const store::TaskEntry& task) {
 }
 
 ExitStatus listTasks(const TasksOptions& options) {
+    if (options.isOffered) {
+        for (const std::string& name : offeredNames(openStore().tasks())) {
+            std::cout << name << '\n';
+        }
+        return ExitStatus::done;
+    }
     std::string words;
     for (const std::string& each : options.words) {
         words += each + ' ';
@@ -60,6 +67,8 @@ void addTasks(CLI::App& line, Command& chosen) {
     CLI::Option* done = command->add_flag("--done", options->isDone, "List those that are done");
     command->add_flag("--all", options->isAll, "List those that are done, too")->excludes(done);
     command->add_flag("--json", options->isJson, "Print JSON");
+    command->add_flag("--offered", options->isOffered, "Print what shells offer for a TASK")
+        ->excludes(done);
     command->callback([&chosen, options] { chosen = [options] { return listTasks(*options); }; });
 }
 

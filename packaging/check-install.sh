@@ -71,6 +71,7 @@ as_person xdotool key ctrl+n sleep 1 type Letters
 as_person xdotool key ctrl+Return sleep 1 key Return sleep 1 key ctrl+1 sleep 2
 [ "$(query 'SELECT name, maxDuration, state FROM Task t JOIN Interval i ON i.task = t.pk
     JOIN RawIntervalState s ON s.interval = i.pk')" = "Letters|1800.0|1" ] || fail "no focus runs on the task"
+as_person hearthmarkctl status | grep -q '^[0-9]*/30:00 Letters$' || fail "the command line does not see the focus"
 if [ -n "$picture" ]; then
     as_person import -window root "png:-" >"$picture"
 fi

@@ -193,15 +193,15 @@ std::vector<TaskRecord> StoreReader::everything() {
         const auto place = key ? places.find(*key) : places.end();
         return place != places.end() ? &records[place->second] : nullptr;
     };
-    reading_->read(std::string("SELECT i.task, ") + kInterval + " FROM Interval i" + kState +
-                       " ORDER BY i.pk",
-                   {}, [&](const RowReader& row) {
-                       Columns columns(row);
-                       if (TaskRecord* task = owner(columns)) {
-                           columns.nextKey();
-                           task->intervals.push_back(settled(nextInterval(columns)));
-                       }
-                   });
+    reading_->read(
+        std::string("SELECT i.task, ") + kInterval + " FROM Interval i" + kState + " ORDER BY i.pk",
+        {}, [&](const RowReader& row) {
+            Columns columns(row);
+            if (TaskRecord* task = owner(columns)) {
+                columns.nextKey();
+                task->intervals.push_back(settled(nextInterval(columns)));
+            }
+        });
     reading_->read("SELECT n.task, n.id, n.creationDate, n.text FROM Note n ORDER BY n.pk", {},
                    [&](const RowReader& row) {
                        Columns columns(row);

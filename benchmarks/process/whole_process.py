@@ -11,6 +11,7 @@ import contextlib
 import os
 import subprocess
 
+from command_line import print_command_line
 from driver import Desktop
 from looking_back import print_history
 from measuring import Subject, Windows, print_steady
@@ -18,8 +19,9 @@ from one_task import add_task, hide, make_subject, print_extremes, print_one_tas
 from peers import make_peers, states as peers_states
 from searching import print_search
 
-PARTS = ["starts", "steady", "peers", "one-task", "search", "history"]
+PARTS = ["starts", "steady", "peers", "one-task", "search", "history", "command-line"]
 EXTREMES = "extremes"
+COMMANDS = 20
 
 
 def ratios(subject, base):
@@ -88,6 +90,9 @@ def measure(given, windows):
             print_search(given.hearthmark, ten_year_store, windows, timer.pid, given.seconds, given.starts)
         if is_asked_for("history"):
             print_history(given.hearthmark, ten_year_store, windows, timer.pid, given.seconds, given.starts)
+        if is_asked_for("command-line"):
+            hearthmarkctl = os.path.join(os.path.dirname(os.path.abspath(given.hearthmark)), "hearthmarkctl")
+            print_command_line(hearthmarkctl, full.data, COMMANDS)
         if is_asked_for(EXTREMES):
             print_extremes(given.hearthmark, ten_year_store, windows)
     finally:

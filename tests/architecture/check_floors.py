@@ -14,12 +14,16 @@ CORE = ["base", "objectstore", "livedata", "store", "services", "presentation", 
 ALLOWED = {folder: set(CORE[: floor + 1]) for floor, folder in enumerate(CORE)}
 ALLOWED["ui"] = {*CORE, "ui"}
 ALLOWED["platform"] = {*CORE, "platform"} - {"presentation", "export"}
+ALLOWED["ctl"] = {*CORE, "ctl"}
 ALLOWED["app"] = {*CORE, "ui", "platform", "app"}
+STANDARD = [*CORE, "ctl"]
 UNBOUND = ["tests", "benchmarks", "previews"]
 
 INCLUDE = re.compile(r'^[ \t]*#[ \t]*include[ \t]*([<"])([^>"\n]+)[>"]', re.MULTILINE)
 QT = re.compile(r"Q[A-Z]\w*|Qt\w*/.*|q\w+\.h")
 SQLITE = re.compile(r"sqlite3(ext)?\.h|SQLiteCpp/.*")
+BUS = re.compile(r"systemd/.*")
+BUS_FILE = "ctl/focus_bus.cpp"
 SPDX = "// SPDX-License-Identifier: MIT\n"
 
 
@@ -32,10 +36,12 @@ def include_fault(folder, path, quote, target):
     # A path from elsewhere than the root would slip past the rule above.
     if quote == '"' and first not in ALLOWED and not target.endswith(".moc"):
         return f'"{target}" is not written from the root of the tree'
-    if folder in CORE and QT.fullmatch(target):
+    if folder in STANDARD and QT.fullmatch(target):
         return f"{folder}/ is standard C++ and must not include Qt's <{target}>"
     if SQLITE.fullmatch(target) and not (folder == "objectstore" and path.suffix == ".cpp"):
         return f"only objectstore/*.cpp may include <{target}>"
+    if BUS.fullmatch(target) and path.parts[-2:] != tuple(BUS_FILE.split("/")):
+        return f"only {BUS_FILE} may include <{target}>"
     return None
 
 
@@ -71,6 +77,9 @@ def self_test():
         ("export/a.cpp", "#include <QtCore/QDate>\n#include <qobject.h>\n#include <sqlite3.h>\n", 3),
         ("objectstore/a.h", once + "#include <sqlite3.h>\n#include <SQLiteCpp/Database.h>\n", 2),
         ("tests/support/a.h", "", 1),
+        ("ctl/focus_bus.cpp", '#include "export/b.h"\n#include <systemd/sd-bus.h>\n', 0),
+        ("ctl/a.cpp", '#include "platform/b.h"\n#include <QString>\n#include <systemd/sd-bus.h>\n', 3),
+        ("export/a.cpp", '#include "ctl/b.h"\n', 1),
     ]
     cases = [(name, SPDX + text, count) for name, text, count in rows]
     for name, text, count in [*cases, ("base/a.h", once, 2), ("README.md", "", 1)]:
