@@ -137,7 +137,7 @@ class Scripting(ProgramTest):
         self.assertIn("bus", self.run_ctl("start", "hide", DBUS_SESSION_BUS_ADDRESS="disabled:").stderr)
         self.assertFalse(self.daemon("NameHasOwner", "(s)", NAME)[0])
         # A start starts it, and what it had paused goes before.
-        for status, task, says in ((DONE, "hide", "0/30:00 hide"), (COULD_NOT, "bus", "/30:00 hide")):
+        for status, task, says in ((DONE, "hide", "0/30:00 hide"), (COULD_NOT, "bus", "goes on with")):
             self.ctl("start", task, status=status, says=says)
             self.launch_by_bus()
             self.assertEqual(windows(), [])
@@ -230,11 +230,9 @@ class Scripting(ProgramTest):
         followed.wait("3/25:00")
         # A reader that goes ends it, and so it does where there is nothing to tell.
         self.ctl("finish")
-        with subprocess.Popen([CTL, "status", "--follow"], env=self.program.environment(),
-                              stdout=subprocess.PIPE, stderr=subprocess.PIPE) as left:
-            left.stdout.readline()
-            left.stdout.close()
-            self.assertEqual((left.wait(10), left.stderr.read()), (DONE, b""))
+        headed = 'set -o pipefail; timeout 10 "$0" status --follow | head -n 1'
+        self.assertEqual(subprocess.run(["bash", "-c", headed, CTL], env=self.program.environment(),
+                                        stdout=subprocess.DEVNULL, check=False).returncode, DONE)
 
     def test_what_is_followed_survives_the_bus(self):
         address = f"unix:path={self.program.data}/bus"
