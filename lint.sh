@@ -34,7 +34,7 @@ check_qml() {
 }
 
 check_shell() {
-    sources_named -name '*.sh' -o -path ./.ci/run | xargs -0 shellcheck
+    sources_named -name '*.sh' -o -name '*.bash' -o -path ./.ci/run | xargs -0 shellcheck
 }
 
 check "Format (clang-format)" check_format

@@ -16,7 +16,7 @@ commit_time() { git log -1 --format=%ct 2>/dev/null || stat --format=%Y CHANGELO
 SOURCE_DATE_EPOCH="${SOURCE_DATE_EPOCH:-$(commit_time)}"
 export SOURCE_DATE_EPOCH
 cmake --preset release "$@"
-cmake --build --preset release --target hearthmark hearthmark_packaging
+cmake --build --preset release --target hearthmark hearthmarkctl hearthmark_packaging
 (cd build/release && umask 022 && cpack -D CPACK_OUTPUT_FILE_PREFIX="$PWD")
 
 version=$(sed -n 's/^set(CPACK_PACKAGE_VERSION "\(.*\)")$/\1/p' build/release/CPackConfig.cmake)
@@ -55,8 +55,9 @@ is_hardened() {
     fi
 }
 
+# Usage: check_program PROGRAM OBJECT   The object file is one of those that it is made of.
 check_program() {
-    local program=$content/usr/bin/hearthmark faults=0
+    local program=$content/usr/bin/$1 object=$2 faults=0
     is_hardened "stripped" ' stripped' file "$program" || faults=1
     is_hardened "position independent" 'Type: +DYN' readelf -h "$program" || faults=1
     is_hardened "relocations read-only" 'GNU_RELRO' readelf -lW "$program" || faults=1
@@ -65,14 +66,21 @@ check_program() {
     is_hardened "stack protector" '__stack_chk_fail' readelf -W --dyn-syms "$program" || faults=1
     # It may call none that the compiler cannot check itself.
     is_hardened "compiled with fortified functions" '-D_FORTIFY_SOURCE=2' \
-        grep -F ' app/CMakeFiles/hearthmark_main.dir/main.cpp.o ' build/release/compile_commands.json || faults=1
+        grep -F " $object " build/release/compile_commands.json || faults=1
+    return "$faults"
+}
+
+check_programs() {
+    local faults=0
+    check_program hearthmark app/CMakeFiles/hearthmark_main.dir/main.cpp.o || faults=1
+    check_program hearthmarkctl ctl/CMakeFiles/hearthmarkctl.dir/main.cpp.o || faults=1
     return "$faults"
 }
 
 check "Package (lintian)" check_package
 check "Desktop entry (desktop-file-validate)" check_desktop_entry
 check "Metainfo (appstreamcli)" check_metainfo
-check "Hardening (readelf)" check_program
+check "Hardening (readelf)" check_programs
 
 if [ "${#failed[@]}" -gt 0 ]; then
     printf 'Faults were found: %s\n' "${failed[@]}" >&2

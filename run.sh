@@ -11,7 +11,7 @@ screenshot=build/release/screenshot.png
 build() {
     packaging/install-packages.sh build run "$@"
     cmake --preset release
-    cmake --build --preset release --target hearthmark
+    cmake --build --preset release --target hearthmark hearthmarkctl hearthmark_packaging
 }
 
 fail() {

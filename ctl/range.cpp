@@ -11,6 +11,7 @@
 #include <algorithm>
 #include <array>
 #include <charconv>
+#include <cstdint>
 #include <cstdlib>
 #include <memory>
 #include <string_view>
@@ -130,9 +131,9 @@ RangeOfDates rangeOfDates(const std::string& text) {
 }
 
 std::chrono::weekday firstDayOfWeek() {
-    // The window's toolkit takes what it knows of a locale by these names, in this order.
+    // As the toolkit of the window looks for it, which knows all locales and has Monday in "C".
     const char* name = nullptr;
-    for (const char* variable : {"LC_ALL", "LC_NUMERIC", "LANG"}) {
+    for (const char* variable : {"LC_ALL", "LC_TIME", "LANG"}) {
         const char* value = std::getenv(variable);
         if (name == nullptr && value != nullptr && *value != '\0') {
             name = value;
@@ -149,7 +150,8 @@ std::chrono::weekday firstDayOfWeek() {
     // The number of a day, counted from the one that this date is of: a Sunday, or a Monday.
     constexpr std::uintptr_t kMondayDate = 19971201;
     constexpr unsigned kDaysOfWeek = 7;
-    const auto number = static_cast<unsigned>(*::nl_langinfo_l(_NL_TIME_FIRST_WEEKDAY, locale));
+    const unsigned number =
+        static_cast<unsigned char>(*::nl_langinfo_l(_NL_TIME_FIRST_WEEKDAY, locale));
     const auto date =
         reinterpret_cast<std::uintptr_t>(::nl_langinfo_l(_NL_TIME_WEEK_1STDAY, locale));
     ::freelocale(locale);

@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <string_view>
 
 #include "base/text.h"
 #include "ctl/json.h"
@@ -100,21 +101,24 @@ std::string statusLine(const std::optional<FocusStatus>& focus, base::Date now, 
 }
 
 std::string onOneLine(const std::string& text) {
-    // Of the second set of control characters, the separators of lines and paragraphs.
-    constexpr std::string_view kSeparators[]{"\u0085", "\u2028", "\u2029"};
-    std::string line = base::withValidUtf8(text);
-    for (const std::string_view separator : kSeparators) {
-        for (std::size_t at = 0; (at = line.find(separator, at)) != std::string::npos;) {
-            line.replace(at, separator.size(), " ");
+    const std::string valid = base::withValidUtf8(text);
+    const std::string_view rest = valid;
+    std::string line;
+    for (std::size_t at = 0; at < rest.size();) {
+        constexpr char kDelete = 0x7f;
+        const bool isControl = (rest[at] >= 0 && rest[at] < ' ') || rest[at] == kDelete;
+        // From U+0080 to U+009F; a terminal may take them for the beginning of a command.
+        const bool isSecondControl =
+            rest[at] == '\xC2' && static_cast<unsigned char>(rest[at + 1]) < 0xA0;
+        const bool isSeparator =
+            rest.substr(at).starts_with("\u2028") || rest.substr(at).starts_with("\u2029");
+        if (isControl || isSecondControl || isSeparator) {
+            line += ' ';
+            at += isControl ? 1 : isSecondControl ? 2 : 3;
+        } else {
+            line += rest[at++];
         }
     }
-    std::ranges::replace_if(
-        line,
-        [](char c) {
-            constexpr char kDelete = 0x7f;
-            return (c >= 0 && c < ' ') || c == kDelete;
-        },
-        ' ');
     return line;
 }
 

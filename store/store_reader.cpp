@@ -62,10 +62,11 @@ IntervalRecord nextInterval(Columns& columns) {
     interval.duration = columns.next<base::Seconds>();
     interval.maxDuration = columns.next<base::Seconds>();
     if (columns.nextKey()) {
-        interval.rawState.emplace();
-        interval.rawState->state = columns.next<std::int16_t>();
-        interval.rawState->started = columns.next<base::OptionalDate>();
-        interval.rawState->visited = columns.next<base::OptionalDate>();
+        // In the order of the columns.
+        const auto state = columns.next<std::int16_t>();
+        const std::optional<base::Date> started = columns.next<base::OptionalDate>();
+        const std::optional<base::Date> visited = columns.next<base::OptionalDate>();
+        interval.rawState = {.state = state, .started = started, .visited = visited};
     }
     return interval;
 }
@@ -115,9 +116,8 @@ std::string StoreReader::doneDate() const {
     return reading_->version() < kVersionWithDone ? "NULL" : "t.doneDate";
 }
 
-IntervalRecord StoreReader::settled(IntervalRecord interval) const {
-    return leftRunning_ == LeftRunning::isFinished ? finishedAtLastSight(std::move(interval))
-                                                   : std::move(interval);
+IntervalRecord StoreReader::settled(const IntervalRecord& interval) const {
+    return leftRunning_ == LeftRunning::isFinished ? finishedAtLastSight(interval) : interval;
 }
 
 std::optional<IntervalEntry> StoreReader::newestRunning() {
@@ -165,7 +165,7 @@ std::vector<IntervalEntry> StoreReader::intervals(base::Date from, base::Date to
                            IntervalEntry entry = intervalEntry(row);
                            // An endless one is none.
                            if (entry.interval.creationDate) {
-                               entry.interval = settled(std::move(entry.interval));
+                               entry.interval = settled(entry.interval);
                                intervals.push_back(std::move(entry));
                            }
                        });

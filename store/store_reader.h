@@ -63,7 +63,7 @@ class StoreReader {
 
  private:
     std::string doneDate() const;
-    IntervalRecord settled(IntervalRecord interval) const;
+    IntervalRecord settled(const IntervalRecord& interval) const;
 
     std::unique_ptr<objectstore::StoreReading> reading_;
     LeftRunning leftRunning_;

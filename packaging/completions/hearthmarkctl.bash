@@ -1,4 +1,5 @@
 # SPDX-License-Identifier: MIT
+# shellcheck shell=bash
 # Completion of hearthmarkctl for bash.
 
 # The words that begin with what is typed, as they are typed.
@@ -8,7 +9,7 @@ _hearthmarkctl_offer() {
         \"* | \'*) quote=${typed:0:1} typed=${typed:1} ;;
     esac
     [ "$quote" = "'" ] || typed=${typed//\\/}
-    while IFS= read -r word; do
+    for word; do
         [[ $word == "$typed"* ]] || continue
         # The shell puts an opened quote before it, and closes it.
         case $quote in
@@ -27,36 +28,30 @@ _hearthmarkctl_offer() {
 }
 
 _hearthmarkctl() {
-    local current=${COMP_WORDS[COMP_CWORD]} command= place=0 each
+    local current=${COMP_WORDS[COMP_CWORD]} command='' place=0 at
+    local -a words=()
     COMPREPLY=()
-    for ((each = 1; each < COMP_CWORD; ++each)); do
-        case ${COMP_WORDS[each]} in
-            --format) ((++each)) ;;
+    for ((at = 1; at < COMP_CWORD; ++at)); do
+        case ${COMP_WORDS[at]} in
+            --format) ((++at)) ;;
             -*) ;;
-            *) [ -z "$command" ] && command=${COMP_WORDS[each]} || ((++place)) ;;
+            *) if [ -z "$command" ]; then command=${COMP_WORDS[at]}; else ((++place)); fi ;;
         esac
     done
-    if [ "${COMP_WORDS[COMP_CWORD - 1]}" = --format ]; then
-        _hearthmarkctl_offer < <(printf '%s\n' csv ics json)
-        return
-    fi
-    case $command:$place:$current in
-        status:*:-*) each="--follow --json --waybar --help" ;;
-        tasks:*:-*) each="--done --all --json --help" ;;
-        export:*:-*) each="--format --json --help" ;;
-        :*:-*) each="--help --version" ;;
-        *:-*) each="--json --help" ;;
-        :*) each="status tasks add start finish extend note history export" ;;
-        start:0:* | note:0:*)
-            _hearthmarkctl_offer < <(hearthmarkctl tasks --offered 2>/dev/null)
-            return
-            ;;
-        start:1:*) each="15m 25m 30m 1h" ;;
-        extend:0:*) each="5m 10m 30m" ;;
-        history:0:* | export:0:*) each="day week month year last-day last-week last-month last-year" ;;
-        *) each= ;;
+    case ${COMP_WORDS[COMP_CWORD - 1]}:$command:$place:$current in
+        --format:*) words=(csv ics json) ;;
+        *:status:*:-*) words=(--follow --json --waybar --help) ;;
+        *:tasks:*:-*) words=(--done --all --json --help) ;;
+        *:export:*:-*) words=(--format --json --help) ;;
+        *::*:-*) words=(--help --version) ;;
+        *:*:*:-*) words=(--json --help) ;;
+        *::*) words=(status tasks add start finish extend note history export) ;;
+        *:start:0:* | *:note:0:*) mapfile -t words < <(hearthmarkctl tasks --offered 2>/dev/null) ;;
+        *:start:1:*) words=(15m 25m 30m 1h) ;;
+        *:extend:0:*) words=(5m 10m 30m) ;;
+        *:history:0:* | *:export:0:*) words=(day week month year last-day last-week last-month last-year) ;;
     esac
-    _hearthmarkctl_offer < <(printf '%s\n' $each)
+    _hearthmarkctl_offer "${words[@]}"
     if [ "$command" = export ] && [[ $current != -* ]]; then
         compopt -o default
     fi

@@ -78,7 +78,7 @@ TEST(StatusLine, SaysTheSameInEachForm) {
         EXPECT_EQ(line(StatusForm::json), row.json);
         EXPECT_EQ(line(StatusForm::waybar), row.waybar);
     }
-    EXPECT_EQ(onOneLine("a\u2028b\u0085c\td"), "a b c d");
+    EXPECT_EQ(onOneLine("a\u2028b\u0085c\td\u009B\u00A0ä\u202Ae"), "a b c d \u00A0ä\u202Ae");
 }
 
 TEST(TaskChoice, FindsTheOneThatIsMeant) {
@@ -166,14 +166,15 @@ TEST(HistoryReport, HasTheSumsOfTheHistoryPage) {
         return std::uniform_real_distribution(0.0, most)(random);
     };
     tests::TestStore store;
+    std::vector<store::Task*> owners;
     for (int made = 0; made < 20; ++made) {
-        store::Task& task = store.addTask("t");
-        for (int interval = 0; interval < 20; ++interval) {
-            store.addInterval(
-                task,
-                upTo(1) < 0.1 ? IntervalState::running(at(upTo(1e6))) : IntervalState::finished(),
-                base::Seconds(upTo(1e4)), 0s, at(upTo(14 * 86400)));
-        }
+        owners.push_back(&store.addTask("t"));
+    }
+    for (int made = 0; made < 400; ++made) {
+        store.addInterval(
+            *owners[random() % owners.size()],
+            upTo(1) < 0.1 ? IntervalState::running(at(upTo(1e6))) : IntervalState::finished(),
+            base::Seconds(upTo(1e4)), 0s, at(upTo(14 * 86400)));
     }
     const presentation::HistoryRange range{presentation::HistoryUnit::week,
                                            base::kReferenceDay + std::chrono::days(3)};
