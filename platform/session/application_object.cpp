@@ -4,7 +4,6 @@
 #include <QDBusConnection>
 #include <QDBusConnectionInterface>
 #include <QDBusError>
-#include <QEvent>
 #include <QLatin1String>
 #include <algorithm>
 #include <array>
@@ -32,16 +31,10 @@ QString tokenIn(const QVariantMap& platformData) {
 
 }  // namespace
 
-ApplicationObject::ApplicationObject() : calls_(kCalls, steadyNow()) {}
+ApplicationObject::ApplicationObject() : gate_(kCalls) {}
 
 bool ApplicationObject::event(QEvent* event) {
-    if (event->type() == QEvent::MetaCall) {
-        if (!calls_.isFree(steadyNow())) {
-            return true;  // the toolkit answers what was not delivered with an error
-        }
-        calls_.count();
-    }
-    return QObject::event(event);
+    return !gate_.admits(*event) || QObject::event(event);
 }
 
 bool ApplicationObject::registerOnSessionBus() {

@@ -7,7 +7,7 @@
 #include <QStringList>
 #include <QVariantMap>
 
-#include "platform/session/call_rate.h"
+#include "platform/session/call_gate.h"
 
 namespace hearthmark::platform {
 
@@ -33,8 +33,6 @@ class ApplicationObject final : public QObject, protected QDBusContext {
     // runs without.
     bool registerOnSessionBus();
 
-    // All calls come as events. What comes faster than any desktop or script calls is turned away
-    // before it costs anything, so that the window is not kept from its own events.
     bool event(QEvent* event) override;
 
  public slots:
@@ -52,7 +50,7 @@ class ApplicationObject final : public QObject, protected QDBusContext {
     void actionRequested(ApplicationAction action, const QString& activationToken);
 
  private:
-    CallLimit calls_;
+    CallGate gate_;
 };
 
 }  // namespace hearthmark::platform

@@ -23,9 +23,9 @@ using services::FocusControl;
 using services::FocusRefusal;
 
 constexpr auto kInterface = "org.hearthmark.Focus";
-// Enough for a script, and a fifth of what a slow disk can take.
-constexpr CallLimit::Bounds kOfSender{.atOnce = 20, .perSecond = 10};
-constexpr CallLimit::Bounds kOfAll{.atOnce = 40, .perSecond = 20};
+// Enough for a script, and half of what there is time for with ten years of tasks and a slow disk.
+constexpr CallLimit::Bounds kOfSender{.atOnce = 20, .perSecond = 5};
+constexpr CallLimit::Bounds kOfAll{.atOnce = 40, .perSecond = 10};
 
 // No text on the bus holds a NUL, at which it would end.
 QString shown(const std::string& text) {
@@ -82,9 +82,14 @@ QLatin1String errorName(FocusRefusal::Reason reason) {
     return {};
 }
 
+void send(const QDBusMessage& call, const QDBusMessage& reply) {
+    if (call.isReplyRequired()) {
+        QDBusConnection::sessionBus().send(reply);
+    }
+}
+
 void sendError(const QDBusMessage& call, const QString& name, const QString& text) {
-    call.setDelayedReply(true);
-    QDBusConnection::sessionBus().send(call.createErrorReply(name, text));
+    send(call, call.createErrorReply(name, text));
 }
 
 void refuse(const QDBusMessage& call, const FocusRefusal& refusal) {
@@ -107,6 +112,9 @@ FocusInterface::FocusInterface(ApplicationObject& applicationObject)
     : QDBusAbstractAdaptor(&applicationObject),
       rate_(kOfSender, kOfAll, steadyNow()),
       values_(valuesOf({})) {
+    turn_.setSingleShot(true);
+    turn_.setInterval(0);
+    connect(&turn_, &QTimer::timeout, this, &FocusInterface::answerNext);
     qDBusRegisterMetaType<BusTask>();
     qDBusRegisterMetaType<QList<BusTask>>();
 }
@@ -143,61 +151,80 @@ void FocusInterface::tellChanges() {
     QDBusConnection::sessionBus().send(signal);
 }
 
-template <class Shown, class Ask>
-Shown FocusInterface::answer(const QDBusMessage& call, const Ask& ask) {
-    const auto focus = focus_.lock();
-    if (focus == nullptr) {
-        sendError(call, QDBusError::errorString(QDBusError::Failed),
-                  QStringLiteral("Hearthmark is just starting or ending."));
-        return {};
-    }
+template <class Ask>
+void FocusInterface::answer(const QDBusMessage& call, const Ask& ask) {
+    call.setDelayedReply(true);
     if (!rate_.admits(call.service().toStdString(), steadyNow())) {
         refuse(call, {FocusRefusal::Reason::tooManyCalls,
                       "Too many calls came at once. Wait a moment and try again."});
-        return {};
+        return;
     }
-    const auto answer = ask(*focus);
-    if (const auto* const refusal = std::get_if<FocusRefusal>(&answer)) {
-        refuse(call, *refusal);
-        return {};
+    waiting_.push_back([this, call, ask] {
+        const auto focus = focus_.lock();
+        if (focus == nullptr) {
+            sendError(call, QDBusError::errorString(QDBusError::Failed),
+                      QStringLiteral("Hearthmark is ending."));
+            return;
+        }
+        const auto answer = ask(*focus);
+        if (const auto* const refusal = std::get_if<FocusRefusal>(&answer)) {
+            refuse(call, *refusal);
+        } else {
+            send(call, call.createReply(QVariant::fromValue(shown(std::get<0>(answer)))));
+        }
+    });
+    turn_.start();
+}
+
+void FocusInterface::answerNext() {
+    const auto next = std::move(waiting_.front());
+    waiting_.pop_front();
+    if (!waiting_.empty()) {
+        turn_.start();
     }
-    return shown(std::get<0>(answer));
+    next();
 }
 
 QString FocusInterface::StartFocus(const QString& taskId, double length, const QDBusMessage& call) {
-    return answer<QString>(call, [&](FocusControl& focus) {
-        return focus.start(given(taskId), base::Seconds(length));
+    answer(call, [task = given(taskId), length](FocusControl& focus) {
+        return focus.start(task, base::Seconds(length));
     });
+    return {};
 }
 
 QString FocusInterface::Finish(const QDBusMessage& call) {
     // What takes the call alone is called by the toolkit whatever the arguments are.
     if (!call.arguments().isEmpty()) {
+        call.setDelayedReply(true);
         sendError(call, QDBusError::errorString(QDBusError::InvalidArgs),
                   QStringLiteral("Finish takes no arguments."));
         return {};
     }
-    return answer<QString>(call, [](FocusControl& focus) { return focus.finish(); });
+    answer(call, [](FocusControl& focus) { return focus.finish(); });
+    return {};
 }
 
 double FocusInterface::Extend(double seconds, const QDBusMessage& call) {
-    return answer<double>(
-        call, [&](FocusControl& focus) { return focus.extend(base::Seconds(seconds)); });
+    answer(call, [seconds](FocusControl& focus) { return focus.extend(base::Seconds(seconds)); });
+    return {};
 }
 
 QString FocusInterface::AddTask(const QString& name, const QDBusMessage& call) {
-    return answer<QString>(call, [&](FocusControl& focus) { return focus.addTask(given(name)); });
+    answer(call, [name = given(name)](FocusControl& focus) { return focus.addTask(name); });
+    return {};
 }
 
 QString FocusInterface::AddNote(const QString& taskId, const QString& text,
                                 const QDBusMessage& call) {
-    return answer<QString>(
-        call, [&](FocusControl& focus) { return focus.addNote(given(taskId), given(text)); });
+    answer(call, [task = given(taskId), text = given(text)](FocusControl& focus) {
+        return focus.addNote(task, text);
+    });
+    return {};
 }
 
 QList<BusTask> FocusInterface::FindTasks(const QString& words, const QDBusMessage& call) {
-    return answer<QList<BusTask>>(
-        call, [&](FocusControl& focus) { return focus.findTasks(given(words)); });
+    answer(call, [words = given(words)](FocusControl& focus) { return focus.findTasks(words); });
+    return {};
 }
 
 }  // namespace hearthmark::platform

@@ -5,7 +5,10 @@
 #include <QDBusMessage>
 #include <QList>
 #include <QString>
+#include <QTimer>
 #include <QVariantMap>
+#include <deque>
+#include <functional>
 #include <memory>
 
 #include "platform/session/application_object.h"
@@ -51,7 +54,8 @@ class FocusInterface final : public QDBusAbstractAdaptor {
     double length() const { return value("Length").toDouble(); }
 
  public slots:
-    // The names and signatures are those of the interface, with the call behind its arguments.
+    // The names and signatures are those of the interface, with the call behind its arguments. All
+    // are answered later, and what they return is not sent.
     // NOLINTBEGIN(readability-identifier-naming)
     QString StartFocus(const QString& taskId, double length, const QDBusMessage& call);
     QString Finish(const QDBusMessage& call);
@@ -70,12 +74,17 @@ class FocusInterface final : public QDBusAbstractAdaptor {
  private:
     QVariant value(const char* property) const { return values_.value(QLatin1String(property)); }
     void tellChanges();
-    // What the service answers, or nothing where the call was answered with an error.
-    template <class Shown, class Ask>
-    Shown answer(const QDBusMessage& call, const Ask& ask);
+    // Asks when it is its turn; one call a turn of the event loop, so that many at once, each of
+    // which may be a save, do not keep the window from its own events.
+    template <class Ask>
+    void answer(const QDBusMessage& call, const Ask& ask);
+    void answerNext();
 
     std::weak_ptr<services::FocusControl> focus_;
     CallRate rate_;
+    // In the order in which they came: no more than the rate lets through at once.
+    std::deque<std::function<void()>> waiting_;
+    QTimer turn_;
     // As told last.
     QVariantMap values_;
 };

@@ -60,7 +60,7 @@ const QDBusArgument& operator>>(const QDBusArgument& argument, DbusMenuRemovedPr
     return readStructure(argument, removed.id, removed.names);
 }
 
-DbusMenu::DbusMenu(StatusMenu::Actions actions) : menu_(std::move(actions)) {
+DbusMenu::DbusMenu(StatusMenu::Actions actions) : menu_(std::move(actions)), gate_(kMostCalls) {
     qDBusRegisterMetaType<DbusMenuItem>();
     qDBusRegisterMetaType<QList<DbusMenuItem>>();
     qDBusRegisterMetaType<DbusMenuLayout>();
@@ -77,6 +77,10 @@ DbusMenu::DbusMenu(StatusMenu::Actions actions) : menu_(std::move(actions)) {
 
 QString DbusMenu::textDirection() const {
     return QGuiApplication::isRightToLeft() ? QStringLiteral("rtl") : QStringLiteral("ltr");
+}
+
+bool DbusMenu::event(QEvent* event) {
+    return !gate_.admits(*event) || QObject::event(event);
 }
 
 void DbusMenu::setTitle(const QString& title) {

@@ -12,9 +12,13 @@
 #include <QVariantMap>
 #include <vector>
 
+#include "platform/session/call_gate.h"
 #include "platform/status_item/status_menu.h"
 
 namespace hearthmark::platform {
+
+// Of the item, and of its menu: ten times what a panel calls that reads each property each second.
+inline constexpr CallLimit::Bounds kMostCalls{.atOnce = 200, .perSecond = 200};
 
 // The values that go over the bus, in the order of their fields.
 struct DbusMenuItem {
@@ -53,6 +57,8 @@ class DbusMenu final : public QObject, protected QDBusContext {
 
  public:
     explicit DbusMenu(StatusMenu::Actions actions);
+
+    bool event(QEvent* event) override;
 
     void setTitle(const QString& title);
     void setCanCheckForUpdates(bool canCheckForUpdates);
@@ -96,6 +102,7 @@ class DbusMenu final : public QObject, protected QDBusContext {
     void tellLayout();
 
     StatusMenu menu_;
+    CallGate gate_;
     bool isLayoutRead_ = false;
     uint revision_ = 1;
     QString title_;

@@ -66,6 +66,7 @@ StatusNotifierItem::StatusNotifierItem(Handlers handlers, StatusMenu::Actions me
              .checkForUpdates = [this,
                                  check = std::move(menuActions.checkForUpdates)] { act(check); },
              .quit = std::move(menuActions.quit)}),
+      gate_(kMostCalls),
       bus_(QDBusConnection::sessionBus()) {
     // Each step waits for the thread of the bus, and the window comes first.
     QTimer::singleShot(0, this, &StatusNotifierItem::appear);
@@ -105,6 +106,10 @@ void StatusNotifierItem::appear() {
 StatusNotifierItem::~StatusNotifierItem() {
     bus_.unregisterObject(kMenuPath);
     bus_.unregisterObject(kItemPath);
+}
+
+bool StatusNotifierItem::event(QEvent* event) {
+    return !gate_.admits(*event) || QObject::event(event);
 }
 
 void StatusNotifierItem::setTitle(const QString& title) {

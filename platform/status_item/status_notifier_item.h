@@ -10,6 +10,7 @@
 #include <QString>
 #include <functional>
 
+#include "platform/session/call_gate.h"
 #include "platform/status_item/dbus_menu.h"
 #include "platform/status_item/status_icon.h"
 
@@ -59,6 +60,8 @@ class StatusNotifierItem final : public QObject {
     // nothing shows it.
     StatusNotifierItem(Handlers handlers, StatusMenu::Actions menuActions);
     ~StatusNotifierItem() override;
+
+    bool event(QEvent* event) override;
 
     void setTitle(const QString& title);
     // For the tool tip; empty for none.
@@ -111,6 +114,7 @@ class StatusNotifierItem final : public QObject {
 
     Handlers handlers_;
     DbusMenu menu_;
+    CallGate gate_;
     QDBusConnection bus_;
     QDBusServiceWatcher watcher_;
     // Without a watcher nobody listens, and nothing is told.

@@ -77,6 +77,9 @@ class Activation(ProgramTest):
             self.assertTrue(windows())
             self.program.end()
             self.assertEqual(self.interval()[1], 0)
+        found, = self.call(NAME, "org.hearthmark.Focus", "FindTasks", "(s)", "plant")  # starts it, too
+        self.started()
+        self.assertEqual(([name for _, name, _ in found], windows()), (["Planted"], []))
 
     def test_a_start_that_the_bus_only_handed_its_environment_to_shows_the_window(self):
         opened, opener = (Path(self.config.name, name) for name in ("opened", "xdg-open"))
