@@ -6,8 +6,6 @@
 #include <array>
 #include <cerrno>
 #include <cstdint>
-#include <cstdlib>
-#include <string_view>
 #include <system_error>
 #include <utility>
 
@@ -54,38 +52,8 @@ BusConnection connected() {
     return BusConnection(bus);
 }
 
-// A named error as what it means here.
-BusError errorOfCall(const sd_bus_error& error, int result, Activation activation) {
-    using Cause = BusError::Cause;
-    constexpr std::string_view ours = "org.hearthmark.Focus.Error.";
-    constexpr std::string_view common = "org.freedesktop.DBus.Error.";
-    const std::string_view name = error.name != nullptr ? error.name : "";
-    const std::string sentence = base::withValidUtf8(error.message != nullptr ? error.message : "");
-    if (name.starts_with(ours)) {
-        const std::string_view which = name.substr(ours.size());
-        return {which == "FocusRunning"  ? Cause::focusRunning
-                : which == "NothingRuns" ? Cause::nothingRuns
-                                         : Cause::other,
-                sentence};
-    }
-    const std::string_view which = name.starts_with(common) ? name.substr(common.size()) : "";
-    if (activation == Activation::no && (which == "ServiceUnknown" || which == "NameHasNoOwner")) {
-        return {Cause::notRunning, "Hearthmark does not run."};
-    }
-    if (activation == Activation::yes &&
-        (which == "ServiceUnknown" || which.starts_with("Spawn.") || which == "TimedOut")) {
-        return {Cause::notRunning,
-                "Hearthmark does not run, and the session bus cannot start it: " + sentence};
-    }
-    if (which.starts_with("Unknown")) {
-        return {Cause::other, "The Hearthmark that runs is of a version that cannot do this."};
-    }
-    if (result == -ETIMEDOUT || which == "NoReply") {
-        return {Cause::other, "Hearthmark does not answer. It may still do what it was asked for."};
-    }
-    return {Cause::other,
-            "Hearthmark did not do it: " +
-                (sentence.empty() ? std::generic_category().message(-result) : sentence)};
+std::string textOrEmpty(const char* text) {
+    return text != nullptr ? text : "";
 }
 
 struct MessageRelease {
@@ -132,7 +100,10 @@ class Call {
                         inMicroseconds(activation == Activation::yes ? kLaunchLimit : kAnswerLimit),
                         &error.error, &answer);
         if (result < 0) {
-            throw errorOfCall(error.error, result, activation);
+            throw errorOf({.name = textOrEmpty(error.error.name),
+                           .message = textOrEmpty(error.error.message),
+                           .error = -result,
+                           .startsProgram = activation == Activation::yes});
         }
         return Message(answer);
     }
@@ -211,24 +182,6 @@ std::optional<FocusStatus> statusOf(const ToldFocus& told) {
 }
 
 }  // namespace
-
-std::string sessionBusSocket() {
-    // NOLINTNEXTLINE(concurrency-mt-unsafe): this program has one thread
-    const char* const address = std::getenv("DBUS_SESSION_BUS_ADDRESS");
-    if (address == nullptr) {
-        // NOLINTNEXTLINE(concurrency-mt-unsafe): as above
-        const char* const directory = std::getenv("XDG_RUNTIME_DIR");
-        return directory != nullptr ? std::string(directory) + "/bus" : "";
-    }
-    constexpr std::string_view prefix = "unix:path=";
-    const std::string_view text = address;
-    const auto begin = text.find(prefix);
-    if (begin == std::string_view::npos) {
-        return {};
-    }
-    const std::string_view rest = text.substr(begin + prefix.size());
-    return std::string(rest.substr(0, rest.find_first_of(",;")));
-}
 
 void BusCloser::operator()(sd_bus* bus) const {
     sd_bus_flush_close_unref(bus);

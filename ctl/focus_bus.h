@@ -4,10 +4,10 @@
 #include <chrono>
 #include <memory>
 #include <optional>
-#include <stdexcept>
 #include <string>
 
 #include "base/date.h"
+#include "ctl/bus_error.h"
 #include "ctl/focus_status.h"
 
 // The bus library's.
@@ -17,23 +17,6 @@ struct sd_bus_slot;
 // NOLINTEND(readability-identifier-naming)
 
 namespace hearthmark::ctl {
-
-// What could not be done by the session bus. The text is a sentence for a person: the program's own
-// where it answered.
-class BusError : public std::runtime_error {
- public:
-    enum class Cause { noBus, notRunning, focusRunning, nothingRuns, other };
-
-    BusError(Cause cause, const std::string& sentence) : runtime_error(sentence), cause_(cause) {}
-
-    Cause cause() const { return cause_; }
-
- private:
-    Cause cause_;
-};
-
-// The file to which programs connect for the session bus; empty where its address names none.
-std::string sessionBusSocket();
 
 // The properties of the interface, of which a change names but some. Nothing runs where there is no
 // interval.

@@ -4,8 +4,10 @@
 #include <sys/inotify.h>
 
 #include <algorithm>
+#include <cstdlib>
 #include <exception>
 #include <iostream>
+#include <string>
 #include <string_view>
 #include <utility>
 
@@ -28,6 +30,25 @@ constexpr std::string_view kLock = "Hearthmark.lock";
 
 constexpr std::uint32_t kSocketEvents = IN_CREATE | IN_MOVED_TO | IN_ATTRIB;
 constexpr std::uint32_t kStoreEvents = IN_MODIFY | IN_CLOSE_WRITE;
+
+// The file to which programs connect for the session bus; empty where its address names none.
+std::string sessionBusSocket() {
+    // NOLINTNEXTLINE(concurrency-mt-unsafe): this program has one thread
+    const char* const address = std::getenv("DBUS_SESSION_BUS_ADDRESS");
+    if (address == nullptr) {
+        // NOLINTNEXTLINE(concurrency-mt-unsafe): as above
+        const char* const directory = std::getenv("XDG_RUNTIME_DIR");
+        return directory != nullptr ? std::string(directory) + "/bus" : "";
+    }
+    constexpr std::string_view prefix = "unix:path=";
+    const std::string_view text = address;
+    const auto begin = text.find(prefix);
+    if (begin == std::string_view::npos) {
+        return {};
+    }
+    const std::string_view rest = text.substr(begin + prefix.size());
+    return std::string(rest.substr(0, rest.find_first_of(",;")));
+}
 
 pollfd readable(const std::optional<FolderWatch>& watch) {
     return {.fd = watch ? watch->descriptor() : -1, .events = POLLIN, .revents = 0};
