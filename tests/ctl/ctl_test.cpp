@@ -28,9 +28,9 @@ using tests::at;
 TEST(StatusLine, SaysTheSameInEachForm) {
     struct Row {
         std::optional<FocusStatus> focus;
-        const char* plain;
-        const char* json;
-        const char* waybar;
+        const char* plain = nullptr;
+        const char* json = nullptr;
+        const char* waybar = nullptr;
     };
     const FocusStatus running{.taskId = "T",
                               .taskName = "Write\n\"<a & b>\"\x7f\xff",
@@ -78,7 +78,7 @@ TEST(StatusLine, SaysTheSameInEachForm) {
         EXPECT_EQ(line(StatusForm::json), row.json);
         EXPECT_EQ(line(StatusForm::waybar), row.waybar);
     }
-    EXPECT_EQ(onOneLine("a\u2028b\u0085c\td\u009B\u00A0ä\u202Ae"), "a b c d \u00A0ä\u202Ae");
+    EXPECT_EQ(onOneLine("a\u2028b\u0085c\td\u009B\u00A0äe"), "a b c d \u00A0äe");
 }
 
 TEST(TaskChoice, FindsTheOneThatIsMeant) {
@@ -166,9 +166,9 @@ TEST(HistoryReport, HasTheSumsOfTheHistoryPage) {
         return std::uniform_real_distribution(0.0, most)(random);
     };
     tests::TestStore store;
-    std::vector<store::Task*> owners;
-    for (int made = 0; made < 20; ++made) {
-        owners.push_back(&store.addTask("t"));
+    std::vector<store::Task*> owners(20);
+    for (store::Task*& owner : owners) {
+        owner = &store.addTask("t");
     }
     for (int made = 0; made < 400; ++made) {
         store.addInterval(
