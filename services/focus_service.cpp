@@ -108,10 +108,7 @@ void FocusService::startObserving(Handlers handlers) {
 
 void FocusService::show() {
     const store::Interval* const interval = newest();
-    std::optional<RunningFocus> running;
-    if (interval != nullptr) {
-        running = runningFocus(*interval);
-    }
+    auto running = interval != nullptr ? std::optional(runningFocus(*interval)) : std::nullopt;
     if (running_ != running) {
         running_ = std::move(running);
         handlers_.changed();
@@ -151,8 +148,7 @@ FocusAnswer<base::Uuid> FocusService::start(const std::string& taskId, base::Sec
     if (!canStartFocus(tasksProvider_->currentItems()->value())) {
         return FocusRefusal{Reason::focusRunning, "A focus is running already."};
     }
-    const base::Uuid id = *task->id();
-    return startFocus(*dataOperationsService_, *clock_, id, *rounded);
+    return startFocus(*dataOperationsService_, *clock_, *task->id(), *rounded);
 }
 
 FocusAnswer<base::Uuid> FocusService::finish() {
@@ -234,7 +230,6 @@ FocusAnswer<std::vector<FoundTask>> FocusService::findTasks(const std::string& w
     store::sortNewestFirst(found);
     found.resize(std::min(found.size(), kMostFound));
     std::vector<FoundTask> answer;
-    answer.reserve(found.size());
     for (const store::Task* task : found) {
         answer.push_back(
             {.id = *task->id(), .name = shownName(*task), .isDone = task->doneDate().has_value()});
