@@ -16,4 +16,6 @@ if [ $# -eq 0 ]; then
     QT_QPA_PLATFORM=offscreen build/release/benchmarks/hearthmark_ui_benchmarks
     PYTHONPATH=tests/desktop /usr/bin/python3 -W ignore benchmarks/process/whole_process.py \
         build/release/hearthmark build/release/benchmarks
+    PYTHONPATH=tests/desktop /usr/bin/python3 -W ignore benchmarks/process/following.py \
+        build/release/hearthmark build/release/hearthmarkctl
 fi

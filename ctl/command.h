@@ -29,10 +29,12 @@ class CommandError : public std::runtime_error {
     using std::runtime_error::runtime_error;
 };
 
-// Each adds a command to what can be typed, which puts what it does into `chosen` where it is.
+// Each adds a command, or those that change something, to what can be typed, which puts what it
+// does into `chosen` where it is.
 void addStatus(CLI::App& line, Command& chosen);
 void addTasks(CLI::App& line, Command& chosen);
 void addHistory(CLI::App& line, Command& chosen);
 void addExport(CLI::App& line, Command& chosen);
+void addChanges(CLI::App& line, Command& chosen);
 
 }  // namespace hearthmark::ctl

@@ -45,7 +45,8 @@ int main(int argc, char** argv) {
     line.set_version_flag("--version", "hearthmarkctl " HEARTHMARK_VERSION);
     line.require_subcommand(1);
     ctl::Command command;
-    for (const auto add : {ctl::addStatus, ctl::addTasks, ctl::addHistory, ctl::addExport}) {
+    for (const auto add :
+         {ctl::addStatus, ctl::addTasks, ctl::addHistory, ctl::addExport, ctl::addChanges}) {
         add(line, command);
     }
     try {

@@ -322,6 +322,25 @@ class Program:
         wait_for(lambda: name in self.names(), f"the row of {name!r}")
 
 
+class BusStarted:
+    """A process that is not ours."""
+
+    returncode = 0
+
+    def __init__(self, pid):
+        self.pid = pid
+
+    def poll(self):
+        return None if os.path.exists(f"/proc/{self.pid}") else 0
+
+    def send_signal(self, number):
+        os.kill(self.pid, number)
+
+    def communicate(self, timeout):
+        wait_for(lambda: self.poll() is not None, "its end", timeout)
+        return None, b""
+
+
 class ProgramTest(unittest.TestCase):
     binary = None  # to be set before the tests run
 

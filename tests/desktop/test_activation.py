@@ -13,7 +13,7 @@ from pathlib import Path
 
 from gi.repository import GLib
 
-from driver import Desktop, ProgramTest, connect, key, press, type_text, wait_for, windows
+from driver import BusStarted, Desktop, ProgramTest, connect, key, press, type_text, wait_for, windows
 from players import ITEM, Panel
 
 NAME, PATH, APPLICATION = (
@@ -26,25 +26,6 @@ def setUpModule():
     desktop = Desktop()
     unittest.addModuleCleanup(desktop.close)
     SERVICES = Path(desktop.directory, "session.conf.d")
-
-
-class BusStarted:
-    """A process that is not ours."""
-
-    returncode = 0
-
-    def __init__(self, pid):
-        self.pid = pid
-
-    def poll(self):
-        return None if os.path.exists(f"/proc/{self.pid}") else 0
-
-    def send_signal(self, number):
-        os.kill(self.pid, number)
-
-    def communicate(self, timeout):
-        wait_for(lambda: self.poll() is not None, "its end", timeout)
-        return None, b""
 
 
 class Activation(ProgramTest):
