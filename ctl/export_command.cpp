@@ -72,6 +72,9 @@ ExitStatus runExport(ExportOptions options) {
     if (options.file.empty() && !isRange(options.range)) {
         std::swap(options.range, options.file);
     }
+    if (options.range == kAll) {
+        options.range.clear();
+    }
     if (options.format == "json") {
         if (!options.range.empty()) {
             throw UsageError("The JSON form has everything; it takes no range.");

@@ -1,8 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include <CLI/CLI.hpp>
+#include <cmath>
 #include <iostream>
 #include <memory>
+#include <optional>
 #include <string>
+#include <utility>
+#include <vector>
 
 #include "base/clock.h"
 #include "ctl/command.h"
@@ -19,11 +23,31 @@ struct HistoryOptions {
     bool isJson = false;
 };
 
+std::optional<base::Date> firstOf(const std::vector<store::IntervalEntry>& intervals) {
+    std::optional<base::Date> first;
+    for (const store::IntervalEntry& entry : intervals) {
+        const auto& created = entry.interval.creationDate;
+        first = !first || created < first ? created : first;
+    }
+    return first;
+}
+
+HistoryReport reportOf(const std::string& text) {
+    const base::Date now = base::SystemClock().now();
+    store::StoreReader store = openStore();
+    if (text == kAll) {
+        auto intervals = store.intervals(base::Date(base::Seconds(-HUGE_VAL)),
+                                         base::Date(base::Seconds(HUGE_VAL)));
+        const RangeOfDates range = rangeOfAll(firstOf(intervals));
+        return historyReport(range.days, range.starts, std::move(intervals), now);
+    }
+    const RangeOfDates range = rangeOfDates(text);
+    return historyReport(range.days, range.starts,
+                         store.intervals(range.starts.front(), range.starts.back()), now);
+}
+
 ExitStatus showHistory(const HistoryOptions& options) {
-    const RangeOfDates range = rangeOfDates(options.range);
-    const HistoryReport report = historyReport(
-        range.days, range.starts, openStore().intervals(range.starts.front(), range.starts.back()),
-        base::SystemClock().now());
+    const HistoryReport report = reportOf(options.range);
     std::cout << (options.isJson ? jsonText(report) : plainText(report));
     return ExitStatus::done;
 }

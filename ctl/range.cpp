@@ -110,7 +110,24 @@ std::optional<HistoryRange> rangeFrom(const std::string& text, year_month_day to
 }
 
 bool isRange(const std::string& text) {
-    return rangeFrom(text, std::chrono::sys_days(), std::chrono::Monday).has_value();
+    return text == kAll ||
+           rangeFrom(text, std::chrono::sys_days(), std::chrono::Monday).has_value();
+}
+
+RangeOfDates rangeOfAll(const std::optional<base::Date>& firstFocus) {
+    const base::LocalCalendar calendar;
+    const auto now = calendar.localTime(base::SystemClock().now());
+    const auto first = firstFocus ? calendar.localTime(*firstFocus) : now;
+    RangeOfDates range;
+    if (now && first) {
+        const std::chrono::year last = now->day.year();
+        range.days = presentation::rangeOfYears(std::min(first->day.year(), last), last);
+        range.starts = partStarts(range.days, calendar);
+    }
+    if (range.starts.empty()) {
+        throw CommandError("The calendar of the system does not know when the first focus was.");
+    }
+    return range;
 }
 
 RangeOfDates rangeOfDates(const std::string& text) {

@@ -4,6 +4,7 @@
 #include <chrono>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "base/date.h"
@@ -25,13 +26,22 @@ struct RangeOfDates {
     std::vector<base::Date> starts;
 };
 
+// Stands for all that there is.
+constexpr std::string_view kAll = "all";
+
 bool isRange(const std::string& text);
 
-// Throws UsageError where it is none, CommandError where the calendar does not know it.
+// The years from the one of the first focus on. Throws CommandError where the calendar does not
+// know them.
+RangeOfDates rangeOfAll(const std::optional<base::Date>& firstFocus);
+
+// Of the others. Throws UsageError where it is none, CommandError where the calendar does not know
+// it.
 RangeOfDates rangeOfDates(const std::string& text);
 
 constexpr auto kRangeHelp =
-    "day, week, month, year, last-day, last-week and so on, 2026-11-23, 2026-W47, 2026-11, 2026";
+    "day, week, month, year, all, last-day, last-week and so on, 2026-11-23, 2026-W47, 2026-11, "
+    "2026";
 
 // As the locale of the environment has it; Monday where that is not installed.
 std::chrono::weekday firstDayOfWeek();

@@ -49,7 +49,7 @@ _hearthmarkctl() {
         *:start:0:* | *:note:0:*) mapfile -t words < <(hearthmarkctl tasks --offered 2>/dev/null) ;;
         *:start:1:*) words=(15m 25m 30m 1h) ;;
         *:extend:0:*) words=(5m 10m 30m) ;;
-        *:history:0:* | *:export:0:*) words=(day week month year last-day last-week last-month last-year) ;;
+        *:history:0:* | *:export:0:*) words=(day week month year all last-day last-week last-month last-year) ;;
     esac
     _hearthmarkctl_offer "${words[@]}"
     if [ "$command" = export ] && [[ $current != -* ]]; then

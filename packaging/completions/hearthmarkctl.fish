@@ -47,4 +47,4 @@ complete -c hearthmarkctl -n '__hearthmarkctl_at 1 start note' -a '(hearthmarkct
 complete -c hearthmarkctl -n '__hearthmarkctl_at 2 start' -a '15m 25m 30m 1h'
 complete -c hearthmarkctl -n '__hearthmarkctl_at 1 extend' -a '5m 10m 30m'
 complete -c hearthmarkctl -n '__hearthmarkctl_at 1 history export' \
-    -a 'day week month year last-day last-week last-month last-year'
+    -a 'day week month year all last-day last-week last-month last-year'

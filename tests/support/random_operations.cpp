@@ -113,7 +113,7 @@ void RandomOperations::importTasks(base::Date now) {
             task.intervals.push_back({.id = base::Uuid::random(),
                                       .creationDate = now + -base::Seconds(below(4000)),
                                       .duration = base::Seconds(below(3000)),
-                                      .rawState = {{.state = std::int16_t(below(3))}}});
+                                      .rawState = {{std::int16_t(below(3)), {}, {}}}});
             task.notes.push_back({.id = base::Uuid::random(),
                                   .creationDate = now,
                                   .text = std::string(std::size_t(below(3000)), 'i')});

@@ -90,7 +90,7 @@ FocusScope {
         width: parent.width
         clip: true
         bottomMargin: Theme.spacing
-        activeFocusOnTab: list.count > 0
+        activeFocusOnTab: list.count > 0 || list.activeFocus // not taken away while it has the keyboard
         boundsBehavior: Flickable.StopAtBounds
         highlightFollowsCurrentItem: false
         keyNavigationEnabled: false
