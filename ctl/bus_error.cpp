@@ -17,9 +17,10 @@ BusError errorOf(const FailedCall& call) {
     const std::string sentence = base::withValidUtf8(call.message);
     if (name.starts_with(ours)) {
         const std::string_view which = name.substr(ours.size());
-        return {which == "FocusRunning"  ? Cause::focusRunning
-                : which == "NothingRuns" ? Cause::nothingRuns
-                                         : Cause::other,
+        return {which == "FocusRunning"   ? Cause::focusRunning
+                : which == "NothingRuns"  ? Cause::nothingRuns
+                : which == "TooManyCalls" ? Cause::tooManyCalls
+                                          : Cause::other,
                 sentence};
     }
     const std::string_view which = name.starts_with(common) ? name.substr(common.size()) : "";
@@ -31,10 +32,11 @@ BusError errorOf(const FailedCall& call) {
         return {Cause::notRunning,
                 "Hearthmark does not run, and the session bus cannot start it: " + sentence};
     }
-    if (which.starts_with("Unknown")) {
+    if (which == "UnknownMethod" || which == "UnknownInterface" || which == "UnknownProperty") {
         return {Cause::other, "The Hearthmark that runs is of a version that cannot do this."};
     }
-    if (call.error == ETIMEDOUT || which == "NoReply") {
+    if (call.error == ETIMEDOUT || call.error == ECONNRESET || call.error == ENOTCONN ||
+        which == "NoReply" || which == "Disconnected") {
         return {Cause::other, "Hearthmark does not answer. It may still do what it was asked for."};
     }
     return {Cause::other,

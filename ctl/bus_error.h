@@ -10,7 +10,7 @@ namespace hearthmark::ctl {
 // where it answered.
 class BusError : public std::runtime_error {
  public:
-    enum class Cause { noBus, notRunning, focusRunning, nothingRuns, other };
+    enum class Cause { noBus, notRunning, focusRunning, nothingRuns, tooManyCalls, other };
 
     BusError(Cause cause, const std::string& sentence) : runtime_error(sentence), cause_(cause) {}
 

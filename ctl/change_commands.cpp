@@ -1,12 +1,15 @@
 // SPDX-License-Identifier: MIT
 // What changes something: the program does it, and no other.
 #include <CLI/CLI.hpp>
+#include <chrono>
 #include <iostream>
 #include <memory>
 #include <optional>
 #include <string>
+#include <thread>
 
 #include "base/clock.h"
+#include "base/text.h"
 #include "ctl/command.h"
 #include "ctl/focus_bus.h"
 #include "ctl/json.h"
@@ -28,12 +31,12 @@ struct ChangeOptions {
     std::string task;
     // The name of a new task, or what a note says.
     std::string text;
-    std::string length;
+    std::optional<std::string> length;
     bool isJson = false;
 };
 
-base::Seconds lengthOr(base::Seconds usual, const std::string& typed) {
-    return typed.empty() ? usual : lengthFrom(typed);
+base::Seconds lengthOr(base::Seconds usual, const std::optional<std::string>& typed) {
+    return typed ? lengthFrom(*typed) : usual;
 }
 
 store::TaskEntry taskOf(const ChangeOptions& options) {
@@ -44,15 +47,22 @@ std::string statusOf(const std::optional<FocusStatus>& focus, StatusForm form) {
     return statusLine(focus, base::SystemClock().now(), form);
 }
 
+// The plain line, for one that goes on or is a message.
+std::string plainStatusOf(const std::optional<FocusStatus>& focus) {
+    std::string line = statusOf(focus, StatusForm::plain);
+    line.pop_back();
+    return line;
+}
+
 // The plain line, or the JSON, on a line.
 void print(const ChangeOptions& options, const std::string& line, const Json& json) {
     std::cout << (options.isJson ? json.dump() : line) << '\n';
 }
 
 ExitStatus add(const ChangeOptions& options) {
-    const std::string id = FocusBus().addTask(options.text);
-    print(options, id + "  " + onOneLine(options.text),
-          {{"taskId", id}, {"taskName", options.text}});
+    const std::string name(base::trimmed(options.text));
+    const std::string id = FocusBus().addTask(name);
+    print(options, id + "  " + onOneLine(name), {{"taskId", id}, {"taskName", name}});
     return ExitStatus::done;
 }
 
@@ -79,7 +89,7 @@ ExitStatus start(const ChangeOptions& options) {
         throw CommandError((wasRunning ? "Nothing was started, since a focus runs: "
                                        : "Hearthmark was started, and goes on with what it had "
                                          "paused; nothing else was started: ") +
-                           statusOf(bus.running(), StatusForm::plain));
+                           plainStatusOf(bus.running()));
     }
     std::cout << statusOf(bus.running(), options.form());
     return ExitStatus::done;
@@ -89,11 +99,13 @@ ExitStatus finish(const ChangeOptions& options) {
     FocusBus bus;
     // Afterwards nobody tells what it was.
     const FocusStatus focus = bus.running().value_or(FocusStatus());
-    bus.finish();
+    if (const std::string id = bus.finish(); id != focus.intervalId) {
+        // Another one was started in between.
+        print(options, "Finished: " + id, {{"intervalId", id}});
+        return ExitStatus::done;
+    }
     const base::Seconds spent = timeSpent(focus, base::SystemClock().now());
-    std::string line = "Finished: " + statusOf(focus, StatusForm::plain);
-    line.pop_back();
-    print(options, line,
+    print(options, "Finished: " + plainStatusOf(focus),
           {{"taskId", focus.taskId},
            {"taskName", jsonOf(std::optional(focus.taskName))},
            {"intervalId", focus.intervalId},
@@ -109,10 +121,27 @@ ExitStatus extend(const ChangeOptions& options) {
     return ExitStatus::done;
 }
 
+// What came too fast was not done, so it is asked for again a little later, for half a minute.
+ExitStatus carryOutInTime(ExitStatus (*change)(const ChangeOptions&),
+                          const ChangeOptions& options) {
+    constexpr int kMostTries = 60;
+    constexpr std::chrono::milliseconds kBetweenTries{500};
+    for (int tried = 1;; ++tried) {
+        try {
+            return change(options);
+        } catch (const BusError& error) {
+            if (error.cause() != BusError::Cause::tooManyCalls || tried == kMostTries) {
+                throw;
+            }
+        }
+        std::this_thread::sleep_for(kBetweenTries);
+    }
+}
+
 // Tells apart what the bus cannot know.
 ExitStatus carryOut(ExitStatus (*change)(const ChangeOptions&), const ChangeOptions& options) {
     try {
-        return change(options);
+        return carryOutInTime(change, options);
     } catch (const BusError& error) {
         if (error.cause() == BusError::Cause::nothingRuns) {
             std::cerr << "hearthmarkctl: " << error.what() << '\n';

@@ -67,9 +67,14 @@ void writeEverything(const std::string& file) {
     }
 }
 
+// A name alone may as well be a range that was mistyped, and be written over; "./name" is none.
+bool isPath(const std::string& text) {
+    return text == "-" || text.find_first_of("./") != std::string::npos;
+}
+
 ExitStatus runExport(ExportOptions options) {
-    // What stands alone and is no range is a file.
-    if (options.file.empty() && !isRange(options.range)) {
+    // What stands alone and looks like a path is a file.
+    if (options.file.empty() && !isRange(options.range) && isPath(options.range)) {
         std::swap(options.range, options.file);
     }
     if (options.range == kAll) {

@@ -246,7 +246,8 @@ class WatchHandlers {
             watch.program_ = FocusWatch::Program::absent;
             watch.question_.reset();
         } else {
-            watch.askForAll();
+            watch.program_ = FocusWatch::Program::unknown;
+            watch.mustAsk_ = true;
         }
         return 0;
     }
@@ -310,6 +311,10 @@ std::optional<std::chrono::microseconds> FocusWatch::timeout() const {
 
 void FocusWatch::process() {
     while (checked(sd_bus_process(bus_.get(), nullptr)) > 0) {
+        // Not within the library's call, through which nothing may be thrown.
+        if (std::exchange(mustAsk_, false)) {
+            askForAll();
+        }
     }
     if (sd_bus_is_open(bus_.get()) <= 0) {
         checked(-ENOTCONN);

@@ -88,6 +88,7 @@ class FocusWatch {
 
     ToldFocus told_;
     Program program_ = Program::unknown;
+    bool mustAsk_ = false;
     BusConnection bus_;
     // The question that is not answered yet, for which nobody waits any more when it goes.
     std::unique_ptr<sd_bus_slot, BusCloser> question_;

@@ -9,7 +9,7 @@
 
 namespace hearthmark::ctl {
 
-// The focus that the status item shows, the newest one that runs.
+// The focus that the program tells of: the newest running one of a task.
 struct FocusStatus {
     // Empty where the store has none.
     std::string taskId;

@@ -2,6 +2,7 @@
 #include "ctl/follow.h"
 
 #include <poll.h>
+#include <unistd.h>
 
 #include <algorithm>
 #include <array>
@@ -11,6 +12,9 @@
 #include <csignal>
 #include <iostream>
 #include <optional>
+#include <streambuf>
+#include <system_error>
+#include <utility>
 
 #include "base/clock.h"
 #include "ctl/second_timer.h"
@@ -28,16 +32,25 @@ constexpr std::chrono::seconds kWaking{2};
 constexpr std::chrono::seconds kSlept{1};
 // Beyond the second, so that no rounding falls short of it.
 constexpr base::Seconds kBeyond{0.001};
+constexpr double kMostSeconds = 1e15;
+
+// Takes what nobody reads.
+class Nowhere final : public std::streambuf {
+ protected:
+    int_type overflow(int_type character) override { return traits_type::not_eof(character); }
+};
 
 class Follower {
  public:
     Follower(const std::filesystem::path& storeDirectory, StatusForm form)
         : form_(form), source_(storeDirectory) {}
 
-    void run() {
+    // Until nobody reads any more. What the last line failed with, or 0.
+    int run() {
         do {
             source_.process();
         } while (show() && await());
+        return error_;
     }
 
  private:
@@ -58,6 +71,7 @@ class Follower {
     std::optional<Shown> shown_;
     microseconds asleep_ = timeAsleep();
     std::optional<microseconds> wakesUntil_;
+    int error_ = 0;
 };
 
 // False where nobody reads any more.
@@ -76,8 +90,10 @@ bool Follower::show() {
     if (shown_ != present) {
         shown_ = std::move(present);
         std::cout << statusLine(status, now, form_) << std::flush;
+        error_ = std::cout ? 0 : errno;
     }
-    if (isRunning && std::isfinite(whole)) {
+    // Beyond, a number counts no seconds any more.
+    if (isRunning && std::abs(whole) < kMostSeconds) {
         timer_.setTo(status->start + (base::Seconds(whole + 1) - status->spentBefore + kBeyond));
     } else {
         timer_.stop();
@@ -133,9 +149,10 @@ bool Follower::await() {
 void follow(const std::filesystem::path& storeDirectory, StatusForm form) {
     // That the reader has gone is an answer of the call that writes.
     std::signal(SIGPIPE, SIG_IGN);
-    Follower(storeDirectory, form).run();
-    if (!std::cout && errno == EPIPE) {
-        std::cout.clear();
+    if (Follower(storeDirectory, form).run() == EPIPE) {
+        // The line that nobody took is not tried again.
+        static Nowhere nowhere;
+        std::cout.rdbuf(&nowhere);
     }
 }
 

@@ -8,6 +8,7 @@
 #include <utility>
 #include <vector>
 
+#include "base/calendar.h"
 #include "base/clock.h"
 #include "ctl/command.h"
 #include "ctl/history_report.h"
@@ -23,11 +24,15 @@ struct HistoryOptions {
     bool isJson = false;
 };
 
+// That the calendar knows.
 std::optional<base::Date> firstOf(const std::vector<store::IntervalEntry>& intervals) {
+    const base::LocalCalendar calendar;
     std::optional<base::Date> first;
     for (const store::IntervalEntry& entry : intervals) {
-        const auto& created = entry.interval.creationDate;
-        first = !first || created < first ? created : first;
+        const std::optional<base::Date> created = entry.interval.creationDate;
+        if (created && (!first || *created < *first) && calendar.localTime(*created)) {
+            first = created;
+        }
     }
     return first;
 }

@@ -2,6 +2,8 @@
 #include <CLI/CLI.hpp>
 #include <exception>
 #include <iostream>
+#include <string>
+#include <string_view>
 
 #include "ctl/command.h"
 #include "objectstore/store_error.h"

@@ -9,6 +9,7 @@
 #include <iostream>
 #include <string>
 #include <string_view>
+#include <system_error>
 #include <utility>
 
 #include "ctl/time_awake.h"
@@ -88,20 +89,36 @@ void StatusSource::process() {
     }
 }
 
+// Without a watch it goes on with what it is told otherwise.
+void StatusSource::watch(std::optional<FolderWatch>& watch, const std::filesystem::path& folder,
+                         std::uint32_t events) {
+    try {
+        watch.emplace(folder, events);
+    } catch (const std::system_error& error) {
+        if (!std::exchange(toldOfWatches_, true)) {
+            std::cerr << "hearthmarkctl: Changes of files cannot be followed: " << error.what()
+                      << '\n';
+        }
+    }
+}
+
 void StatusSource::connect() {
     nextTry_.reset();
     // Before it is tried, so that no bus comes unseen.
     if (!socketWatch_ && socket_.has_parent_path()) {
-        socketWatch_.emplace(socket_.parent_path(), kSocketEvents);
+        watch(socketWatch_, socket_.parent_path(), kSocketEvents);
     }
     try {
         bus_.emplace();
-        socketWatch_.reset();
     } catch (const BusError&) {
-        if (triesLeft_ > 0) {
-            --triesLeft_;
-            nextTry_ = timeAwake() + kBetweenTries;
-        }
+        tryLater();
+    }
+}
+
+void StatusSource::tryLater() {
+    if (triesLeft_ > 0) {
+        --triesLeft_;
+        nextTry_ = timeAwake() + kBetweenTries;
     }
 }
 
@@ -123,12 +140,15 @@ void StatusSource::takeFromBus() {
     try {
         bus_->process();
     } catch (const BusError&) {
+        // One that never answered has let nobody in, and would not at once.
+        const bool wasOfUse = !socketWatch_;
         bus_.reset();
-        connect();
+        wasOfUse ? connect() : tryLater();
         return;
     }
     if (bus_->program() != FocusWatch::Program::unknown) {
         triesLeft_ = kMostTries;
+        socketWatch_.reset();
     }
     if (bus_->program() == FocusWatch::Program::present) {
         storeWatch_.reset();
@@ -146,7 +166,7 @@ void StatusSource::takeFromStore() {
             }
         });
     } else {
-        storeWatch_.emplace(storeDirectory_, kStoreEvents);
+        watch(storeWatch_, storeDirectory_, kStoreEvents);
         nextLook_ = timeAwake();
     }
     if (!nextLook_ || timeAwake() < *nextLook_) {

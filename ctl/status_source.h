@@ -5,6 +5,7 @@
 
 #include <array>
 #include <chrono>
+#include <cstdint>
 #include <filesystem>
 #include <optional>
 
@@ -33,7 +34,10 @@ class StatusSource {
     const std::optional<FocusStatus>& status() const { return status_; }
 
  private:
+    void watch(std::optional<FolderWatch>& watch, const std::filesystem::path& folder,
+               std::uint32_t events);
     void connect();
+    void tryLater();
     void lookForBus();
     void takeFromBus();
     void takeFromStore();
@@ -41,7 +45,7 @@ class StatusSource {
     std::filesystem::path storeDirectory_;
     std::filesystem::path socket_;
     std::optional<FocusWatch> bus_;
-    // While there is no bus.
+    // While there is no bus that has answered.
     std::optional<FolderWatch> socketWatch_;
     int triesLeft_ = 0;
     std::optional<std::chrono::microseconds> nextTry_;
@@ -50,6 +54,7 @@ class StatusSource {
     std::optional<std::chrono::microseconds> nextLook_;
     std::optional<FocusStatus> status_;
     bool isKnown_ = false;
+    bool toldOfWatches_ = false;
 };
 
 }  // namespace hearthmark::ctl

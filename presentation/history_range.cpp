@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "presentation/history_range.h"
 
+#include <algorithm>
 #include <optional>
 
 namespace hearthmark::presentation {
@@ -15,6 +16,7 @@ using std::chrono::year_month_day;
 
 constexpr days kWeek{7};
 constexpr int kMonthsOfYear = 12;
+constexpr std::chrono::years kMostYears{200};
 // All clocks of the world are put forward and back by so much or several times that.
 constexpr base::Seconds kClockStep{900};
 
@@ -73,6 +75,7 @@ HistoryRange rangeAround(HistoryUnit unit, year_month_day day, weekday firstDayO
 }
 
 HistoryRange rangeOfYears(std::chrono::year first, std::chrono::year last) {
+    first = std::max(first, last - kMostYears);
     return {.unit = HistoryUnit::all,
             .first = first / std::chrono::January / 1,
             .years = static_cast<int>((last - first).count()) + 1};

@@ -27,7 +27,8 @@ struct HistoryRange {
 HistoryRange rangeAround(HistoryUnit unit, std::chrono::year_month_day day,
                          std::chrono::weekday firstDayOfWeek);
 
-// All years from one to the other.
+// All years from one to the other, but for those more than 200 years before it: a mistake of a
+// file.
 HistoryRange rangeOfYears(std::chrono::year first, std::chrono::year last);
 
 // That many further on, or back.

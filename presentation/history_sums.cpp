@@ -47,13 +47,19 @@ class Sum {
 
 }  // namespace
 
-std::optional<base::Date> firstFocus(const store::Tasks& tasks) {
+std::optional<base::Date> firstFocus(const store::Tasks& tasks, const base::Calendar& calendar) {
     std::optional<base::Date> first;
-    const auto look = [&first](const auto& intervals) {
+    const auto look = [&first, &calendar](const auto& intervals) {
         // Newest first; what has no date comes before all.
-        const auto created = intervals.empty() ? std::nullopt : intervals.back()->creationDate();
-        if (created && (!first || *created < *first)) {
-            first = created;
+        for (auto each = intervals.rbegin(); each != intervals.rend(); ++each) {
+            const std::optional<base::Date> created = (*each)->creationDate();
+            if (!created || (first && *created >= *first)) {
+                return;
+            }
+            if (calendar.localTime(*created)) {
+                first = created;
+                return;
+            }
         }
     };
     for (const store::Task& task : tasks) {

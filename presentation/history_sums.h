@@ -5,6 +5,7 @@
 #include <optional>
 #include <vector>
 
+#include "base/calendar.h"
 #include "base/date.h"
 #include "store/live_data.h"
 #include "store/task.h"
@@ -30,8 +31,9 @@ struct HistorySums {
 // The part alone, or where there is none all of them.
 using ChosenPart = std::optional<std::size_t>;
 
-// When the first interval of the tasks was created; absent where there is none with a date.
-std::optional<base::Date> firstFocus(const store::Tasks& tasks);
+// When the first interval of the tasks was created that the calendar knows; absent where there is
+// none.
+std::optional<base::Date> firstFocus(const store::Tasks& tasks, const base::Calendar& calendar);
 
 // Of what does not run. It looks a range up in the sorted intervals of each task, so it costs the
 // number of tasks and what lies in the range: with ten years 2 ms.

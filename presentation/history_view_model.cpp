@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <functional>
 #include <numeric>
 #include <utility>
 
@@ -109,7 +110,7 @@ bool HistoryViewModel::canGoBack() const {
 void HistoryViewModel::renewRange() {
     HistoryChoice& choice = *parts_.choice;
     today_ = dayOf(parts_.clock->now(), *parts_.calendar);
-    earliest_ = dayOf(firstFocus(tasks_), *parts_.calendar);
+    earliest_ = dayOf(firstFocus(tasks_, *parts_.calendar), *parts_.calendar);
     const auto before = std::exchange(starts_, {});
     if (today_) {
         const HistoryRange current = rangeAround(choice.unit, *today_, parts_.firstDayOfWeek);

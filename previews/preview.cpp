@@ -204,7 +204,7 @@ std::vector<Preview> previewsOfUsualTexts() {
          .direction = Qt::RightToLeft},
         {.name = "export-replace-dark",
          .menuItem = kExport,
-         .typed = "/etc/hosts\r",
+         .typed = "/proc/version\r",
          .palette = Palette::dark},
         {.name = "import-path", .menuItem = kImport},
         {.name = "export-writing", .transfer = transfer(Phase::working)},

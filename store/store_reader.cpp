@@ -134,7 +134,8 @@ std::optional<IntervalEntry> StoreReader::newestRunning() {
                    [&newest](const RowReader& row) {
                        IntervalEntry entry = intervalEntry(row);
                        const auto& raw = entry.interval.rawState;
-                       if (raw && raw->started && (!newest || isNewer(entry, *newest))) {
+                       const bool isNamed = entry.interval.id && entry.task.id;
+                       if (isNamed && raw && raw->started && (!newest || isNewer(entry, *newest))) {
                            newest = std::move(entry);
                        }
                    });

@@ -49,9 +49,11 @@ QList<BusTask> shown(const std::vector<services::FoundTask>& tasks) {
     return all;
 }
 
-// What is too long stays so, and is not looked at for as long as it is.
+// What is too long stays so, whatever white space is in it, and is not looked at for as long as it
+// is.
 std::string given(const QString& text) {
-    return text.left(static_cast<qsizetype>(FocusControl::kLongestNote) + 1).toStdString();
+    constexpr auto kMost = static_cast<qsizetype>(FocusControl::kLongestNote);
+    return (text.size() > kMost ? text.left(kMost) + QChar(u'…') : text).toStdString();
 }
 
 QVariantMap valuesOf(const std::optional<services::RunningFocus>& running) {
