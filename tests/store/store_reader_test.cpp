@@ -52,7 +52,7 @@ std::string objectsText(const tests::TestStore& store) {
     const auto& context = store.container->viewContext();
     const auto tasks = context.objects<Task>();
     const auto* newest = newestRunning(context.objects<Interval>(), [](const Interval& interval) {
-        return interval.task() != nullptr;
+        return interval.id() && interval.task() != nullptr && interval.task()->id();
     });
     return textOf(exporting::EverythingDocument(tasks)) +
            textOf(exporting::IntervalTable(exporting::intervalRows(tasks, kFirst, kLast, kNow),
@@ -76,6 +76,7 @@ TEST(StoreReader, ReadsWhatTheObjectsSay) {
     for (const char* change :
          {"", "UPDATE Task SET name = x'41', creationDate = 'x'", "UPDATE Task SET id = 'none'",
           "UPDATE Task SET name = CAST(x'61ff62' AS TEXT)", "UPDATE Task SET doneDate = 5.5",
+          "UPDATE Interval SET id = NULL WHERE pk = 2",
           "UPDATE Interval SET duration = 'long', maxDuration = 9e999",
           "UPDATE Interval SET creationDate = 'x'", "UPDATE Interval SET creationDate = 9e999",
           "UPDATE Interval SET creationDate = 5",
