@@ -230,6 +230,7 @@ FocusAnswer<std::vector<FoundTask>> FocusService::findTasks(const std::string& w
     store::sortNewestFirst(found);
     found.resize(std::min(found.size(), kMostFound));
     std::vector<FoundTask> answer;
+    answer.reserve(found.size());
     for (const store::Task* task : found) {
         answer.push_back(
             {.id = *task->id(), .name = shownName(*task), .isDone = task->doneDate().has_value()});
