@@ -11,6 +11,13 @@ T.TabBar {
         root.currentItem.forceActiveFocus(Qt.TabFocusReason);
     }
 
+    // All tabs get the same width: a whole number, else some versions of Qt show their texts between two pixels.
+    contentWidth: {
+        let width = 0;
+        for (let i = 0; i < root.count; ++i)
+            width += root.itemAt(i)?.implicitWidth ?? 0;
+        return root.count * Math.ceil(width / Math.max(1, root.count)) + Math.max(0, root.count - 1) * root.spacing;
+    }
     implicitWidth: contentWidth + leftPadding + rightPadding
     implicitHeight: contentHeight + topPadding + bottomPadding
     padding: 3

@@ -12,7 +12,7 @@ T.TabButton {
         root.checked = true;
     }
 
-    implicitWidth: implicitContentWidth + leftPadding + rightPadding
+    implicitWidth: Math.ceil(implicitContentWidth) + leftPadding + rightPadding
     implicitHeight: Theme.controlHeight
     horizontalPadding: Theme.wideSpacing
     spacing: Theme.spacing

@@ -80,7 +80,7 @@ Column {
             id: tabs
 
             // What their texts leave of the width, as far as they need it.
-            readonly property real tabPadding: Math.max(Theme.tightSpacing, Math.min(Theme.wideSpacing, (root.width - 18 * Theme.bodySize) / (2 * tabs.count)))
+            readonly property real tabPadding: Math.max(Theme.tightSpacing, Math.min(Theme.wideSpacing, Math.floor((root.width - 18 * Theme.bodySize) / (2 * tabs.count))))
             property bool isComplete: false
 
             currentIndex: root.adapter?.unit ?? 0
