@@ -33,6 +33,16 @@ ListView {
             root.contentY = root.originY;
     }
 
+    // With as much of what stands above it as there is room for. To pass by the top on the way would make the
+    // rows there for nothing, with each letter of a search.
+    function showFromTop(row: int) {
+        root.forceLayout();
+        root.currentIndex = row;
+        if (root.currentItem)
+            root.contentY = Math.max(root.originY, Math.min(root.currentItem.y, root.currentItem.y + root.currentItem.height - root.height));
+        root.showRow(row);
+    }
+
     function takeFocus() {
         (root.currentItem ?? root).forceActiveFocus(Qt.OtherFocusReason);
     }

@@ -43,13 +43,9 @@ FocusScope {
         list.takeFocus();
     }
 
-    // From the top, where its first row would else be out of sight.
     function showMatches() {
         const match = root.adapter.rows.firstMatch();
-        const row = match < 0 ? root.reachedStop() : match;
-        list.positionViewAtBeginning();
-        if (row >= 0)
-            list.showRow(row);
+        list.showFromTop(match < 0 ? root.reachedStop() : match);
     }
 
     // A done task that starts comes from elsewhere, but is what the keyboard was on.
