@@ -7,7 +7,7 @@
 set -euo pipefail
 cd "$(dirname "$0")"
 
-suites=(base objectstore livedata store services presentation export ui platform)
+suites=(base objectstore livedata store services presentation export ctl ui platform)
 fuzzers=(store_file_fuzzer everything_fuzzer update_feed_fuzzer)
 
 packaging/install-packages.sh build run sanitize

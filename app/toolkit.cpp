@@ -2,6 +2,7 @@
 #include "app/toolkit.h"
 
 #include <QLocale>
+#include <QLoggingCategory>
 #include <QQuickWindow>
 #include <algorithm>
 
@@ -30,6 +31,11 @@ Toolkit::Toolkit(int argc, char** argv)
 }
 
 ToolkitArguments& Toolkit::prepared() {
+    // What others ask for in vain is no fault of this program. Told, it would fill the journal, and
+    // where nobody reads it keep the window waiting.
+    QLoggingCategory::setFilterRules(
+        QStringLiteral("qt.accessibility.atspi.warning=false\n"
+                       "qt.dbus.integration.warning=false"));
     // A few words are repainted each second: the software scene graph takes less than half the
     // memory.
     QQuickWindow::setGraphicsApi(QSGRendererInterface::Software);
