@@ -85,6 +85,11 @@ std::optional<std::tm> brokenDown(Date date) {
 
 }  // namespace
 
+std::optional<std::chrono::year_month_day> Calendar::localDay(Date date) const {
+    const auto time = localTime(date);
+    return time ? std::optional(time->day) : std::nullopt;
+}
+
 std::optional<LocalTime> LocalCalendar::localTime(Date date) const {
     const auto local = brokenDown(date);
     if (!local) {

@@ -34,6 +34,9 @@ class Calendar {
     // Absent where `date` is out of the calendar's range.
     virtual std::optional<LocalTime> localTime(Date date) const = 0;
 
+    // Its day.
+    std::optional<std::chrono::year_month_day> localDay(Date date) const;
+
     // When it is that time, oldest first: one moment; two where the clocks go back over it, and
     // none where they go forward over it, where there is no such day, or out of the calendar's
     // range.

@@ -116,12 +116,12 @@ bool isRange(const std::string& text) {
 
 RangeOfDates rangeOfAll(const std::optional<base::Date>& firstFocus) {
     const base::LocalCalendar calendar;
-    const auto now = calendar.localTime(base::SystemClock().now());
-    const auto first = firstFocus ? calendar.localTime(*firstFocus) : now;
+    const auto today = calendar.localDay(base::SystemClock().now());
+    const auto first = firstFocus ? calendar.localDay(*firstFocus) : today;
     RangeOfDates range;
-    if (now && first) {
-        const std::chrono::year last = now->day.year();
-        range.days = presentation::rangeOfYears(std::min(first->day.year(), last), last);
+    if (today && first) {
+        const std::chrono::year last = today->year();
+        range.days = presentation::rangeOfYears(std::min(first->year(), last), last);
         range.starts = partStarts(range.days, calendar);
     }
     if (range.starts.empty()) {
@@ -135,10 +135,10 @@ RangeOfDates rangeOfDates(const std::string& text) {
         throw UsageError("\"" + text + "\" is no range of days. These are: " + kRangeHelp + '.');
     }
     const base::LocalCalendar calendar;
-    const auto now = calendar.localTime(base::SystemClock().now());
+    const auto today = calendar.localDay(base::SystemClock().now());
     RangeOfDates range;
-    if (now) {
-        range.days = rangeFrom(text, now->day, firstDayOfWeek()).value();
+    if (today) {
+        range.days = rangeFrom(text, *today, firstDayOfWeek()).value();
         range.starts = partStarts(range.days, calendar);
     }
     if (range.starts.empty()) {

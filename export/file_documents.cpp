@@ -44,16 +44,16 @@ store::Tasks FileDocuments::tasks() const {
 
 // " 2026-11-23"; empty where the calendar has no such day.
 std::string FileDocuments::dayOf(base::Date date) const {
-    const auto time = calendar_->localTime(date);
-    if (!time) {
+    const auto day = calendar_->localDay(date);
+    if (!day) {
         return {};
     }
     const auto twoDigits = [](unsigned number) {
         return (number < 10 ? "-0" : "-") + std::to_string(number);
     };
-    return ' ' + std::to_string(static_cast<int>(time->day.year())) +
-           twoDigits(static_cast<unsigned>(time->day.month())) +
-           twoDigits(static_cast<unsigned>(time->day.day()));
+    return ' ' + std::to_string(static_cast<int>(day->year())) +
+           twoDigits(static_cast<unsigned>(day->month())) +
+           twoDigits(static_cast<unsigned>(day->day()));
 }
 
 FileDocuments::Document FileDocuments::everything() const {

@@ -21,12 +21,6 @@ constexpr int kPermille = 1000;
 
 using Column = HistoryViewState::Column;
 
-std::optional<std::chrono::year_month_day> dayOf(std::optional<base::Date> date,
-                                                 const base::Calendar& calendar) {
-    const auto time = date ? calendar.localTime(*date) : std::nullopt;
-    return time ? std::optional(time->day) : std::nullopt;
-}
-
 std::optional<int> permille(base::Seconds spent, base::Seconds total) {
     const double share = spent / total;
     return total > base::Seconds(0) && share >= 0 && share <= 1
@@ -109,15 +103,16 @@ bool HistoryViewModel::canGoBack() const {
 
 void HistoryViewModel::renewRange() {
     HistoryChoice& choice = *parts_.choice;
-    today_ = dayOf(parts_.clock->now(), *parts_.calendar);
-    earliest_ = dayOf(firstFocus(tasks_, *parts_.calendar), *parts_.calendar);
+    today_ = parts_.calendar->localDay(parts_.clock->now());
+    const auto first = firstFocus(tasks_, *parts_.calendar);
+    earliest_ = first ? parts_.calendar->localDay(*first) : std::nullopt;
     const auto before = std::exchange(starts_, {});
     if (today_) {
         const HistoryRange current = rangeAround(choice.unit, *today_, parts_.firstDayOfWeek);
         range_ = rangeAround(choice.unit, choice.day.value_or(*today_), parts_.firstDayOfWeek);
         if (choice.unit == HistoryUnit::all) {
-            const auto first = std::min(earliest_.value_or(*today_), *today_);
-            range_ = rangeOfYears(first.year(), today_->year());
+            const auto earliest = std::min(earliest_.value_or(*today_), *today_);
+            range_ = rangeOfYears(earliest.year(), today_->year());
         } else if (range_ == current) {
             choice.day.reset();
         }

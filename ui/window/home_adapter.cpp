@@ -55,11 +55,11 @@ void HomeAdapter::closeHistory() {
 
 void HomeAdapter::openHistoryOf(int dayOfOverview) {
     const auto start = overview_->dayStart(dayOfOverview);
-    const auto day = start ? subviewsFactory_.calendar->localTime(*start) : std::nullopt;
+    const auto day = start ? subviewsFactory_.calendar->localDay(*start) : std::nullopt;
     if (day) {
         closeHistory();
         subviewsFactory_.historyChoice->unit = presentation::HistoryUnit::day;
-        subviewsFactory_.historyChoice->day = day->day;
+        subviewsFactory_.historyChoice->day = day;
         openHistory();
     }
 }
