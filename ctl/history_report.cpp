@@ -60,9 +60,8 @@ std::string lineOf(base::Seconds spent, std::size_t focuses, const std::string& 
 
 std::string dayText(std::chrono::year_month_day day) {
     std::string text;
-    const auto start = std::chrono::sys_days(day) - base::kReferenceDay;
-    exporting::appendDateTime(text, base::Date(start));
-    return text.substr(0, text.find('T'));
+    exporting::appendDay(text, day);
+    return text;
 }
 
 std::chrono::year_month_day lastDay(const presentation::HistoryRange& range) {

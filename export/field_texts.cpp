@@ -81,6 +81,10 @@ void appendNumber(std::string& text, double number, WholeNumber wholeNumber) {
     }
 }
 
+void appendDay(std::string& text, std::chrono::year_month_day day) {
+    appendDay(text, static_cast<int>(day.year()), day);
+}
+
 void appendDateTime(std::string& text, base::Date date) {
     const double sinceReference = std::floor(date.sinceReferenceDate().count());
     if (!(std::abs(sinceReference) < kBeyondCalendar)) {
@@ -110,7 +114,7 @@ void appendLocalDateTime(std::string& text, base::Date date, const base::Calenda
         appendDateTime(text, date);
         return;
     }
-    appendDay(text, static_cast<int>(local->day.year()), local->day);
+    appendDay(text, local->day);
     text += 'T';
     appendTimeOfDay(text, local->sinceMidnight.count());
     text += offset < 0 ? '-' : '+';

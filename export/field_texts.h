@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <chrono>
 #include <string>
 
 #include "base/calendar.h"
@@ -14,6 +15,9 @@ enum class WholeNumber { bare, withFraction };
 // Appends the shortest digits that read back to the same double: positional below 1e16 and from
 // 1e-5 on, with an exponent beyond. What is not finite is "nan", "inf" or "-inf".
 void appendNumber(std::string& text, double number, WholeNumber wholeNumber);
+
+// Appends the day (ISO 8601), 2024-01-01; a year takes four digits at least.
+void appendDay(std::string& text, std::chrono::year_month_day day);
 
 // Appends the date and time of day in UTC (ISO 8601, RFC 3339), 2024-01-01T09:30:00Z. A fraction of
 // a second is cut off; the calendar is the Gregorian one throughout; a year takes four digits at
