@@ -25,13 +25,8 @@ using TaskTime = HistoryReport::TaskTime;
 constexpr std::size_t kTimeWidth = 11;
 constexpr std::size_t kFocusesWidth = 7;
 
-std::optional<store::IntervalState> stateOf(const IntervalEntry& entry) {
-    const auto& raw = entry.interval.rawState;
-    return raw ? store::intervalState(raw->state, raw->started, raw->visited) : std::nullopt;
-}
-
 bool isRunning(const IntervalEntry& entry) {
-    const auto state = stateOf(entry);
+    const auto state = store::intervalState(entry.interval);
     return state && state->isRunning();
 }
 
@@ -84,8 +79,8 @@ HistoryReport historyReport(const presentation::HistoryRange& range, std::vector
             continue;
         }
         const bool runs = isRunning(entry);
-        const base::Seconds spent =
-            store::totalDuration(entry.interval.duration, stateOf(entry), now);
+        const base::Seconds spent = store::totalDuration(entry.interval.duration,
+                                                         store::intervalState(entry.interval), now);
         (runs ? runningParts : report.parts)[*part] += spent;
         const auto [place, isNew] = places.emplace(entry.task.key, report.tasks.size());
         if (isNew) {

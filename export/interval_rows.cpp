@@ -22,9 +22,7 @@ std::optional<store::StateCode> codeOf(const std::optional<store::IntervalState>
 // Requires: it has a date.
 IntervalRow row(const std::optional<base::Uuid>& taskId, const std::optional<std::string>& taskName,
                 const store::IntervalRecord& interval, base::Date now) {
-    const auto& raw = interval.rawState;
-    const auto state =
-        raw ? store::intervalState(raw->state, raw->started, raw->visited) : std::nullopt;
+    const auto state = store::intervalState(interval);
     const base::Seconds timeSpent = store::totalDuration(interval.duration, state, now);
     const base::Date start = interval.creationDate.value();
     return {.taskId = taskId,

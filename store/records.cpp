@@ -23,6 +23,11 @@ std::vector<const Entity*> inOrderOfMaking(const std::vector<Entity*>& entities)
 
 }  // namespace
 
+std::optional<IntervalState> intervalState(const IntervalRecord& interval) {
+    const auto& raw = interval.rawState;
+    return raw ? intervalState(raw->state, raw->started, raw->visited) : std::nullopt;
+}
+
 IntervalRecord record(const Interval& interval) {
     IntervalRecord record{.id = interval.id(),
                           .creationDate = interval.creationDate(),

@@ -8,6 +8,7 @@
 
 #include "base/date.h"
 #include "base/uuid.h"
+#include "store/interval_state.h"
 
 namespace hearthmark::objectstore {
 class ManagedObjectContext;
@@ -49,6 +50,9 @@ struct TaskRecord {
     std::vector<IntervalRecord> intervals;
     std::vector<NoteRecord> notes;
 };
+
+// Absent where there is none, or one that means nothing.
+std::optional<IntervalState> intervalState(const IntervalRecord& interval);
 
 IntervalRecord record(const Interval& interval);
 NoteRecord record(const Note& note);

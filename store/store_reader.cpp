@@ -218,16 +218,12 @@ std::vector<TaskRecord> StoreReader::everything() {
 }
 
 IntervalRecord finishedAtLastSight(IntervalRecord interval) {
-    if (!interval.rawState) {
-        return interval;
-    }
-    IntervalRecord::RawState& raw = *interval.rawState;
-    const auto state = intervalState(raw.state, raw.started, raw.visited);
+    const auto state = intervalState(interval);
     if (const IntervalState::Running* running = state ? state->asRunning() : nullptr) {
         interval.duration =
             totalDuration(interval.duration, state, running->visited.value_or(running->started));
-        raw.state = static_cast<std::int16_t>(StateCode::finished);
-        raw.started.reset();
+        interval.rawState->state = static_cast<std::int16_t>(StateCode::finished);
+        interval.rawState->started.reset();
     }
     return interval;
 }
