@@ -186,6 +186,12 @@ std::vector<std::string> foldedWords(std::string_view text) {
     return words;
 }
 
+bool holdsAll(std::string_view fold, const std::vector<std::string>& words) {
+    return std::ranges::all_of(words, [fold](const std::string& word) {
+        return fold.find(word) != std::string_view::npos;
+    });
+}
+
 std::size_t originOfFolded(std::string_view text, std::size_t offset) {
     std::string fold;
     for (std::size_t at = 0; at < text.size();) {

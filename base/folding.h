@@ -17,6 +17,9 @@ std::string folded(std::string_view text);
 // The words of what is searched for, folded; none of them is empty.
 std::vector<std::string> foldedWords(std::string_view text);
 
+// Whether all of them are in a text of that fold.
+bool holdsAll(std::string_view fold, const std::vector<std::string>& words);
+
 // Where the character begins that has the byte at `offset` of the text's fold; the text's size
 // where the fold is shorter.
 std::size_t originOfFolded(std::string_view text, std::size_t offset);

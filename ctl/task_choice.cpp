@@ -54,9 +54,7 @@ std::vector<TaskEntry> tasksWithWords(std::vector<TaskEntry> tasks, const std::s
     const std::vector<std::string> folded = base::foldedWords(words);
     std::erase_if(tasks, [&folded](const TaskEntry& task) {
         const std::string name = folded.empty() ? "" : base::folded(nameOf(task));
-        return !task.id || !std::ranges::all_of(folded, [&name](const std::string& word) {
-            return name.find(word) != std::string::npos;
-        });
+        return !task.id || !base::holdsAll(name, folded);
     });
     std::ranges::sort(tasks, [](const auto& a, const auto& b) { return store::isNewer(a, b); });
     return tasks;

@@ -136,9 +136,8 @@ void TaskSearch::count() {
 
 void TaskSearch::look(const store::Task& task, Texts& texts) {
     texts.match.reset();
-    const auto isThere = [&texts](const std::string& word) { return holds(texts.fold, word); };
     // Without an id it is not in the list.
-    if (words_.empty() || !task.id() || !std::ranges::all_of(words_, isThere)) {
+    if (words_.empty() || !task.id() || !base::holdsAll(texts.fold, words_)) {
         return;
     }
     const std::string name = orDash(task.name());

@@ -221,9 +221,7 @@ FocusAnswer<std::vector<FoundTask>> FocusService::findTasks(const std::string& w
     std::vector<const store::Task*> found;
     for (const store::Task& task : tasks) {
         const std::string name = folded.empty() ? "" : base::folded(task.name().value_or("-"));
-        if (task.id() && std::ranges::all_of(folded, [&name](const std::string& word) {
-                return name.find(word) != std::string::npos;
-            })) {
+        if (task.id() && base::holdsAll(name, folded)) {
             found.push_back(&task);
         }
     }
