@@ -10,6 +10,11 @@ namespace hearthmark::base {
 // UTF-8 are no white space and stay. The result views into the argument.
 std::string_view trimmed(std::string_view text);
 
+// Whether a character of UTF-8 begins with the byte.
+constexpr bool beginsCharacter(char byte) {
+    return (static_cast<unsigned char>(byte) & 0xC0U) != 0x80;
+}
+
 // Whether the bytes are well-formed UTF-8: no overlong forms, no surrogates, nothing cut short.
 bool isValidUtf8(std::string_view text);
 

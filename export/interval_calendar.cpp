@@ -29,17 +29,13 @@ std::optional<std::string> dateTime(base::Date date) {
     return text;
 }
 
-bool beginsCharacter(char c) {
-    return (static_cast<unsigned char>(c) & 0xC0U) != 0x80;
-}
-
 // A content line, on as many lines as it takes.
 void appendLine(std::string& text, std::string_view name, std::string_view value) {
     std::size_t octets = 0;
     for (const std::string_view piece : {name, value}) {
         for (std::size_t begin = 0; begin < piece.size();) {
             std::size_t end = begin + 1;
-            while (end < piece.size() && !beginsCharacter(piece[end])) {
+            while (end < piece.size() && !base::beginsCharacter(piece[end])) {
                 ++end;
             }
             if (octets + (end - begin) > kMostOctets) {

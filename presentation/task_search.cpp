@@ -27,7 +27,7 @@ bool holds(std::string_view fold, const std::string& word) {
 }
 
 bool isBetweenCharacters(std::string_view text, std::size_t at) {
-    return at >= text.size() || (static_cast<unsigned char>(text[at]) & 0xC0U) != 0x80;
+    return at >= text.size() || base::beginsCharacter(text[at]);
 }
 
 // The line around the place, without what is far from it.

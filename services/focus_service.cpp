@@ -20,13 +20,9 @@ namespace {
 
 using Reason = FocusRefusal::Reason;
 
-bool isCharacterBegin(char byte) {
-    return (static_cast<unsigned char>(byte) & 0xC0U) != 0x80;
-}
-
 bool isLongerThan(std::string_view text, std::size_t characters) {
-    return text.size() > characters &&
-           static_cast<std::size_t>(std::ranges::count_if(text, isCharacterBegin)) > characters;
+    return text.size() > characters && static_cast<std::size_t>(std::ranges::count_if(
+                                           text, base::beginsCharacter)) > characters;
 }
 
 std::string shownName(const store::Task& task) {
@@ -35,7 +31,7 @@ std::string shownName(const store::Task& task) {
     if (isLongerThan(name, FocusControl::kLongestName)) {
         std::size_t end = 0;
         for (std::size_t characters = 0; characters < FocusControl::kLongestName; ++end) {
-            characters += isCharacterBegin(name[end]) ? 1 : 0;
+            characters += base::beginsCharacter(name[end]) ? 1 : 0;
         }
         name.replace(end - 1, std::string::npos, kCut);
     }

@@ -3,6 +3,7 @@
 
 #include <algorithm>
 
+#include "base/text.h"
 #include "ui/text/text_conversion.h"
 
 namespace hearthmark::ui {
@@ -33,7 +34,7 @@ QString escaped(const std::string& text, std::size_t begin, std::size_t end) {
 
 QString markedText(const std::string& text, const std::vector<base::TextRange>& ranges) {
     std::size_t shown = std::min(text.size(), kMostBytes);
-    while (shown < text.size() && (static_cast<unsigned char>(text[shown]) & 0xC0U) == 0x80) {
+    while (shown < text.size() && !base::beginsCharacter(text[shown])) {
         ++shown;
     }
     QString marked;

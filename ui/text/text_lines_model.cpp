@@ -5,6 +5,8 @@
 #include <QGuiApplication>
 #include <algorithm>
 
+#include "base/text.h"
+
 namespace hearthmark::ui {
 
 namespace {
@@ -15,8 +17,7 @@ constexpr std::size_t kLongestCharacter = 4;
 // The length of the first piece of a line that is too long: whole characters.
 std::size_t pieceLength(std::string_view line) {
     for (std::size_t length = kLongestLine; length > kLongestLine - kLongestCharacter; --length) {
-        const bool isContinuation = (static_cast<unsigned char>(line[length]) & 0xC0U) == 0x80U;
-        if (!isContinuation) {
+        if (base::beginsCharacter(line[length])) {
             return length;
         }
     }
