@@ -36,11 +36,6 @@ std::string everythingOf(const tests::TestStore& store) {
     return textOf(EverythingDocument(store.container->viewContext().objects<store::Task>()));
 }
 
-std::string contentOf(const std::filesystem::path& file) {
-    std::ifstream stream(file, std::ios::binary);
-    return {std::istreambuf_iterator<char>(stream), {}};
-}
-
 // The rows as an import sees them: by id, without keys and stamps, and of what has a task.
 std::string rowsOf(const tests::TestStore& store, bool areFinished) {
     const std::string state = areFinished ? "max(state, 2), NULL" : "state, started, visited";
@@ -218,7 +213,7 @@ TEST_F(FileExportTest, WritesAllOrLeavesWhatWasThereWithoutLitter) {
         const std::string found =
             result.outcome == FileExport::Outcome::cancelled ? "cancelled" : result.reason;
         EXPECT_TRUE(expected.empty() ? found.empty() : found.starts_with(expected)) << found;
-        EXPECT_EQ(contentOf(old), changed == "old" ? std::string(kSize, 'x') : "old");
+        EXPECT_EQ(tests::bytesOf(old), changed == "old" ? std::string(kSize, 'x') : "old");
         if (!changed.empty()) {
             EXPECT_EQ(std::filesystem::file_size(path / changed), kSize);
             std::filesystem::remove(path / "folder/new");

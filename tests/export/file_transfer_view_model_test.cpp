@@ -61,10 +61,6 @@ struct FileTransfer : testing::Test {
     void write(const std::string& name, const std::string& text) const {
         std::ofstream(home / name) << text;
     }
-    std::string read(const std::string& name) const {
-        std::ifstream stream(home / name);
-        return {std::istreambuf_iterator<char>(stream), {}};
-    }
 
     const FileTransferViewState& state() const { return viewModel->viewState().value(); }
 
@@ -194,7 +190,7 @@ TEST_F(FileTransfer, GoesAsPersonDesktopAndWorkHaveIt) {
         }
         viewModel->dismiss();
     }
-    EXPECT_EQ(read("not.json"), "{\n\n]");
+    EXPECT_EQ(tests::bytesOf(home / "not.json"), "{\n\n]");
 }
 
 TEST_F(FileTransfer, AddsWhatIsNewOnceItIsAgreedToAndOnlyThen) {
@@ -228,7 +224,7 @@ TEST_F(FileTransfer, WritesTheIntervalsOfDaysUnderTheirNames) {
         EXPECT_EQ(chooser->suggested, name);
         act("chosen x");
         act("finish");
-        EXPECT_EQ(read("x").substr(0, std::string(begin).size()), begin);
+        EXPECT_TRUE(tests::bytesOf(home / "x").starts_with(begin));
     }
 }
 

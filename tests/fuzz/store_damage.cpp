@@ -6,7 +6,6 @@
 #include <algorithm>
 #include <cstring>
 #include <fstream>
-#include <iterator>
 #include <memory>
 
 namespace hearthmark::fuzz {
@@ -114,8 +113,7 @@ std::string soundFile(tests::TestStore& store) {
     store.addTask("second", start);
     store.close();
     store.sql("PRAGMA journal_mode = DELETE; PRAGMA page_size = 512; VACUUM");
-    std::ifstream file(store.file, std::ios::binary);
-    return {std::istreambuf_iterator<char>(file), {}};
+    return tests::bytesOf(store.file);
 }
 
 StoreDamage::StoreDamage(std::span<const std::uint8_t> bytes) {

@@ -5,8 +5,6 @@
 
 #include <array>
 #include <fstream>
-#include <iterator>
-#include <map>
 #include <thread>
 
 #include "objectstore/store_copy.h"
@@ -24,16 +22,6 @@ using store::Task;
 void write(const fs::path& file, std::uintmax_t offset, const std::string& bytes) {
     std::fstream stream(file, std::ios::in | std::ios::out | std::ios::binary);
     stream.seekp(static_cast<std::streamoff>(offset)) << bytes;
-}
-
-// Every file of a directory with its bytes.
-std::map<std::string, std::string> contents(const fs::path& directory) {
-    std::map<std::string, std::string> files;
-    for (const fs::directory_entry& entry : fs::directory_iterator(directory)) {
-        std::ifstream stream(entry.path(), std::ios::binary);
-        files[entry.path().filename()] = std::string(std::istreambuf_iterator(stream), {});
-    }
-    return files;
 }
 
 std::optional<StoreError> failureOfOpening(const fs::path& directory) {
@@ -99,13 +87,13 @@ TEST(SqliteStore, LeavesAFileThatItRefusesByteForByteAsItWas) {
         store.addTask(std::string(50000, 'x'));
         store.close();
         row.damage(store.file);
-        const auto before = contents(store.directory.path);
+        const auto before = tests::filesOf(store.directory.path);
         const auto failure = failureOfOpening(store.directory.path);
         ASSERT_TRUE(failure) << row.what;
         EXPECT_EQ(failure->code(), row.error) << row.what;
         EXPECT_EQ(failure->cause(), row.cause) << row.what;
         EXPECT_NE(std::string(failure->what()).find(row.said), std::string::npos) << row.what;
-        EXPECT_TRUE(contents(store.directory.path) == before) << row.what;
+        EXPECT_TRUE(tests::filesOf(store.directory.path) == before) << row.what;
     }
     const tests::TemporaryDirectory directory;
     const fs::path file = directory.path / "Hearthmark.sqlite";
@@ -150,9 +138,9 @@ TEST(SqliteStore, LeavesTheLogOfACrashWhereItRefusesTheFile) {
     store.sql("PRAGMA user_version = 1000");
     const tests::TemporaryDirectory newer;
     copyCrashed(store, newer.path);
-    const auto before = contents(newer.path);
+    const auto before = tests::filesOf(newer.path);
     EXPECT_EQ(errorOfOpening(newer.path), 20);
-    auto after = contents(newer.path);
+    auto after = tests::filesOf(newer.path);
     after.erase("Hearthmark.sqlite-shm");  // SQLite's index of the log, made to read it
     EXPECT_TRUE(after == before);
 }
@@ -179,17 +167,17 @@ TEST(SqliteStore, NeverReplaysALogOverANewFile) {
     lost.addTask("lost");
     const tests::TemporaryDirectory directory;
     copyCrashed(lost, directory.path);
-    const std::string log = contents(directory.path).at("Hearthmark.sqlite-wal");
+    const std::string log = tests::filesOf(directory.path).at("Hearthmark.sqlite-wal");
     fs::resize_file(directory.path / "Hearthmark.sqlite", 0);
     EXPECT_TRUE(tests::open(directory.path)->viewContext().objects<Task>().empty());
-    EXPECT_TRUE(contents(directory.path).at("Hearthmark.sqlite-wal.orphaned") == log);
+    EXPECT_TRUE(tests::filesOf(directory.path).at("Hearthmark.sqlite-wal.orphaned") == log);
     fs::remove(directory.path / "Hearthmark.sqlite");
     std::ofstream(directory.path / "Hearthmark.sqlite-wal") << "another";
     std::ofstream(directory.path / "Hearthmark.sqlite-journal") << "of another program";
     EXPECT_TRUE(tests::open(directory.path)->viewContext().objects<Task>().empty());
-    EXPECT_TRUE(contents(directory.path).at("Hearthmark.sqlite-wal.orphaned") == log);
-    EXPECT_EQ(contents(directory.path).at("Hearthmark.sqlite-wal.orphaned-2"), "another");
-    EXPECT_EQ(contents(directory.path).count("Hearthmark.sqlite-journal.orphaned"), 1);
+    EXPECT_TRUE(tests::filesOf(directory.path).at("Hearthmark.sqlite-wal.orphaned") == log);
+    EXPECT_EQ(tests::filesOf(directory.path).at("Hearthmark.sqlite-wal.orphaned-2"), "another");
+    EXPECT_EQ(tests::filesOf(directory.path).count("Hearthmark.sqlite-journal.orphaned"), 1);
 }
 
 TEST(SqliteStore, WaitsForAnotherProgramThatWrites) {
@@ -215,7 +203,7 @@ TEST(SqliteStore, ShowsItsFilesToTheirOwnerOnly) {
     for (const auto& entry : fs::recursive_directory_iterator(directory.path)) {
         EXPECT_EQ(entry.status().permissions(), fs::perms(entry.is_directory() ? 0700 : 0600));
     }
-    EXPECT_EQ(contents(inner).size(), 3) << "the file, its log and the log's index";
+    EXPECT_EQ(tests::filesOf(inner).size(), 3) << "the file, its log and the log's index";
     EXPECT_EQ(tests::sql(inner / "Hearthmark.sqlite", "PRAGMA journal_mode"), "wal");
 }
 

@@ -1,11 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "store/store_backups.h"
 
-#include <fcntl.h>
 #include <gtest/gtest.h>
 #include <sys/stat.h>
-#include <sys/wait.h>
-#include <unistd.h>
 
 #include <array>
 #include <cstdlib>
@@ -19,96 +16,19 @@
 #include "store/hearthmark_model.h"
 #include "store/persistent_container_factory.h"
 #include "store/task_import.h"
+#include "support/backed_up_store.h"
 #include "support/fault_vfs.h"
 #include "support/test_store.h"
 
 namespace hearthmark::store {
 namespace {
 
-using namespace std::chrono_literals;
+using tests::BackedUpStore;
+using tests::bytesOf;
 using tests::FaultVfs;
 
 constexpr int kDamages = 300;
 constexpr auto kBackup = "Backups/Hearthmark-2001-01-02.sqlite";
-
-// The days since the reference date, whatever the time zone.
-struct UtcCalendar final : base::Calendar {
-    std::vector<base::Date> dayStarts(base::Date, int) const override { return {}; }
-    std::optional<base::Date> dayStart(std::chrono::year_month_day) const override { return {}; }
-    std::vector<base::Date> moments(const base::LocalTime&) const override { return {}; }
-    std::optional<base::LocalTime> localTime(base::Date date) const override {
-        const auto seconds =
-            std::chrono::duration_cast<std::chrono::seconds>(date.sinceReferenceDate());
-        const auto days = std::chrono::floor<std::chrono::days>(seconds);
-        return base::LocalTime{base::kReferenceDay + days, seconds - days};
-    }
-};
-
-struct BackedUpStore : tests::TestStore {
-    void setDay(int day) const { clock->time = tests::at(0) + base::Seconds(day * 24h + 1h); }
-    // A start on that day.
-    void begin(int day) const {
-        setDay(day);
-        backups->keepDaily();
-    }
-    std::string content() const {
-        return sql("SELECT id, name FROM Task; SELECT id, text FROM Note; SELECT id FROM Interval");
-    }
-    std::string names() const {
-        std::string names;
-        for (const StoreBackup& backup : backups->all()) {
-            names += backup.file.stem().string().substr(sizeof "Hearthmark") + ' ';
-        }
-        return names;
-    }
-    void damage(const std::filesystem::path& name, std::streamoff offset,
-                const std::string& bytes) const {
-        std::fstream(directory.path / name, std::ios::in | std::ios::out | std::ios::binary)
-                .seekp(offset)
-            << bytes;
-    }
-
-    std::shared_ptr<const StoreBackups> backups =
-        std::make_shared<StoreBackups>(directory.path, clock, std::make_shared<UtcCalendar>());
-};
-
-std::string bytesOf(const std::filesystem::path& file) {
-    std::ifstream stream(file, std::ios::binary);
-    return {std::istreambuf_iterator<char>(stream), {}};
-}
-
-// As the program begins, in a process of its own. What it said before it ended; nothing where it
-// goes on.
-std::string launchMessage(const BackedUpStore& store) {
-    const std::filesystem::path log = store.directory.path / "log";
-    const pid_t child = ::fork();
-    if (child == 0) {
-        ::dup2(::open(log.c_str(), O_CREAT | O_TRUNC | O_WRONLY, 0600), STDERR_FILENO);
-        PersistentContainerFactory(store.backups, base::FatalErrorHandler()).makeContainer();
-        ::_exit(EXIT_SUCCESS);
-    }
-    int status = 0;
-    ::waitpid(child, &status, 0);
-    return WIFSIGNALED(status) ? bytesOf(log) : "";
-}
-
-// What it tells to be typed; "false" where it tells nothing.
-std::string commandIn(const std::string& message) {
-    const auto command = message.find("cd '");
-    return command == std::string::npos ? "false" : message.substr(command);
-}
-
-int type(const std::string& command) {
-    return std::system(("exec >&- 2>&-; " + command).c_str());
-}
-
-// Whether a file of those bytes is there under whatever name.
-bool isKept(const BackedUpStore& store, const std::string& bytes) {
-    const std::filesystem::recursive_directory_iterator files(store.directory.path);
-    return std::ranges::any_of(files, [&](const auto& entry) {
-        return entry.is_regular_file() && bytesOf(entry.path()) == bytes;
-    });
-}
 
 TEST(TaskImport, BacksUpWhatIsThereAndAddsNothingWhereItCannot) {
     BackedUpStore store;
@@ -275,16 +195,16 @@ TEST(StoreBackups, LoseNothingToACommandThatFailsAtAnyStep) {
         store.damage("Hearthmark.sqlite", 0, "damaged");
         std::ofstream(store.file.string() + "-wal") << "its log";
         const std::string damaged = bytesOf(store.file);
-        ASSERT_NE(type(failing + commandIn(launchMessage(store))), 0) << failing;
-        const std::string message = launchMessage(store);
-        ASSERT_TRUE(isKept(store, damaged) && isKept(store, "its log")) << failing;
+        ASSERT_NE(tests::type(failing + tests::commandIn(store.launchMessage())), 0) << failing;
+        const std::string message = store.launchMessage();
+        ASSERT_TRUE(store.isKept(damaged) && store.isKept("its log")) << failing;
         if (!message.empty()) {
-            ASSERT_EQ(type(commandIn(message)), 0) << failing;
+            ASSERT_EQ(tests::type(tests::commandIn(message)), 0) << failing;
         }
-        EXPECT_NE(type(commandIn(message)), 0) << "it is not to be done twice";
-        EXPECT_EQ(launchMessage(store), "") << failing;
+        EXPECT_NE(tests::type(tests::commandIn(message)), 0) << "it is not to be done twice";
+        EXPECT_EQ(store.launchMessage(), "") << failing;
         EXPECT_EQ(store.content(), content) << failing;
-        EXPECT_TRUE(isKept(store, damaged) && isKept(store, "its log")) << failing;
+        EXPECT_TRUE(store.isKept(damaged) && store.isKept("its log")) << failing;
     }
 }
 
@@ -361,13 +281,13 @@ TEST(StoreBackups, AreAdvisedOnlyWhereTheStoreIsDamaged) {
         store.close();
         row.change(store);
         const std::string before = bytesOf(store.file);
-        const std::string message = launchMessage(store);
+        const std::string message = store.launchMessage();
         EXPECT_EQ(message.empty(), *row.said == 0) << row.what;
         EXPECT_NE(message.find(row.said), std::string::npos) << row.what << message;
-        EXPECT_EQ(commandIn(message) != "false", row.isAdvised) << row.what << message;
+        EXPECT_EQ(tests::commandIn(message) != "false", row.isAdvised) << row.what << message;
         EXPECT_TRUE(message.empty() || bytesOf(store.file) == before) << row.what;
-        EXPECT_TRUE(!row.isAdvised || type(commandIn(message)) == 0) << row.what;
-        EXPECT_TRUE(!row.isAdvised || launchMessage(store).empty()) << row.what;
+        EXPECT_TRUE(!row.isAdvised || tests::type(tests::commandIn(message)) == 0) << row.what;
+        EXPECT_TRUE(!row.isAdvised || store.launchMessage().empty()) << row.what;
         vfs.failOnce(FaultVfs::Call::read, -1, {});
         sqlite3_close(std::exchange(holder, nullptr));
     }
@@ -431,7 +351,7 @@ TEST(StoreBackups, BringBackTheLastGoodDayWhereverTheStoreIsDamaged) {
         if (isBackupDamaged) {
             store.damage("Backups/Hearthmark-2001-01-03.sqlite", below(16), bytes);
         }
-        const std::string message = launchMessage(store);
+        const std::string message = store.launchMessage();
         if (message.empty()) {
             continue;  // where nothing was, or within a value
         }
@@ -443,10 +363,10 @@ TEST(StoreBackups, BringBackTheLastGoodDayWhereverTheStoreIsDamaged) {
                                         std::to_string(isNewestGood ? 3 : 2) + ".sqlite");
         ASSERT_NE(named, std::string::npos) << message;
         const std::string damaged = bytesOf(store.file);
-        ASSERT_EQ(type(commandIn(message)), 0) << message;
-        ASSERT_EQ(launchMessage(store), "");
+        ASSERT_EQ(tests::type(tests::commandIn(message)), 0) << message;
+        ASSERT_EQ(store.launchMessage(), "");
         ASSERT_EQ(store.content(), contents[isNewestGood ? 2 : 1]);
-        ASSERT_TRUE(isKept(store, damaged));
+        ASSERT_TRUE(store.isKept(damaged));
         std::filesystem::remove_all(store.directory.path / "Damaged");
     }
     EXPECT_GT(refusals, kDamages / 3);

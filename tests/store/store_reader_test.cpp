@@ -6,10 +6,7 @@
 #include <array>
 #include <chrono>
 #include <cmath>
-#include <fstream>
 #include <functional>
-#include <iterator>
-#include <map>
 
 #include "export/everything_document.h"
 #include "export/interval_rows.h"
@@ -58,16 +55,6 @@ std::string objectsText(const tests::TestStore& store) {
            textOf(exporting::IntervalTable(exporting::intervalRows(tasks, kFirst, kLast, kNow),
                                            std::make_shared<base::LocalCalendar>())) +
            (newest != nullptr && newest->id() ? newest->id()->text() : "-");
-}
-
-// Every file of a directory with its bytes.
-std::map<std::string, std::string> contents(const fs::path& directory) {
-    std::map<std::string, std::string> files;
-    for (const fs::directory_entry& entry : fs::directory_iterator(directory)) {
-        std::ifstream stream(entry.path(), std::ios::binary);
-        files[entry.path().filename()] = std::string(std::istreambuf_iterator(stream), {});
-    }
-    return files;
 }
 
 }  // namespace
@@ -152,7 +139,7 @@ TEST(StoreReader, LeavesNoTraceWhateverStateTheFileIsIn) {
         const fs::path directory = row.copied.empty() ? store.directory.path : elsewhere.path;
         // Within one process SQLite shares the index of the log, whoever may write it.
         const auto found = [&] {
-            auto files = contents(directory);
+            auto files = tests::filesOf(directory);
             const auto index = files.find("Hearthmark.sqlite-shm");
             if (row.copied.empty() && index != files.end()) {
                 index->second = "there";

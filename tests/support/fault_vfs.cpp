@@ -1,11 +1,24 @@
 // SPDX-License-Identifier: MIT
 #include "support/fault_vfs.h"
 
-#include <fstream>
-#include <iterator>
+#include <algorithm>
 #include <utility>
 
+#include "support/test_store.h"
+
 namespace hearthmark::tests {
+
+namespace {
+
+constexpr std::size_t kSector = 512;
+
+void writeAt(std::string& content, sqlite3_int64 offset, const std::string& bytes) {
+    const auto begin = static_cast<std::size_t>(offset);
+    content.resize(std::max(content.size(), begin + bytes.size()));
+    content.replace(begin, bytes.size(), bytes);
+}
+
+}  // namespace
 
 // As SQLite sees it: the base first; the file of the usual system stands behind.
 struct FaultVfs::File {
@@ -131,14 +144,47 @@ FaultVfs::~FaultVfs() {
 }
 
 void FaultVfs::record(const std::filesystem::path& directory) {
-    for (const auto& entry : std::filesystem::directory_iterator(directory)) {
-        if (entry.path().string().ends_with("-shm")) {
-            continue;  // an index that SQLite makes anew
-        }
-        std::ifstream file(entry.path(), std::ios::binary);
-        beginning_[entry.path().filename()] = {std::istreambuf_iterator<char>(file), {}};
-    }
+    beginning_ = filesOf(directory);
+    // An index that SQLite makes anew.
+    std::erase_if(beginning_, [](const auto& file) { return file.first.ends_with("-shm"); });
     isRecording_ = true;
+}
+
+FaultVfs::Image FaultVfs::imageAfterCut(std::size_t events, std::mt19937& dice) const {
+    std::map<std::string, std::size_t> synced;
+    for (std::size_t each = 0; each < events; ++each) {
+        if (events_[each].kind == Event::Kind::sync) {
+            synced[events_[each].file] = each;
+        }
+    }
+    const auto chance = [&dice](int percent) {
+        return std::uniform_int_distribution<>(0, 99)(dice) < percent;
+    };
+    Image image = beginning_;
+    for (std::size_t each = 0; each < events; ++each) {
+        const Event& event = events_[each];
+        const auto last = synced.find(event.file);
+        const bool isSynced = last != synced.end() && each < last->second;
+        // What was not synced is there, or is not, or in part.
+        if (!isSynced && chance(33)) {
+            continue;
+        }
+        std::string& content = image[event.file];
+        if (event.kind == Event::Kind::truncate) {
+            content.resize(static_cast<std::size_t>(event.offset));
+        } else if (event.kind == Event::Kind::remove) {
+            image.erase(event.file);
+        } else if (event.kind == Event::Kind::write) {
+            const bool isTorn = !isSynced && chance(50);
+            for (std::size_t begin = 0; begin < event.bytes.size(); begin += kSector) {
+                if (!isTorn || chance(50)) {
+                    writeAt(content, event.offset + static_cast<sqlite3_int64>(begin),
+                            event.bytes.substr(begin, kSector));
+                }
+            }
+        }
+    }
+    return image;
 }
 
 void FaultVfs::failOnce(Call call, int after, Fault fault) {

@@ -3,10 +3,14 @@
 
 #include <sqlite3.h>
 
+#include <array>
 #include <atomic>
+#include <cstddef>
 #include <filesystem>
 #include <map>
+#include <random>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace hearthmark::tests {
@@ -35,6 +39,16 @@ class FaultVfs {
     // What a call that fails does.
     enum class Fault { ioError, outOfSpace, shortWrite };
 
+    // Those that there are.
+    static constexpr std::array<std::pair<Call, Fault>, 7> kFaults{
+        {{Call::read, Fault::ioError},
+         {Call::write, Fault::ioError},
+         {Call::write, Fault::outOfSpace},
+         {Call::write, Fault::shortWrite},
+         {Call::sync, Fault::ioError},
+         {Call::truncate, Fault::ioError},
+         {Call::lock, Fault::ioError}}};
+
     // By the name of each file, what is in it.
     using Image = std::map<std::string, std::string>;
 
@@ -47,9 +61,11 @@ class FaultVfs {
     void record(const std::filesystem::path& directory);
     void stop() { isRecording_ = false; }
     void setReturned(int operations) { returned_ = operations; }
-    // What was in the files when recording began, and what happened since.
-    const Image& beginning() const { return beginning_; }
+    // What happened since recording began.
     const std::vector<Event>& events() const { return events_; }
+    // The files after a power cut that came after so many events. What was synced is there; of each
+    // later write all, nothing or some sectors.
+    Image imageAfterCut(std::size_t events, std::mt19937& dice) const;
 
     // Lets the call of that kind fail that comes after so many others. Counting begins anew.
     void failOnce(Call call, int after, Fault fault);

@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "store/note.h"
+#include "store/persistent_container_factory.h"
 
 namespace hearthmark::tests {
 
@@ -162,6 +163,17 @@ void RandomOperations::changeNote(const store::Task& task, int choice) {
         service_->editNote(noteId, taskId, "Edited " + std::to_string(++made_));
     } else {
         service_->moveNote(noteId, taskId, anyTask());
+    }
+}
+
+void operate(const std::filesystem::path& directory, unsigned seed, int operations,
+             const std::function<void()>& didReturn) {
+    RandomOperations random(
+        store::PersistentContainerFactory(directory, base::FatalErrorHandler()).makeContainer(),
+        seed);
+    for (int each = 0; each < operations; ++each) {
+        random.doOne();
+        didReturn();
     }
 }
 

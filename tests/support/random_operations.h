@@ -2,6 +2,7 @@
 #pragma once
 
 #include <filesystem>
+#include <functional>
 #include <memory>
 #include <random>
 #include <string>
@@ -44,5 +45,9 @@ class RandomOperations {
     std::shared_ptr<store::DataOperationsService> service_;
     store::UndoHistory history_;
 };
+
+// Does so many to the store of a directory, as the program, which ends where the store fails.
+void operate(const std::filesystem::path& directory, unsigned seed, int operations,
+             const std::function<void()>& didReturn);
 
 }  // namespace hearthmark::tests

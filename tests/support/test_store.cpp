@@ -4,6 +4,8 @@
 #include <sqlite3.h>
 
 #include <cstdlib>
+#include <fstream>
+#include <iterator>
 #include <stdexcept>
 
 #include "store/hearthmark_model.h"
@@ -17,6 +19,19 @@ TemporaryDirectory::TemporaryDirectory() {
         throw std::runtime_error(name);
     }
     path = name;
+}
+
+std::string bytesOf(const std::filesystem::path& file) {
+    std::ifstream stream(file, std::ios::binary);
+    return {std::istreambuf_iterator<char>(stream), {}};
+}
+
+std::map<std::string, std::string> filesOf(const std::filesystem::path& directory) {
+    std::map<std::string, std::string> files;
+    for (const auto& entry : std::filesystem::directory_iterator(directory)) {
+        files[entry.path().filename()] = bytesOf(entry.path());
+    }
+    return files;
 }
 
 std::string sql(const std::filesystem::path& file, const std::string& statements) {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <filesystem>
+#include <map>
 #include <memory>
 #include <string>
 
@@ -21,6 +22,11 @@ class TemporaryDirectory {
 
     std::filesystem::path path;
 };
+
+std::string bytesOf(const std::filesystem::path& file);
+
+// Every file of a directory with its bytes.
+std::map<std::string, std::string> filesOf(const std::filesystem::path& directory);
 
 // Runs statements on a file as another program would, over a connection of its own. Returns the
 // rows joined by " ", each as its columns joined by "|". Throws std::runtime_error.
