@@ -88,10 +88,8 @@ FocusService::FocusService(
 }
 
 void FocusService::startObserving(Handlers handlers) {
+    // Of what is there already, which the subscriptions tell of at once, nobody is told.
     handlers_ = {.changed = [] {}, .started = [](const auto&) {}, .finished = [](const auto&) {}};
-    show();
-    tellStartsAndEnds(intervalsProvider_->currentItems()->value());
-    handlers_ = std::move(handlers);
     // The name of the task, where it alone has changed.
     cancellables_.push_back(tasksProvider_->currentItems()->subscribe(base::weakly(
         weak_from_this(), [](FocusService& self, const store::Tasks&) { self.show(); })));
@@ -100,6 +98,7 @@ void FocusService::startObserving(Handlers handlers) {
             self.show();
             self.tellStartsAndEnds(intervals);
         })));
+    handlers_ = std::move(handlers);
 }
 
 void FocusService::show() {
