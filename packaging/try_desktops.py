@@ -10,7 +10,10 @@ import tempfile
 import time
 
 sys.path.insert(0, os.path.join(os.path.dirname(os.path.abspath(__file__)), "..", "tests", "desktop"))
-from driver import Desktop, GLib, Program, connect, new_id, wait_for
+from gi.repository import GLib
+
+from desktops import Desktop, wait_for
+from driver import Program, connect, new_id
 
 OTHER = """import gi; gi.require_version("Gtk", "3.0"); from gi.repository import Gtk
 window = Gtk.Window(title="Other"); window.set_default_size(1000, 700); window.show_all(); Gtk.main()"""

@@ -11,7 +11,8 @@ import tempfile
 import threading
 import time
 
-from driver import Desktop, Program, wait_for
+from desktops import Desktop, wait_for
+from driver import Program
 from measuring import processor_times, wake_ups
 
 SECONDS = 60

@@ -12,7 +12,7 @@ import os
 import subprocess
 
 from command_line import print_command_line
-from driver import Desktop
+from desktops import Desktop
 from looking_back import print_history
 from measuring import Subject, Windows, print_steady
 from one_task import add_task, hide, make_subject, print_extremes, print_one_task, start_focus

@@ -12,7 +12,8 @@ import time
 
 from gi.repository import Gio, GLib
 
-from driver import Waits, connect, serve, wait_for
+from desktops import Waits
+from driver import connect, serve, wait_for
 
 NOTIFICATIONS, NOTIFICATIONS_PATH = "org.freedesktop.Notifications", "/org/freedesktop/Notifications"
 NOTIFICATIONS_XML = f"""<node><interface name="{NOTIFICATIONS}">

@@ -6,26 +6,17 @@ Usage: test_activation.py BINARY [unittest arguments]"""
 import os
 import shlex
 import subprocess
-import sys
 import tempfile
-import unittest
 from pathlib import Path
 
 from gi.repository import GLib
 
-from driver import BusStarted, Desktop, ProgramTest, connect, key, press, type_text, wait_for, windows
+from driver import BusStarted, ProgramTest, connect, key, press, run_tests, type_text, wait_for, windows
 from players import ITEM, Panel
 
 NAME, PATH, APPLICATION = (
     "org.hearthmark.Hearthmark", "/org/hearthmark/Hearthmark", "org.freedesktop.Application")
 BUS = "org.freedesktop.DBus"
-
-
-def setUpModule():
-    global SERVICES
-    desktop = Desktop()
-    unittest.addModuleCleanup(desktop.close)
-    SERVICES = Path(desktop.directory, "session.conf.d")
 
 
 class Activation(ProgramTest):
@@ -47,7 +38,7 @@ class Activation(ProgramTest):
                                   None, 0, 10000).unpack()
 
     def install(self, service):
-        (SERVICES / f"{NAME}.service").write_text(service, encoding="utf-8")
+        Path(self.desktop.directory, "session.conf.d", f"{NAME}.service").write_text(service, encoding="utf-8")
         self.call(BUS, BUS, "ReloadConfig", "()")
 
     def act(self, action):
@@ -177,5 +168,4 @@ class Activation(ProgramTest):
 
 
 if __name__ == "__main__":
-    ProgramTest.binary = os.path.abspath(sys.argv.pop(1))
-    unittest.main(verbosity=2)
+    run_tests()

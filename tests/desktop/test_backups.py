@@ -6,15 +6,9 @@ import re
 import shutil
 import signal
 import subprocess
-import sys
-import unittest
 
-from driver import Desktop, ProgramTest, has_focus, key, press, wait_for
+from driver import ProgramTest, has_focus, key, press, run_tests, wait_for
 from players import Daemon
-
-
-def setUpModule():
-    unittest.addModuleCleanup(Desktop().close)
 
 
 class Backups(ProgramTest):
@@ -80,5 +74,4 @@ class Backups(ProgramTest):
 
 
 if __name__ == "__main__":
-    Backups.binary = sys.argv.pop(1)
-    unittest.main(verbosity=2)
+    run_tests()

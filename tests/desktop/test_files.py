@@ -4,15 +4,13 @@
 import json
 import os
 import shutil
-import sys
 import tempfile
-import unittest
 import urllib.parse
 from pathlib import Path
 
 from gi.repository import GLib
 
-from driver import Desktop, Program, ProgramTest, key, new_id, serve, wait_for
+from driver import Program, ProgramTest, key, new_id, run_tests, serve, wait_for
 
 CHOOSER = """<node><interface name="org.freedesktop.portal.FileChooser">
     <method name="SaveFile"><arg type="s" direction="in"/><arg type="s" direction="in"/>
@@ -24,10 +22,6 @@ FINISHED = [("INSERT INTO Task VALUES (1, ?, 0, 'Planted')", (new_id(),)),
             ("INSERT INTO Interval VALUES (1, ?, 0, 60, 1800, 1)", (new_id(),)),
             "INSERT INTO RawIntervalState VALUES (1, 3, 0, 60, 1)",
             ("INSERT INTO Note VALUES (1, ?, 0, 'A note', 1)", (new_id(),))]
-
-
-def setUpModule():
-    unittest.addModuleCleanup(Desktop().close)
 
 
 class Portal:
@@ -137,5 +131,4 @@ class Files(ProgramTest):
 
 
 if __name__ == "__main__":
-    Files.binary = sys.argv.pop(1)
-    unittest.main(verbosity=2)
+    run_tests()

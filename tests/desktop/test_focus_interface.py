@@ -6,14 +6,12 @@ import collections
 import math
 import os
 import random
-import sys
 import time
-import unittest
 from pathlib import Path
 
 from gi.repository import Gio, GLib
 
-from driver import Desktop, ProgramTest, click, connect, key, new_id, now, type_text, wait_for, windows
+from driver import ProgramTest, click, connect, key, new_id, run_tests, type_text, wait_for, windows
 from players import PATIENCE, Questions
 
 NAME, PATH, FOCUS = "org.hearthmark.Hearthmark", "/org/hearthmark/Hearthmark", "org.hearthmark.Focus"
@@ -29,12 +27,6 @@ BUSY = ("TooManyCalls", STANDARD + "UnknownObject")  # what comes too fast is tu
 
 # By the toolkit, where no interface is named.
 READING = ("Introspect", "Get", "GetAll", "Ping")
-
-
-def setUpModule():
-    global DESKTOP
-    DESKTOP = Desktop()
-    unittest.addModuleCleanup(DESKTOP.close)
 
 
 class FocusInterface(ProgramTest):
@@ -258,7 +250,7 @@ class FocusInterface(ProgramTest):
         self.make_store(*self.task_with_interval(state=2))
         program = self.program.launch()
         self.tasks, self.notes, self.focus = dict(program.rows("SELECT id, name FROM Task")), {}, {}
-        questions = Questions(DESKTOP.accessibility_bus, program.process)
+        questions = Questions(self.desktop.accessibility_bus, program.process)
         done, changes = collections.Counter(), 0
         questions.start()
         buses = [self.bus, *(connect(os.environ["DBUS_SESSION_BUS_ADDRESS"]) for _ in range(3))]
@@ -299,5 +291,4 @@ class FocusInterface(ProgramTest):
 
 
 if __name__ == "__main__":
-    ProgramTest.binary = os.path.abspath(sys.argv.pop(1))
-    unittest.main(verbosity=2)
+    run_tests()

@@ -3,16 +3,10 @@
 
 import csv
 import datetime
-import subprocess
-import sys
-import unittest
 from pathlib import Path
 
-from driver import EPOCH, Desktop, ProgramTest, extents, has_focus, is_showing, key, new_id, now, press, wait_for
-
-
-def setUpModule():
-    unittest.addModuleCleanup(Desktop().close)
+from driver import (EPOCH, ProgramTest, clipboard, extents, has_focus, is_showing, key, new_id, now, press,
+                    run_tests, wait_for)
 
 
 class History(ProgramTest):
@@ -23,10 +17,6 @@ class History(ProgramTest):
     def wait_for_page(self, title, *rows):
         self.program.find(title, "heading")
         wait_for(lambda: self.cells() == list(rows), f"{rows}")
-
-    def clipboard(self, *target):
-        return subprocess.run(["xclip", "-o", "-selection", "clipboard", *target], capture_output=True,
-                              timeout=5).stdout
 
     def test_looks_back_to_a_task_by_keys_and_counts_what_runs(self):
         first = datetime.datetime.fromtimestamp(now() + EPOCH).replace(day=1)
@@ -63,8 +53,8 @@ class History(ProgramTest):
         key("End")
         wait_for(lambda: has_focus(program.find(bar, "list item")), "the last bar to have the keyboard")
         key("ctrl+c")
-        wait_for(lambda: f"{bar.replace(': ', chr(9))}\nTotal: 10:00" in self.clipboard().decode(), "the text")
-        self.assertIn(b"\x89PNG", self.clipboard("-t", "image/png"))
+        wait_for(lambda: f"{bar.replace(': ', chr(9))}\nTotal: 10:00" in clipboard().decode(), "the text")
+        self.assertIn(b"\x89PNG", clipboard("-t", "image/png"))
         key(*["Tab"] * 5, "Down", "Return")
         program.find("Bravo", "heading")
         self.assertFalse(program.find_all("History"))
@@ -84,5 +74,4 @@ class History(ProgramTest):
 
 
 if __name__ == "__main__":
-    History.binary = sys.argv.pop(1)
-    unittest.main(verbosity=2)
+    run_tests()

@@ -6,23 +6,17 @@ import contextlib
 import os
 import signal
 import subprocess
-import sys
 import tempfile
 import time
-import unittest
 
-from driver import (Desktop, ProgramTest, clipboard, key, lines_of, new_id, now, press, type_text,
-                    wait_for, windows, xdotool)
+from driver import (ProgramTest, clipboard, key, lines_of, new_id, now, press, run_tests, type_text, wait_for,
+                    windows, xdotool)
 from players import Daemon, ITEM, Logind, PATIENCE, Panel, Questions, hanging_clipboard, start_session_bus
 
 HOUR, DAY = 3600, 86400
 
 
 def setUpModule():
-    global DESKTOP
-    tempfile.tempdir = "/dev/shm" if os.path.isdir("/dev/shm") else None  # no waiting for a disk
-    DESKTOP = Desktop()
-    unittest.addModuleCleanup(DESKTOP.close)
     import pyatspi  # looks for the accessibility bus on the session bus of the moment
     pyatspi.Registry.getDesktop(0)
 
@@ -30,7 +24,7 @@ def setUpModule():
 class HostileDesktop(ProgramTest):
     def setUp(self):
         super().setUp()
-        self.bus = start_session_bus(DESKTOP, self.id())
+        self.bus = start_session_bus(self.desktop, self.id())
         self.clock = os.environ["HEARTHMARK_CLOCK_OFFSET"] = os.path.join(self.program.data, "clock")
         self.set_clock(0)
 
@@ -44,7 +38,7 @@ class HostileDesktop(ProgramTest):
     @contextlib.contextmanager
     def answering(self, part):
         self.program.tree()
-        questions = Questions(DESKTOP.accessibility_bus, self.program.process)
+        questions = Questions(self.desktop.accessibility_bus, self.program.process)
         questions.start()
         yield
         self.assertTrue(questions.end() or self.program.process.poll(), "no answer at all")
@@ -98,7 +92,7 @@ class HostileDesktop(ProgramTest):
 
     def test_the_notification_daemon_hangs_or_refuses_or_is_not_there(self):
         for manner in ("hangs", "refuses", "refuses what it is to show", "nobody"):
-            start_session_bus(DESKTOP, manner)
+            start_session_bus(self.desktop, manner)
             daemon = Daemon(manner) if manner != "nobody" else None
             program = self.begin((manner, 1798), (f"{manner}, on", 100))
             with self.answering(f"notification daemon: {manner}"):
@@ -188,7 +182,7 @@ class HostileDesktop(ProgramTest):
         self.quit()
 
     def start_logind(self):
-        os.environ["DBUS_SYSTEM_BUS_ADDRESS"] = DESKTOP.start_bus(self.id() + ".system.conf")
+        os.environ["DBUS_SYSTEM_BUS_ADDRESS"] = self.desktop.start_bus(self.id() + ".system.conf")
         self.addCleanup(os.environ.__setitem__, "DBUS_SYSTEM_BUS_ADDRESS", "disabled:")
         return Logind()
 
@@ -225,11 +219,11 @@ class HostileDesktop(ProgramTest):
             prepare()
             time.sleep(0.5)
             _, started = self.intervals()["On"]
-            DESKTOP.display.send_signal(number)
+            self.desktop.display.send_signal(number)
             self.program.finished()
             ended = now()
-            DESKTOP.display.wait()
-            DESKTOP.start_display()
+            self.desktop.display.wait()
+            self.desktop.start_display()
             (spent, nothing), before = self.intervals()["On"], spent
             self.assertIsNone(nothing)
             self.assertAlmostEqual(spent - before, ended - started, delta=0.5)
@@ -308,5 +302,5 @@ class HostileDesktop(ProgramTest):
 
 
 if __name__ == "__main__":
-    ProgramTest.binary = os.path.abspath(sys.argv.pop(1))
-    unittest.main(verbosity=2)
+    tempfile.tempdir = "/dev/shm" if os.path.isdir("/dev/shm") else None  # no waiting for a disk
+    run_tests()

@@ -3,18 +3,13 @@
 
 import subprocess
 import sys
-import unittest
 from pathlib import Path
 
-from driver import (Desktop, ProgramTest, click, clipboard, extents, has_focus, key, new_id, now, press,
+from driver import (ProgramTest, click, clipboard, extents, has_focus, key, new_id, now, press, run_tests,
                     set_clipboard, type_text, wait_for, xdotool)
 
 BLANKS = " \t\n\u00a0\u2003\u2028"
 WRITINGS = "\u200fשלום \u202eمرحبا\u202c 👩\u200d👧 🍅"
-
-
-def setUpModule():
-    unittest.addModuleCleanup(Desktop().close)
 
 
 class NotesAndShare(ProgramTest):
@@ -284,5 +279,5 @@ class NotesAndShare(ProgramTest):
 
 
 if __name__ == "__main__":
-    ProgramTest.binary, EXPORT_WRITER = sys.argv[1:3]
-    unittest.main(argv=sys.argv[2:], verbosity=2)
+    EXPORT_WRITER = sys.argv.pop(2)
+    run_tests()

@@ -6,13 +6,11 @@ import collections
 import contextlib
 import os
 import random
-import sys
 import tempfile
 import time
-import unittest
 
-from driver import (Desktop, ProgramTest, complaints, extents, has_focus, is_showing, key, new_id, now, press,
-                    type_text, wait_for, xdotool)
+from driver import (ProgramTest, complaints, extents, has_focus, is_showing, key, new_id, now, press,
+                    run_tests, type_text, wait_for, xdotool)
 from players import Daemon, PATIENCE, Questions
 
 SECONDS = float(os.environ.get("HEARTHMARK_RANDOM_SECONDS", 30))
@@ -23,13 +21,6 @@ KEYS = """Tab shift+Tab Up Down Left Right Home End Page_Up Page_Down Return KP_
     BackSpace F1 F10 Menu shift+F10 shift+Up shift+Down shift+End shift+Return ctrl+Return ctrl+a ctrl+c ctrl+x
     ctrl+v ctrl+z ctrl+n ctrl+shift+n ctrl+1 ctrl+2 ctrl+f ctrl+shift+d ctrl+shift+f ctrl+e ctrl+question ctrl+Home ctrl+End""".split()
 TEXTS = ["a", "Write the report", "ß–字", "שלום", " ", "<b>&amp;</b>", "%1 %2", "long " * 60]
-
-
-def setUpModule():
-    global DESKTOP
-    tempfile.tempdir = "/dev/shm" if os.path.isdir("/dev/shm") else None  # no waiting for a disk
-    DESKTOP = Desktop()
-    unittest.addModuleCleanup(DESKTOP.close)
 
 
 class RandomUse(ProgramTest):
@@ -147,7 +138,7 @@ class RandomUse(ProgramTest):
             f"DELETE FROM Task WHERE pk IN ({old})")
         self.program.launch()
         os.set_blocking(self.program.process.stderr.fileno(), False)
-        self.questions = Questions(DESKTOP.accessibility_bus, self.program.process)
+        self.questions = Questions(self.desktop.accessibility_bus, self.program.process)
         self.questions.start()
 
     def assert_fine(self):
@@ -242,6 +233,6 @@ class RandomUse(ProgramTest):
 
 
 if __name__ == "__main__":
-    ProgramTest.binary = os.path.abspath(sys.argv.pop(1))
+    tempfile.tempdir = "/dev/shm" if os.path.isdir("/dev/shm") else None  # no waiting for a disk
     print(f"HEARTHMARK_RANDOM_SEED={SEED}", flush=True)
-    unittest.main(verbosity=2)
+    run_tests()

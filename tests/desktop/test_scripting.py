@@ -10,22 +10,14 @@ import subprocess
 import sys
 import threading
 import time
-import unittest
 from pathlib import Path
 
 from gi.repository import GLib
 
-from driver import (BusStarted, Desktop, Program, ProgramTest, connect, key, new_id, wait_for,
-                    windows)
+from driver import BusStarted, Program, ProgramTest, connect, key, new_id, run_tests, wait_for, windows
 
 NAME = "org.hearthmark.Hearthmark"
 DONE, COULD_NOT, USAGE, NOTHING_RUNS = range(4)
-
-
-def setUpModule():
-    global DESKTOP
-    DESKTOP = Desktop()
-    unittest.addModuleCleanup(DESKTOP.close)
 
 
 class Followed:
@@ -69,7 +61,7 @@ def jq(expression, text):
 class Scripting(ProgramTest):
     def setUp(self):
         super().setUp()
-        service = Path(DESKTOP.directory, "session.conf.d", f"{NAME}.service")
+        service = Path(self.desktop.directory, "session.conf.d", f"{NAME}.service")
         service.write_text(f"[D-BUS Service]\nName={NAME}\nExec={self.binary}\n", encoding="ascii")
         self.bus = connect(os.environ["DBUS_SESSION_BUS_ADDRESS"])
         self.addCleanup(self.bus.close_sync)
@@ -265,5 +257,5 @@ class Scripting(ProgramTest):
 
 
 if __name__ == "__main__":
-    ProgramTest.binary, CTL = sys.argv[1:3]
-    unittest.main(argv=sys.argv[:1] + sys.argv[3:])
+    CTL = sys.argv.pop(2)
+    run_tests()

@@ -1,14 +1,7 @@
 # SPDX-License-Identifier: MIT
 """Searching in the running program. Usage: test_search.py BINARY [unittest arguments]"""
 
-import sys
-import unittest
-
-from driver import Desktop, Program, ProgramTest, has_focus, key, new_id, press, type_text, wait_for, windows
-
-
-def setUpModule():
-    unittest.addModuleCleanup(Desktop().close)
+from driver import Program, ProgramTest, has_focus, key, new_id, press, run_tests, type_text, wait_for, windows
 
 
 class Search(ProgramTest):
@@ -141,5 +134,4 @@ class Search(ProgramTest):
 
 
 if __name__ == "__main__":
-    Search.binary = sys.argv.pop(1)
-    unittest.main(verbosity=2)
+    run_tests()

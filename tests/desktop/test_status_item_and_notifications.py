@@ -2,24 +2,16 @@
 """The status item as a panel sees it on the session bus, and notifications of finished intervals as a
 daemon gets them. Usage: test_status_item_and_notifications.py BINARY [unittest arguments]"""
 
-import os
 import re
 import signal
 import subprocess
-import sys
 import time
-import unittest
 from collections import Counter
 
-from gi.repository import GLib
-
-from driver import (Desktop, ProgramTest, Waits, click, extents, key, lines_of, new_id, now, press, screen,
+from desktops import Waits
+from driver import (ProgramTest, click, extents, key, lines_of, new_id, now, press, run_tests, screen,
                     toggle_maximised, wait_for, windows, xdotool)
 from players import Daemon, ITEM, MENU, Panel
-
-
-def setUpModule():
-    unittest.addModuleCleanup(Desktop().close)
 
 
 class StatusItem(ProgramTest):
@@ -332,5 +324,4 @@ class Notifications(ProgramTest):
 
 
 if __name__ == "__main__":
-    ProgramTest.binary = os.path.abspath(sys.argv.pop(1))
-    unittest.main(verbosity=2)
+    run_tests()

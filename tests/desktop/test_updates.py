@@ -7,20 +7,15 @@ import subprocess
 import sys
 import threading
 import time
-import unittest
 from http.server import BaseHTTPRequestHandler, ThreadingHTTPServer
 from pathlib import Path
 
-from driver import Desktop, ProgramTest, key, press, role_of, wait_for
+from driver import ProgramTest, key, press, role_of, run_tests, wait_for
 
 FEED, PACKAGE, KEPT = "/appcast.xml", "/hearthmark_amd64.deb", "Hearthmark/updates"
 HALF, DRIP, SLOWLY = os.urandom(1_500_000), [b" "] * 100, [os.urandom(149_999), b" "] * 10
 REST = b"".join(SLOWLY)
 ITEM = "Check for Updates…", "menu item"
-
-
-def setUpModule():
-    unittest.addModuleCleanup(Desktop().close)
 
 
 class Handler(BaseHTTPRequestHandler):
@@ -200,5 +195,5 @@ class Updates(ProgramTest):
 
 
 if __name__ == "__main__":
-    ProgramTest.binary, VERSION = os.path.abspath(sys.argv.pop(1)), sys.argv.pop(1)
-    unittest.main(verbosity=2, failfast=True)
+    VERSION = sys.argv.pop(2)
+    run_tests(failfast=True)

@@ -4,18 +4,11 @@ its session ends. Usage: test_wayland.py BINARY [unittest arguments]"""
 
 import os
 import subprocess
-import sys
 import time
-import unittest
 
-from driver import ProgramTest, WaylandDesktop, now, press, sway, type_text, views, wait_for
+from desktops import WaylandDesktop
+from driver import ProgramTest, now, press, run_tests, sway, type_text, views, wait_for
 from players import Daemon, ITEM, Logind, Panel, SessionManager
-
-
-def setUpModule():
-    global DESKTOP
-    DESKTOP = WaylandDesktop()
-    unittest.addModuleCleanup(DESKTOP.close)
 
 
 class Wayland(ProgramTest):
@@ -86,14 +79,14 @@ class Wayland(ProgramTest):
             before = self.running()
             prepare()
             time.sleep(1)
-            DESKTOP.display.kill()
+            self.desktop.display.kill()
             self.program.finished()
             self.assert_paused(before, now())
-            DESKTOP.display.wait()
-            DESKTOP.start_display()
+            self.desktop.display.wait()
+            self.desktop.start_display()
 
     def test_the_session_ends(self):
-        os.environ["DBUS_SYSTEM_BUS_ADDRESS"] = DESKTOP.start_bus("system.conf")
+        os.environ["DBUS_SYSTEM_BUS_ADDRESS"] = self.desktop.start_bus("system.conf")
         logind, session = self.player(Logind), self.player(SessionManager)
 
         def log_out():
@@ -120,5 +113,4 @@ class Wayland(ProgramTest):
 
 
 if __name__ == "__main__":
-    ProgramTest.binary = os.path.abspath(sys.argv.pop(1))
-    unittest.main(verbosity=2)
+    run_tests(WaylandDesktop)
