@@ -15,11 +15,13 @@ import tempfile
 import time
 import unittest
 import uuid
+from pathlib import Path
 
-from gi.repository import Gio
+from gi.repository import Gio, GLib
 
 from desktops import Desktop, wait_for
 
+NAME, BUS = "org.hearthmark.Hearthmark", "org.freedesktop.DBus"
 EPOCH = 978307200  # 2001-01-01T00:00:00Z, from where the store counts
 # What a planted row means that does not name its columns, whatever else its table may have.
 COLUMNS = {"Task": "Task (pk, id, creationDate, name)",
@@ -230,6 +232,37 @@ class ProgramTest(unittest.TestCase):
     def interval(self):
         return self.program.rows("SELECT i.duration, r.state, r.started, r.visited FROM Interval i"
                                  " JOIN RawIntervalState r ON r.interval = i.pk")[0]
+
+
+class BusTest(ProgramTest):
+    """The bus can start the program."""
+
+    def setUp(self):
+        super().setUp()
+        self.bus = connect(os.environ["DBUS_SESSION_BUS_ADDRESS"])
+        self.addCleanup(self.bus.close_sync)
+        self.daemon("UpdateActivationEnvironment", "(a{ss})", {"XDG_DATA_HOME": self.program.data})
+        self.install(f"[D-BUS Service]\nName={NAME}\nExec={self.binary}\n")
+
+    def call(self, name, path, interface, method, signature, *arguments):
+        return self.bus.call_sync(name, path, interface, method, GLib.Variant(signature, arguments), None, 0,
+                                  10000).unpack()
+
+    def daemon(self, method, signature, *arguments):
+        return self.call(BUS, "/org/freedesktop/DBus", BUS, method, signature, *arguments)
+
+    def install(self, service):
+        Path(self.desktop.directory, "session.conf.d", f"{NAME}.service").write_text(service, encoding="utf-8")
+        self.daemon("ReloadConfig", "()")
+
+    def start_by_bus(self):
+        self.daemon("StartServiceByName", "(su)", NAME, 0)
+        return self.started()
+
+    def started(self):
+        """The program that has the name on the bus."""
+        self.program.process = BusStarted(self.daemon("GetConnectionUnixProcessID", "(s)", NAME)[0])
+        return self.program
 
 
 def connect(address):

@@ -11,56 +11,38 @@ from pathlib import Path
 
 from gi.repository import GLib
 
-from driver import BusStarted, ProgramTest, connect, key, press, run_tests, type_text, wait_for, windows
+from driver import NAME, BusTest, key, press, run_tests, type_text, wait_for, windows
 from players import ITEM, Panel
 
-NAME, PATH, APPLICATION = (
-    "org.hearthmark.Hearthmark", "/org/hearthmark/Hearthmark", "org.freedesktop.Application")
-BUS = "org.freedesktop.DBus"
+PATH = "/org/hearthmark/Hearthmark"
 
 
-class Activation(ProgramTest):
+class Activation(BusTest):
     def setUp(self):
         super().setUp()
         self.config = tempfile.TemporaryDirectory()
         self.addCleanup(self.config.cleanup)
-        self.bus = connect(os.environ["DBUS_SESSION_BUS_ADDRESS"])
-        self.addCleanup(self.bus.close_sync)
-        self.homes = {"XDG_DATA_HOME": self.program.data, "XDG_CONFIG_HOME": self.config.name}
-        self.call(BUS, BUS, "UpdateActivationEnvironment", "(a{ss})", self.homes)
+        self.daemon("UpdateActivationEnvironment", "(a{ss})", {"XDG_CONFIG_HOME": self.config.name})
         self.panel = Panel()
         self.addCleanup(self.panel.bus.close_sync)
-        self.install(f"[D-BUS Service]\nName={NAME}\nExec={self.binary}\n")
 
-    def call(self, name, interface, method, signature, *arguments):
-        path = PATH if name == NAME else "/org/freedesktop/DBus"
-        return self.bus.call_sync(name, path, interface, method, GLib.Variant(signature, arguments),
-                                  None, 0, 10000).unpack()
-
-    def install(self, service):
-        Path(self.desktop.directory, "session.conf.d", f"{NAME}.service").write_text(service, encoding="utf-8")
-        self.call(BUS, BUS, "ReloadConfig", "()")
+    def ask(self, method, signature, *arguments):
+        """The program, which the bus starts where it does not run."""
+        self.call(NAME, PATH, "org.freedesktop.Application", method, signature, *arguments)
 
     def act(self, action):
-        """Has the program do it, which the bus starts where it does not run."""
-        self.call(NAME, APPLICATION, "ActivateAction", "(sava{sv})", action, [], {})
+        self.ask("ActivateAction", "(sava{sv})", action, [], {})
         return self.started()
-
-    def started(self):
-        process = self.call(BUS, BUS, "GetConnectionUnixProcessID", "(s)", NAME)[0]
-        self.program.process = BusStarted(process)
-        return self.program
 
     def test_started_by_the_bus_it_works_without_a_window_until_it_is_asked_for_one(self):
         self.make_store(*self.task_with_interval(state=0, duration=100.0))
-        asks = [lambda: self.call(NAME, APPLICATION, "Activate", "(a{sv})", {}),
+        asks = [lambda: self.ask("Activate", "(a{sv})", {}),
                 lambda: self.panel.call(ITEM, "Activate", "(ii)", 0, 0),
                 lambda: subprocess.run([self.binary], env=self.program.environment(), check=True)]
         for ask in asks:
             self.panel.item = None
             del self.panel.told[:]
-            self.call(BUS, BUS, "StartServiceByName", "(su)", NAME, 0)
-            self.started()
+            self.start_by_bus()
             wait_for(lambda: len(self.panel.labels()) >= 2, "two seconds")
             self.assertEqual((self.interval()[1], windows()), (1, []))
             ask()
@@ -68,7 +50,7 @@ class Activation(ProgramTest):
             self.assertTrue(windows())
             self.program.end()
             self.assertEqual(self.interval()[1], 0)
-        found, = self.call(NAME, "org.hearthmark.Focus", "FindTasks", "(s)", "plant")  # starts it, too
+        found, = self.call(NAME, PATH, "org.hearthmark.Focus", "FindTasks", "(s)", "plant")  # starts it, too
         self.started()
         self.assertEqual(([name for _, name, _ in found], windows()), (["Planted"], []))
 
@@ -84,8 +66,7 @@ class Activation(ProgramTest):
         # What it starts is not told the same, nor which window system was chosen for it.
         for tokens in (0, 1):
             if tokens:
-                self.call(NAME, APPLICATION, "Activate", "(a{sv})",
-                          {"activation-token": GLib.Variant("s", "told")})
+                self.ask("Activate", "(a{sv})", {"activation-token": GLib.Variant("s", "told")})
                 self.panel.call(ITEM, "ProvideXdgActivationToken", "(s)", "told")
             program.press("Application menu")
             program.press("About Hearthmark", "menu item")
@@ -116,7 +97,7 @@ class Activation(ProgramTest):
         with self.assertRaisesRegex(Exception, "InvalidArgs.*no action \"make-tea\""):
             self.act("make-tea")
         process = program.process
-        self.call(NAME, APPLICATION, "ActivateAction", "(sava{sv})", "quit", [], {})
+        self.ask("ActivateAction", "(sava{sv})", "quit", [], {})
         process.communicate(10)
         self.assertEqual(self.interval()[1], 0)
 
@@ -137,7 +118,7 @@ class Activation(ProgramTest):
 
         autostart = Path(self.config.name, "autostart")
         entry = autostart / f"{NAME}.desktop"
-        program = self.program.start(**self.homes)
+        program = self.program.start(XDG_CONFIG_HOME=self.config.name)
         autostart.touch()
         press(item())
         says(f"no folder {autostart}")
@@ -158,7 +139,7 @@ class Activation(ProgramTest):
         wait_for(self.started, "the program")
         wait_for(lambda: self.panel.item, "the item")
         self.assertFalse(windows())
-        self.call(NAME, APPLICATION, "Activate", "(a{sv})", {})
+        self.ask("Activate", "(a{sv})", {})
         press(item())
         wait_for(lambda: not list(autostart.iterdir()), "the file to go")
         self.install("")

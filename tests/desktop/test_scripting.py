@@ -10,13 +10,9 @@ import subprocess
 import sys
 import threading
 import time
-from pathlib import Path
 
-from gi.repository import GLib
+from driver import NAME, BusTest, Program, key, new_id, run_tests, wait_for, windows
 
-from driver import BusStarted, Program, ProgramTest, connect, key, new_id, run_tests, wait_for, windows
-
-NAME = "org.hearthmark.Hearthmark"
 DONE, COULD_NOT, USAGE, NOTHING_RUNS = range(4)
 
 
@@ -58,21 +54,7 @@ def jq(expression, text):
                           check=True, stdout=subprocess.PIPE).stdout.rstrip("\n")
 
 
-class Scripting(ProgramTest):
-    def setUp(self):
-        super().setUp()
-        service = Path(self.desktop.directory, "session.conf.d", f"{NAME}.service")
-        service.write_text(f"[D-BUS Service]\nName={NAME}\nExec={self.binary}\n", encoding="ascii")
-        self.bus = connect(os.environ["DBUS_SESSION_BUS_ADDRESS"])
-        self.addCleanup(self.bus.close_sync)
-        self.daemon("UpdateActivationEnvironment", "(a{ss})", {"XDG_DATA_HOME": self.program.data})
-        self.daemon("ReloadConfig", "()")
-
-    def daemon(self, method, signature, *arguments):
-        name = "org.freedesktop.DBus"
-        return self.bus.call_sync(name, "/org/freedesktop/DBus", name, method,
-                                  GLib.Variant(signature, arguments), None, 0, 10000).unpack()
-
+class Scripting(BusTest):
     def run_ctl(self, *arguments, **environment):
         return subprocess.run([CTL, *arguments], env=self.program.environment(**environment), text=True,
                               check=False, stdout=subprocess.PIPE, stderr=subprocess.PIPE, timeout=60)
@@ -90,10 +72,6 @@ class Scripting(ProgramTest):
         self.addCleanup(followed.end)
         return followed
 
-    def launch_by_bus(self):
-        self.daemon("StartServiceByName", "(su)", NAME, 0)
-        self.program.process = BusStarted(self.daemon("GetConnectionUnixProcessID", "(s)", NAME)[0])
-
     def hide(self):
         self.program.launch()
         wait_for(lambda: key("alt+F4") or not windows(), "the window to hide")
@@ -109,7 +87,7 @@ class Scripting(ProgramTest):
             (DONE, ["extend"], "/1:30:00 NAME"), (DONE, ["finish"], "/1:30:00 NAME"),
             (NOTHING_RUNS, ["status"], ""), (DONE, ["tasks"], "NAME"), (DONE, ["history"], "NAME"),
             (DONE, ["export", "--format", "csv"], "NAME")]
-        for launch in (self.program.launch, self.hide, self.launch_by_bus):
+        for launch in (self.program.launch, self.hide, self.start_by_bus):
             name = launch.__name__
             launch()
             shown = len(windows())
@@ -131,7 +109,7 @@ class Scripting(ProgramTest):
         # A start starts it, and what it had paused goes before.
         for status, task, says in ((DONE, "hide", "0/30:00 hide"), (COULD_NOT, "bus", "goes on with")):
             self.ctl("start", task, status=status, says=says)
-            self.launch_by_bus()
+            self.start_by_bus()
             self.assertEqual(windows(), [])
             self.program.end()
         self.assertEqual(self.program.rows("SELECT count(*) FROM Interval"), [(4,)])
