@@ -19,11 +19,6 @@ namespace {
 namespace fs = std::filesystem;
 using store::Task;
 
-void write(const fs::path& file, std::uintmax_t offset, const std::string& bytes) {
-    std::fstream stream(file, std::ios::in | std::ios::out | std::ios::binary);
-    stream.seekp(static_cast<std::streamoff>(offset)) << bytes;
-}
-
 std::optional<StoreError> failureOfOpening(const fs::path& directory) {
     try {
         tests::open(directory);
@@ -59,14 +54,14 @@ TEST(SqliteStore, LeavesAFileThatItRefusesByteForByteAsItWas) {
         return [text](const fs::path& file) { tests::sql(file, text); };
     };
     const auto rows = std::to_array<Row>({
-        {"garbage", [](const auto& file) { write(file, 0, "garbage"); }, 26},
+        {"garbage", [](const auto& file) { tests::overwrite(file, 0, "garbage"); }, 26},
         {"another application", change("PRAGMA application_id = 77"), 26,
          StoreError::Cause::otherApplication},
         {"newer", change("PRAGMA user_version = 1000"), 20, StoreError::Cause::newerVersion},
         {"newer, as it may be",
          [](const auto& file) {
              tests::sql(file, "PRAGMA user_version = 1000");
-             write(file, fs::file_size(file) - 8192, std::string(4096, 0));
+             tests::overwrite(file, fs::file_size(file) - 8192, std::string(4096, 0));
          },
          20, StoreError::Cause::newerVersion},
         {"unknown", change("PRAGMA user_version = 0"), 20, StoreError::Cause::unknownVersion},
@@ -79,7 +74,9 @@ TEST(SqliteStore, LeavesAFileThatItRefusesByteForByteAsItWas) {
         {"cut", [](const auto& file) { fs::resize_file(file, fs::file_size(file) / 2); }, 11},
         {"cut short", [](const auto& file) { fs::resize_file(file, 50); }, 26},
         {"a zeroed page",
-         [](const auto& file) { write(file, fs::file_size(file) - 8192, std::string(4096, 0)); },
+         [](const auto& file) {
+             tests::overwrite(file, fs::file_size(file) - 8192, std::string(4096, 0));
+         },
          11},
     });
     for (const Row& row : rows) {

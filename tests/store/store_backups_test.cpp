@@ -71,7 +71,7 @@ TEST(StoreBackups, KeepSevenDaysFourWeeksAndTwelveMonths) {
               "2002-02-28 2002-02-24 2002-02-17 2002-01-31 2001-12-31 2001-11-30 2001-10-31 "
               "2001-09-30 2001-08-31 2001-07-31 2001-06-30 2001-05-31 2001-04-30 ");
     // The last of a month stays while the backup that would stand for it cannot be read.
-    store.damage("Backups/Hearthmark-2001-05-31.sqlite", 0, "damaged");
+    tests::overwrite(store.directory.path / "Backups/Hearthmark-2001-05-31.sqlite", 0, "damaged");
     store.begin(460);
     EXPECT_NE(store.names().find("2001-04-30"), std::string::npos);
     struct stat status {};
@@ -136,7 +136,7 @@ TEST(StoreBackups, OfAnOlderVersionAreComparedAsWhatTheyBecome) {
     store.addTask("task");
     store.begin(1);
     const StoreBackup daily = *store.backups->newestGood();
-    tests::sql(daily.file, "PRAGMA user_version = 1; ALTER TABLE Task DROP COLUMN doneDate");
+    tests::sql(daily.file, tests::kToFirstVersion);
     EXPECT_EQ(store.backups->changes(daily).tasks, objectstore::RowDifference());
     store.service->markTaskDone(*store.first<store::Task>().id());
     EXPECT_EQ(store.backups->changes(daily).tasks, (objectstore::RowDifference{0, 0, 1}));
@@ -192,7 +192,7 @@ TEST(StoreBackups, LoseNothingToACommandThatFailsAtAnyStep) {
         const std::string content = store.content();
         store.begin(1);
         store.close();
-        store.damage("Hearthmark.sqlite", 0, "damaged");
+        tests::overwrite(store.file, 0, "damaged");
         std::ofstream(store.file.string() + "-wal") << "its log";
         const std::string damaged = bytesOf(store.file);
         ASSERT_NE(tests::type(failing + tests::commandIn(store.launchMessage())), 0) << failing;
@@ -245,10 +245,10 @@ TEST(StoreBackups, AreAdvisedOnlyWhereTheStoreIsDamaged) {
         {"unreadable",
          [&](const auto&) { vfs.failOnce(FaultVfs::Call::read, 0, FaultVfs::Fault::ioError); },
          "\nThe disk does not read or write. "},
-        {"damaged", [](const auto& store) { store.damage("Hearthmark.sqlite", 0, "damaged"); },
+        {"damaged", [](const auto& store) { tests::overwrite(store.file, 0, "damaged"); },
          "\nThe newest good backup is ", true},
         {"damaged, and its marks with it",
-         [](const auto& store) { store.damage("Hearthmark.sqlite", 68, std::string(4096, 'x')); },
+         [](const auto& store) { tests::overwrite(store.file, 68, std::string(4096, 'x')); },
          "\nThe newest good backup is ", true},
         {"without a table", [](const auto& store) { store.sql("DROP TABLE Note"); },
          "\nThe newest good backup is ", true},
@@ -298,7 +298,7 @@ TEST(StoreBackups, KeepAnOlderStoreAsItWasBeforeItsTablesChange) {
     store.addTask("task");
     store.close();
     const auto upgrade = [&store] {
-        store.sql("PRAGMA user_version = 1; ALTER TABLE Task DROP COLUMN doneDate");
+        store.sql(tests::kToFirstVersion);
         objectstore::PersistentContainer container("Hearthmark", hearthmarkModel(),
                                                    store.directory.path);
         container.loadPersistentStores([&store] { store.backups->keepBeforeUpgrade(); });
@@ -346,10 +346,11 @@ TEST(StoreBackups, BringBackTheLastGoodDayWhereverTheStoreIsDamaged) {
         const auto size = static_cast<std::streamoff>(std::filesystem::file_size(store.file));
         std::string bytes(static_cast<std::size_t>(1 + below(600)), ' ');
         std::ranges::generate(bytes, [&] { return static_cast<char>(below(256)); });
-        store.damage("Hearthmark.sqlite", below(size), bytes);
+        tests::overwrite(store.file, below(size), bytes);
         const bool isBackupDamaged = damage % 3 == 0;
         if (isBackupDamaged) {
-            store.damage("Backups/Hearthmark-2001-01-03.sqlite", below(16), bytes);
+            tests::overwrite(store.directory.path / "Backups/Hearthmark-2001-01-03.sqlite",
+                             below(16), bytes);
         }
         const std::string message = store.launchMessage();
         if (message.empty()) {

@@ -118,7 +118,7 @@ TEST(StoreReader, LeavesNoTraceWhateverStateTheFileIsIn) {
         {"the first version",
          [](auto& store) {
              store.close();
-             store.sql("ALTER TABLE Task DROP COLUMN doneDate; PRAGMA user_version = 1");
+             store.sql(tests::kToFirstVersion);
          },
          {}},
         {"kept by another journal",

@@ -47,8 +47,7 @@ class OlderStore {
                                .state = IntervalState::running(tests::at(1000))},
                               container->viewContext()));
         container->viewContext().save();
-        tests::sql(directory_.path / kFile,
-                   "PRAGMA user_version = 1; ALTER TABLE Task DROP COLUMN doneDate");
+        tests::sql(directory_.path / kFile, tests::kToFirstVersion);
         content_ = content(directory_.path / kFile);
     }
 

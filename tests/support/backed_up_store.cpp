@@ -8,7 +8,6 @@
 #include <algorithm>
 #include <chrono>
 #include <cstdlib>
-#include <fstream>
 #include <optional>
 #include <vector>
 
@@ -58,13 +57,6 @@ std::string BackedUpStore::names() const {
         names += backup.file.stem().string().substr(sizeof "Hearthmark") + ' ';
     }
     return names;
-}
-
-void BackedUpStore::damage(const std::filesystem::path& name, std::streamoff offset,
-                           const std::string& bytes) const {
-    std::fstream(directory.path / name, std::ios::in | std::ios::out | std::ios::binary)
-            .seekp(offset)
-        << bytes;
 }
 
 bool BackedUpStore::isKept(const std::string& bytes) const {

@@ -2,7 +2,6 @@
 #pragma once
 
 #include <filesystem>
-#include <ios>
 #include <memory>
 #include <string>
 
@@ -21,8 +20,6 @@ struct BackedUpStore : TestStore {
     std::string content() const;
     // Of the backups, newest first.
     std::string names() const;
-    void damage(const std::filesystem::path& name, std::streamoff offset,
-                const std::string& bytes) const;
     // Whether a file of those bytes is there under whatever name.
     bool isKept(const std::string& bytes) const;
     // As the program begins, in a process of its own. What it said before it ended; nothing where

@@ -34,6 +34,11 @@ std::map<std::string, std::string> filesOf(const std::filesystem::path& director
     return files;
 }
 
+void overwrite(const std::filesystem::path& file, std::uintmax_t offset, const std::string& bytes) {
+    std::fstream stream(file, std::ios::in | std::ios::out | std::ios::binary);
+    stream.seekp(static_cast<std::streamoff>(offset)) << bytes;
+}
+
 std::string sql(const std::filesystem::path& file, const std::string& statements) {
     const auto append = [](void* rows, int columns, char** values, char**) {
         auto& text = *static_cast<std::string*>(rows);

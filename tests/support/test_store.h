@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <cstdint>
 #include <filesystem>
 #include <map>
 #include <memory>
@@ -27,6 +28,12 @@ std::string bytesOf(const std::filesystem::path& file);
 
 // Every file of a directory with its bytes.
 std::map<std::string, std::string> filesOf(const std::filesystem::path& directory);
+
+// Writes over what is in the file there.
+void overwrite(const std::filesystem::path& file, std::uintmax_t offset, const std::string& bytes);
+
+// What makes a store one of the first version.
+constexpr auto kToFirstVersion = "PRAGMA user_version = 1; ALTER TABLE Task DROP COLUMN doneDate";
 
 // Runs statements on a file as another program would, over a connection of its own. Returns the
 // rows joined by " ", each as its columns joined by "|". Throws std::runtime_error.
