@@ -83,6 +83,7 @@ std::vector<Preview> previewsOfUsualTexts() {
         {.name = "home-running-dark", .selection = kRunning, .palette = Palette::dark},
         {.name = "home-unselected-right-to-left", .direction = Qt::RightToLeft},
         {.name = "home-running-right-to-left", .selection = kRunning, .direction = Qt::RightToLeft},
+        {.name = "home-running-150-percent", .selection = kRunning, .scale = 1.5},
         {.name = "home-running-200-percent", .selection = kRunning, .scale = 2},
         {.name = "home-running-smallest", .selection = kRunning, .size = {640, 420}},
         {.name = "home-undo", .keys = {"Down", "Down", "Delete"}},

@@ -50,7 +50,8 @@ struct Preview {
     Layout layout = Layout::home;
     Palette palette = Palette::light;
     Qt::LayoutDirection direction = Qt::LeftToRight;
-    int scale = 1;
+    // Of one of the screens in screens.json.
+    qreal scale = 1;
     // Of the desktop, in points.
     int textSize = 10;
     QSize size{900, 620};

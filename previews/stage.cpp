@@ -13,6 +13,7 @@
 #include <QStyleHints>
 #include <QTemporaryDir>
 #include <QTest>
+#include <algorithm>
 #include <map>
 #include <utility>
 
@@ -277,7 +278,10 @@ QImage Stage::pictureOfPart(const Preview& preview, const QString& property, QOb
 }
 
 void Stage::show(QQuickWindow& window, const Preview& preview) {
-    QScreen* screen = QGuiApplication::screens().at(preview.scale - 1);
+    const QList<QScreen*> screens = QGuiApplication::screens();
+    QScreen* const screen = *std::find_if(
+        screens.begin(), screens.end(),
+        [&preview](const QScreen* each) { return each->devicePixelRatio() == preview.scale; });
     window.setScreen(screen);
     window.setGeometry(QRect(screen->geometry().topLeft(), preview.size));
     window.show();

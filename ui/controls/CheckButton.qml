@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 import QtQuick
+import Hearthmark.Controls
 
 // A button with a text that is so or not. Pressed, it asks for the other, and whoever shows it decides.
 BasicButton {
@@ -14,7 +15,7 @@ BasicButton {
     Accessible.checked: root.isChecked
     Accessible.onToggleAction: root.press()
 
-    Rectangle {
+    Box {
         anchors.fill: parent
         radius: Theme.controlRadius
         color: root.down ? Theme.colors.buttonPressed : root.hovered && root.enabled ? Theme.colors.separator : "transparent"
@@ -24,7 +25,7 @@ BasicButton {
         }
     }
 
-    Rectangle {
+    Box {
         id: box
 
         anchors.left: parent.left
@@ -34,8 +35,8 @@ BasicButton {
         height: Theme.symbolSize
         radius: Theme.controlRadius / 2
         color: root.isChecked && root.enabled ? Theme.colors.accent : Theme.colors.content
-        border.width: root.isChecked && root.enabled ? 0 : 1
-        border.color: root.enabled ? Theme.colors.buttonBorder : Theme.colors.separator
+        borderWidth: root.isChecked && root.enabled ? 0 : 1
+        borderColor: root.enabled ? Theme.colors.buttonBorder : Theme.colors.separator
 
         Symbol {
             anchors.centerIn: parent

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 import QtQuick
+import Hearthmark.Controls
 
 // A name in the list of a choice.
 Item {
@@ -17,7 +18,7 @@ Item {
     Accessible.focusable: true
     Accessible.onPressAction: root.chosen()
 
-    Rectangle {
+    Box {
         anchors.fill: parent
         anchors.margins: Theme.focusWidth
         radius: Theme.controlRadius

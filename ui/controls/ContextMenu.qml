@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 import QtQuick
 import QtQuick.Templates as T
+import Hearthmark.Controls
 
 // While it is open a press elsewhere closes it and does nothing else. No key would close it once the
 // keyboard is elsewhere.
@@ -64,7 +65,7 @@ T.Menu {
     background: Item {
         implicitWidth: Theme.menuWidth
 
-        Rectangle {
+        Box {
             anchors.fill: parent
             anchors.topMargin: 1
             anchors.bottomMargin: -2
@@ -72,12 +73,12 @@ T.Menu {
             color: Theme.colors.separator
         }
 
-        Rectangle {
+        Box {
             anchors.fill: parent
             radius: Theme.radius
             color: Theme.colors.content
-            border.width: 1
-            border.color: Theme.colors.buttonBorder
+            borderWidth: 1
+            borderColor: Theme.colors.buttonBorder
         }
     }
 }

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 import QtQuick
 import QtQuick.Templates as T
+import Hearthmark.Controls
 
 T.MenuItem {
     id: root
@@ -33,10 +34,10 @@ T.MenuItem {
         isMarked: root.highlighted
     }
 
-    background: Rectangle {
+    background: Box {
         radius: Theme.controlRadius - 1
         color: root.highlighted || root.down ? Theme.colors.menuHighlight : "transparent"
-        border.width: root.highlighted ? Theme.focusWidth : 0
-        border.color: Theme.colors.focus
+        borderWidth: root.highlighted ? Theme.focusWidth : 0
+        borderColor: Theme.colors.focus
     }
 }

@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: MIT
 import QtQuick
+import Hearthmark.Controls
 
 // The ground of something that takes the keyboard, with a border that shows whether that has it.
-Rectangle {
+Box {
     id: root
 
     required property Item framed
@@ -10,6 +11,6 @@ Rectangle {
 
     radius: Theme.radius
     color: Theme.colors.window
-    border.width: root.framed.activeFocus ? Theme.focusWidth : 1
-    border.color: root.framed.activeFocus ? Theme.colors.focus : root.usualBorder
+    borderWidth: root.framed.activeFocus ? Theme.focusWidth : 1
+    borderColor: root.framed.activeFocus ? Theme.colors.focus : root.usualBorder
 }

@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: MIT
 import QtQuick
+import Hearthmark.Controls
 
 // Drawn around the control it fills, with a gap, so that it shows on any ground.
-Rectangle {
+Box {
     id: root
 
     property real controlRadius: Theme.controlRadius
@@ -12,6 +13,6 @@ Rectangle {
     anchors.margins: -root.gap
     radius: root.controlRadius + root.gap
     color: "transparent"
-    border.width: Theme.focusWidth
-    border.color: Theme.colors.focus
+    borderWidth: Theme.focusWidth
+    borderColor: Theme.colors.focus
 }

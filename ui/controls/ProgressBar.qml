@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 import QtQuick
 import QtQuick.Templates as T
+import Hearthmark.Controls
 
 // How far something is, from 0 to 1, or that it goes on.
 T.ProgressBar {
@@ -17,13 +18,13 @@ T.ProgressBar {
     Accessible.role: Accessible.ProgressBar
     Accessible.name: root.text
 
-    background: Rectangle {
+    background: Box {
         radius: height / 2
         color: Theme.colors.separator
     }
 
     contentItem: Item {
-        Rectangle {
+        Box {
             readonly property real start: root.indeterminate ? root.sweep * (parent.width - width) : 0
 
             x: root.mirrored ? parent.width - width - start : start

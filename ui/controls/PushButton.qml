@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 import QtQuick
+import Hearthmark.Controls
 
 // A button with a text and, where it has one, a symbol before it.
 BasicButton {
@@ -23,11 +24,11 @@ BasicButton {
     implicitWidth: Math.ceil(content.implicitWidth) + 2 * root.horizontalPadding
     implicitHeight: Math.max(Theme.controlHeight, content.implicitHeight + 2 * root.verticalPadding)
 
-    Rectangle {
+    Box {
         anchors.fill: parent
         radius: Theme.controlRadius
-        border.width: root.isPrimary ? 0 : 1
-        border.color: root.enabled ? Theme.colors.buttonBorder : Theme.colors.separator
+        borderWidth: root.isPrimary ? 0 : 1
+        borderColor: root.enabled ? Theme.colors.buttonBorder : Theme.colors.separator
         color: {
             if (!root.enabled)
                 return "transparent";
@@ -40,7 +41,7 @@ BasicButton {
 
         FocusRing {
             visible: root.activeFocus
-            border.color: root.ringColor
+            borderColor: root.ringColor
         }
     }
 

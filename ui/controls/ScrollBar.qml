@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 import QtQuick
+import Hearthmark.Controls
 
 // Beside what scrolls up and down: shows which part of it is visible, and can be dragged. A press
 // beside the handle brings it there.
@@ -29,7 +30,7 @@ Item {
     width: 6
     visible: root.shownShare < 1
 
-    Rectangle {
+    Box {
         id: handle
 
         x: 1

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 import QtQuick
 import QtQuick.Templates as T
+import Hearthmark.Controls
 
 // A modal sheet over the window: a heading, which is the title, content, and buttons, which stay where
 // they are: where the window is too small, only what is above them scrolls. It follows the keyboard.
@@ -132,17 +133,17 @@ T.Dialog {
         }
     }
 
-    background: Rectangle {
+    background: Box {
         radius: Theme.radius + 4
         color: Theme.colors.content
-        border.width: 1
-        border.color: Theme.colors.separator
+        borderWidth: 1
+        borderColor: Theme.colors.separator
     }
 
     // A popup does not ask whether its transition is enabled.
     enter: Theme.isStill ? null : root.fade
 
-    T.Overlay.modal: Rectangle {
+    T.Overlay.modal: Box {
         color: Theme.colors.shade
     }
 }

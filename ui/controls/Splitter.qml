@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 import QtQuick
+import Hearthmark.Controls
 
 // The border between two parts that stand side by side, where the first one begins at the side on which
 // one begins to read. It is dragged, or moved by the arrow keys; a double click or Enter puts it back.
@@ -44,7 +45,7 @@ Item {
     Keys.onReturnPressed: root.putBack()
     Keys.onEnterPressed: root.putBack()
 
-    Rectangle {
+    Box {
         anchors.horizontalCenter: parent.horizontalCenter
         width: root.activeFocus || area.pressed ? Theme.focusWidth + 1 : 1
         height: parent.height

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 import QtQuick
+import Hearthmark.Controls
 
 // A button that shows a symbol alone; its text is what assistive programs read out.
 BasicButton {
@@ -12,7 +13,7 @@ BasicButton {
     implicitWidth: Theme.controlHeight
     implicitHeight: Theme.controlHeight
 
-    Rectangle {
+    Box {
         anchors.fill: parent
         visible: root.isSeen
         radius: Theme.controlRadius

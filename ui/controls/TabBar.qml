@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 import QtQuick
 import QtQuick.Templates as T
+import Hearthmark.Controls
 
 // A row of tabs; the arrow keys go from one to the next, the way they point.
 T.TabBar {
@@ -36,7 +37,7 @@ T.TabBar {
         interactive: false
     }
 
-    background: Rectangle {
+    background: Box {
         radius: Theme.controlRadius + 2
         color: Theme.colors.sidebar
     }

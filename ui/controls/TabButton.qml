@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 import QtQuick
 import QtQuick.Templates as T
+import Hearthmark.Controls
 
 // One tab, with a symbol before its text.
 T.TabButton {
@@ -33,11 +34,11 @@ T.TabButton {
         spacing: root.spacing
     }
 
-    background: Rectangle {
+    background: Box {
         radius: Theme.controlRadius
         color: root.checked ? Theme.colors.button : root.hovered ? Theme.colors.separator : "transparent"
-        border.width: root.checked ? 1 : 0
-        border.color: Theme.colors.buttonBorder
+        borderWidth: root.checked ? 1 : 0
+        borderColor: Theme.colors.buttonBorder
 
         FocusRing {
             visible: root.activeFocus

@@ -1,9 +1,10 @@
 // SPDX-License-Identifier: MIT
 import QtQuick
+import Hearthmark.Controls
 
 // The whole of a text of which its label shows a part, above or below that, after a moment. Read by nobody:
 // the label has the text as its name.
-Rectangle {
+Box {
     id: root
 
     required property ElidedLabel label
@@ -47,8 +48,8 @@ Rectangle {
     visible: false
     radius: Theme.controlRadius
     color: Theme.colors.content
-    border.width: 1
-    border.color: Theme.colors.buttonBorder
+    borderWidth: 1
+    borderColor: Theme.colors.buttonBorder
     Accessible.ignored: true
 
     Label {

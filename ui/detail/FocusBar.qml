@@ -23,7 +23,7 @@ Item {
     Keys.onEnterPressed: root.tapped()
     Keys.onSpacePressed: root.tapped()
 
-    Rectangle {
+    Box {
         anchors.bottom: parent.bottom
         width: parent.width
         height: Math.max(Theme.focusWidth, Math.round(root.share * root.height))

@@ -4,7 +4,7 @@ import Hearthmark.Controls
 
 // The box of an interval of the detail pane: a clock beside its time, and at the end a button and when it
 // began; below the time where there is no room for them.
-Rectangle {
+Box {
     id: root
 
     required property DeletableRow row

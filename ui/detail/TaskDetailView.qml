@@ -79,7 +79,7 @@ Item {
             onClicked: root.adapter.displayShareSheet()
         }
 
-        Rectangle {
+        Box {
             anchors.bottom: parent.bottom
             width: parent.width
             height: 1

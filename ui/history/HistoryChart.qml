@@ -51,7 +51,7 @@ FocusScope {
     implicitHeight: content.height
 
     // With a ground of its own, for the picture.
-    Rectangle {
+    Box {
         id: content
 
         width: parent.width

@@ -27,7 +27,7 @@ Item {
     Accessible.focusable: true
     Accessible.onPressAction: root.tapped()
 
-    Rectangle {
+    Box {
         anchors.fill: parent
         radius: Theme.controlRadius
         color: area.containsMouse ? Theme.colors.rowHovered : "transparent"

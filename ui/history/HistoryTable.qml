@@ -59,7 +59,7 @@ FocusScope {
             }
         }
 
-        Rectangle {
+        Box {
             anchors.bottom: parent.bottom
             width: parent.width
             height: 1

@@ -73,6 +73,6 @@ DeletableRow {
 
     FocusRing {
         visible: root.focusVisible
-        border.color: root.textColor
+        borderColor: root.textColor
     }
 }

@@ -3,7 +3,7 @@ import QtQuick
 import Hearthmark.Controls
 
 // The box of a task in the list: its name, its time, and what else there is, one below the other.
-Rectangle {
+Box {
     id: root
 
     required property DeletableRow row

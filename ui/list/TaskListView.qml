@@ -115,7 +115,7 @@ FocusScope {
         }
     }
 
-    Rectangle {
+    Box {
         anchors.bottom: list.top
         width: parent.width
         height: 1

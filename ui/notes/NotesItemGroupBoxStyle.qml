@@ -3,7 +3,7 @@ import QtQuick
 import Hearthmark.Controls
 
 // The box of a saved note.
-Rectangle {
+Box {
     id: root
 
     required property DeletableRow row

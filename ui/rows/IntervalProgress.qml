@@ -19,13 +19,13 @@ Item {
     Accessible.role: Accessible.ProgressBar
     Accessible.name: qsTr("Progress")
 
-    Rectangle {
+    Box {
         anchors.fill: parent
         radius: height / 2
         color: root.trackColor
     }
 
-    Rectangle {
+    Box {
         anchors.left: parent.left
         width: Math.max(height, Math.round(root.progress * root.width))
         height: parent.height

@@ -21,7 +21,7 @@ Item {
     Accessible.selected: root.isSelected
     Accessible.onPressAction: root.tapped(root.index)
 
-    Rectangle {
+    Box {
         anchors.fill: parent
         radius: Theme.controlRadius
         color: root.isSelected ? Theme.colors.selectedContent : area.containsMouse ? Theme.colors.rowHovered : "transparent"

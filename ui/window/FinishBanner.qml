@@ -15,7 +15,7 @@ FocusScope {
     Accessible.role: Accessible.Notification
     Accessible.name: root.finishes.text
 
-    Rectangle {
+    Box {
         anchors.fill: parent
         color: Theme.colors.selectedContent
     }

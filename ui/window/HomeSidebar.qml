@@ -48,7 +48,7 @@ FocusScope {
         onActivated: list.openSearch("")
     }
 
-    Rectangle {
+    Box {
         anchors.fill: parent
         color: Theme.colors.sidebar
     }
@@ -80,7 +80,7 @@ FocusScope {
         }
     }
 
-    Rectangle {
+    Box {
         anchors.bottom: list.top
         width: parent.width
         height: 1
@@ -100,7 +100,7 @@ FocusScope {
         onIsEmptyChanged: root.passFocus()
     }
 
-    Rectangle {
+    Box {
         id: separator
 
         anchors.bottom: footer.top

@@ -104,7 +104,7 @@ FocusScope {
         most: Math.max(border.least, root.width - Theme.paneMinimumWidth)
     }
 
-    Rectangle {
+    Box {
         id: pane
 
         anchors.left: sidebar.right

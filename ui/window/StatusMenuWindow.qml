@@ -73,7 +73,7 @@ Window {
             Accessible.ignored: line.isSeparator
             onTriggered: root.choose(line.index)
 
-            Rectangle {
+            Box {
                 anchors.verticalCenter: parent.verticalCenter
                 width: parent.width
                 height: 1

@@ -16,7 +16,7 @@ FocusScope {
     Accessible.role: Accessible.Notification
     Accessible.name: root.adapter.text
 
-    Rectangle {
+    Box {
         anchors.fill: parent
         radius: Theme.radius
         color: Theme.colors.text
