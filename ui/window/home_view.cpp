@@ -5,12 +5,20 @@
 #include <QGuiApplication>
 #include <QQuickWindow>
 #include <QScreen>
+#include <algorithm>
 #include <utility>
 
 #include "ui/window/main_window_loader.h"
 #include "ui/window/window_icon.h"
 
 namespace hearthmark::ui {
+
+namespace {
+
+// Of the highest that desktops give, in logical pixels.
+constexpr int kTitleBarHeight = 40;
+
+}  // namespace
 
 HomeView::HomeView(std::unique_ptr<HomeAdapter> adapter, std::shared_ptr<MainWindowLoader> loader,
                    WindowShouldClose windowShouldClose, BringToFront bringToFront)
@@ -19,7 +27,6 @@ HomeView::HomeView(std::unique_ptr<HomeAdapter> adapter, std::shared_ptr<MainWin
       adapter_(std::move(adapter)),
       loader_(std::move(loader)),
       window_(loader_->makeWindow(*adapter_)) {
-    window_->resize(window_->size().boundedTo(window_->screen()->availableSize()));
     // A panel takes the icon also from a window that it shows already.
     connect(
         window_.get(), &QQuickWindow::frameSwapped, this,
@@ -35,7 +42,26 @@ HomeView::HomeView(std::unique_ptr<HomeAdapter> adapter, std::shared_ptr<MainWin
 HomeView::~HomeView() = default;
 
 void HomeView::show(const std::string& activationToken) {
+    if (!window_->isVisible()) {
+        fitIntoScreen();
+    }
     bringToFront_(*window_, activationToken);
+}
+
+// Which may be another one than when it was hidden, or have another scale.
+void HomeView::fitIntoScreen() {
+    const QRect screen = window_->screen()->availableGeometry();
+    const QMargins known = window_->frameMargins();
+    // Not known before the window was there once.
+    const QMargins frame = known.isNull() ? QMargins(0, kTitleBarHeight, 0, 0) : known;
+    window_->resize(window_->size().boundedTo(screen.marginsRemoved(frame).size()));
+    if (hasPlace_) {
+        const QPoint last = screen.bottomRight() - window_->frameGeometry().bottomRight() +
+                            window_->framePosition();
+        const QPoint place = window_->framePosition();
+        window_->setFramePosition({std::max(screen.left(), std::min(place.x(), last.x())),
+                                   std::max(screen.top(), std::min(place.y(), last.y()))});
+    }
 }
 
 // Also where somebody else shows or hides it.
@@ -52,9 +78,9 @@ void HomeView::setShown(bool isShown) {
 void HomeView::hide() {
     const QPoint place = window_->framePosition();
     hiddenStates_ = window_->windowStates() & ~Qt::WindowMinimized;
-    const bool isFree = window_->windowStates() == Qt::WindowNoState;
+    hasPlace_ = window_->windowStates() == Qt::WindowNoState;
     window_->setVisible(false);
-    if (isFree) {
+    if (hasPlace_) {
         // Else the window manager looks for a place anew.
         window_->setFramePosition(place);
     }

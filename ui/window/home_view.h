@@ -44,6 +44,7 @@ class HomeView final : public QObject, public services::HomeViewProtocol {
     bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
+    void fitIntoScreen();
     void setShown(bool isShown);
 
     WindowShouldClose windowShouldClose_;
@@ -56,6 +57,8 @@ class HomeView final : public QObject, public services::HomeViewProtocol {
     std::optional<ToolkitSetting> gatheringTime_{std::in_place, "QT_QPA_UPDATE_IDLE_TIME", "0"};
     // Maximised or full-screen, or neither, when it was hidden: the desktop forgets that.
     Qt::WindowStates hiddenStates_ = Qt::WindowNoState;
+    // It was free on the screen when it was hidden, and is to come back to where it was.
+    bool hasPlace_ = false;
     bool isQuitting_ = false;
 };
 
