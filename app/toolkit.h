@@ -42,6 +42,8 @@ class Toolkit {
     // the last one was taken: two wake-ups each second, for a few words that are sent as fast.
     std::optional<ui::ToolkitSetting> withoutSharedPictures_{std::in_place, "QT_XCB_NO_MITSHM",
                                                              "1"};
+    std::optional<ui::ToolkitSetting> withoutGraphics_{
+        std::in_place, "QT_WAYLAND_CLIENT_BUFFER_INTEGRATION", "none"};
     QGuiApplication application_;
 };
 
