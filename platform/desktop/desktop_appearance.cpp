@@ -31,7 +31,9 @@ bool isPaletteDark() {
 }  // namespace
 
 DesktopAppearance::DesktopAppearance(std::shared_ptr<services::AppearancePreference> preference)
-    : preference_(std::move(preference)), bus_(QDBusConnection::sessionBus()) {
+    : preference_(std::move(preference)),
+      bus_(QDBusConnection::sessionBus()),
+      isPaletteDark_(isPaletteDark()) {
     publish();
     if (!bus_.isConnected()) {
         return;
@@ -72,7 +74,7 @@ void DesktopAppearance::settingChanged(const QString& group, const QString& key,
 }
 
 void DesktopAppearance::publish() {
-    const services::Appearance appearance = settings_.appearance(isPaletteDark());
+    const services::Appearance appearance = settings_.appearance(isPaletteDark_);
     if (preference_->value() != appearance) {
         preference_->setValue(appearance);
     }

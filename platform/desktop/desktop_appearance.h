@@ -30,6 +30,8 @@ class DesktopAppearance final : public QObject {
     std::shared_ptr<services::AppearancePreference> preference_;
     QDBusConnection bus_;
     PortalSettings settings_;
+    // As the toolkit found the desktop; later it has colours of the program.
+    const bool isPaletteDark_;
 };
 
 }  // namespace hearthmark::platform

@@ -36,6 +36,12 @@ Window {
         value: root.home.appearance.isStill
     }
 
+    TitleBar {
+        window: root
+        color: Theme.colors.sidebar
+        textColor: Theme.colors.text
+    }
+
     onActiveFocusItemChanged: root.restoreFocus()
 
     Shortcut {
