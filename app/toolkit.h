@@ -10,10 +10,9 @@
 
 namespace hearthmark::app {
 
-// What the toolkit is given: X11 first, also on Wayland desktops, all of which offer it. What the
-// person chose comes after it and wins. Not in the environment, which all inherit that this program
-// starts. The toolkit takes away what it knows, so these are not main()'s own, with which the
-// program begins anew.
+// What the toolkit is given: which window system it tries first. What the person chose comes after
+// it and wins. Not in the environment, which all inherit that this program starts. The toolkit
+// takes away what it knows, so these are not main()'s own, with which the program begins anew.
 class ToolkitArguments {
  public:
     ToolkitArguments(int argc, char** argv);
@@ -24,7 +23,7 @@ class ToolkitArguments {
 
  private:
     std::string option_ = "-platform";
-    std::string platforms_ = "xcb;wayland";
+    std::string platforms_;
     std::vector<char*> arguments_;
     int count_ = 0;
 };
@@ -42,8 +41,6 @@ class Toolkit {
     // the last one was taken: two wake-ups each second, for a few words that are sent as fast.
     std::optional<ui::ToolkitSetting> withoutSharedPictures_{std::in_place, "QT_XCB_NO_MITSHM",
                                                              "1"};
-    std::optional<ui::ToolkitSetting> withoutGraphics_{
-        std::in_place, "QT_WAYLAND_CLIENT_BUFFER_INTEGRATION", "none"};
     QGuiApplication application_;
 };
 

@@ -59,6 +59,12 @@ bool hasDisplay() {
     return (isChosen("xcb") && hasXServer()) || (isChosen("wayland") && hasCompositor());
 }
 
+bool isOnWayland() {
+    return (!qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY") ||
+            qEnvironmentVariableIsSet("WAYLAND_SOCKET")) &&
+           hasCompositor();
+}
+
 bool canMakeWindows(std::span<char*> arguments) {
     const bool isTold = std::ranges::any_of(arguments, [](std::string_view argument) {
         argument.remove_prefix(argument.starts_with("--") ? 1 : 0);
