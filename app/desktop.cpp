@@ -15,6 +15,7 @@
 #include "platform/desktop/system_clipboard.h"
 #include "platform/desktop/time_keeping_provider.h"
 #include "platform/notifications/completion_sound.h"
+#include "platform/notifications/desktop_quiet.h"
 #include "platform/session/autostart_entry.h"
 #include "platform/session/logind_sleep_monitor.h"
 #include "platform/session/startup_sequence.h"
@@ -59,7 +60,14 @@ Desktop::Desktop(const std::shared_ptr<const store::StoreBackups>& backups,
                       finishes.push_back(content);
                       unseenFinishes_->setValue(std::move(finishes));
                   },
-              .playSound = &platform::playCompletionSound,
+              .playSound =
+                  [this] {
+                      platform::askWhetherSoundsAreOn(this, [](bool areOn) {
+                          if (areOn) {
+                              platform::playCompletionSound();
+                          }
+                      });
+                  },
               .icon = &ui::programPicture})),
       dailyBackups_(std::make_shared<services::DailyBackupService>(
           backups, std::make_shared<platform::TimeKeepingProvider>(), notificationCenter_)),

@@ -10,6 +10,7 @@
 #include <cmath>
 
 #include "platform/desktop/dbus_answer.h"
+#include "platform/notifications/desktop_quiet.h"
 
 namespace hearthmark::platform {
 
@@ -139,12 +140,18 @@ void DesktopNotificationCenter::present(const std::string& identifier) {
 
 void DesktopNotificationCenter::post(const Content& content, const QStringList& capabilities) {
     const bool isSilent = !capabilities.contains(QLatin1String("sound"));
-    notify(content, capabilities, [this, content, isSilent](bool isTaken) {
+    notify(content, capabilities, [this, content, capabilities, isSilent](bool isTaken) {
         if (!isTaken) {
             notTaken(content);
-        } else if (isSilent && content.sound == NotificationSound::standard) {
-            handlers_.playSound();
+            return;
         }
+        askWhetherNotificationsAreOff(capabilities, this, [this, content, isSilent](bool areOff) {
+            if (areOff) {
+                handlers_.untaken(content);
+            } else if (isSilent) {
+                playSound(content);
+            }
+        });
     });
 }
 
@@ -186,10 +193,14 @@ void DesktopNotificationCenter::remember(uint id, const Shown& shown) {
 }
 
 void DesktopNotificationCenter::notTaken(const Content& content) const {
+    playSound(content);
+    handlers_.untaken(content);
+}
+
+void DesktopNotificationCenter::playSound(const Content& content) const {
     if (content.sound == NotificationSound::standard) {
         handlers_.playSound();
     }
-    handlers_.untaken(content);
 }
 
 DesktopNotificationCenter::Key DesktopNotificationCenter::key(uint id) const {

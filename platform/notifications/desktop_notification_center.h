@@ -31,7 +31,7 @@ class DesktopNotificationCenter final : public QObject,
     struct Handlers {
         // A notification was clicked; the token, which may be empty, lets a window take the focus.
         std::function<void(const TaskId&, const std::string& activationToken)> activated;
-        // The desktop did not take one that was added.
+        // The desktop did not take one that was added, or does not show it for now.
         std::function<void(const services::NotificationContent&)> untaken;
         // The desktop does not play the sound of one.
         std::function<void()> playSound;
@@ -84,6 +84,7 @@ class DesktopNotificationCenter final : public QObject,
     void remember(uint id, const Shown& shown);
     void close(const Key& shown);
     void notTaken(const Content& content) const;
+    void playSound(const Content& content) const;
     Key key(uint id) const;
 
     Handlers handlers_;

@@ -22,7 +22,8 @@ NOTIFICATIONS_XML = f"""<node><interface name="{NOTIFICATIONS}">
     <arg type="s" direction="in"/><arg type="s" direction="in"/><arg type="s" direction="in"/>
     <arg type="as" direction="in"/><arg type="a{{sv}}" direction="in"/><arg type="i" direction="in"/>
     <arg type="u" direction="out"/></method>
-    <method name="CloseNotification"><arg type="u" direction="in"/></method></interface></node>"""
+    <method name="CloseNotification"><arg type="u" direction="in"/></method>
+    <property name="Inhibited" type="b" access="read"/></interface></node>"""
 
 ITEM, WATCHER = "org.kde.StatusNotifierItem", "org.kde.StatusNotifierWatcher"
 MENU = "com.canonical.dbusmenu"
@@ -49,16 +50,16 @@ CLIENT_XML = f"""<node><interface name="{SESSION}.ClientPrivate"><method name="E
 
 class Daemon:
     """Takes notifications, unless it refuses each call or what it is to show, or hangs for five
-    seconds."""
+    seconds. Whether it shows them it says where it has the capability "inhibitions"."""
 
-    def __init__(self, manner="takes", capabilities=("actions", "body", "body-markup", "sound")):
+    def __init__(self, manner="takes", capabilities=("actions", "body", "body-markup", "sound"), shows=True):
         self.manner = manner
         self.capabilities = capabilities
         self.called = self.answered = False
         self.taken = []  # when, and the arguments
         self.closed = []  # their numbers
         self.bus = serve(os.environ["DBUS_SESSION_BUS_ADDRESS"], NOTIFICATIONS, NOTIFICATIONS_PATH,
-                         NOTIFICATIONS_XML, self._answer)
+                         NOTIFICATIONS_XML, self._answer, lambda *_: GLib.Variant("b", not shows))
 
     def _answer(self, _bus, _sender, _path, _interface, *call):
         self.called = True

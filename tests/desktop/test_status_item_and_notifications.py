@@ -2,16 +2,24 @@
 """The status item as a panel sees it on the session bus, and notifications of finished intervals as a
 daemon gets them. Usage: test_status_item_and_notifications.py BINARY [unittest arguments]"""
 
+import os
 import re
 import signal
 import subprocess
 import time
 from collections import Counter
+from pathlib import Path
+
+from gi.repository import GLib
 
 from desktops import Waits
-from driver import (ProgramTest, click, extents, key, lines_of, new_id, now, press, run_tests, screen,
+from driver import (ProgramTest, click, extents, key, lines_of, new_id, now, press, run_tests, screen, serve,
                     toggle_maximised, wait_for, windows, xdotool)
 from players import Daemon, ITEM, MENU, Panel
+
+SETTINGS_XML = """<node><interface name="org.freedesktop.portal.Settings"><method name="Read">
+    <arg type="s" direction="in"/><arg type="s" direction="in"/><arg type="v" direction="out"/>
+    </method></interface></node>"""
 
 
 class StatusItem(ProgramTest):
@@ -268,6 +276,39 @@ class Notifications(ProgramTest):
         program.press("Finish")
         wait_for(lambda: daemon.taken and program.has_loaded("libcanberra"), "a sound of the program's")
         self.assertEqual(daemon.taken[0][1][5], ["default", "Show"], "it has no buttons")
+
+    def test_what_the_desktop_keeps_from_the_person_stands_in_the_window_and_is_not_heard(self):
+        settings = os.path.join(self.program.data, "gsettings")  # in the place of GNOME's
+        Path(settings).write_text('#!/bin/sh\n[ "$*" = "get org.gnome.desktop.notifications show-banners" ]'
+                                  ' && echo $SHOWS\n')
+        os.chmod(settings, 0o700)
+        self.make_store(*self.task_with_interval(state=0))
+        for desktop, capabilities, shows, is_heard in (
+                ("KDE", ["inhibitions"], False, False), ("KDE", ["inhibitions"], True, True),
+                ("GNOME", ["sound"], False, False), ("GNOME", ["sound"], True, False),
+                ("", [], True, True), ("without sounds", [], True, False)):
+            if desktop == "without sounds":
+                portal = serve(os.environ["DBUS_SESSION_BUS_ADDRESS"], "org.freedesktop.portal.Desktop",
+                               "/org/freedesktop/portal/desktop", SETTINGS_XML, lambda *call: call[-1].return_value(
+                                   GLib.Variant("(v)", (GLib.Variant("v", GLib.Variant("b", False)),))))
+                self.addCleanup(portal.close_sync)
+            with self.subTest(desktop, shows=shows):
+                daemon = Daemon(capabilities=["body", *capabilities], shows=shows)
+                self.program.plant("UPDATE Interval SET duration = 1798", "UPDATE RawIntervalState SET state = 0")
+                program = self.program.launch(XDG_CURRENT_DESKTOP=desktop, SHOWS=str(shows).lower(),
+                                              PATH=f"{self.program.data}:{os.environ['PATH']}")
+                wait_for(lambda: daemon.taken, "the finish")
+                if shows and is_heard:
+                    wait_for(lambda: program.has_loaded("libcanberra"), "a sound of the program's")
+                if shows:
+                    time.sleep(0.5)
+                    self.assertEqual(program.has_loaded("libcanberra"), is_heard)
+                    self.assertFalse(program.find_all("Interval finished: Planted"))
+                else:
+                    program.find("Interval finished: Planted", "notification")
+                    self.assertFalse(program.has_loaded("libcanberra"))
+                program.end()
+                daemon.bus.close_sync()
 
     def test_its_buttons_go_on_without_the_window(self):
         daemon = Daemon()
