@@ -142,8 +142,7 @@ class WaylandDesktop(Desktop):
             **os.environ, "XDG_RUNTIME_DIR": place, "SWAYSOCK": socket, "WLR_BACKENDS": "headless",
             "WLR_LIBINPUT_NO_DEVICES": "1", "WLR_RENDERER": "pixman"})
         wait_for(lambda: os.path.exists(socket), "the compositor")
-        os.environ.update(WAYLAND_DISPLAY=os.path.join(place, "wayland-1"), SWAYSOCK=socket,
-                          QT_QPA_PLATFORM="wayland")
+        os.environ.update(WAYLAND_DISPLAY=os.path.join(place, "wayland-1"), SWAYSOCK=socket)
         os.environ.pop("DISPLAY", None)
         # Holds a keyboard: without any, the first key of another that comes and goes may be lost.
         self._start(["wtype", "-s", "1000000"])

@@ -34,6 +34,7 @@ class Wayland(ProgramTest):
 
     def test_a_day(self):
         program, daemon, panel = self.program.launch(), self.player(Daemon), self.player(Panel)
+        self.assertFalse(program.has_loaded("LLVM"), "nothing is drawn by a graphics card")
         program.add_task("Letters")
         press(program.find("Letters", "list item"))
         program.press("30:00")
