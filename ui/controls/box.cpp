@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "box.h"
+#include "ui/controls/box.h"
 
 #include <QPainter>
 #include <QPainterPath>

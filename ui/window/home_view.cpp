@@ -42,7 +42,8 @@ HomeView::HomeView(std::unique_ptr<HomeAdapter> adapter, std::shared_ptr<MainWin
 HomeView::~HomeView() = default;
 
 void HomeView::show(const std::string& activationToken) {
-    if (!window_->isVisible()) {
+    // One that was maximised is put back by the window manager first.
+    if (!window_->isVisible() && hiddenStates_ == Qt::WindowNoState) {
         fitIntoScreen();
     }
     bringToFront_(*window_, activationToken);

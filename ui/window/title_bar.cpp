@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "title_bar.h"
+#include "ui/window/title_bar.h"
 
 #include <QGuiApplication>
 #include <QPalette>
