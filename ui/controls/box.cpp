@@ -62,11 +62,14 @@ class BoxNode final : public QSGRenderNode {
     }
 
     void render(const RenderState* state) override {
+        // What is to be painted anew, in the window; of what lies below only that is, too.
+        const QRegion& stale = *state->clipRegion();
+        if (stale.isEmpty()) {
+            return;
+        }
         auto& painter = *static_cast<QPainter*>(window_.rendererInterface()->getResource(
             &window_, QSGRendererInterface::PainterResource));
-        if (const QRegion* const clip = state->clipRegion(); clip != nullptr && !clip->isEmpty()) {
-            painter.setClipRegion(*clip, Qt::ReplaceClip);
-        }
+        painter.setClipRegion(stale);
         painter.setOpacity(inheritedOpacity());
         // Nothing in the window is turned or has a size of its own.
         const QTransform place = matrix()->toTransform();
