@@ -1,13 +1,15 @@
 #!/usr/bin/env bash
 # SPDX-License-Identifier: MIT
-# Usage: try-desktops.sh [DIRECTORY]
-# Runs the program on GNOME Shell and on Plasma, neither of which needs a screen, and puts a picture
-# of each step into the directory, by default build/desktops, and all of them into one sheet. Installs
-# both desktops: for a machine that may have them. Not a part of the tests: it takes some minutes, and
-# whether a picture is right is for a person to say.
+# Usage: try-desktops.sh [DIRECTORY [OPTION]...]
+# Runs the program on sway, GNOME Shell and Plasma, none of which needs a screen, natively and through
+# XWayland, at each scale. Puts pictures and a table of what was seen into the directory, by default
+# build/desktops, and all pictures into one sheet. The options of try_desktops.py choose some of it.
+# Installs the desktops: for a machine that may have them. Not a part of the tests: all of it takes half an
+# hour, and whether a picture is right is for a person to say.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 directory="${1:-build/desktops}"
+options=("${@:2}")
 
 # Desktops refuse root.
 person=()
@@ -21,15 +23,15 @@ fi
 
 packaging/install-packages.sh build run screen test desktops
 cmake --preset release
-cmake --build --preset release --target hearthmark
+cmake --build --preset release --target hearthmark hearthmark_packaging
 mkdir -p "$directory"
-rm -f "$directory"/*.png
+rm -f "$directory"/*.png "$directory/table.txt"
 
 if [ "$(id -u)" -eq 0 ]; then
     # What raises the compositor's priority cannot be had in most containers.
     setcap -r "$(command -v kwin_wayland)" 2>/dev/null || true
     chown nobody "$directory"
 fi
-"${person[@]}" python3 -B packaging/try_desktops.py build/release/hearthmark "$directory"
+"${person[@]}" python3 -B packaging/try_desktops.py build/release/hearthmark "$directory" "${options[@]}"
 montage -label '%t' "$directory"/*.png -geometry 640x400+4+4 -tile 4x "$directory/sheet.png"
 echo "All steps at a glance: $directory/sheet.png"

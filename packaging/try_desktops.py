@@ -1,8 +1,8 @@
 # SPDX-License-Identifier: MIT
 """Runs the program on sway, GNOME Shell and Plasma, without a screen, natively and through XWayland. Each
-check leaves pictures and a line of table.txt; what only a person can judge names its picture.
-Usage: try_desktops.py BINARY DIRECTORY [--desktop NAME] [--window native|x11] [--scale SCALE]
-[--check NAME]..."""
+check leaves pictures and a line of table.txt: desktop, window system, scale, check, and what was seen.
+Usage, by try-desktops.sh: try_desktops.py BINARY DIRECTORY [--desktop NAME]... [--window native|x11]...
+[--scale SCALE]... [--check NAME]..."""
 
 import argparse
 import os
@@ -11,8 +11,11 @@ import sys
 import traceback
 from pathlib import Path
 
-from desktop_checks import CHECKS, Trial
-from desktop_stages import STAGES
+PLACE = Path(__file__).resolve().parent
+sys.path[:0] = [str(PLACE / "desktops"), str(PLACE.parent / "tests/desktop")]
+from checks import CHECKS
+from stages import STAGES
+from trial import Trial
 
 SCALES = (1, 1.25, 1.5, 1.75, 2)
 
