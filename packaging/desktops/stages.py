@@ -106,6 +106,7 @@ class Gnome(Stage):
         time.sleep(3)
         # It misses a display manager, and says so where the program's notification is to stand.
         self.ask("Main.messageTray.getSources().forEach(source => source.destroy())")
+        self.ask(self.DEVICES)  # early, since the first key of a new one may be lost
 
     def ask(self, script):
         is_done, answer = self.call("org.gnome.Shell", "/org/gnome/Shell", "org.gnome.Shell", "Eval",
@@ -120,9 +121,9 @@ class Gnome(Stage):
         return self.ask("let [width, height] = global.display.get_size(); ({x: 0, y: 0, width, height})")
 
     def window(self):
-        return self.ask("""let found = global.get_window_actors().map(actor => actor.meta_window).find(
-            window => window.get_title() == 'Hearthmark'), {x, y, width, height} = found.get_frame_rect();
-            ({x, y, width, height})""")
+        return self.ask("""global.get_window_actors().map(actor => actor.meta_window).filter(
+            window => window.get_title() == 'Hearthmark').map(window => {
+                let {x, y, width, height} = window.get_frame_rect(); return {x, y, width, height};})[0] ?? null""")
 
     def is_in_front(self):
         return self.ask("global.display.focus_window?.get_title() == 'Hearthmark'")
@@ -185,9 +186,8 @@ class Plasma(Nested):
         self.start_outer()
         environment = os.path.join(self.directory, "environment")
         self.display = self.start_part(
-            ["kwin_wayland", "--x11-display", self.outer, "--width", str(int(WIDTH / self.scale)),
-             "--height", str(int(HEIGHT / self.scale)), "--scale", str(self.scale), "--no-lockscreen",
-             "--xwayland", "--socket", os.path.basename(name),
+            ["kwin_wayland", "--x11-display", self.outer, "--width", str(WIDTH), "--height", str(HEIGHT),
+             "--no-lockscreen", "--xwayland", "--socket", os.path.basename(name),
              f"sh -c {shlex.quote(f'env > {environment}')}"], DISPLAY=self.outer)
         self.read_environment(environment)
 
@@ -197,6 +197,8 @@ class Plasma(Nested):
             time.sleep(3)
         wait_for(lambda: self.call("org.kde.StatusNotifierWatcher", "/StatusNotifierWatcher",
                                    "org.freedesktop.DBus.Peer", "Ping") == (), "the panel", 60)
+        if self.scale != 1:  # only then are X11's programs told
+            self.set_scale(self.scale)
 
     def run_script(self, script):
         """What it gives to tell()."""
