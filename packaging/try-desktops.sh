@@ -25,7 +25,7 @@ packaging/install-packages.sh build run screen test desktops
 cmake --preset release
 cmake --build --preset release --target hearthmark hearthmark_packaging
 mkdir -p "$directory"
-rm -f "$directory"/*.png "$directory/table.txt"
+rm -f "$directory"/*.png "$directory"/sheet-*.jpg "$directory"/table.txt
 
 if [ "$(id -u)" -eq 0 ]; then
     # What raises the compositor's priority cannot be had in most containers.
@@ -33,5 +33,6 @@ if [ "$(id -u)" -eq 0 ]; then
     chown nobody "$directory"
 fi
 "${person[@]}" python3 -B packaging/try_desktops.py build/release/hearthmark "$directory" "${options[@]}"
-montage -label '%t' "$directory"/*.png -geometry 640x400+4+4 -tile 4x "$directory/sheet.png"
-echo "All steps at a glance: $directory/sheet.png"
+# Each made small as it is read: all at their size would need gigabytes.
+montage -label '%t' "$directory/*.png[480x300]" -geometry +4+4 -tile 8x16 "$directory/sheet-%d.jpg"
+echo "All that was seen: $directory/table.txt. All pictures at a glance: $directory/sheet-*.jpg"
