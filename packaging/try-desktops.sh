@@ -3,7 +3,7 @@
 # Usage: try-desktops.sh [DIRECTORY [OPTION]...]
 # Runs the program on sway, GNOME Shell and Plasma, none of which needs a screen, natively and through
 # XWayland, at each scale. Puts pictures and a table of what was seen into the directory, by default
-# build/desktops, and all pictures into one sheet. The options of try_desktops.py choose some of it.
+# build/desktops, and all pictures into sheets. The options of try_desktops.py choose some of it.
 # Installs the desktops: for a machine that may have them. Not a part of the tests: all of it takes half an
 # hour, and whether a picture is right is for a person to say.
 set -euo pipefail
