@@ -7,7 +7,8 @@ import subprocess
 import time
 from pathlib import Path
 
-from driver import Desktop, GLib, connect, serve, wait_for
+from desktops import Desktop
+from driver import GLib, connect, serve, wait_for
 
 PACKAGING = Path(__file__).resolve().parent.parent
 ID = "org.hearthmark.Hearthmark"
