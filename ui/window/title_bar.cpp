@@ -23,7 +23,8 @@ void TitleBar::draw() const {
     palette.setColor(QPalette::Window, color_);
     palette.setColor(QPalette::WindowText, textColor_);
     QGuiApplication::setPalette(palette);
-    if (window_->isVisible()) {
+    // The toolkit's own has margins, the compositor's is none of the client's concern.
+    if (window_->isVisible() && !window_->frameMargins().isNull()) {
         window_->setFlag(Qt::FramelessWindowHint, true);
         window_->setFlag(Qt::FramelessWindowHint, false);
     }
