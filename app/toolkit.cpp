@@ -21,8 +21,8 @@ namespace {
 // would lose their uppermost or lowest row.
 void renewFont() {
     const QFont before = QGuiApplication::font();
-    QFont font(before.families());
-    font.setPointSizeF(before.pointSizeF());
+    QFont font(before.family());
+    font.fromString(before.toString());
     font.setHintingPreference(QFont::PreferNoHinting);
     QGuiApplication::setFont(font);
 }

@@ -20,8 +20,11 @@ QRectF onPixels(const QRectF& rect, qreal scale) {
 
 QPainterPath rounded(const QRectF& rect, qreal radius) {
     QPainterPath path;
-    const qreal most = std::min(rect.width(), rect.height()) / 2;
-    path.addRoundedRect(rect, std::clamp(radius, 0.0, most), std::clamp(radius, 0.0, most));
+    if (!rect.isEmpty()) {
+        const qreal most = std::min(rect.width(), rect.height()) / 2;
+        const qreal drawn = std::clamp(radius, 0.0, most);
+        path.addRoundedRect(rect, drawn, drawn);
+    }
     return path;
 }
 

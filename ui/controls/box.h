@@ -26,8 +26,6 @@ class Box : public QQuickItem {
         QColor borderColor = Qt::black;
         qreal radius = 0;
         qreal borderWidth = 0;
-
-        bool operator==(const Looks&) const = default;
     };
 
     explicit Box(QQuickItem* parent = nullptr);
