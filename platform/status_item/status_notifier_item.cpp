@@ -39,6 +39,11 @@ QList<StatusPixmap> pixmaps(const StatusIconState& state) {
     return all;
 }
 
+// Panels read it as markup; those of the toolkit, such as Plasma's, only where they see an element.
+QString markup(const QString& text) {
+    return text.isEmpty() ? text : QStringLiteral("<span>%1</span>").arg(text.toHtmlEscaped());
+}
+
 }  // namespace
 
 QDBusArgument& operator<<(QDBusArgument& argument, const StatusPixmap& pixmap) {
@@ -176,10 +181,9 @@ QList<StatusPixmap> StatusNotifierItem::attentionPixmap() const {
     return icon_.hasDot ? pixmap_ : QList<StatusPixmap>();
 }
 
-// Panels read both texts as markup. The picture is that of the desktop entry: one of ours would be
-// sent with each second's text.
+// The picture is that of the desktop entry: one of ours would be sent with each second's text.
 StatusToolTip StatusNotifierItem::toolTip() const {
-    return {QLatin1String(kApplicationId), {}, title_.toHtmlEscaped(), taskName_.toHtmlEscaped()};
+    return {QLatin1String(kApplicationId), {}, title_.toHtmlEscaped(), markup(taskName_)};
 }
 
 QDBusObjectPath StatusNotifierItem::menuPath() const {

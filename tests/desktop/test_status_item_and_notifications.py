@@ -55,7 +55,7 @@ class StatusItem(ProgramTest):
             "XAyatanaNewLabel": len(labels), "NewToolTip": len(labels) + 1, "NewIcon": 1})
         title, text = panel.get("ToolTip")[2:]
         self.assertIn(title, panel.labels()[-2:])
-        self.assertEqual(text, "&lt;Letters&gt;")
+        self.assertEqual(text, "<span>&lt;Letters&gt;</span>")
         program.press("Finish")
         wait_for(lambda: panel.labels()[-1] == panel.get("XAyatanaLabel") == "Hearthmark!", "the end")
         # No daemon here shows that it finished.
