@@ -21,7 +21,7 @@ bool isGnome() {
 }
 
 // By GNOME's own program: what it would take to read its settings here is not loaded otherwise.
-void askGnome(QObject* context, std::function<void(bool areOff)> onAnswer) {
+void askGnome(QObject* context, const std::function<void(bool areOff)>& onAnswer) {
     auto* const settings = new QProcess(context);
     QObject::connect(settings, &QProcess::finished, context, [settings, onAnswer](int /*status*/) {
         settings->deleteLater();
@@ -67,7 +67,7 @@ void askWhetherNotificationsAreOff(const QStringList& capabilities, QObject* con
             onAnswer(value.toBool());
         });
     } else if (isGnome()) {
-        askGnome(context, std::move(onAnswer));
+        askGnome(context, onAnswer);
     } else {
         onAnswer(false);
     }

@@ -337,14 +337,14 @@ TEST(StoreBackups, BringBackTheLastGoodDayWhereverTheStoreIsDamaged) {
                           std::filesystem::copy_options::overwrite_existing;
     std::filesystem::copy(store.directory.path, sound.path, kAll);
     std::mt19937 dice(1);
-    const auto below = [&dice](auto bound) {
-        return std::uniform_int_distribution<decltype(bound)>(0, bound - 1)(dice);
+    const auto below = [&dice](std::uintmax_t bound) {
+        return std::uniform_int_distribution<std::uintmax_t>(0, bound - 1)(dice);
     };
     int refusals = 0;
     for (int damage = 0; damage < kDamages; ++damage) {
         std::filesystem::copy(sound.path, store.directory.path, kAll);
-        const auto size = static_cast<std::streamoff>(std::filesystem::file_size(store.file));
-        std::string bytes(static_cast<std::size_t>(1 + below(600)), ' ');
+        const std::uintmax_t size = std::filesystem::file_size(store.file);
+        std::string bytes(1 + below(600), ' ');
         std::ranges::generate(bytes, [&] { return static_cast<char>(below(256)); });
         tests::overwrite(store.file, below(size), bytes);
         const bool isBackupDamaged = damage % 3 == 0;
