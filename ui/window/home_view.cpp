@@ -56,12 +56,11 @@ void HomeView::fitIntoScreen() {
     // Not known before the window was there once.
     const QMargins frame = known.isNull() ? QMargins(0, kTitleBarHeight, 0, 0) : known;
     window_->resize(window_->size().boundedTo(screen.marginsRemoved(frame).size()));
-    if (hasPlace_) {
+    if (place_) {
         const QPoint last = screen.bottomRight() - window_->frameGeometry().bottomRight() +
-                            window_->framePosition();
-        const QPoint place = window_->framePosition();
-        window_->setFramePosition({std::max(screen.left(), std::min(place.x(), last.x())),
-                                   std::max(screen.top(), std::min(place.y(), last.y()))});
+                            window_->frameGeometry().topLeft();
+        window_->setFramePosition({std::max(screen.left(), std::min(place_->x(), last.x())),
+                                   std::max(screen.top(), std::min(place_->y(), last.y()))});
     }
 }
 
@@ -79,9 +78,10 @@ void HomeView::setShown(bool isShown) {
 void HomeView::hide() {
     const QPoint place = window_->framePosition();
     hiddenStates_ = window_->windowStates() & ~Qt::WindowMinimized;
-    hasPlace_ = window_->windowStates() == Qt::WindowNoState;
+    const bool isFree = window_->windowStates() == Qt::WindowNoState;
+    place_ = isFree ? std::optional(place) : std::nullopt;
     window_->setVisible(false);
-    if (hasPlace_) {
+    if (isFree) {
         // Else the window manager looks for a place anew.
         window_->setFramePosition(place);
     }

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QObject>
+#include <QPoint>
 #include <functional>
 #include <memory>
 #include <optional>
@@ -57,8 +58,8 @@ class HomeView final : public QObject, public services::HomeViewProtocol {
     std::optional<ToolkitSetting> gatheringTime_{std::in_place, "QT_QPA_UPDATE_IDLE_TIME", "0"};
     // Maximised or full-screen, or neither, when it was hidden: the desktop forgets that.
     Qt::WindowStates hiddenStates_ = Qt::WindowNoState;
-    // It was free on the screen when it was hidden, and is to come back to where it was.
-    bool hasPlace_ = false;
+    // Where its frame was when it was hidden, where it was free on the screen.
+    std::optional<QPoint> place_;
     bool isQuitting_ = false;
 };
 
