@@ -19,8 +19,6 @@ namespace {
 using services::NotificationSound;
 using services::PresentationOptions;
 
-// How long a daemon may take to answer before it counts as one that does not.
-constexpr int kPatienceMilliseconds = 3000;
 // As long as the daemon thinks right.
 constexpr int kDefaultExpiration = -1;
 constexpr auto kDefaultAction = "default";
@@ -91,7 +89,7 @@ void DesktopNotificationCenter::postWaiting() {
     bus_.call(QDBusMessage::createMethodCall(
                   QStringLiteral("org.freedesktop.DBus"), QStringLiteral("/"),
                   QStringLiteral("org.freedesktop.DBus.Peer"), QStringLiteral("Ping")),
-              QDBus::Block, kPatienceMilliseconds);
+              QDBus::Block, kDaemonPatienceMilliseconds);
 }
 
 std::optional<services::NotificationRequest> DesktopNotificationCenter::take(
@@ -127,7 +125,7 @@ void DesktopNotificationCenter::present(const std::string& identifier) {
     waiting_.push_back(*std::move(request));
     using Answer = QDBusPendingReply<QStringList>;
     const QDBusPendingCall call =
-        bus_.asyncCall(notificationCall("GetCapabilities"), kPatienceMilliseconds);
+        bus_.asyncCall(notificationCall("GetCapabilities"), kDaemonPatienceMilliseconds);
     whenAnswered<Answer>(call, this, [this, identifier](const Answer& reply) {
         const auto answered = take(identifier);
         if (answered && reply.isError()) {
@@ -169,7 +167,7 @@ void DesktopNotificationCenter::notify(const Content& content, const QStringList
         notifyCall(notification(content, actions), capabilities, handlers_.icon);
     using Answer = QDBusPendingReply<uint>;
     whenAnswered<Answer>(
-        bus_.asyncCall(call, kPatienceMilliseconds), this,
+        bus_.asyncCall(call, kDaemonPatienceMilliseconds), this,
         [this, shown = std::move(shown), onAnswer = std::move(onAnswer)](const Answer& reply) {
             if (!reply.isError()) {
                 remember(reply.value(), shown);

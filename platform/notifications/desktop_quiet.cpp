@@ -14,8 +14,6 @@ namespace hearthmark::platform {
 
 namespace {
 
-constexpr int kPatienceMilliseconds = 3000;
-
 bool isGnome() {
     return qgetenv("XDG_CURRENT_DESKTOP").split(':').contains("GNOME");
 }
@@ -48,7 +46,7 @@ void askForValue(const QDBusMessage& question, QObject* context,
         return;
     }
     using Answer = QDBusPendingReply<QDBusVariant>;
-    whenAnswered<Answer>(bus.asyncCall(question, kPatienceMilliseconds), context,
+    whenAnswered<Answer>(bus.asyncCall(question, kDaemonPatienceMilliseconds), context,
                          [onAnswer = std::move(onAnswer)](const Answer& reply) {
                              onAnswer(reply.isError() ? QVariant() : reply.value().variant());
                          });

@@ -14,6 +14,8 @@ namespace hearthmark::platform {
 // The desktop's notification daemon on the session bus.
 inline constexpr QLatin1String kNotifications("org.freedesktop.Notifications");
 inline constexpr QLatin1String kNotificationsPath("/org/freedesktop/Notifications");
+// How long a daemon may take to answer before it counts as one that does not.
+inline constexpr int kDaemonPatienceMilliseconds = 3000;
 
 // Makes the program's icon, for a program that was not installed, so that daemons do not find it by
 // its name. May be empty.

@@ -36,7 +36,6 @@ void paint(QPainter& painter, const QRectF& rect, const Box::Looks& looks, qreal
         return;
     }
     painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(Qt::NoPen);
     const qreal width =
         looks.borderWidth > 0 ? std::max(1.0, std::floor(looks.borderWidth * scale)) / scale : 0;
     // Up to the middle of the border, so that no ground shows between the two.

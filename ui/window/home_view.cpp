@@ -57,8 +57,8 @@ void HomeView::fitIntoScreen() {
     const QMargins frame = known.isNull() ? QMargins(0, kTitleBarHeight, 0, 0) : known;
     window_->resize(window_->size().boundedTo(screen.marginsRemoved(frame).size()));
     if (place_) {
-        const QPoint last = screen.bottomRight() - window_->frameGeometry().bottomRight() +
-                            window_->frameGeometry().topLeft();
+        const QSize room = screen.size() - window_->frameGeometry().size();
+        const QPoint last = screen.topLeft() + QPoint(room.width(), room.height());
         window_->setFramePosition({std::max(screen.left(), std::min(place_->x(), last.x())),
                                    std::max(screen.top(), std::min(place_->y(), last.y()))});
     }
@@ -76,14 +76,13 @@ void HomeView::setShown(bool isShown) {
 }
 
 void HomeView::hide() {
-    const QPoint place = window_->framePosition();
-    hiddenStates_ = window_->windowStates() & ~Qt::WindowMinimized;
     const bool isFree = window_->windowStates() == Qt::WindowNoState;
-    place_ = isFree ? std::optional(place) : std::nullopt;
+    place_ = isFree ? std::optional(window_->framePosition()) : std::nullopt;
+    hiddenStates_ = window_->windowStates() & ~Qt::WindowMinimized;
     window_->setVisible(false);
-    if (isFree) {
+    if (place_) {
         // Else the window manager looks for a place anew.
-        window_->setFramePosition(place);
+        window_->setFramePosition(*place_);
     }
 }
 
