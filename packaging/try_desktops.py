@@ -12,7 +12,8 @@ import traceback
 from pathlib import Path
 
 PLACE = Path(__file__).resolve().parent
-sys.path[:0] = [str(PLACE / "desktops"), str(PLACE.parent / "tests/desktop")]
+sys.path[:0] = [str(PLACE / "desktops"), str(PLACE.parent / "tests/desktop"),
+                str(PLACE.parent / "benchmarks/process")]
 from checks import CHECKS
 from stages import STAGES
 from trial import Trial

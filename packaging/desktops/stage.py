@@ -106,6 +106,11 @@ class Stage(Desktop):
     def turn(self, is_dark):
         self.portal.turn(is_dark)
 
+    def say_that_it_is_read(self, is_read):
+        """Whether there is something that reads windows to people."""
+        self.call("org.a11y.Bus", "/org/a11y/bus", "org.freedesktop.DBus.Properties", "Set", "(ssv)",
+                  "org.a11y.Status", "IsEnabled", GLib.Variant("b", is_read))
+
     def start_part(self, command, **environment):
         """One that shall not stand on the accessibility bus."""
         own = {name: value for name, value in os.environ.items() if "ACCESSIBILITY" not in name}

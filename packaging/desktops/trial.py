@@ -9,6 +9,8 @@ import time
 
 from driver import EPOCH, Program, extents, new_id, press, wait_for
 
+PLATFORMS = {"native": "wayland", "x11": "xcb"}
+
 
 class Trial:
     """The program on a stage, with a task on which a focus runs, and another."""
@@ -18,10 +20,10 @@ class Trial:
         self.program = Program(binary, os.path.join(stage.directory, "data"))
         self.template = None
 
-    def start(self, spent=1000, way=None, **environment):
+    def start(self, spent=1000, **environment):
         """Anew, on the same rows each time."""
         self.end()
-        platform = {"native": "wayland", "x11": "xcb"}[way or self.way]
+        platform = PLATFORMS[self.way]
         if self.template is None:
             self.program.start(QT_QPA_PLATFORM=platform).find("Add Task", seconds=30)
             self.program.end()
