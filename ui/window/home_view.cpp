@@ -32,7 +32,7 @@ HomeView::HomeView(std::unique_ptr<HomeAdapter> adapter, std::shared_ptr<MainWin
         window_.get(), &QQuickWindow::frameSwapped, this,
         [this] {
             QGuiApplication::setWindowIcon(windowIcon());
-            gatheringTime_.reset();
+            firstFrameSettings_.reset();
         },
         static_cast<Qt::ConnectionType>(Qt::QueuedConnection | Qt::SingleShotConnection));
     connect(window_.get(), &QWindow::visibleChanged, this, &HomeView::setShown);

@@ -20,6 +20,16 @@ namespace hearthmark::ui {
 
 class MainWindowLoader;
 
+// What the toolkit looks up with the first frame. Each is one wake-up less for each frame.
+struct FirstFrameSettings {
+    // For how many milliseconds it gathers changes before it draws: all of a second's come
+    // together.
+    ToolkitSetting gatheringTime{"QT_QPA_UPDATE_IDLE_TIME", "0"};
+    // After how many it looks whether a Wayland compositor has asked for another frame, or the
+    // window must be out of sight: 0 is never, since it draws none that was not asked for.
+    ToolkitSetting patience{"QT_WAYLAND_FRAME_CALLBACK_TIMEOUT", "0"};
+};
+
 // The main window with the home screen in it. Hidden until it is shown.
 class HomeView final : public QObject, public services::HomeViewProtocol {
     Q_OBJECT
@@ -53,9 +63,7 @@ class HomeView final : public QObject, public services::HomeViewProtocol {
     std::unique_ptr<HomeAdapter> adapter_;
     std::shared_ptr<MainWindowLoader> loader_;
     std::unique_ptr<QQuickWindow> window_;
-    // How many milliseconds the toolkit gathers changes before it draws, which it looks up with the
-    // first frame. All of a second's come together, and to wait for more is one wake-up more.
-    std::optional<ToolkitSetting> gatheringTime_{std::in_place, "QT_QPA_UPDATE_IDLE_TIME", "0"};
+    std::optional<FirstFrameSettings> firstFrameSettings_{std::in_place};
     // Maximised or full-screen, or neither, when it was hidden: the desktop forgets that.
     Qt::WindowStates hiddenStates_ = Qt::WindowNoState;
     // Where its frame was when it was hidden, where it was free on the screen.
