@@ -8,30 +8,12 @@ import time
 from pathlib import Path
 
 from desktops import Desktop
-from driver import GLib, connect, serve, wait_for
+from driver import GLib, connect, wait_for
+from players import DARK, LIGHT, SettingsPortal
 
 PACKAGING = Path(__file__).resolve().parent.parent
 ID = "org.hearthmark.Hearthmark"
 WIDTH, HEIGHT = 2400, 1500  # of the screen, in pixels
-APPEARANCE, PORTAL_PATH = "org.freedesktop.appearance", "/org/freedesktop/portal/desktop"
-PORTAL_XML = """<node><interface name="org.freedesktop.portal.Settings">
-    <method name="ReadAll"><arg type="as" direction="in"/><arg type="a{sa{sv}}" direction="out"/></method>
-    </interface></node>"""
-
-
-class Portal:
-    """Says whether the desktop is dark, in place of the desktop's own."""
-
-    def __init__(self):
-        self.scheme = GLib.Variant("u", 2)
-        self.bus = serve(os.environ["DBUS_SESSION_BUS_ADDRESS"], "org.freedesktop.portal.Desktop",
-                         PORTAL_PATH, PORTAL_XML, lambda *call: call[-1].return_value(
-                             GLib.Variant("(a{sa{sv}})", ({APPEARANCE: {"color-scheme": self.scheme}},))))
-
-    def turn(self, is_dark):
-        self.scheme = GLib.Variant("u", 1 if is_dark else 2)
-        self.bus.emit_signal(None, PORTAL_PATH, "org.freedesktop.portal.Settings", "SettingChanged",
-                             GLib.Variant("(ssv)", (APPEARANCE, "color-scheme", self.scheme)))
 
 
 class Stage(Desktop):
@@ -43,7 +25,7 @@ class Stage(Desktop):
         self.build = build
         self.bus = None
         super().__init__()
-        self.portal = Portal()
+        self.portal = SettingsPortal()
 
     def start_bus(self, name, services=()):
         buses = self.__dict__.setdefault("buses", {})
@@ -104,7 +86,7 @@ class Stage(Desktop):
         return WIDTH / self.screen()["width"]
 
     def turn(self, is_dark):
-        self.portal.turn(is_dark)
+        self.portal.change(DARK if is_dark else LIGHT)
 
     def say_that_it_is_read(self, is_read):
         """Whether there is something that reads windows to people."""

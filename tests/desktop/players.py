@@ -47,6 +47,34 @@ SESSION_XML = f"""<node><interface name="{SESSION}"><method name="RegisterClient
 CLIENT_XML = f"""<node><interface name="{SESSION}.ClientPrivate"><method name="EndSessionResponse">
     <arg type="b" direction="in"/><arg type="s" direction="in"/></method></interface></node>"""
 
+PORTAL, PORTAL_PATH = "org.freedesktop.portal.Desktop", "/org/freedesktop/portal/desktop"
+SETTINGS = "org.freedesktop.portal.Settings"
+APPEARANCE, COLOR_SCHEME = "org.freedesktop.appearance", "color-scheme"
+DARK, LIGHT = GLib.Variant("u", 1), GLib.Variant("u", 2)
+SETTINGS_XML = f"""<node><interface name="{SETTINGS}">
+    <method name="ReadAll"><arg type="as" direction="in"/><arg type="a{{sa{{sv}}}}" direction="out"/></method>
+    <method name="Read"><arg type="s" direction="in"/><arg type="s" direction="in"/>
+    <arg type="v" direction="out"/></method></interface></node>"""
+
+
+class SettingsPortal:
+    """Says one thing that the person has set."""
+
+    def __init__(self, group=APPEARANCE, key=COLOR_SCHEME, value=LIGHT):
+        self.group, self.key, self.value = group, key, value
+        self.bus = serve(os.environ["DBUS_SESSION_BUS_ADDRESS"], PORTAL, PORTAL_PATH, SETTINGS_XML,
+                         self._answer)
+
+    def _answer(self, _bus, _sender, _path, _interface, method, _arguments, invocation):
+        invocation.return_value(
+            GLib.Variant("(a{sa{sv}})", ({self.group: {self.key: self.value}},)) if method == "ReadAll"
+            else GLib.Variant("(v)", (GLib.Variant("v", self.value),)))
+
+    def change(self, value):
+        self.value = value
+        self.bus.emit_signal(None, PORTAL_PATH, SETTINGS, "SettingChanged",
+                             GLib.Variant("(ssv)", (self.group, self.key, value)))
+
 
 class Daemon:
     """Takes notifications, unless it refuses each call or what it is to show, or hangs for five

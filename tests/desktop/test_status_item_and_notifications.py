@@ -13,13 +13,9 @@ from pathlib import Path
 from gi.repository import GLib
 
 from desktops import Waits
-from driver import (ProgramTest, click, extents, key, lines_of, new_id, now, press, run_tests, screen, serve,
+from driver import (ProgramTest, click, extents, key, lines_of, new_id, now, press, run_tests, screen,
                     toggle_maximised, wait_for, windows, xdotool)
-from players import Daemon, ITEM, MENU, Panel
-
-SETTINGS_XML = """<node><interface name="org.freedesktop.portal.Settings"><method name="Read">
-    <arg type="s" direction="in"/><arg type="s" direction="in"/><arg type="v" direction="out"/>
-    </method></interface></node>"""
+from players import Daemon, ITEM, MENU, Panel, SettingsPortal
 
 
 class StatusItem(ProgramTest):
@@ -288,10 +284,8 @@ class Notifications(ProgramTest):
                 ("GNOME", ["sound"], False, False), ("GNOME", ["sound"], True, False),
                 ("", [], True, True), ("without sounds", [], True, False)):
             if desktop == "without sounds":
-                portal = serve(os.environ["DBUS_SESSION_BUS_ADDRESS"], "org.freedesktop.portal.Desktop",
-                               "/org/freedesktop/portal/desktop", SETTINGS_XML, lambda *call: call[-1].return_value(
-                                   GLib.Variant("(v)", (GLib.Variant("v", GLib.Variant("b", False)),))))
-                self.addCleanup(portal.close_sync)
+                portal = SettingsPortal("org.gnome.desktop.sound", "event-sounds", GLib.Variant("b", False))
+                self.addCleanup(portal.bus.close_sync)
             with self.subTest(desktop, shows=shows):
                 daemon = Daemon(capabilities=["body", *capabilities], shows=shows)
                 self.program.plant("UPDATE Interval SET duration = 1798", "UPDATE RawIntervalState SET state = 0")

@@ -3,34 +3,22 @@
 
 Usage: test_window.py BINARY [unittest arguments]"""
 
-import os
 import re
 import time
 from pathlib import Path
 
-from gi.repository import GLib
-
-from driver import (ProgramTest, click, extents, key, lines_of, new_id, now, press, run_tests, serve,
+from driver import (ProgramTest, click, extents, key, lines_of, new_id, now, press, run_tests,
                     type_text, wait_for, xdotool)
+from players import DARK, LIGHT, SettingsPortal
 
 
 class Window(ProgramTest):
     def test_follows_the_desktop_from_dark_to_light(self):
-        portal, path, settings, group = (
-            "org.freedesktop.portal.Desktop", "/org/freedesktop/portal/desktop",
-            "org.freedesktop.portal.Settings", "org.freedesktop.appearance")
-        xml = f"""<node><interface name="{settings}"><method name="ReadAll">
-            <arg type="as" direction="in"/><arg type="a{{sa{{sv}}}}" direction="out"/>
-            </method></interface></node>"""
-        dark, light = GLib.Variant("u", 1), GLib.Variant("u", 2)
-        bus = serve(os.environ["DBUS_SESSION_BUS_ADDRESS"], portal, path, xml,
-                    lambda *call: call[-1].return_value(
-                        GLib.Variant("(a{sa{sv}})", ({group: {"color-scheme": dark}},))))
-        self.addCleanup(bus.close_sync)
+        portal = SettingsPortal(value=DARK)
+        self.addCleanup(portal.bus.close_sync)
         self.program.launch()
         wait_for(lambda: lines_of("292521", 300) > 200, "the dark pane")
-        bus.emit_signal(None, path, settings, "SettingChanged",
-                        GLib.Variant("(ssv)", (group, "color-scheme", light)))
+        portal.change(LIGHT)
         wait_for(lambda: lines_of("fffefc", 300) > 200, "the light pane")
 
     def test_every_button_is_inside_the_smallest_window_with_large_text(self):
