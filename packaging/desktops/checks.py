@@ -12,6 +12,8 @@ from trial import idle, is_within, measured
 OTHER = """import gi; gi.require_version("Gtk", "3.0"); from gi.repository import Gtk
 window = Gtk.Window(title="Other"); window.set_default_size(1000, 700); window.show_all(); Gtk.main()"""
 STATES = "SELECT duration, state FROM Interval JOIN RawIntervalState r ON r.interval = Interval.pk"
+RUNNING = ("SELECT task, maxDuration FROM Interval JOIN RawIntervalState r ON r.interval = Interval.pk"
+           " WHERE state = 1")
 SIZE = (900, 620)  # of a new window, as MainWindow.qml says
 
 
@@ -83,6 +85,21 @@ def check_notification(trial):
     trial.picture("notification-clicked")
     trial.end()
     return f"its click {'shows' if is_shown else 'does NOT show'} the window; buttons and icon: look"
+
+
+def check_buttons(trial):
+    """Each starts a focus on the same task, and neither shows the window."""
+    seen = []
+    for text, length in (("5 more minutes", 300), ("Again", 1800)):
+        finish(trial)
+        trial.stage.press_button(text)
+        idle(2)
+        trial.picture("pressed-" + text.replace(" ", "-").lower())
+        is_started = trial.program.rows(RUNNING) == [(1, length)]
+        seen.append(f"{text} {'starts' if is_started else 'does NOT start'} {length} s"
+                    f"{', but shows the window' if trial.is_shown() else ''}")
+    trial.end()
+    return "; ".join(seen) + "; that the notification has gone: look"
 
 
 def check_quiet(trial):
@@ -287,7 +304,7 @@ def check_cost(trial):
 # By name; whether each is looked at at each scale, or at the first alone.
 CHECKS = {"window": (check_window, True), "colours": (check_colours, False), "text": (check_text, True),
           "item": (check_item, False), "sheets": (check_sheets, True), "jump": (check_jump, False),
-          "notification": (check_notification, False), "quiet": (check_quiet, False),
-          "copy": (check_copy, False), "input-method": (check_input_method, False),
-          "scale-change": (check_scale_change, False), "cost": (check_cost, False),
-          "behind": (check_behind, False), "end": (check_end, False)}
+          "notification": (check_notification, False), "buttons": (check_buttons, False),
+          "quiet": (check_quiet, False), "copy": (check_copy, False),
+          "input-method": (check_input_method, False), "scale-change": (check_scale_change, False),
+          "cost": (check_cost, False), "behind": (check_behind, False), "end": (check_end, False)}

@@ -106,6 +106,12 @@ class Stage(Desktop):
     def turn(self, is_dark):
         self.portal.turn(is_dark)
 
+    def press_button(self, text):
+        """Of the notification that shows."""
+        self.point(*self.notification())  # some show their buttons only then
+        time.sleep(1)
+        self.point(*self.button(text), button=1)
+
     def start_part(self, command, **environment):
         """One that shall not stand on the accessibility bus."""
         own = {name: value for name, value in os.environ.items() if "ACCESSIBILITY" not in name}
