@@ -112,6 +112,9 @@ class Stage(Desktop):
         time.sleep(1)
         self.point(*self.button(text), button=1)
 
+    def kept_button(self):
+        """Where the list of what was not shown has that of five minutes. Most lists have none."""
+
     def start_part(self, command, **environment):
         """One that shall not stand on the accessibility bus."""
         own = {name: value for name, value in os.environ.items() if "ACCESSIBILITY" not in name}

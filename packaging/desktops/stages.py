@@ -277,5 +277,9 @@ class Plasma(Nested):
         screen = self.screen()
         self.point(screen["width"] - 246, screen["height"] - 22, button=1)
 
+    def kept_button(self):
+        screen = self.screen()
+        return screen["width"] - 120, screen["height"] - 311
+
 
 STAGES = {"sway": Sway, "gnome": Gnome, "plasma": Plasma}
