@@ -15,6 +15,8 @@ from trial import PLATFORMS, idle, is_within, measured
 OTHER = """import gi; gi.require_version("Gtk", "3.0"); from gi.repository import Gtk
 window = Gtk.Window(title="Other"); window.set_default_size(1000, 700); window.show_all(); Gtk.main()"""
 STATES = "SELECT duration, state FROM Interval JOIN RawIntervalState r ON r.interval = Interval.pk"
+RUNNING = ("SELECT task, maxDuration FROM Interval JOIN RawIntervalState r ON r.interval = Interval.pk"
+           " WHERE state = 1")
 SIZE = (900, 620)  # of a new window, as MainWindow.qml says
 SECONDS = 30  # for which its cost is counted
 
@@ -87,6 +89,37 @@ def check_notification(trial):
     trial.picture("notification-clicked")
     trial.end()
     return f"its click {'shows' if is_shown else 'does NOT show'} the window; buttons and icon: look"
+
+
+def check_buttons(trial):
+    """Each starts a focus on the same task, and shows no window."""
+    seen = []
+
+    def look(step, length):
+        idle(2)
+        trial.picture("pressed-" + step.replace(" ", "-").lower())
+        is_started = trial.program.rows(RUNNING) == [(1, length)]
+        seen.append(f"{step} {'starts' if is_started else 'does NOT start'} {length} s"
+                    f"{', but shows the window' if trial.is_shown() else ''}")
+
+    for text, length in (("5 more minutes", 300), ("Again", 1800)):
+        finish(trial)
+        trial.stage.press_button(text)
+        look(text, length)
+    kept = trial.stage.kept_button()
+    if kept:
+        trial.stage.keep_quiet(True)
+        try:
+            finish(trial)
+            trial.stage.show_kept()
+            idle(2)
+            trial.stage.point(*kept, button=1)
+            look("5 more minutes in the list", 300)
+            trial.stage.key("Escape")
+        finally:
+            trial.stage.keep_quiet(False)
+    trial.end()
+    return "; ".join(seen) + "; that the notification has gone: look"
 
 
 def check_quiet(trial):
@@ -297,7 +330,7 @@ def check_cost(trial):
 # By name; whether each is looked at at each scale, or at the first alone.
 CHECKS = {"window": (check_window, True), "colours": (check_colours, False), "text": (check_text, True),
           "item": (check_item, False), "sheets": (check_sheets, True), "jump": (check_jump, False),
-          "notification": (check_notification, False), "quiet": (check_quiet, False),
-          "copy": (check_copy, False), "input-method": (check_input_method, False),
-          "scale-change": (check_scale_change, False), "cost": (check_cost, False),
-          "behind": (check_behind, False), "end": (check_end, False)}
+          "notification": (check_notification, False), "buttons": (check_buttons, False),
+          "quiet": (check_quiet, False), "copy": (check_copy, False),
+          "input-method": (check_input_method, False), "scale-change": (check_scale_change, False),
+          "cost": (check_cost, False), "behind": (check_behind, False), "end": (check_end, False)}

@@ -93,6 +93,15 @@ class Stage(Desktop):
         self.call("org.a11y.Bus", "/org/a11y/bus", "org.freedesktop.DBus.Properties", "Set", "(ssv)",
                   "org.a11y.Status", "IsEnabled", GLib.Variant("b", is_read))
 
+    def press_button(self, text):
+        """Of the notification that shows."""
+        self.point(*self.notification())  # some show their buttons only then
+        time.sleep(1)
+        self.point(*self.button(text), button=1)
+
+    def kept_button(self):
+        """Where the list of what was not shown has that of five minutes. Most lists have none."""
+
     def start_part(self, command, **environment):
         """One that shall not stand on the accessibility bus."""
         own = {name: value for name, value in os.environ.items() if "ACCESSIBILITY" not in name}

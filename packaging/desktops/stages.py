@@ -64,6 +64,10 @@ class Sway(Nested):
     def notification(self):
         return self.screen()["width"] - 160, 50
 
+    def press_button(self, text):
+        """mako draws none: a menu of the person's choice is given their texts, and writes the chosen one."""
+        subprocess.run(["makoctl", "menu", "grep", "--line-regexp", text], check=True)
+
     def keep_quiet(self, is_quiet):
         subprocess.run(["makoctl", "mode", "-a" if is_quiet else "-r", "do-not-disturb"], check=True,
                        stdout=subprocess.DEVNULL)
@@ -166,6 +170,11 @@ class Gnome(Stage):
     def notification(self):
         return self.screen()["width"] / 2, 70
 
+    def button(self, text):
+        return self.ask(f"""let find = actor => actor.label == {json.dumps(text)} ? actor
+            : actor.get_children().map(find).find(found => found), found = find(Main.messageTray),
+            [x, y] = found.get_transformed_position(); [x + found.width / 2, y + found.height / 2]""")
+
     def turn(self, is_dark):
         super().turn(is_dark)
         subprocess.run(["gsettings", "set", "org.gnome.desktop.interface", "color-scheme",
@@ -247,6 +256,10 @@ class Plasma(Nested):
         screen = self.screen()
         return screen["width"] - 250, screen["height"] - 105
 
+    def button(self, text):
+        screen = self.screen()
+        return screen["width"] - {"5 more minutes": 151, "Again": 65}[text], screen["height"] - 99
+
     def turn(self, is_dark):
         super().turn(is_dark)
         self.start_part(["plasma-apply-colorscheme", "BreezeDark" if is_dark else "BreezeLight"],
@@ -263,6 +276,10 @@ class Plasma(Nested):
         """In the panel, where the bell is."""
         screen = self.screen()
         self.point(screen["width"] - 246, screen["height"] - 22, button=1)
+
+    def kept_button(self):
+        screen = self.screen()
+        return screen["width"] - 120, screen["height"] - 311
 
 
 STAGES = {"sway": Sway, "gnome": Gnome, "plasma": Plasma}
