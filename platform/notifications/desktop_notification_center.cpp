@@ -24,6 +24,10 @@ constexpr int kDefaultExpiration = -1;
 constexpr auto kDefaultAction = "default";
 // Of the sound naming standard of the desktops.
 constexpr auto kSoundName = "complete";
+// More than a day's finishes.
+constexpr std::size_t kMostRemembered = 50;
+// Why a notification was closed, by the desktop notifications' own numbers.
+constexpr uint kExpired = 1;
 // That of a daemon which shows buttons.
 constexpr QLatin1String kActions("actions");
 
@@ -156,7 +160,7 @@ void DesktopNotificationCenter::post(const Content& content, const QStringList& 
 void DesktopNotificationCenter::notify(const Content& content, const QStringList& capabilities,
                                        std::function<void(bool isTaken)> onAnswer) {
     QStringList actions{QLatin1String(kDefaultAction), QObject::tr("Show")};
-    Shown shown{.taskId = content.taskId, .buttons = {}, .activationToken = {}};
+    Shown shown{.key = {}, .taskId = content.taskId, .buttons = {}, .activationToken = {}};
     if (capabilities.contains(kActions)) {
         shown.buttons = content.buttons;
     }
@@ -184,10 +188,26 @@ void DesktopNotificationCenter::remember(uint id, const Shown& shown) {
     call << QLatin1String(kNotifications);
     using Answer = QDBusPendingReply<QString>;
     whenAnswered<Answer>(bus_.asyncCall(call), this, [this, id, shown](const Answer& owner) {
-        if (!owner.isError()) {
-            shown_[{owner.value(), id}] = shown;
+        if (owner.isError()) {
+            return;
         }
+        const Key key{owner.value(), id};
+        forget(key);
+        if (shown_.size() == kMostRemembered) {
+            shown_.erase(shown_.begin());
+        }
+        shown_.push_back(shown);
+        shown_.back().key = key;
     });
+}
+
+std::vector<DesktopNotificationCenter::Shown>::iterator DesktopNotificationCenter::shownAs(
+    uint id) {
+    return std::ranges::find(shown_, Key{message().service(), id}, &Shown::key);
+}
+
+void DesktopNotificationCenter::forget(const Key& key) {
+    std::erase_if(shown_, [&key](const Shown& shown) { return shown.key == key; });
 }
 
 void DesktopNotificationCenter::notTaken(const Content& content) const {
@@ -201,17 +221,13 @@ void DesktopNotificationCenter::playSound(const Content& content) const {
     }
 }
 
-DesktopNotificationCenter::Key DesktopNotificationCenter::key(uint id) const {
-    return {message().service(), id};
-}
-
 void DesktopNotificationCenter::actionInvoked(uint id, const QString& action) {
-    const auto found = shown_.find(key(id));
+    const auto found = shownAs(id);
     if (found == shown_.end()) {
         return;
     }
-    // Copies, since anything may happen meanwhile.
-    const auto [shownKey, shown] = *found;
+    // A copy, since anything may happen meanwhile.
+    const Shown shown = *found;
     if (action == QLatin1String(kDefaultAction)) {
         handlers_.activated(shown.taskId, shown.activationToken);
         return;
@@ -219,29 +235,33 @@ void DesktopNotificationCenter::actionInvoked(uint id, const QString& action) {
     const auto button =
         std::ranges::find(shown.buttons, action.toStdString(), &services::NotificationButton::key);
     if (button != shown.buttons.end()) {
-        close(shownKey);
+        close(shown.key);
         (*button->onTap)();
     }
 }
 
 // A second press of what is still on the screen does nothing.
-void DesktopNotificationCenter::close(const Key& shown) {
-    shown_.erase(shown);
+void DesktopNotificationCenter::close(const Key& key) {
+    forget(key);
     QDBusMessage call = QDBusMessage::createMethodCall(
-        shown.first, kNotificationsPath, kNotifications, QStringLiteral("CloseNotification"));
-    call << shown.second;
+        key.first, kNotificationsPath, kNotifications, QStringLiteral("CloseNotification"));
+    call << key.second;
     bus_.send(call);
 }
 
 void DesktopNotificationCenter::activationToken(uint id, const QString& token) {
-    const auto found = shown_.find(key(id));
+    const auto found = shownAs(id);
     if (found != shown_.end()) {
-        found->second.activationToken = token.toStdString();
+        found->activationToken = token.toStdString();
     }
 }
 
-void DesktopNotificationCenter::notificationClosed(uint id, uint /*reason*/) {
-    shown_.erase(key(id));
+// One that has expired is still clicked where the daemon keeps it; of one that was taken from its
+// list Plasma says the same, before it says what was pressed there.
+void DesktopNotificationCenter::notificationClosed(uint id, uint reason) {
+    if (reason != kExpired) {
+        forget({message().service(), id});
+    }
 }
 
 }  // namespace hearthmark::platform

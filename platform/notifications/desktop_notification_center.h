@@ -7,7 +7,6 @@
 #include <QString>
 #include <QStringList>
 #include <functional>
-#include <map>
 #include <optional>
 #include <string>
 #include <utility>
@@ -67,6 +66,7 @@ class DesktopNotificationCenter final : public QObject,
     // A number that a daemon gave, by the daemon's name on the bus.
     using Key = std::pair<QString, uint>;
     struct Shown {
+        Key key;
         TaskId taskId;
         std::vector<services::NotificationButton> buttons;
         std::string activationToken;
@@ -82,17 +82,20 @@ class DesktopNotificationCenter final : public QObject,
     // What a daemon gave the number to, once the bus has said which daemon. One that answers and
     // goes within that time has nothing left to click.
     void remember(uint id, const Shown& shown);
-    void close(const Key& shown);
+    std::vector<Shown>::iterator shownAs(uint id);
+    void forget(const Key& key);
+    void close(const Key& key);
     void notTaken(const Content& content) const;
     void playSound(const Content& content) const;
-    Key key(uint id) const;
 
     Handlers handlers_;
     QDBusConnection bus_;
     services::UserNotificationCenterDelegate* delegate_ = nullptr;
     // Until it is handed to the daemon.
     std::vector<services::NotificationRequest> waiting_;
-    std::map<Key, Shown> shown_;
+    // The last ones, the oldest first. Also those that show no longer: many daemons keep them in a
+    // list, where they can be clicked.
+    std::vector<Shown> shown_;
 };
 
 }  // namespace hearthmark::platform

@@ -322,8 +322,9 @@ class Notifications(ProgramTest):
             return [length for length, in program.rows("SELECT maxDuration FROM Interval ORDER BY pk")]
 
         def invoke(number, button):
-            # Until the program knows by which daemon it is shown.
-            wait_for(lambda: daemon.emit("ActionInvoked", "(us)", number, button)
+            # In a list of those that have expired, and until the program knows by which daemon it is shown.
+            wait_for(lambda: daemon.emit("NotificationClosed", "(uu)", number, 1)
+                     or daemon.emit("ActionInvoked", "(us)", number, button)
                      or number in daemon.closed, "it to close")
         invoke(1, "again")
         wait_for(lambda: lengths() == [1500, 1500], "the same length")
