@@ -8,6 +8,8 @@ ContextMenuItem {
     property string reason
     readonly property bool hasReason: root.reason.length > 0
 
+    // Its text is as far from the row above as theirs.
+    verticalPadding: Math.max(Theme.tightSpacing, Math.floor((Theme.controlHeight - root.implicitContentHeight) / 2))
     bottomPadding: root.verticalPadding + (root.hasReason ? label.implicitHeight : 0)
     Accessible.description: root.reason
 
