@@ -52,6 +52,8 @@ T.Menu {
     delegate: ContextMenuItem {}
 
     contentItem: ListView { // what is higher than the window scrolls
+        id: list
+
         implicitHeight: contentHeight
         model: root.contentModel
         currentIndex: root.currentIndex
@@ -60,6 +62,10 @@ T.Menu {
         clip: interactive
         onCurrentIndexChanged: positionViewAtIndex(currentIndex, ListView.Contain)
         Keys.onPressed: event => root.pressKey(event)
+
+        ScrollBar {
+            flickable: list
+        }
     }
 
     background: Item {
