@@ -5,6 +5,7 @@ Plasma. sway and Plasma are nested in an X server."""
 import json
 import os
 import shlex
+import shutil
 import subprocess
 import sys
 import time
@@ -189,8 +190,14 @@ class Gnome(Stage):
 
 
 class Plasma(Nested):
+    VERSION, SCRIPT = "6", "/Scripting/Script"
+    WINDOWS, ACTIVE = "windowList()", "activeWindow"  # for scripts
+    MENU = "plasma-"  # without which it knows no program
+    ITEM = 175  # where the panel has it after a start, from the right
+
     def start_compositor(self, name):
-        os.environ.update(XDG_CURRENT_DESKTOP="KDE", KDE_FULL_SESSION="true", KDE_SESSION_VERSION="5",
+        os.environ.update(XDG_CURRENT_DESKTOP="KDE", KDE_FULL_SESSION="true",
+                          KDE_SESSION_VERSION=self.VERSION, XDG_MENU_PREFIX=self.MENU,
                           DBUS_SYSTEM_BUS_ADDRESS="disabled:")
         self.start_outer()
         environment = os.path.join(self.directory, "environment")
@@ -201,7 +208,8 @@ class Plasma(Nested):
         self.read_environment(environment)
 
     def start_shell(self):
-        for part in ("/usr/lib/x86_64-linux-gnu/libexec/kactivitymanagerd", "kded5", "plasmashell"):
+        for part in ("/usr/lib/x86_64-linux-gnu/libexec/kactivitymanagerd", "kded" + self.VERSION,
+                     "plasmashell"):
             self.start_part([part], QT_QUICK_BACKEND="software", QT_QPA_PLATFORM="wayland")
             time.sleep(3)
         wait_for(lambda: self.call("org.kde.StatusNotifierWatcher", "/StatusNotifierWatcher",
@@ -218,11 +226,12 @@ class Plasma(Nested):
                     lambda *call: (told.append(call[5].unpack()[0]), call[-1].return_value(None)))
         with open(os.path.join(self.directory, "script.js"), "w", encoding="utf-8") as file:
             file.write("function tell(what) { callDBus('org.hearthmark.Stage', '/', 'org.hearthmark.Stage',"
-                       f" 'tell', JSON.stringify(what)); }}\n{script}")
+                       " 'tell', JSON.stringify(what)); }\n"
+                       f"let windows = workspace.{self.WINDOWS}, active = workspace.{self.ACTIVE};\n{script}")
         kwin, scripting = "org.kde.KWin", "org.kde.kwin.Scripting"
         time.sleep(0.3)
         [number] = self.call(kwin, "/Scripting", scripting, "loadScript", "(s)", file.name)
-        self.call(kwin, f"/{number}", "org.kde.kwin.Script", "run")
+        self.call(kwin, f"{self.SCRIPT}{number}", "org.kde.kwin.Script", "run")
         try:
             return json.loads(wait_for(lambda: told, "the script")[0]) if "tell(" in script else None
         finally:
@@ -230,27 +239,27 @@ class Plasma(Nested):
             bus.close_sync()
 
     def screen(self):
-        return self.run_script("tell({x: 0, y: 0, width: workspace.displayWidth,"
-                               " height: workspace.displayHeight});")
+        return self.run_script("let {width, height} = workspace.virtualScreenSize;"
+                               "tell({x: 0, y: 0, width, height});")
 
     def window(self):
-        return self.run_script("""let found = workspace.clientList().filter(
+        return self.run_script("""let found = windows.filter(
             window => window.caption.startsWith('Hearthmark')).map(
             ({frameGeometry: {x, y, width, height}}) => ({x, y, width, height})); tell(found[0] || null);""")
 
     def is_in_front(self):
-        return self.run_script("tell((workspace.activeClient || {}).caption == 'Hearthmark');")
+        return self.run_script("tell((active || {}).caption == 'Hearthmark');")
 
     def set_scale(self, scale):
         subprocess.run(["kscreen-doctor", f"output.1.scale.{scale}"], check=True, timeout=20,
                        env={**os.environ, "QT_QPA_PLATFORM": "wayland"}, stderr=subprocess.DEVNULL)
 
     def close_window(self):
-        self.run_script("workspace.activeClient.closeWindow();")
+        self.run_script("active.closeWindow();")
 
     def item(self):
-        screen = self.screen()  # where the panel has it after a start, left of the keyboard's
-        return screen["width"] - 218, screen["height"] - 22
+        screen = self.screen()
+        return screen["width"] - self.ITEM, screen["height"] - 22
 
     def notification(self):
         screen = self.screen()
@@ -273,13 +282,20 @@ class Plasma(Nested):
             self.call(*where, where[0], "UnInhibit", "(u)", self.inhibition)
 
     def show_kept(self):
-        """In the panel, where the bell is."""
-        screen = self.screen()
-        self.point(screen["width"] - 246, screen["height"] - 22, button=1)
+        """In the panel, where the bell is, left of the item."""
+        x, y = self.item()
+        self.point(x - 28, y, button=1)
 
     def kept_button(self):
         screen = self.screen()
         return screen["width"] - 120, screen["height"] - 311
 
 
-STAGES = {"sway": Sway, "gnome": Gnome, "plasma": Plasma}
+class Plasma5(Plasma):
+    VERSION, SCRIPT = "5", "/"
+    WINDOWS, ACTIVE = "clientList()", "activeClient"
+    MENU = "kf5-"
+    ITEM = 218
+
+
+STAGES = {"sway": Sway, "gnome": Gnome, "plasma": Plasma if shutil.which("kded6") else Plasma5}
