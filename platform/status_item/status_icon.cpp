@@ -9,6 +9,7 @@
 #include <QRectF>
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 namespace hearthmark::platform {
 
@@ -130,7 +131,9 @@ StatusIconState statusIconState(const std::optional<services::StatusItemProgress
 }
 
 QImage paintStatusIcon(const StatusIconState& state, int size) {
-    QImage image(size, size, QImage::Format_ARGB32);
+    // In the form in which the toolkit paints on this thread: others go to a pool of threads in
+    // pieces, hundreds of wake-ups for one change.
+    QImage image(size, size, QImage::Format_ARGB32_Premultiplied);
     image.fill(Qt::transparent);
     QPainter painter(&image);
     painter.setRenderHint(QPainter::Antialiasing);
@@ -149,7 +152,8 @@ QImage paintStatusIcon(const StatusIconState& state, int size) {
         fillCircle(painter, kDotCenter, kDotRadius, Qt::white);
         fillCircle(painter, kDotCenter, kDotRadius - 1, kDotColor);
     }
-    return image;
+    painter.end();
+    return std::move(image).convertToFormat(QImage::Format_ARGB32);
 }
 
 QString widestForm(QString title) {
