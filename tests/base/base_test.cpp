@@ -158,7 +158,7 @@ TEST(LocalCalendar, BeginsDaysWhereTheClocksBeginThem) {
     EXPECT_EQ(starts("UTC", 1e300, 1), "");
     // Apia left out 2011-12-30.
     setenv("TZ", "Pacific/Apia", 1);
-    for (const unsigned day : {30U, 31U}) {
+    for (const int day : {30, 31}) {
         EXPECT_EQ(LocalCalendar().dayStart(std::chrono::year(2011) / 12 / day),
                   Date(Seconds(1325239200) - kUnixTimeOfReferenceDate));
     }

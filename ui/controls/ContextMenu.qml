@@ -52,8 +52,6 @@ T.Menu {
     delegate: ContextMenuItem {}
 
     contentItem: ListView { // what is higher than the window scrolls
-        id: list
-
         implicitHeight: contentHeight
         model: root.contentModel
         currentIndex: root.currentIndex
@@ -64,7 +62,7 @@ T.Menu {
         Keys.onPressed: event => root.pressKey(event)
 
         ScrollBar {
-            flickable: list
+            flickable: root.contentItem as Flickable
         }
     }
 

@@ -64,7 +64,7 @@ QDateTime onTheWall(QDateTime time) {
 }  // namespace
 
 QDate toQDate(std::chrono::year_month_day day) {
-    return QDate(int(day.year()), int(unsigned(day.month())), int(unsigned(day.day())));
+    return {int(day.year()), int(unsigned(day.month())), int(unsigned(day.day()))};
 }
 
 QTime toQTime(const base::LocalTime& time) {
