@@ -280,13 +280,14 @@ class Notifications(ProgramTest):
         os.chmod(settings, 0o700)
         self.make_store(*self.task_with_interval(state=0))
         for desktop, capabilities, shows, is_heard in (
-                ("KDE", ["inhibitions"], False, False), ("KDE", ["inhibitions"], True, True),
+                # Not as Plasma: its theme of the toolkit, where it is installed, loads libcanberra.
+                ("", ["inhibitions"], False, False), ("", ["inhibitions"], True, True),
                 ("GNOME", ["sound"], False, False), ("GNOME", ["sound"], True, False),
                 ("", [], True, True), ("without sounds", [], True, False)):
             if desktop == "without sounds":
                 portal = SettingsPortal("org.gnome.desktop.sound", "event-sounds", GLib.Variant("b", False))
                 self.addCleanup(portal.bus.close_sync)
-            with self.subTest(desktop, shows=shows):
+            with self.subTest(desktop, capabilities=capabilities, shows=shows):
                 daemon = Daemon(capabilities=["body", *capabilities], shows=shows)
                 self.program.plant("UPDATE Interval SET duration = 1798", "UPDATE RawIntervalState SET state = 0")
                 program = self.program.launch(XDG_CURRENT_DESKTOP=desktop, SHOWS=str(shows).lower(),
