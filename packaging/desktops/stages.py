@@ -257,17 +257,19 @@ class Plasma(Nested):
     def close_window(self):
         self.run_script("active.closeWindow();")
 
-    def item(self):
+    def from_corner(self, right, bottom):
+        """Of the panel, to which all that is looked for here is bound."""
         screen = self.screen()
-        return screen["width"] - self.ITEM, screen["height"] - 22
+        return screen["width"] - right, screen["height"] - bottom
+
+    def item(self):
+        return self.from_corner(self.ITEM, 22)
 
     def notification(self):
-        screen = self.screen()
-        return screen["width"] - 250, screen["height"] - 105
+        return self.from_corner(250, 105)
 
     def button(self, text):
-        screen = self.screen()
-        return screen["width"] - {"5 more minutes": 151, "Again": 65}[text], screen["height"] - 99
+        return self.from_corner({"5 more minutes": 151, "Again": 65}[text], 99)
 
     def turn(self, is_dark):
         super().turn(is_dark)
@@ -287,8 +289,7 @@ class Plasma(Nested):
         self.point(x - 28, y, button=1)
 
     def kept_button(self):
-        screen = self.screen()
-        return screen["width"] - 120, screen["height"] - 311
+        return self.from_corner(120, 311)
 
 
 class Plasma5(Plasma):
